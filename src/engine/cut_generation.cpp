@@ -1,0 +1,320 @@
+#include "engine/cut_generation.h"
+
+#include "engine/validation.h"
+#include "import/final_cut_import_error.h"
+#include "platform/numbers.h"
+#include "timecode/timecode.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+namespace corvane {
+
+namespace {
+
+constexpr double defaultWeight = 5;
+
+double valueFor(const std::map<std::string, double, std::less<>>& values, const std::string& camera, double absent)
+{
+    const auto found = values.find(camera);
+    return found == values.end() ? absent : found->second;
+}
+
+/// How long the shots of the main camera, or of the others, are to be.
+struct ShotLengths {
+    double nominal = 0; ///< frames; a draw spreads it over 75 % to 125 %
+    bool ranged = false;
+    Frames shortest = 0;
+    Frames longest = 0;
+    double exponent = 1; ///< u^exponent has the mean at which the range should be met
+    GenerationEvent mean = GenerationEvent::rangeOfOneLength;
+    GenerationEvent target = GenerationEvent::targetFromAverage;
+};
+
+ShotLengths shotLengths(
+    const CutEngine& engine, double averageShot, double share, const std::optional<ShotLengthRange>& range,
+    const std::optional<ShotLengthRange>& opposite)
+{
+    ShotLengths lengths;
+    lengths.nominal = engine.frames(2 * averageShot * share);
+    if (!range)
+        return lengths;
+    lengths.ranged = true;
+    lengths.shortest = wholeFrames(std::ceil(engine.frames(range->lower)));
+    lengths.longest = wholeFrames(std::floor(engine.frames(range->upper)));
+    double mean = 0.5;
+    const double width = range->upper - range->lower;
+    if (width > 0) {
+        // The other side's typical shot, scaled to the share that this side is to have beside it.
+        const double target = opposite ? (opposite->lower + opposite->upper) / 2 : averageShot;
+        const double wanted = (target * share / (1 - share) - range->lower) / width;
+        mean = std::clamp(wanted, 0.1, 0.9); // keeps a little spread at either end
+        lengths.target = opposite ? GenerationEvent::targetFromOppositeRange : GenerationEvent::targetFromAverage;
+        lengths.mean = wanted < 0.1   ? GenerationEvent::meanAtLowest
+                       : wanted > 0.9 ? GenerationEvent::meanAtHighest
+                                      : GenerationEvent::meanInside;
+    }
+    lengths.exponent = 1 / mean - 1;
+    return lengths;
+}
+
+/// One call of generateCuts: its position in the project and what it has placed.
+class Generator {
+public:
+    Generator(const CutEngine& engine, const GenerationInputs& inputs, const GenerationSources& sources)
+        : engine_(engine), inputs_(inputs), sources_(sources), frame_(validateInputs(engine, inputs))
+    {
+        addCamera(inputs.mainCamera);
+        for (const std::string& camera : inputs.otherCameras)
+            addCamera(camera);
+        const double mainShare = inputs.mainShare;
+        mainLengths_ = shotLengths(engine, inputs.averageShot, mainShare, inputs.mainRange, inputs.otherRange);
+        otherLengths_ = shotLengths(engine, inputs.averageShot, 1 - mainShare, inputs.otherRange, inputs.mainRange);
+    }
+
+    std::vector<Cut> run()
+    {
+        if (inputs_.opening)
+            place(inputs_.opening->angle, frame_.openingFrames, Growth::no);
+        while (position_ < frame_.freeEnd) {
+            if (nextSection_ < frame_.fixedSections.size() && frame_.fixedSections[nextSection_].start == position_) {
+                const FixedCameraSection& section = frame_.fixedSections[nextSection_++];
+                note(GenerationEvent::fixedSection);
+                place(section.angle, section.end, Growth::no);
+            } else {
+                placeFreeShot();
+            }
+        }
+        if (inputs_.closing)
+            place(inputs_.closing->angle, engine_.length, Growth::no);
+        return std::move(cuts_);
+    }
+
+private:
+    struct Camera {
+        std::string_view id;
+        const std::vector<FrameRange>* stretches = nullptr;
+        std::size_t stretch = 0; ///< the first that ends after position; only ever moves forward
+        double weight = defaultWeight;
+        Frames wait = 0;
+        std::optional<Frames> lastShotEnd;
+    };
+    using CameraList = std::vector<Camera*>;
+    enum class Growth { no, yes };
+
+    void addCamera(const std::string& id)
+    {
+        Camera camera;
+        camera.id = id;
+        camera.stretches = &engine_.stretches(id);
+        camera.weight = valueFor(inputs_.frequencies, id, defaultWeight);
+        camera.wait = wholeFrames(std::ceil(engine_.frames(valueFor(inputs_.returnTimes, id, 0))));
+        cameras_.push_back(camera);
+    }
+
+    void note(GenerationEvent event) const
+    {
+        if (sources_.trace != nullptr)
+            ++(*sources_.trace)[static_cast<std::size_t>(event)];
+    }
+
+    [[nodiscard]] bool isMain(const Camera& camera) const { return &camera == &cameras_.front(); }
+
+    [[nodiscard]] bool isOnScreen(const Camera& camera) const
+    {
+        return !cuts_.empty() && cuts_.back().angle == camera.id;
+    }
+
+    [[nodiscard]] Frames nextBoundary() const
+    {
+        const bool section = nextSection_ < frame_.fixedSections.size();
+        note(section ? GenerationEvent::boundaryIsSection : GenerationEvent::boundaryIsFreeEnd);
+        return section ? frame_.fixedSections[nextSection_].start : frame_.freeEnd;
+    }
+
+    [[nodiscard]] CameraList availableCameras()
+    {
+        CameraList available;
+        for (Camera& camera : cameras_) {
+            const auto& stretches = *camera.stretches;
+            while (camera.stretch < stretches.size() && stretches[camera.stretch].end <= position_)
+                ++camera.stretch;
+            if (camera.stretch < stretches.size() && stretches[camera.stretch].start <= position_)
+                available.push_back(&camera);
+        }
+        return available;
+    }
+
+    [[noreturn]] void refuseGap() const
+    {
+        std::optional<Frames> next;
+        for (const Camera& camera : cameras_) {
+            const auto later = std::ranges::upper_bound(*camera.stretches, position_, {}, &FrameRange::start);
+            if (later != camera.stretches->end())
+                next = std::min(next.value_or(later->start), later->start);
+        }
+        note(next ? GenerationEvent::noFootageInGap : GenerationEvent::noFootageToTheEnd);
+        throw FinalCutImportError::invalid(
+            "No selected camera has video at " + fixed(engine_.seconds(position_), 2) +
+            " seconds. The uncovered section lasts " +
+            fixed(engine_.seconds(next.value_or(engine_.length) - position_), 2) + " seconds. " +
+            (next ? "Include another camera covering this gap, or remove the uncovered section in Final Cut and "
+                    "export XML again."
+                  : "Trim the project to the end of the camera footage in Final Cut and export XML again, or include "
+                    "another camera covering the ending."));
+    }
+
+    [[nodiscard]] bool isEligible(const Camera& camera) const
+    {
+        if (isOnScreen(camera)) {
+            note(GenerationEvent::eligibleOnScreen);
+            return true;
+        }
+        if (!camera.lastShotEnd) {
+            note(GenerationEvent::eligibleFirstUse);
+            return true;
+        }
+        const bool waited = camera.wait <= position_ - *camera.lastShotEnd;
+        note(waited ? GenerationEvent::eligibleAfterWait : GenerationEvent::mustWait);
+        return waited;
+    }
+
+    [[nodiscard]] CameraList eligibleCameras()
+    {
+        CameraList eligible = availableCameras();
+        if (eligible.empty())
+            refuseGap();
+        std::erase_if(eligible, [this](const Camera* camera) { return !isEligible(*camera); });
+        if (!eligible.empty())
+            return eligible;
+        note(GenerationEvent::noneEligible);
+        throw FinalCutImportError::invalid(
+            "Minimum return times prevent a camera change at " + timecodeLabel(engine_, position_) +
+            ", and the current camera has no footage there. Reduce a return time or include another camera.");
+    }
+
+    [[nodiscard]] CameraList candidates()
+    {
+        CameraList eligible = eligibleCameras();
+        if (onOtherCamera_ && isMain(*eligible.front())) {
+            note(GenerationEvent::returnToMain);
+            return {eligible.front()};
+        }
+        CameraList others = eligible;
+        std::erase_if(others, [this](const Camera* camera) { return isMain(*camera) || isOnScreen(*camera); });
+        note(others.empty() ? GenerationEvent::allEligible : GenerationEvent::otherCandidates);
+        return others.empty() ? eligible : others;
+    }
+
+    [[nodiscard]] Camera& pick(const CameraList& candidates)
+    {
+        double total = 0;
+        for (const Camera* camera : candidates)
+            total += camera->weight;
+        double remaining = total * std::clamp(sources_.draws(), 0.0, 1.0);
+        for (Camera* camera : candidates) {
+            remaining -= camera->weight;
+            if (remaining < 0) {
+                note(GenerationEvent::pickedByWeight);
+                return *camera;
+            }
+        }
+        note(GenerationEvent::pickedLast);
+        return *candidates.back();
+    }
+
+    [[nodiscard]] Frames drawLength(bool mainCamera)
+    {
+        const ShotLengths& lengths = mainCamera ? mainLengths_ : otherLengths_;
+        const double nominal = std::round((0.75 + 0.5 * sources_.draws()) * lengths.nominal);
+        Frames length = std::max<Frames>(1, wholeFrames(nominal)); // drawn even where a range replaces it
+        note(lengths.ranged ? GenerationEvent::lengthInRange : GenerationEvent::lengthNominal);
+        if (lengths.ranged)
+            length = drawLengthInRange(lengths);
+        if (mainCamera && inputs_.doubleMain) {
+            const bool twice = sources_.draws() < 0.25;
+            note(twice ? GenerationEvent::doubled : GenerationEvent::notDoubled);
+            length *= twice ? 2 : 1;
+        }
+        return length;
+    }
+
+    [[nodiscard]] Frames drawLengthInRange(const ShotLengths& lengths)
+    {
+        if (lengths.longest < lengths.shortest) {
+            note(GenerationEvent::rangeWithoutFrame);
+            throw FinalCutImportError::invalid("The shot range must contain at least one full frame.");
+        }
+        note(lengths.mean);
+        if (lengths.mean != GenerationEvent::rangeOfOneLength)
+            note(lengths.target);
+        const double spread = std::pow(std::clamp(sources_.draws(), 0.0, 1.0), lengths.exponent);
+        const auto width = static_cast<double>(lengths.longest - lengths.shortest);
+        return lengths.shortest + wholeFrames(std::round(spread * width));
+    }
+
+    void placeFreeShot()
+    {
+        const Frames boundary = nextBoundary();
+        const Camera& camera = pick(candidates());
+        const Frames byLength = position_ + drawLength(isMain(camera));
+        const Frames footageEnd = (*camera.stretches)[camera.stretch].end;
+        const Frames end = std::min({byLength, footageEnd, boundary});
+        note(
+            end == byLength         ? GenerationEvent::endsByLength
+            : end == footageEnd     ? GenerationEvent::endsWithFootage
+            : end == frame_.freeEnd ? GenerationEvent::endsAtFreeEnd
+                                    : GenerationEvent::endsAtSection);
+        if (end <= position_)
+            throw FinalCutImportError::invalid("No valid cut boundary is available.");
+        place(camera.id, end, Growth::yes);
+    }
+
+    /// The camera from position_ to `end`. A free shot on the camera on screen continues that cut, unless the cut is
+    /// the opening or a fixed section, which keep their exact lengths.
+    void place(std::string_view camera, Frames end, Growth growth)
+    {
+        const bool sameCamera = !cuts_.empty() && cuts_.back().angle == camera;
+        if (growth == Growth::yes) {
+            note(
+                !sameCamera                    ? GenerationEvent::appended
+                : lastCutGrows_ == Growth::yes ? GenerationEvent::merged
+                                               : GenerationEvent::keptApart);
+        }
+        if (sameCamera && growth == Growth::yes && lastCutGrows_ == Growth::yes)
+            cuts_.back().duration += end - position_;
+        else
+            cuts_.push_back({sources_.identifiers(), std::string(camera), position_, end - position_});
+        lastCutGrows_ = growth;
+        for (Camera& each : cameras_) {
+            if (each.id == camera)
+                each.lastShotEnd = end;
+        }
+        position_ = end;
+        onOtherCamera_ = camera != inputs_.mainCamera;
+    }
+
+    const CutEngine& engine_;
+    const GenerationInputs& inputs_;
+    const GenerationSources& sources_;
+    const EditFrame frame_;
+    std::vector<Camera> cameras_; ///< the main camera first, then the others in order
+    ShotLengths mainLengths_;
+    ShotLengths otherLengths_;
+
+    Frames position_ = 0;         ///< where the next shot starts
+    std::size_t nextSection_ = 0; ///< the first fixed section that is not placed yet
+    bool onOtherCamera_ = true;   ///< so the first shot goes to the main camera where it can
+    Growth lastCutGrows_ = Growth::no;
+    std::vector<Cut> cuts_;
+};
+
+} // namespace
+
+std::vector<Cut> generateCuts(const CutEngine& engine, const GenerationInputs& inputs, const GenerationSources& sources)
+{
+    return Generator(engine, inputs, sources).run();
+}
+
+} // namespace corvane

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "engine/edit_settings.h"
+#include "import/cut_engine.h"
+#include "platform/identifier.h"
+#include "platform/random.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace corvane {
+
+/// The editor's rules as the engine takes them.
+struct GenerationInputs {
+    double mainShare = 0.7;  ///< fraction, 0.1 … 0.9
+    double averageShot = 10; ///< seconds, 4 … 20
+    std::string mainCamera;
+    std::vector<std::string> otherCameras; ///< in the order of the project's angles
+    bool doubleMain = false;
+    std::optional<ShotLengthRange> mainRange; ///< seconds within 1 … 120
+    std::optional<ShotLengthRange> otherRange;
+    std::optional<BookendShot> opening;
+    std::optional<BookendShot> closing;
+    std::map<std::string, double, std::less<>> frequencies; ///< 1 … 10, default 5
+    std::vector<FixedCameraSection> fixedSections;          ///< in any order
+    std::map<std::string, double, std::less<>> returnTimes; ///< seconds, 0 … 600, default 0
+};
+
+/// The ways in which a shot comes about. A trace counts them, so that tests can tell what their inputs reached.
+enum class GenerationEvent : std::size_t {
+    fixedSection,
+    boundaryIsSection,
+    boundaryIsFreeEnd,
+    noFootageInGap,
+    noFootageToTheEnd,
+    eligibleOnScreen,
+    eligibleFirstUse,
+    eligibleAfterWait,
+    mustWait,
+    noneEligible,
+    returnToMain,
+    otherCandidates,
+    allEligible,
+    pickedByWeight,
+    pickedLast,
+    lengthNominal,
+    lengthInRange,
+    rangeWithoutFrame,
+    rangeOfOneLength,
+    targetFromOppositeRange,
+    targetFromAverage,
+    meanAtLowest,
+    meanInside,
+    meanAtHighest,
+    doubled,
+    notDoubled,
+    endsByLength,
+    endsWithFootage,
+    endsAtFreeEnd,
+    endsAtSection,
+    merged,
+    keptApart, ///< from the opening or a section on the same camera
+    appended,
+    count
+};
+using GenerationTrace = std::array<std::int64_t, static_cast<std::size_t>(GenerationEvent::count)>;
+
+/// What a generation takes from outside.
+struct GenerationSources {
+    UniformDraws draws = secureDraws();
+    IdentifierSource identifiers = randomIdentifiers();
+    GenerationTrace* trace = nullptr;
+};
+
+/// A randomised cut list that covers the whole project: after each shot on another camera the edit returns to the
+/// main camera where it can; the other cameras are drawn by weight among those with footage whose wait is over; shot
+/// lengths are drawn so that the main camera tends to its share; sections and bookends are placed exactly.
+///
+/// Refuses what validateInputs refuses, before any draw; then a frame at which no camera has footage, one at which
+/// return times leave no camera, and a range that holds no whole frame. For each free shot it draws: the camera, the
+/// nominal length, the length in its range (where there is one), the doubling (main camera with doubleMain).
+[[nodiscard]] std::vector<Cut> generateCuts(
+    const CutEngine& engine, const GenerationInputs& inputs, const GenerationSources& sources = {});
+
+} // namespace corvane

@@ -1,0 +1,169 @@
+#include "export/rough_edit_writer.h"
+
+#include "engine/coverage_report.h"
+#include "engine/validation.h"
+#include "export/piece_annotations.h"
+#include "export/piece_parts.h"
+#include "import/final_cut_import_error.h"
+#include "import/time_values.h"
+#include "platform/numbers.h"
+#include "platform/xml_tree.h"
+
+#include <cmath>
+#include <set>
+
+namespace corvane {
+
+namespace {
+
+[[noreturn]] void refuse(const std::string& message)
+{
+    throw FinalCutImportError::invalid(message);
+}
+
+void checkCuts(const CutEngine& engine, const std::vector<Cut>& cuts)
+{
+    if (cuts.empty())
+        refuse("Generate a rough edit first.");
+    Frames position = 0;
+    for (const Cut& cut : cuts) {
+        Frames end = 0;
+        if (cut.start != position || cut.duration <= 0 || __builtin_add_overflow(cut.start, cut.duration, &end) ||
+            !hasFootage(engine, cut.angle, cut.start, end))
+            refuse("The cut list contains invalid timing or unavailable footage.");
+        position = end;
+    }
+    if (position != engine.length)
+        refuse("The cut list does not cover the entire project.");
+}
+
+void checkFades(const CutEngine& engine, const std::vector<Cut>& cuts, xml::Element volume)
+{
+    constexpr double tolerance = 0.00000001;
+    for (const xml::Element fade : volume.descendants()) {
+        if (!fade.named("fadeIn") && !fade.named("fadeOut"))
+            continue;
+        const double length = parseSeconds(fade.attribute("duration"));
+        const Cut& holder = fade.named("fadeIn") ? cuts.front() : cuts.back();
+        if (engine.seconds(holder.duration) + tolerance < length)
+            refuse(
+                "An audio fade extends across a camera cut. Set the opening or closing shot to at least " +
+                fixed(std::ceil(length), 0) + " seconds to keep the fade intact.");
+    }
+}
+
+/// The fades that the audio angle's sources hold, in document order, must fit into the first and last cut.
+void checkAudioFades(const CutEngine& engine, const std::vector<Cut>& cuts, std::string_view audioAngle)
+{
+    for (const xml::Element source : engine.source->original.children()) {
+        if (!source.named("mc-source") || source.attribute("angleID") != audioAngle)
+            continue;
+        for (const xml::Element child : source.children()) {
+            if (child.named("adjust-volume"))
+                checkFades(engine, cuts, child);
+            if (!child.named("audio-role-source"))
+                continue;
+            for (const xml::Element volume : child.children()) {
+                if (volume.named("adjust-volume"))
+                    checkFades(engine, cuts, volume);
+            }
+        }
+    }
+}
+
+/// The project without its spine's contents, written, and where they go.
+struct ProjectText {
+    std::string before;
+    std::string after;
+};
+
+ProjectText projectText(const SourceDocument& source)
+{
+    xml::Tree project(source.project, xml::Tree::Copy::startTag);
+    project.removeAttribute(project.root(), "uid");
+    project.removeAttribute(project.root(), "modDate");
+    if (const auto name = source.project.attribute("name"))
+        project.setAttribute(project.root(), "name", std::string(*name) + " Corvane");
+    const auto spine = source.sequence.firstChild("spine");
+    const auto sequence = project.appendChildren(project.root(), source.project, source.sequence);
+    const auto newSpine = sequence && spine ? project.appendChildren(*sequence, source.sequence, *spine) : std::nullopt;
+    if (!newSpine)
+        refuse("The project has no timeline to export.");
+    // A place that nothing in the document can be mistaken for.
+    const std::string place = "pieces-" + randomIdentifiers()().digits();
+    project.appendInstruction(*newSpine, place);
+    std::string text;
+    project.write(text, 1);
+    const std::string mark = "<?" + place + "?>";
+    const std::size_t at = text.find(mark);
+    return {text.substr(0, at), text.substr(at + mark.size())};
+}
+
+void appendPieces(
+    std::string& out, const CutEngine& engine, const std::vector<Cut>& cuts, std::string_view audioAngle,
+    const IdentifierSource& identifiers)
+{
+    constexpr std::string_view indent = "\n        ";
+    const auto time = [&](Frames frames) { return timeString(frames, engine.frameNumerator, engine.frameDenominator); };
+    const PieceAnnotations annotations(engine, cuts);
+    PieceParts parts(engine, audioAngle, identifiers);
+    for (std::size_t piece = 0; piece < cuts.size(); ++piece) {
+        const Cut& cut = cuts[piece];
+        if (piece > 0)
+            out += indent;
+        out += parts.openTag();
+        out += " offset=\"" + time(engine.timelineStart + cut.start) + "\" start=\"" +
+               time(engine.sourceStart + cut.start) + "\" duration=\"" + time(cut.duration) + "\">";
+        parts.appendSources(out, cut.angle, {cut.start == 0, cut.start + cut.duration == engine.length});
+        annotations.append(out, piece);
+        parts.appendTrailing(out);
+        out += indent;
+        out += parts.closeTag();
+    }
+}
+
+} // namespace
+
+std::string roughEditXML(
+    const CutEngine& engine, const std::vector<Cut>& cuts, std::optional<std::string_view> audioAngle,
+    const IdentifierSource& identifiers)
+{
+    const std::string_view audio = audioAngle.value_or(engine.audioID);
+    checkContinuousAudio(engine, audio);
+    checkCuts(engine, cuts);
+    if (!engine.source)
+        refuse("The project has no source document to export.");
+    checkAudioFades(engine, cuts, audio);
+
+    const xml::Element sourceRoot = *engine.source->document.root();
+    const auto version = sourceRoot.attribute("version");
+    const auto resources = sourceRoot.firstChild("resources");
+    if (!version || !resources)
+        refuse("The source project does not name its FCPXML version. Export XML from Final Cut again.");
+    xml::Tree root("fcpxml");
+    root.declareNamespaces(sourceRoot);
+    root.setAttribute(root.root(), "version", *version);
+
+    const ProjectText project = projectText(*engine.source);
+    std::string out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + root.openTag() + ">\n  ";
+    xml::writeElement(out, *resources, 1);
+    out += "\n  " + project.before;
+    appendPieces(out, engine, cuts, audio, identifiers);
+    out += project.after + "\n</fcpxml>\n";
+    return out;
+}
+
+std::vector<std::string> notCarriedOver(const CutEngine& engine)
+{
+    std::vector<std::string> names;
+    if (!engine.source)
+        return names;
+    std::set<std::string> seen;
+    for (const xml::Element child : engine.source->original.children()) {
+        if (!isCarriedOver(child.plainName()) && !isSharedOut(child.plainName()) && seen.insert(child.name()).second)
+            names.push_back(child.name());
+    }
+    return names;
+}
+
+} // namespace corvane

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "engine/edit_settings.h"
+#include "import/cut_engine.h"
+#include "platform/identifier.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvane {
+
+/// The rough edit as a new FCPXML document: the source's resources and project, the project under a new name, its
+/// one multicam clip split into a piece a cut. Each piece shows its cut's angle and plays the audio angle, which is
+/// the engine's audioID where none is given; markers, keywords and connected items go to the pieces that they touch.
+///
+/// Refuses an audio angle that is not continuous, a cut list that does not tile the project with footage, a fade of
+/// the audio angle that is longer than the first or last cut, and annotation times that cannot be read.
+[[nodiscard]] std::string roughEditXML(
+    const CutEngine& engine, const std::vector<Cut>& cuts, std::optional<std::string_view> audioAngle = std::nullopt,
+    const IdentifierSource& identifiers = randomIdentifiers());
+
+/// What of the multicam clip no piece carries over (video filters, adjustments of the whole clip …): the names of its
+/// child elements, each once, in document order.
+[[nodiscard]] std::vector<std::string> notCarriedOver(const CutEngine& engine);
+
+} // namespace corvane

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "import/cut_engine.h"
+#include "import/project_import.h"
+#include "session/edit_history.h"
+
+#include <string>
+#include <string_view>
+
+namespace corvane {
+
+/// How an edit was made, as plain text for people: the project, every setting, the screen time that each camera got
+/// and the whole cut list. Lines end in a line feed; numbers have a point in every country.
+[[nodiscard]] std::string settingsRecordText(
+    const ImportedProject& project, const CutEngine& engine, const EditRevision& revision);
+
+/// The name of the first angle with this id, or the id itself.
+[[nodiscard]] std::string angleDisplayName(std::string_view angleId, const ImportedProject& project);
+
+} // namespace corvane

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/xml.h"
+
+#include <optional>
+#include <string_view>
+
+namespace corvane {
+
+/// What the walks over an angle read of one element, collected in one sweep over its attributes.
+struct ClipAttributes {
+    std::optional<std::string_view> name;
+    std::optional<std::string_view> ref;
+    std::optional<std::string_view> offset;
+    std::optional<std::string_view> start;
+    std::optional<std::string_view> duration;
+    std::optional<std::string_view> srcEnable;
+    bool disabled = false;   ///< "enabled" is exactly "0"
+    bool splitAudio = false; ///< has "audioStart" or "audioDuration"
+
+    explicit ClipAttributes(xml::Element element);
+};
+
+/// "asset-clip", "audio" and "video": the clips that show or play an asset.
+[[nodiscard]] bool isMediaClip(std::string_view elementName);
+
+} // namespace corvane

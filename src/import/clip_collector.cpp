@@ -1,0 +1,141 @@
+#include "import/clip_collector.h"
+
+#include "import/clip_attributes.h"
+#include "import/final_cut_import_error.h"
+#include "import/time_values.h"
+
+#include <algorithm>
+#include <string>
+
+namespace corvane {
+
+namespace {
+
+/// About half a second of walking. A document of that many clips is read; one that repeats them so often is not.
+constexpr std::int64_t mostRepeatedVisits = 10'000'000;
+
+} // namespace
+
+ClipCollector::ClipCollector(const MediaResources& resources)
+    : resources_(resources), compounds_(resources.mediaCount())
+{
+}
+
+AngleClips ClipCollector::collect(xml::Element angle, std::string_view angleName)
+{
+    angleName_ = angleName;
+    clips_ = {};
+    ++angleNumber_;
+    visit(angle);
+    while (!stack_.empty()) {
+        Frame& top = stack_.back();
+        if (top.next == xml::ElementRange::end()) {
+            const Frame done = top;
+            stack_.pop_back();
+            leave(done);
+            continue;
+        }
+        const xml::Element child = *top.next++;
+        if (top.media == nullptr || child.named("sequence"))
+            visit(child);
+    }
+    return std::move(clips_);
+}
+
+void ClipCollector::visit(xml::Element element)
+{
+    ++visits_;
+    if (repeating_ > 0 && ++repeatedVisits_ > mostRepeatedVisits)
+        refuse();
+    if (element.attribute("enabled") == "0")
+        return;
+    if (isMediaClip(element.plainName()))
+        addClip(element);
+    else
+        stack_.push_back({element, element.children().begin(), nullptr});
+}
+
+void ClipCollector::addClip(xml::Element clip)
+{
+    const ClipAttributes attributes(clip);
+    const double offset = parseSeconds(attributes.offset.value_or("0s"));
+    clips_.firstOffset = std::min(clips_.firstOffset.value_or(offset), offset);
+    addCount(1);
+
+    const AssetFacts* asset = resources_.asset(attributes.ref);
+    if (asset == nullptr) {
+        missing_.insert(attributes.name.value_or("Unnamed clip"));
+        return;
+    }
+    clips_.cameras.insert(asset->cameraNames.begin(), asset->cameraNames.end());
+    if (!asset->located)
+        missing_.insert(asset->name.value_or("Unnamed clip"));
+}
+
+void ClipCollector::addCount(std::int64_t clips)
+{
+    if (__builtin_add_overflow(clips_.count, clips, &clips_.count))
+        refuse();
+}
+
+void ClipCollector::refuse() const
+{
+    throw FinalCutImportError::invalid(
+        "Camera " + std::string(angleName_) +
+        " uses compound clips inside each other too many times to be read. Break apart these compound clips in Final "
+        "Cut and export XML again.");
+}
+
+void ClipCollector::leave(const Frame& frame)
+{
+    if (frame.media == nullptr) {
+        if (frame.element.named("ref-clip"))
+            enterCompound(frame.element.attribute("ref"));
+        return;
+    }
+    Compound& compound = compounds_[frame.media->index];
+    compound.open = false;
+    path_.pop_back();
+    if (compound.walked)
+        --repeating_;
+    compound.walked = true;
+    if (frame.circular) {
+        markCircular();
+        return;
+    }
+    compound.count = clips_.count - frame.countBefore;
+    compound.countedInAngle = angleNumber_;
+}
+
+void ClipCollector::enterCompound(std::optional<std::string_view> ref)
+{
+    const MediaEntry* media = ref ? resources_.media(ref) : nullptr;
+    if (media == nullptr)
+        return;
+    Compound& compound = compounds_[media->index];
+    if (compound.open) {
+        // A compound clip that holds itself directly leaves the same reference out whichever way leads into it.
+        if (path_.back() != media)
+            markCircular();
+        return;
+    }
+    if (compound.countedInAngle == angleNumber_) {
+        addCount(compound.count);
+        return;
+    }
+    compound.open = true;
+    path_.push_back(media);
+    if (compound.walked)
+        ++repeating_;
+    stack_.push_back({media->element, media->element.children().begin(), media, clips_.count});
+}
+
+void ClipCollector::markCircular()
+{
+    const auto inner =
+        std::find_if(stack_.rbegin(), stack_.rend(), [](const Frame& frame) { return frame.media != nullptr; });
+    if (inner != stack_.rend())
+        inner->circular = true;
+}
+
+} // namespace corvane

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace corvane {
+
+/// A refusal: something in a document, in typed text or in the settings that Corvane does not accept. what() is the
+/// whole sentence for the user, without a prefix or a code.
+class FinalCutImportError : public std::runtime_error {
+public:
+    [[nodiscard]] static FinalCutImportError invalid(const std::string& message)
+    {
+        return FinalCutImportError(message);
+    }
+
+private:
+    using std::runtime_error::runtime_error;
+};
+
+} // namespace corvane

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+namespace corvane {
+
+/// Whole frames of the project's frame rate. Frame 0 is the first frame of the project timeline.
+using Frames = std::int64_t;
+
+/// Frame counts read from a document lie within plus and minus this.
+inline constexpr Frames largestFrameCount = 999'999'999;
+
+/// A half-open stretch [start, end) of project frames.
+struct FrameRange {
+    Frames start = 0;
+    Frames end = 0;
+    bool operator==(const FrameRange&) const = default;
+
+    [[nodiscard]] bool holds(Frames from, Frames to) const { return start <= from && to <= end; }
+};
+
+/// Sorted by start, touching or overlapping ranges merged. There is no tolerance: a gap of one frame stays a gap.
+[[nodiscard]] std::vector<FrameRange> normalizeRanges(std::vector<FrameRange> ranges);
+
+} // namespace corvane

@@ -1,0 +1,100 @@
+#include "import/media_resources.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr std::string_view cameraNameKey = "com.apple.proapps.mio.cameraName";
+
+void addCameraNames(std::vector<std::string_view>& names, xml::Element metadata)
+{
+    for (const xml::Element entry : metadata.children()) {
+        if (!entry.named("md") || entry.attribute("key") != cameraNameKey)
+            continue;
+        const auto value = entry.attribute("value");
+        if (value && !value->empty())
+            names.push_back(*value);
+    }
+}
+
+AssetFacts readAsset(xml::Element asset, std::optional<std::string_view>& id)
+{
+    AssetFacts facts;
+    for (const xml::Attribute attribute : asset.attributes()) {
+        if (attribute.name == "id")
+            id = attribute.value;
+        else if (attribute.name == "name")
+            facts.name = attribute.value;
+        else if (attribute.name == "duration")
+            facts.duration = attribute.value;
+        else if (attribute.name == "hasVideo")
+            facts.hasVideo = attribute.value == "1";
+        else if (attribute.name == "hasAudio")
+            facts.hasAudio = attribute.value == "1";
+        else if (attribute.name == "src")
+            facts.located = !attribute.value.empty();
+    }
+    for (const xml::Element child : asset.children()) {
+        if (child.named("media-rep"))
+            facts.located = facts.located || !child.attribute("src").value_or("").empty();
+        else if (child.named("metadata"))
+            addCameraNames(facts.cameraNames, child);
+    }
+    return facts;
+}
+
+} // namespace
+
+MediaResources::MediaResources(xml::Element resources)
+{
+    for (const xml::Element child : resources.children()) {
+        if (child.named("asset")) {
+            std::optional<std::string_view> id;
+            AssetFacts facts = readAsset(child, id);
+            assetIds_.add(id, assets_.size());
+            assets_.push_back(std::move(facts));
+        } else if (child.named("media")) {
+            mediaIds_.add(child.attribute("id"), media_.size());
+            media_.push_back({child, media_.size()});
+        } else if (child.named("format")) {
+            formatIds_.add(child.attribute("id"), formats_.size());
+            formats_.push_back(child);
+        }
+    }
+}
+
+const AssetFacts* MediaResources::asset(Reference id) const
+{
+    const auto place = assetIds_.find(id);
+    return place ? &assets_[*place] : nullptr;
+}
+
+const MediaEntry* MediaResources::media(Reference id) const
+{
+    const auto place = mediaIds_.find(id);
+    return place ? &media_[*place] : nullptr;
+}
+
+std::optional<xml::Element> MediaResources::format(Reference id) const
+{
+    const auto place = formatIds_.find(id);
+    return place ? std::optional(formats_[*place]) : std::nullopt;
+}
+
+void MediaResources::Index::add(Reference id, std::size_t place)
+{
+    if (id)
+        places_.emplace(*id, place); // keeps the first
+    else if (!withoutId_)
+        withoutId_ = place;
+}
+
+std::optional<std::size_t> MediaResources::Index::find(Reference id) const
+{
+    if (!id)
+        return withoutId_;
+    const auto found = places_.find(*id);
+    return found == places_.end() ? std::nullopt : std::optional(found->second);
+}
+
+} // namespace corvane

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/xml.h"
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace corvane {
+
+/// What one `asset` says, looked up once.
+struct AssetFacts {
+    std::optional<std::string_view> name;
+    std::optional<std::string_view> duration; ///< FCPXML time
+    bool hasVideo = false;
+    bool hasAudio = false;
+    bool located = false;                      ///< a media-rep, or the asset itself, has a non-empty "src"
+    std::vector<std::string_view> cameraNames; ///< from the metadata, as written, repeats kept
+};
+
+/// One `media`: a multicam or a compound clip. `index` counts the media of the document from 0.
+struct MediaEntry {
+    xml::Element element;
+    std::size_t index;
+};
+
+/// The assets, media and formats of a document's `resources`, found by id. Where an id occurs twice the first one
+/// counts. An absent id is found by an absent reference; an empty one is an id like any other.
+class MediaResources {
+public:
+    using Reference = std::optional<std::string_view>;
+
+    explicit MediaResources(xml::Element resources);
+
+    [[nodiscard]] const AssetFacts* asset(Reference id) const;
+    [[nodiscard]] const MediaEntry* media(Reference id) const;
+    [[nodiscard]] std::optional<xml::Element> format(Reference id) const;
+    [[nodiscard]] std::size_t mediaCount() const { return media_.size(); }
+
+private:
+    class Index {
+    public:
+        void add(Reference id, std::size_t place);
+        [[nodiscard]] std::optional<std::size_t> find(Reference id) const;
+
+    private:
+        std::unordered_map<std::string_view, std::size_t> places_;
+        std::optional<std::size_t> withoutId_;
+    };
+
+    std::vector<AssetFacts> assets_;
+    std::vector<MediaEntry> media_;
+    std::vector<xml::Element> formats_;
+    Index assetIds_;
+    Index mediaIds_;
+    Index formatIds_;
+};
+
+} // namespace corvane

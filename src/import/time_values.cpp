@@ -1,0 +1,96 @@
+#include "import/time_values.h"
+
+#include "import/final_cut_import_error.h"
+#include "platform/numbers.h"
+
+#include <cmath>
+#include <vector>
+
+namespace corvane {
+
+namespace {
+
+std::vector<std::string_view> nonEmptyPieces(std::string_view text)
+{
+    std::vector<std::string_view> pieces;
+    for (;;) {
+        const std::size_t slash = text.find('/');
+        if (slash != 0 && !text.empty())
+            pieces.push_back(text.substr(0, slash));
+        if (slash == std::string_view::npos)
+            return pieces;
+        text.remove_prefix(slash + 1);
+    }
+}
+
+std::optional<RationalTime> readRationalTime(std::string_view text)
+{
+    if (!text.ends_with('s'))
+        return std::nullopt;
+    const auto pieces = nonEmptyPieces(text.substr(0, text.size() - 1));
+    if (pieces.empty() || pieces.size() > 2)
+        return std::nullopt;
+    const auto numerator = readInteger(pieces[0]);
+    const auto denominator = pieces.size() == 2 ? readInteger(pieces[1]) : std::optional<std::int64_t>(1);
+    if (!numerator || !denominator || *denominator <= 0)
+        return std::nullopt;
+    return RationalTime{*numerator, *denominator};
+}
+
+/// `text` without its final "s". One or two pieces: written out, because an import reads four of these a clip.
+std::optional<double> readSeconds(std::string_view text)
+{
+    const std::size_t slash = text.find('/');
+    const auto numerator = readNumber(text.substr(0, slash));
+    if (!numerator)
+        return std::nullopt;
+    if (slash == std::string_view::npos)
+        return numerator;
+    const auto divisor = readNumber(text.substr(slash + 1)); // a second slash is no part of a number
+    if (!divisor || !(*divisor > 0))
+        return std::nullopt;
+    const double seconds = *numerator / *divisor;
+    return std::isfinite(seconds) ? std::optional(seconds) : std::nullopt;
+}
+
+} // namespace
+
+RationalTime parseRationalTime(std::string_view text)
+{
+    const auto time = readRationalTime(text);
+    if (!time)
+        throw FinalCutImportError::invalid("Invalid XML time: " + std::string(text));
+    return *time;
+}
+
+Frames alignedFrames(std::string_view text, std::int64_t frameNumerator, std::int64_t frameDenominator)
+{
+    const RationalTime time = parseRationalTime(text);
+    std::int64_t dividend = 0;
+    std::int64_t divisor = 0;
+    const bool overflow = __builtin_mul_overflow(time.numerator, frameDenominator, &dividend) ||
+                          __builtin_mul_overflow(time.denominator, frameNumerator, &divisor);
+    if (overflow || divisor <= 0 || dividend % divisor != 0)
+        throw FinalCutImportError::invalid("This prototype needs timing aligned to the project frame rate.");
+    const Frames frames = dividend / divisor;
+    if (frames < -largestFrameCount || frames > largestFrameCount)
+        throw FinalCutImportError::invalid("This time value exceeds the prototype's supported range.");
+    return frames;
+}
+
+double parseSeconds(std::optional<std::string_view> text)
+{
+    if (!text || !text->ends_with('s'))
+        throw FinalCutImportError::invalid("The export contains a missing or invalid time value.");
+    const auto seconds = readSeconds(text->substr(0, text->size() - 1));
+    if (!seconds)
+        throw FinalCutImportError::invalid("The export contains an invalid time value: " + std::string(*text));
+    return *seconds;
+}
+
+std::string timeString(Frames frames, std::int64_t frameNumerator, std::int64_t frameDenominator)
+{
+    return std::to_string(frames * frameNumerator) + "/" + std::to_string(frameDenominator) + "s";
+}
+
+} // namespace corvane

@@ -1,0 +1,125 @@
+#pragma once
+
+#include <cstddef>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+struct _xmlAttr;
+struct _xmlDoc;
+struct _xmlNode;
+
+/// XML documents to read: libxml2 behind values that cannot leak. Names are compared as they are written, prefix
+/// included; text, comments and processing instructions are skipped where elements are asked for.
+namespace corvane::xml {
+
+class ElementIterator;
+struct ElementRange;
+struct AttributeRange;
+
+/// One attribute. The views stay valid as long as the document.
+struct Attribute {
+    std::string_view name; ///< empty when the name has a prefix; FCPXML has none
+    std::string_view value;
+};
+
+/// An element of a document: a light handle that stays valid as long as any copy of its Document lives.
+class Element {
+public:
+    explicit Element(_xmlNode* node) : node_(node) {}
+
+    bool operator==(const Element&) const = default;
+
+    /// The name as written; plainName() is the same without a copy, and empty for a name with a prefix.
+    [[nodiscard]] std::string name() const;
+    [[nodiscard]] std::string_view plainName() const;
+    [[nodiscard]] bool named(std::string_view name) const { return plainName() == name; }
+
+    /// The attribute's text; none when the attribute is absent, which is not the same as empty.
+    [[nodiscard]] std::optional<std::string_view> attribute(std::string_view name) const;
+    /// All attributes, in document order, for callers that need several of them.
+    [[nodiscard]] AttributeRange attributes() const;
+
+    /// The child elements, in document order.
+    [[nodiscard]] ElementRange children() const;
+    [[nodiscard]] std::optional<Element> firstChild(std::string_view name) const;
+    /// The elements below this one, at any depth, in document order.
+    [[nodiscard]] ElementRange descendants() const;
+
+    /// For this library's own sources.
+    [[nodiscard]] _xmlNode* node() const { return node_; }
+
+private:
+    _xmlNode* node_;
+};
+
+/// Walks elements in document order: the siblings from one on, or everything below one.
+class ElementIterator {
+public:
+    using value_type = Element;
+    using difference_type = std::ptrdiff_t;
+    using iterator_concept = std::forward_iterator_tag;
+
+    ElementIterator() = default;
+    ElementIterator(_xmlNode* first, const _xmlNode* below);
+
+    [[nodiscard]] Element operator*() const { return Element(node_); }
+    ElementIterator& operator++();
+    ElementIterator operator++(int)
+    {
+        const ElementIterator before = *this;
+        ++*this;
+        return before;
+    }
+    bool operator==(const ElementIterator& other) const { return node_ == other.node_; }
+
+private:
+    void settle();
+    void step();
+
+    _xmlNode* node_ = nullptr;
+    const _xmlNode* below_ = nullptr; ///< none: siblings only
+};
+
+struct ElementRange {
+    ElementIterator first;
+    [[nodiscard]] ElementIterator begin() const { return first; }
+    [[nodiscard]] static ElementIterator end() { return {}; }
+};
+
+class AttributeIterator {
+public:
+    explicit AttributeIterator(_xmlAttr* attribute = nullptr) : attribute_(attribute) {}
+    [[nodiscard]] Attribute operator*() const;
+    AttributeIterator& operator++();
+    bool operator==(const AttributeIterator&) const = default;
+
+private:
+    _xmlAttr* attribute_;
+};
+
+struct AttributeRange {
+    AttributeIterator first;
+    [[nodiscard]] AttributeIterator begin() const { return first; }
+    [[nodiscard]] static AttributeIterator end() { return AttributeIterator(); }
+};
+
+/// A parsed document. Copies share it; nothing changes it.
+class Document {
+public:
+    /// Reads a whole document. Nothing outside the bytes is ever loaded, and the parser's own limits on depth,
+    /// lengths and entity growth hold. Only a fatal error refuses: PlatformError with line, column and the parser's
+    /// words of the first one.
+    [[nodiscard]] static Document parse(std::string_view bytes);
+
+    /// None when the document has no element.
+    [[nodiscard]] std::optional<Element> root() const;
+
+private:
+    explicit Document(std::shared_ptr<_xmlDoc> document) : document_(std::move(document)) {}
+    std::shared_ptr<_xmlDoc> document_;
+};
+
+} // namespace corvane::xml

@@ -1,0 +1,116 @@
+#include "timecode/timecode.h"
+
+#include "import/final_cut_import_error.h"
+#include "platform/numbers.h"
+#include "platform/text.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
+
+namespace corvane {
+
+namespace {
+
+/// How labels are counted at one frame duration.
+struct LabelCount {
+    std::int64_t nominal = 1; ///< labels a second
+    std::int64_t dropped = 0; ///< labels left out at the start of a minute; 0 without drop-frame
+
+    LabelCount(std::int64_t frameNumerator, std::int64_t frameDenominator, FrameCount count)
+    {
+        const double rate = static_cast<double>(frameDenominator) / static_cast<double>(frameNumerator);
+        nominal = std::max<std::int64_t>(1, std::llround(rate));
+        const bool dropRate =
+            (nominal == 30 || nominal == 60) && frameDenominator * 1001 == frameNumerator * nominal * 1000;
+        if (count == FrameCount::dropFrame && dropRate)
+            dropped = nominal / 15;
+    }
+};
+
+FrameCount frameCount(const CutEngine& engine)
+{
+    return engine.dropFrame ? FrameCount::dropFrame : FrameCount::nonDrop;
+}
+
+void appendTwoDigits(std::string& text, std::int64_t number)
+{
+    if (number < 10)
+        text += '0';
+    text += std::to_string(number);
+}
+
+struct TypedLabel {
+    std::int64_t hours, minutes, seconds, frames;
+};
+
+std::optional<TypedLabel> readLabel(std::string_view text)
+{
+    text = trimmed(text);
+    std::array<std::int64_t, 4> fields{};
+    for (std::size_t n = 0; n < fields.size(); ++n) {
+        const std::size_t end = text.find_first_of(":;");
+        const std::string_view piece = text.substr(0, end);
+        const auto number = readInteger(piece);
+        const bool last = n + 1 == fields.size();
+        if (!number || piece.find_first_not_of("0123456789") != std::string_view::npos ||
+            last != (end == std::string_view::npos))
+            return std::nullopt;
+        fields[n] = *number;
+        if (!last)
+            text.remove_prefix(end + 1);
+    }
+    return TypedLabel{fields[0], fields[1], fields[2], fields[3]};
+}
+
+} // namespace
+
+std::string timecodeText(Frames frames, std::int64_t frameNumerator, std::int64_t frameDenominator, FrameCount count)
+{
+    const LabelCount labels(frameNumerator, frameDenominator, count);
+    std::int64_t label = std::abs(frames);
+    if (labels.dropped > 0) {
+        const std::int64_t perTenMinutes = labels.nominal * 600 - 9 * labels.dropped;
+        const std::int64_t perMinute = labels.nominal * 60 - labels.dropped;
+        const std::int64_t rest = label % perTenMinutes;
+        label += 9 * labels.dropped * (label / perTenMinutes);
+        if (rest >= labels.dropped)
+            label += labels.dropped * ((rest - labels.dropped) / perMinute);
+    }
+    const std::int64_t seconds = label / labels.nominal;
+    std::string text = frames < 0 ? "-" : "";
+    appendTwoDigits(text, seconds / 3600);
+    text += ':';
+    appendTwoDigits(text, seconds / 60 % 60);
+    text += ':';
+    appendTwoDigits(text, seconds % 60);
+    text += labels.dropped > 0 ? ';' : ':';
+    appendTwoDigits(text, label % labels.nominal);
+    return text;
+}
+
+std::string timecodeLabel(const CutEngine& engine, Frames frame)
+{
+    return timecodeText(
+        frame + engine.timelineStart, engine.frameNumerator, engine.frameDenominator, frameCount(engine));
+}
+
+Frames parseTimecode(const CutEngine& engine, std::string_view text)
+{
+    const auto label = readLabel(text);
+    if (!label || label->hours >= 10'000 || label->minutes >= 60 || label->seconds >= 60)
+        throw FinalCutImportError::invalid("Enter timecode as HH:MM:SS:FF, for example 00:05:30:00.");
+    const LabelCount labels(engine.frameNumerator, engine.frameDenominator, frameCount(engine));
+    if (label->frames >= labels.nominal)
+        throw FinalCutImportError::invalid(
+            "The frame field must be less than " + std::to_string(labels.nominal) + " for this project.");
+    if (label->minutes % 10 != 0 && label->seconds == 0 && label->frames < labels.dropped)
+        throw FinalCutImportError::invalid("That frame label is skipped in drop-frame timecode.");
+    const std::int64_t minutes = label->hours * 60 + label->minutes;
+    const std::int64_t frames =
+        (minutes * 60 + label->seconds) * labels.nominal + label->frames - labels.dropped * (minutes - minutes / 10);
+    return frames - engine.timelineStart;
+}
+
+} // namespace corvane

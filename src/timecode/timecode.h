@@ -1,0 +1,29 @@
+#pragma once
+
+#include "import/cut_engine.h"
+#include "import/frame_range.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// SMPTE timecode: HH:MM:SS:FF at the nominal (whole) frame rate. Drop-frame labels, written with a semicolon before
+/// the frames, leave out the first labels of every minute that is no multiple of ten, so that they keep up with the
+/// clock at 29.97 and 59.94 frames a second; no frame is ever dropped.
+namespace corvane {
+
+enum class FrameCount { nonDrop, dropFrame };
+
+/// The label of an absolute frame count, with a minus sign below 0 and as many digits of hours as it takes. Drop-frame
+/// counting is asked for; it applies only at frame durations that equal 1001/30000 or 1001/60000.
+[[nodiscard]] std::string timecodeText(
+    Frames frames, std::int64_t frameNumerator, std::int64_t frameDenominator, FrameCount count);
+
+/// The label of a project frame: counted from the engine's timelineStart, as the sequence counts.
+[[nodiscard]] std::string timecodeLabel(const CutEngine& engine, Frames frame);
+
+/// The project frame of a typed label, which may lie outside the project. Colons and semicolons are the same, widths
+/// are free. Refuses other texts, a frame field at or above the nominal rate, and labels that drop-frame leaves out.
+[[nodiscard]] Frames parseTimecode(const CutEngine& engine, std::string_view text);
+
+} // namespace corvane

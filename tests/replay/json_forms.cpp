@@ -1,0 +1,182 @@
+#include "replay/json_forms.h"
+
+#include "platform/base64.h"
+
+#include <limits>
+
+namespace corvane::replay {
+
+namespace {
+
+std::map<std::string, double, std::less<>> numbersByCamera(const Json& json)
+{
+    std::map<std::string, double, std::less<>> values;
+    for (const auto& [camera, value] : json.items())
+        values[camera] = number(value);
+    return values;
+}
+
+std::optional<ShotLengthRange> shotRange(const Json& json)
+{
+    if (json.is_null())
+        return std::nullopt;
+    return ShotLengthRange{number(json.at("lower")), number(json.at("upper"))};
+}
+
+std::optional<BookendShot> bookend(const Json& json)
+{
+    if (json.is_null())
+        return std::nullopt;
+    return BookendShot{json.at("angle").get<std::string>(), number(json.at("seconds"))};
+}
+
+Json coverageJson(const Coverage& coverage)
+{
+    Json all = Json::object();
+    for (const auto& [camera, stretches] : coverage)
+        all[camera] = json(stretches);
+    return all;
+}
+
+Json audioSourcePlace(const CutEngine& engine)
+{
+    if (!engine.source->audioSource)
+        return nullptr;
+    int place = 0;
+    for (const xml::Element child : engine.source->original.children()) {
+        if (child == *engine.source->audioSource)
+            break;
+        place += child.named("mc-source") ? 1 : 0;
+    }
+    return place;
+}
+
+} // namespace
+
+double number(const Json& json)
+{
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    if (json == "nan")
+        return std::numeric_limits<double>::quiet_NaN();
+    if (json == "inf")
+        return infinity;
+    return json == "-inf" ? -infinity : json.get<double>();
+}
+
+std::string bytes(const Json& base64)
+{
+    return base64Decoded(base64.get_ref<const std::string&>()).value();
+}
+
+Identifier identifier(const Json& text)
+{
+    return Identifier::parse(text.get_ref<const std::string&>()).value();
+}
+
+EditSettings settings(const Json& json)
+{
+    EditSettings settings;
+    settings.mainShare = number(json.at("mainShare"));
+    settings.averageShot = number(json.at("averageShot"));
+    settings.mainMinimum = number(json.at("mainMinimum"));
+    settings.mainMaximum = number(json.at("mainMaximum"));
+    settings.otherMinimum = number(json.at("otherMinimum"));
+    settings.otherMaximum = number(json.at("otherMaximum"));
+    settings.mainCamera = json.at("mainCamera");
+    settings.otherCameras = json.at("otherCameras").get<std::set<std::string>>();
+    settings.frequencies = numbersByCamera(json.at("frequencies"));
+    settings.returnTimes = numbersByCamera(json.at("returnTimes"));
+    settings.audio = json.at("audio");
+    settings.doubleMain = json.at("doubleMain");
+    settings.openingEnabled = json.at("openingEnabled");
+    settings.openingCamera = json.at("openingCamera");
+    settings.openingSeconds = number(json.at("openingSeconds"));
+    settings.closingEnabled = json.at("closingEnabled");
+    settings.closingCamera = json.at("closingCamera");
+    settings.closingSeconds = number(json.at("closingSeconds"));
+    for (const Json& section : json.at("sections"))
+        settings.sections.push_back(
+            {identifier(section.at("id")), section.at("name"), section.at("camera"), section.at("start"),
+             section.at("end")});
+    return settings;
+}
+
+GenerationInputs generationInputs(const Json& json)
+{
+    GenerationInputs inputs;
+    inputs.mainShare = number(json.at("mainShare"));
+    inputs.averageShot = number(json.at("averageShot"));
+    inputs.mainCamera = json.at("mainCamera");
+    inputs.otherCameras = json.at("otherCameras").get<std::vector<std::string>>();
+    inputs.doubleMain = json.at("doubleMain");
+    inputs.mainRange = shotRange(json.at("mainRange"));
+    inputs.otherRange = shotRange(json.at("otherRange"));
+    inputs.opening = bookend(json.at("opening"));
+    inputs.closing = bookend(json.at("closing"));
+    inputs.frequencies = numbersByCamera(json.at("frequencies"));
+    for (const Json& section : json.at("fixedSections"))
+        inputs.fixedSections.push_back({section.at("angle"), section.at("start"), section.at("end")});
+    inputs.returnTimes = numbersByCamera(json.at("returnTimes"));
+    return inputs;
+}
+
+std::vector<Cut> cuts(const Json& json)
+{
+    std::vector<Cut> list;
+    for (const Json& cut : json)
+        list.push_back({identifier(cut.at("id")), cut.at("angle"), cut.at("start"), cut.at("duration")});
+    return list;
+}
+
+std::vector<FrameRange> ranges(const Json& json)
+{
+    std::vector<FrameRange> list;
+    for (const Json& range : json)
+        list.push_back({range.at(0), range.at(1)});
+    return list;
+}
+
+Json json(const std::vector<FrameRange>& ranges)
+{
+    Json list = Json::array();
+    for (const FrameRange& range : ranges)
+        list.push_back({range.start, range.end});
+    return list;
+}
+
+Json json(const ImportedProject& project)
+{
+    Json angles = Json::array();
+    for (const ImportedAngle& angle : project.angles)
+        angles.push_back(
+            {{"id", angle.id},
+             {"name", angle.name},
+             {"cameras", angle.cameras},
+             {"clipCount", angle.clipCount},
+             {"gapCount", angle.gapCount},
+             {"firstRecording", orNull(angle.firstRecording)}});
+    return {
+        {"name", project.name},
+        {"version", project.version},
+        {"duration", project.duration},
+        {"framesPerSecond", project.framesPerSecond},
+        {"angles", angles},
+        {"audioAngles", project.audioAngles},
+        {"missingLocations", project.missingLocations}};
+}
+
+Json json(const CutEngine& engine)
+{
+    return {
+        {"frameNumerator", engine.frameNumerator},
+        {"frameDenominator", engine.frameDenominator},
+        {"length", engine.length},
+        {"sourceStart", engine.sourceStart},
+        {"timelineStart", engine.timelineStart},
+        {"coverage", coverageJson(engine.coverage)},
+        {"audioID", engine.audioID},
+        {"audioSource", audioSourcePlace(engine)},
+        {"audioCoverage", coverageJson(engine.audioCoverage)}};
+}
+
+} // namespace corvane::replay

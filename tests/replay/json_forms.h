@@ -1,0 +1,50 @@
+#pragma once
+
+#include "engine/cut_generation.h"
+#include "engine/edit_settings.h"
+#include "import/cut_engine.h"
+#include "import/project_import.h"
+
+#include <nlohmann/json.hpp>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+/// The forms in which cases and answers write the records.
+namespace corvane::replay {
+
+using Json = nlohmann::json;
+
+/// A double; those that are not finite are the words "nan", "inf" and "-inf".
+[[nodiscard]] double number(const Json& json);
+[[nodiscard]] std::string bytes(const Json& base64);
+[[nodiscard]] Identifier identifier(const Json& text);
+
+[[nodiscard]] EditSettings settings(const Json& json);
+[[nodiscard]] GenerationInputs generationInputs(const Json& json);
+[[nodiscard]] std::vector<Cut> cuts(const Json& json);
+[[nodiscard]] std::vector<FrameRange> ranges(const Json& json);
+
+[[nodiscard]] Json json(const std::vector<FrameRange>& ranges);
+[[nodiscard]] Json json(const ImportedProject& project);
+[[nodiscard]] Json json(const CutEngine& engine);
+
+template <class Value>
+Json orNull(const std::optional<Value>& value)
+{
+    return value ? Json(*value) : Json(nullptr);
+}
+
+/// What the operation returns, or {"error": message} when it fails.
+template <class Operation>
+Json attempt(const Operation& operation)
+{
+    try {
+        return operation();
+    } catch (const std::runtime_error& failure) {
+        return {{"error", failure.what()}};
+    }
+}
+
+} // namespace corvane::replay

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "replay/json_forms.h"
+
+namespace corvane::replay {
+
+/// Each answers one case of its kind: one member for each operation.
+[[nodiscard]] Json answerDocument(const Json& request);
+[[nodiscard]] Json answerValues(const Json& request);
+[[nodiscard]] Json answerRanges(const Json& request);
+[[nodiscard]] Json answerNames(const Json& request);
+
+} // namespace corvane::replay

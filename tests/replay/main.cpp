@@ -1,0 +1,35 @@
+// Reads cases, one JSON object a line, on standard input and writes what the program answers, one a line, on standard
+// output. It knows no expected answer: whoever runs it before and after a change sees what the change did.
+#include "replay/kinds.h"
+
+#include <iostream>
+#include <map>
+#include <string>
+
+namespace {
+
+using corvane::replay::Json;
+
+const std::map<std::string, Json (*)(const Json&)> kinds = {
+    {"document", corvane::replay::answerDocument},
+    {"values", corvane::replay::answerValues},
+    {"ranges", corvane::replay::answerRanges},
+    {"names", corvane::replay::answerNames},
+};
+
+} // namespace
+
+int main()
+{
+    std::ios::sync_with_stdio(false);
+    for (std::string line; std::getline(std::cin, line);) {
+        if (line.empty())
+            continue;
+        const Json request = Json::parse(line);
+        const auto kind = kinds.find(request.at("kind").get<std::string>());
+        Json answer = kind == kinds.end() ? Json::object() : kind->second(request);
+        answer["case"] = request.at("case");
+        std::cout << answer.dump() << '\n';
+    }
+    return 0;
+}
