@@ -10,7 +10,6 @@
 #include "platform/xml_tree.h"
 
 #include <cmath>
-#include <set>
 
 namespace corvane {
 
@@ -151,19 +150,6 @@ std::string roughEditXML(
     appendPieces(out, engine, cuts, audio, identifiers);
     out += project.after + "\n</fcpxml>\n";
     return out;
-}
-
-std::vector<std::string> notCarriedOver(const CutEngine& engine)
-{
-    std::vector<std::string> names;
-    if (!engine.source)
-        return names;
-    std::set<std::string> seen;
-    for (const xml::Element child : engine.source->original.children()) {
-        if (!isCarriedOver(child.plainName()) && !isSharedOut(child.plainName()) && seen.insert(child.name()).second)
-            names.push_back(child.name());
-    }
-    return names;
 }
 
 } // namespace corvane

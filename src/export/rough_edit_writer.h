@@ -21,8 +21,4 @@ namespace corvane {
     const CutEngine& engine, const std::vector<Cut>& cuts, std::optional<std::string_view> audioAngle = std::nullopt,
     const IdentifierSource& identifiers = randomIdentifiers());
 
-/// What of the multicam clip no piece carries over (video filters, adjustments of the whole clip …): the names of its
-/// child elements, each once, in document order.
-[[nodiscard]] std::vector<std::string> notCarriedOver(const CutEngine& engine);
-
 } // namespace corvane

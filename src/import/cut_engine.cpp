@@ -147,8 +147,8 @@ CutEngine buildEngine(const ProjectOutline& outline)
     if (!multicamFormat || !formatsMatch(*outline.format, *multicamFormat))
         refuse("The multicam and project need matching frame rate, dimensions and colour format.");
     readCoverage(engine, outline);
-    engine.source = std::make_shared<const SourceDocument>(
-        SourceDocument{outline.document, outline.project, outline.sequence, outline.original, audioSource});
+    engine.source = std::make_shared<const SourceDocument>(SourceDocument{
+        outline.document, outline.project, outline.sequence, outline.original, outline.multicam, audioSource});
     return engine;
 }
 

@@ -22,7 +22,8 @@ struct SourceDocument {
     xml::Document document;
     xml::Element project;
     xml::Element sequence;
-    xml::Element original;                   ///< the mc-clip in the spine
+    xml::Element original; ///< the mc-clip in the spine
+    xml::Element multicam;
     std::optional<xml::Element> audioSource; ///< the mc-source that supplies the clip's sound, when just one does
 };
 

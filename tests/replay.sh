@@ -1,0 +1,10 @@
+#!/usr/bin/env bash
+# tests/replay.sh < CASES > ANSWERS: what the program answers to cases of one JSON object a line. The build speaks on
+# standard error only. Run it before and after a change to see what the change did.
+set -euo pipefail
+source "$(dirname "$0")/../scripts/common.sh"
+{
+    install_packages "${build_packages[@]}" "${test_packages[@]}"
+    build release corvane_replay
+} >&2
+exec "$root/build/release/tests/replay/corvane_replay"
