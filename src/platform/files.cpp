@@ -2,19 +2,25 @@
 
 #include "platform/error.h"
 #include "platform/identifier.h"
+#include "platform/numbers.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <filesystem>
+#include <limits>
 #include <system_error>
 
 namespace corvane {
 
 namespace {
 
-constexpr mode_t newFileMode = 0666; // less the user's own mask
+constexpr mode_t newFileMode = 0666;   // less the user's own mask
+constexpr mode_t newFolderMode = 0700; // folders are made for the program's own data, nobody else's business
 
 [[noreturn]] void fail(std::string_view what, std::string_view path, int error)
 {
@@ -29,6 +35,12 @@ std::string folderOf(const std::string& path)
     if (slash == std::string::npos)
         return ".";
     return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+bool isFolder(const std::string& path)
+{
+    struct stat facts{};
+    return ::stat(path.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
 }
 
 /// An open file that is closed at the end of the scope.
@@ -55,15 +67,17 @@ private:
 };
 
 /// 0, or the error.
-int writeAndSync(FileCalls& calls, int file, std::string_view bytes)
+int writeAndSync(FileCalls& calls, int file, std::span<const std::string_view> parts)
 {
-    while (!bytes.empty()) {
-        const std::ptrdiff_t written = calls.write(file, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return written < 0 ? errno : ENOSPC;
-        bytes.remove_prefix(static_cast<std::size_t>(written));
+    for (std::string_view bytes : parts) {
+        while (!bytes.empty()) {
+            const std::ptrdiff_t written = calls.write(file, bytes.data(), bytes.size());
+            if (written < 0 && errno == EINTR)
+                continue;
+            if (written <= 0)
+                return written < 0 ? errno : ENOSPC;
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        }
     }
     return calls.sync(file) == 0 ? 0 : errno;
 }
@@ -77,44 +91,82 @@ int syncFolder(FileCalls& calls, const std::string& folder)
     return calls.sync(file.number()) == 0 || errno == EINVAL ? 0 : errno;
 }
 
-enum class Outcome { done, notSupported };
-
-/// A file without a name until it is whole: even a killed process leaves nothing.
-Outcome writeNameless(FileCalls& calls, const std::string& path, std::string_view bytes)
+/// Errors that say "this file system cannot do that", not "this failed".
+bool isNotSupported(int error)
 {
-    const OpenFile file(calls, folderOf(path), O_TMPFILE | O_WRONLY);
-    if (!file.isOpen()) {
-        if (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)
-            return Outcome::notSupported;
-        fail("Cannot write", path, errno);
-    }
-    if (const int error = writeAndSync(calls, file.number(), bytes); error != 0)
-        fail("Cannot write", path, error);
-    if (calls.nameFile(file.number(), path) != 0) {
-        if (errno == ENOENT || errno == EPERM || errno == EOPNOTSUPP) // no /proc, or no links here
-            return Outcome::notSupported;
-        fail("Cannot write", path, errno);
-    }
-    return Outcome::done;
+    return error == EOPNOTSUPP || error == EISDIR || error == EINVAL || error == ENOSYS || error == EPERM ||
+           error == ENOENT;
 }
 
-/// A file under a name of its own, renamed once it is whole.
-void writeAndRename(FileCalls& calls, const std::string& path, std::string_view bytes)
+constexpr std::string_view temporaryPrefix = ".corvane-";
+
+/// A name that no other process and no other save uses; the process tells later whether it was abandoned.
+std::string temporaryName(const std::string& path)
 {
-    const std::string temporary = pathIn(folderOf(path), ".corvane-" + randomIdentifiers()().digits());
+    return pathIn(
+        folderOf(path),
+        std::string(temporaryPrefix) + std::to_string(::getpid()) + "-" + randomIdentifiers()().digits());
+}
+
+/// Writes the parts to a file without a name, which takes `path` only when it is whole: even a killed process leaves
+/// nothing. 0, or the error; none where the file system knows no such files.
+std::optional<int> writeNameless(FileCalls& calls, const std::string& path, std::span<const std::string_view> parts)
+{
+    const OpenFile file(calls, folderOf(path), O_TMPFILE | O_WRONLY);
+    if (!file.isOpen())
+        return isNotSupported(errno) ? std::nullopt : std::optional(errno);
+    if (const int error = writeAndSync(calls, file.number(), parts); error != 0)
+        return error;
+    if (calls.nameFile(file.number(), path) == 0)
+        return 0;
+    return isNotSupported(errno) ? std::nullopt : std::optional(errno);
+}
+
+/// Writes the parts to a new file of that name; takes it away again when that fails. 0, or the error.
+int writeNamed(FileCalls& calls, const std::string& path, std::span<const std::string_view> parts)
+{
     int error = 0;
     {
-        const OpenFile file(calls, temporary, O_WRONLY | O_CREAT | O_EXCL);
+        const OpenFile file(calls, path, O_WRONLY | O_CREAT | O_EXCL);
         if (!file.isOpen())
-            fail("Cannot write", path, errno);
-        error = writeAndSync(calls, file.number(), bytes);
+            return errno;
+        error = writeAndSync(calls, file.number(), parts);
     }
-    if (error == 0 && calls.renameToNew(temporary, path) != 0)
+    if (error != 0)
+        calls.unlink(path);
+    return error;
+}
+
+/// 0, or the error.
+int writeWhole(FileCalls& calls, const std::string& path, std::span<const std::string_view> parts)
+{
+    if (const auto outcome = writeNameless(calls, path, parts))
+        return *outcome;
+    const std::string temporary = temporaryName(path);
+    int error = writeNamed(calls, temporary, parts);
+    if (error == 0 && calls.renameToNew(temporary, path) != 0) {
         error = errno;
-    if (error != 0) {
         calls.unlink(temporary);
-        fail("Cannot write", path, error);
     }
+    return error;
+}
+
+/// The new file stands under `temporary`; afterwards it has the name `path`. The old one is kept until the folder is
+/// on the disk, so that a failure can put it back. 0, or the error.
+int putInPlace(FileCalls& calls, const std::string& temporary, const std::string& path)
+{
+    const bool exchanged = somethingNamed(path) && calls.exchange(temporary, path) == 0;
+    if (!exchanged && calls.renameOver(temporary, path) != 0) {
+        const int error = errno;
+        calls.unlink(temporary);
+        return error;
+    }
+    const int error = syncFolder(calls, folderOf(path));
+    if (error != 0 && exchanged)
+        calls.exchange(temporary, path);
+    if (exchanged)
+        calls.unlink(temporary);
+    return error;
 }
 
 } // namespace
@@ -158,9 +210,24 @@ int FileCalls::renameToNew(const std::string& from, const std::string& to)
     return 0;
 }
 
+int FileCalls::renameOver(const std::string& from, const std::string& to)
+{
+    return ::rename(from.c_str(), to.c_str());
+}
+
+int FileCalls::exchange(const std::string& one, const std::string& other)
+{
+    return ::renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE);
+}
+
 int FileCalls::unlink(const std::string& path)
 {
     return ::unlink(path.c_str());
+}
+
+int FileCalls::makeFolder(const std::string& path)
+{
+    return ::mkdir(path.c_str(), newFolderMode);
 }
 
 FileCalls& FileCalls::system()
@@ -211,12 +278,61 @@ std::size_t longestNameIn(const std::string& folder)
 
 void writeNewFile(const std::string& path, std::string_view bytes, FileCalls& calls)
 {
-    if (writeNameless(calls, path, bytes) == Outcome::notSupported)
-        writeAndRename(calls, path, bytes);
-    if (const int error = syncFolder(calls, folderOf(path)); error != 0) {
-        calls.unlink(path);
-        fail("Cannot write", path, error);
+    int error = writeWhole(calls, path, {&bytes, 1});
+    if (error == 0) {
+        error = syncFolder(calls, folderOf(path));
+        if (error != 0)
+            calls.unlink(path);
     }
+    if (error != 0)
+        fail("Cannot write", path, error);
+}
+
+void replaceFile(const std::string& path, std::span<const std::string_view> parts, FileCalls& calls)
+{
+    const std::string temporary = temporaryName(path);
+    int error = writeWhole(calls, temporary, parts);
+    if (error == 0)
+        error = putInPlace(calls, temporary, path);
+    if (error != 0)
+        fail("Cannot write", path, error);
+}
+
+void removeAbandonedFiles(const std::string& folder)
+{
+    std::error_code ignored; // what cannot be looked at or taken away stays
+    for (const auto& entry : std::filesystem::directory_iterator(folder, ignored)) {
+        std::string_view name = lastComponent(entry.path().native());
+        if (!name.starts_with(temporaryPrefix))
+            continue;
+        name.remove_prefix(temporaryPrefix.size());
+        const auto process = readInteger(name.substr(0, name.find('-')));
+        if (process && *process > 0 && *process <= std::numeric_limits<pid_t>::max() &&
+            ::kill(static_cast<pid_t>(*process), 0) != 0 && errno == ESRCH)
+            std::filesystem::remove(entry.path(), ignored);
+    }
+}
+
+std::optional<FileStamp> stampOf(const std::string& path)
+{
+    struct stat facts{};
+    if (::stat(path.c_str(), &facts) != 0)
+        return std::nullopt;
+    return FileStamp{facts.st_dev, facts.st_ino, facts.st_size, facts.st_mtim.tv_sec, facts.st_mtim.tv_nsec};
+}
+
+void makeFolders(const std::string& path, FileCalls& calls)
+{
+    std::size_t end = 0;
+    do {
+        end = std::min(path.find('/', end + 1), path.size());
+        const std::string folder = path.substr(0, end);
+        if (isFolder(folder) || calls.makeFolder(folder) == 0)
+            continue;
+        const int error = errno;
+        if (error != EEXIST || !isFolder(folder)) // another process may have made it meanwhile
+            fail("Cannot make", folder, error);
+    } while (end < path.size());
 }
 
 std::string pathIn(const std::string& folder, std::string_view name)

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -23,7 +26,13 @@ public:
     virtual int nameFile(int file, const std::string& path);
     /// Renames; fails with EEXIST where something has the new name.
     virtual int renameToNew(const std::string& from, const std::string& to);
+    /// Renames over whatever file has the new name.
+    virtual int renameOver(const std::string& from, const std::string& to);
+    /// Two files take each other's names in one step; fails with EINVAL or ENOSYS where that is not known.
+    virtual int exchange(const std::string& one, const std::string& other);
     virtual int unlink(const std::string& path);
+    /// Makes a folder that this user alone can enter; fails with EEXIST where something has that name.
+    virtual int makeFolder(const std::string& path);
 
     /// The file system itself.
     [[nodiscard]] static FileCalls& system();
@@ -41,6 +50,31 @@ public:
 /// Writes `bytes` to a new file. The file has its name only once every byte is on the disk, and never replaces
 /// anything: fails with PlatformError where the name is taken or the disk refuses, and then leaves nothing behind.
 void writeNewFile(const std::string& path, std::string_view bytes, FileCalls& calls = FileCalls::system());
+
+/// Replaces the file, or makes it, with the parts one after the other. A reader sees the old file or the new one,
+/// whole. Fails with PlatformError and then leaves the old file byte for byte and nothing beside it.
+void replaceFile(
+    const std::string& path, std::span<const std::string_view> parts, FileCalls& calls = FileCalls::system());
+
+/// Takes away what replaceFile left in the folder when its process was killed.
+void removeAbandonedFiles(const std::string& folder);
+
+/// Tells one state of a file from every other: a write by anyone changes it.
+struct FileStamp {
+    std::uint64_t device = 0;
+    std::uint64_t node = 0;
+    std::int64_t size = 0;
+    std::int64_t modifiedSeconds = 0;
+    std::int64_t modifiedNanoseconds = 0;
+    bool operator==(const FileStamp&) const = default;
+};
+
+/// None when there is no file. A link counts as what it leads to.
+[[nodiscard]] std::optional<FileStamp> stampOf(const std::string& path);
+
+/// Makes the folder and those above it that are missing; a folder that is there stays as it is. Fails with
+/// PlatformError; what was made before the failure stays.
+void makeFolders(const std::string& path, FileCalls& calls = FileCalls::system());
 
 /// The path of `name` inside `folder`.
 [[nodiscard]] std::string pathIn(const std::string& folder, std::string_view name);

@@ -3,11 +3,19 @@
 #include "platform/error.h"
 
 #include <unicode/brkiter.h>
+#include <unicode/bytestream.h>
+#include <unicode/casemap.h>
+#include <unicode/coll.h>
+#include <unicode/normalizer2.h>
+#include <unicode/stringpiece.h>
 #include <unicode/uchar.h>
+#include <unicode/unistr.h>
+#include <unicode/ustring.h>
 #include <unicode/utext.h>
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <memory>
 #include <string>
@@ -27,14 +35,37 @@ struct CloseText {
 };
 using OpenText = std::unique_ptr<UText, CloseText>;
 
-/// UTF-8 for ICU, whose native indices are then byte offsets. ICU breaks texts at 32-bit indices: what lies beyond
-/// is left off, as no name and no timecode is that long.
-OpenText open(std::string_view text)
+bool isAscii(char c)
+{
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
+/// The number of ASCII characters before the first other one, found eight at a time: most texts are all ASCII.
+std::size_t asciiAtStart(std::string_view text)
+{
+    std::size_t count = 0;
+    for (std::uint64_t eight = 0; text.size() - count >= sizeof eight; count += sizeof eight) {
+        std::memcpy(&eight, text.data() + count, sizeof eight);
+        if ((eight & 0x8080808080808080) != 0)
+            break;
+    }
+    while (count < text.size() && isAscii(text[count]))
+        ++count;
+    return count;
+}
+
+/// The text as far as ICU's 32-bit indices reach: no name and no timecode is that long.
+icu::StringPiece piece(std::string_view text)
 {
     constexpr std::size_t longest = std::numeric_limits<std::int32_t>::max();
+    return {text.data(), static_cast<std::int32_t>(std::min(text.size(), longest))};
+}
+
+/// UTF-8 for ICU, whose native indices are then byte offsets.
+OpenText open(std::string_view text)
+{
     UErrorCode status = U_ZERO_ERROR;
-    OpenText opened(
-        utext_openUTF8(nullptr, text.data(), static_cast<std::int64_t>(std::min(text.size(), longest)), &status));
+    OpenText opened(utext_openUTF8(nullptr, text.data(), piece(text).size(), &status));
     require(status);
     return opened;
 }
@@ -66,7 +97,63 @@ private:
     std::unique_ptr<icu::BreakIterator> characters_;
 };
 
+std::unique_ptr<icu::Collator> makeNameOrder()
+{
+    UErrorCode status = U_ZERO_ERROR;
+    std::unique_ptr<icu::Collator> order(icu::Collator::createInstance(icu::Locale::getRoot(), status));
+    require(status);
+    order->setStrength(icu::Collator::SECONDARY); // letters, then accents; not case
+    order->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
+    order->setAttribute(UCOL_ALTERNATE_HANDLING, UCOL_NON_IGNORABLE, status); // blanks are characters
+    order->setAttribute(UCOL_NORMALIZATION_MODE, UCOL_ON, status);
+    require(status);
+    return order;
+}
+
+/// What is left for a search: no case, no marks on letters. Composed again, so that a Korean syllable is one
+/// character and not the beginning of another.
+std::string searchForm(std::string_view text)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2* decomposing = icu::Normalizer2::getNFDInstance(status);
+    const icu::Normalizer2* composing = icu::Normalizer2::getNFCInstance(status);
+    require(status);
+    const icu::UnicodeString decomposed = decomposing->normalize(icu::UnicodeString::fromUTF8(piece(text)), status);
+    require(status);
+    icu::UnicodeString bare;
+    for (std::int32_t at = 0; at < decomposed.length(); at = decomposed.moveIndex32(at, 1)) {
+        const UChar32 c = decomposed.char32At(at);
+        if (u_charType(c) != U_NON_SPACING_MARK)
+            bare.append(c);
+    }
+    std::string form;
+    composing->normalize(bare.foldCase(), status).toUTF8String(form);
+    require(status);
+    return form;
+}
+
 } // namespace
+
+bool isWellFormed(std::string_view text)
+{
+    while (true) {
+        text.remove_prefix(asciiAtStart(text));
+        if (text.empty())
+            return true;
+        const auto ascii = std::ranges::find_if(text, isAscii);
+        const std::string_view others = text.substr(0, static_cast<std::size_t>(ascii - text.begin()));
+        UErrorCode status = U_ZERO_ERROR;
+        u_strFromUTF8(nullptr, 0, nullptr, others.data(), piece(others).size(), &status);
+        if (status != U_BUFFER_OVERFLOW_ERROR) // which says that only the room is missing
+            return false;
+        text.remove_prefix(others.size());
+    }
+}
+
+void appendCharacter(std::string& text, char32_t character)
+{
+    icu::UnicodeString(static_cast<UChar32>(character)).toUTF8String(text);
+}
 
 std::string_view trimmed(std::string_view text)
 {
@@ -110,6 +197,30 @@ std::string_view charactersWithin(std::string_view text, std::size_t bytes)
     while (ends.next(end) && end <= bytes)
         kept = end;
     return text.substr(0, kept);
+}
+
+std::string lowerCased(std::string_view text)
+{
+    std::string lower;
+    icu::StringByteSink<std::string> sink(&lower, piece(text).size());
+    UErrorCode status = U_ZERO_ERROR;
+    icu::CaseMap::utf8ToLower("", 0, piece(text), sink, nullptr, status);
+    require(status);
+    return lower;
+}
+
+std::strong_ordering standardCompare(std::string_view a, std::string_view b)
+{
+    static const std::unique_ptr<const icu::Collator> order = makeNameOrder();
+    UErrorCode status = U_ZERO_ERROR;
+    const UCollationResult result = order->compareUTF8(piece(a), piece(b), status);
+    require(status);
+    return result == UCOL_EQUAL ? a <=> b : result <=> UCOL_EQUAL; // bytes of UTF-8 sort as code points
+}
+
+bool containsStandard(std::string_view text, std::string_view query)
+{
+    return searchForm(text).find(searchForm(query)) != std::string::npos;
 }
 
 } // namespace corvane

@@ -1,10 +1,18 @@
 #pragma once
 
+#include <compare>
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 /// The rules of text that Unicode decides. Texts are UTF-8; malformed bytes count as one character each.
 namespace corvane {
+
+/// Whether the text is UTF-8 throughout.
+[[nodiscard]] bool isWellFormed(std::string_view text);
+
+/// Adds a character, which is no half of a surrogate pair.
+void appendCharacter(std::string& text, char32_t character);
 
 /// The text without the white space and line breaks at both ends (Unicode's White_Space).
 [[nodiscard]] std::string_view trimmed(std::string_view text);
@@ -14,5 +22,16 @@ namespace corvane {
 
 /// As many whole user-perceived characters from the start as fit into `bytes` bytes.
 [[nodiscard]] std::string_view charactersWithin(std::string_view text, std::size_t bytes);
+
+/// The text in Unicode's lower case, of no language: "İ" becomes an i with a dot above, whoever is asking.
+[[nodiscard]] std::string lowerCased(std::string_view text);
+
+/// How people sort names: case does not count, accents little, runs of digits as numbers, blanks as characters. Only
+/// the same text is equal, so that a sort comes out the same on every run.
+[[nodiscard]] std::strong_ordering standardCompare(std::string_view a, std::string_view b);
+
+/// How people search: the query stands in the text, case and accents aside on both sides. Blanks count as written; an
+/// empty query is in every text.
+[[nodiscard]] bool containsStandard(std::string_view text, std::string_view query);
 
 } // namespace corvane

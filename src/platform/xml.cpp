@@ -171,6 +171,9 @@ Document Document::parse(std::string_view bytes)
         xmlFreeDoc);
     if (!document)
         throw PlatformError(firstError.text.empty() ? "The XML cannot be read: it is empty." : firstError.text);
+    // A document that names no encoding is UTF-8; said so, it is written again without character references.
+    if (document->encoding == nullptr)
+        document->encoding = xmlStrdup(reinterpret_cast<const xmlChar*>("UTF-8"));
     return Document(document);
 }
 

@@ -1,0 +1,59 @@
+#include "platform/application_support.h"
+
+#include "platform/error.h"
+#include "platform/files.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <optional>
+#include <vector>
+
+namespace corvane {
+
+namespace {
+
+/// The value of an environment variable when it is an absolute path; relative ones are to be ignored.
+std::optional<std::string> absolutePathFrom(const char* variable)
+{
+    const char* value = std::getenv(variable);
+    return value != nullptr && *value == '/' ? std::optional<std::string>(value) : std::nullopt;
+}
+
+/// The home folder in the system's list of users, for programs that are started without an environment.
+std::string listedHome()
+{
+    constexpr std::size_t enough = std::size_t{1} << 16U;
+    std::vector<char> room(enough);
+    passwd user{};
+    passwd* found = nullptr;
+    ::getpwuid_r(::getuid(), &user, room.data(), room.size(), &found);
+    if (found == nullptr || found->pw_dir == nullptr || *found->pw_dir != '/')
+        throw PlatformError("The home folder of this user cannot be found.");
+    return found->pw_dir;
+}
+
+} // namespace
+
+std::string ApplicationSupport::folder()
+{
+    std::string folder;
+    if (const auto data = absolutePathFrom("XDG_DATA_HOME")) {
+        folder = *data;
+    } else {
+        const auto home = absolutePathFrom("HOME");
+        folder = pathIn(home ? *home : listedHome(), ".local/share");
+    }
+    makeFolders(folder);
+    return folder;
+}
+
+ApplicationSupport& ApplicationSupport::system()
+{
+    static ApplicationSupport support;
+    return support;
+}
+
+} // namespace corvane

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace corvane {
+
+/// What asks the user for a file or a folder. Each call waits for the answer; none means cancelled.
+class Dialogs {
+public:
+    Dialogs() = default;
+    Dialogs(const Dialogs&) = delete;
+    Dialogs& operator=(const Dialogs&) = delete;
+    virtual ~Dialogs() = default;
+
+    /// One file or bundle; folders can be chosen, bundles are not browsed into.
+    [[nodiscard]] virtual std::optional<std::string> chooseProject(const std::string& message) = 0;
+    /// One folder, which may be made in the dialog.
+    [[nodiscard]] virtual std::optional<std::string> chooseFolder(
+        const std::string& prompt, const std::string& message) = 0;
+};
+
+} // namespace corvane

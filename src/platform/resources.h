@@ -1,0 +1,34 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace corvane {
+
+/// The files that come with the program.
+class Resources {
+public:
+    Resources() = default;
+    Resources(const Resources&) = delete;
+    Resources& operator=(const Resources&) = delete;
+    virtual ~Resources() = default;
+
+    /// Where the file "name.extension" is; none when the program came without it.
+    [[nodiscard]] virtual std::optional<std::string> path(std::string_view name, std::string_view extension) const = 0;
+};
+
+/// Folders that are looked through in their order; the first that has the file gives it.
+class ResourceFolders : public Resources {
+public:
+    explicit ResourceFolders(std::vector<std::string> folders) : folders_(std::move(folders)) {}
+
+    [[nodiscard]] std::optional<std::string> path(std::string_view name, std::string_view extension) const override;
+
+private:
+    std::vector<std::string> folders_;
+};
+
+} // namespace corvane

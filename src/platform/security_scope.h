@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+namespace corvane {
+
+/// Access to what the user chose outside the program's own folders, for programs that the system keeps in a sandbox.
+/// This system keeps none: nothing is granted because nothing is withheld.
+class SecurityScope {
+public:
+    SecurityScope() = default;
+    SecurityScope(const SecurityScope&) = delete;
+    SecurityScope& operator=(const SecurityScope&) = delete;
+    virtual ~SecurityScope() = default;
+
+    /// True when access was granted, which stop() then has to end.
+    [[nodiscard]] virtual bool start(const std::string& /*location*/) { return false; }
+    virtual void stop(const std::string& /*location*/) {}
+
+    /// This system's.
+    [[nodiscard]] static SecurityScope& system()
+    {
+        static SecurityScope scope;
+        return scope;
+    }
+};
+
+/// Access to one location until the end of the scope; stopped only if it was granted.
+class SecurityScopedAccess {
+public:
+    SecurityScopedAccess(SecurityScope& scope, std::string location)
+        : scope_(scope), location_(std::move(location)), granted_(scope_.start(location_))
+    {
+    }
+    SecurityScopedAccess(const SecurityScopedAccess&) = delete;
+    SecurityScopedAccess& operator=(const SecurityScopedAccess&) = delete;
+    ~SecurityScopedAccess()
+    {
+        if (granted_)
+            scope_.stop(location_);
+    }
+
+private:
+    SecurityScope& scope_;
+    std::string location_;
+    bool granted_;
+};
+
+} // namespace corvane

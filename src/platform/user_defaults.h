@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/files.h"
+
+#include <string>
+#include <string_view>
+
+namespace corvane {
+
+/// The user's own settings of this program: bytes by key.
+class UserDefaults {
+public:
+    UserDefaults() = default;
+    UserDefaults(const UserDefaults&) = delete;
+    UserDefaults& operator=(const UserDefaults&) = delete;
+    virtual ~UserDefaults() = default;
+
+    /// Empty for an absent key. Fails with PlatformError when what is stored cannot be read.
+    [[nodiscard]] virtual std::string value(const std::string& key) const = 0;
+    /// Fails with PlatformError and then keeps the old value.
+    virtual void setValue(const std::string& key, std::string_view bytes) = 0;
+};
+
+/// A file a key in one folder, which is made when the first value is set.
+class FileUserDefaults : public UserDefaults {
+public:
+    explicit FileUserDefaults(std::string folder, FileCalls& calls = FileCalls::system());
+    /// In the user's configuration folder: XDG_CONFIG_HOME, or .config in the home folder.
+    [[nodiscard]] static std::string usualFolder();
+
+    [[nodiscard]] std::string value(const std::string& key) const override;
+    void setValue(const std::string& key, std::string_view bytes) override;
+
+private:
+    std::string folder_;
+    FileCalls& calls_;
+};
+
+} // namespace corvane
