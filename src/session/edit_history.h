@@ -4,6 +4,8 @@
 #include "platform/identifier.h"
 #include "platform/timestamp.h"
 
+#include <cstdint>
+#include <memory>
 #include <vector>
 
 namespace corvane {
@@ -15,6 +17,26 @@ struct EditRevision {
     EditSettings settings;
     std::vector<Cut> cuts;
     bool operator==(const EditRevision&) const = default;
+};
+
+/// Revisions never change, so whoever shows, saves or exports one shares it.
+using SharedRevision = std::shared_ptr<const EditRevision>;
+
+/// The revisions of the loaded project, oldest first, and the position of the current one: -1 exactly when there are
+/// none. A record read from a file may break that; validateSession tells.
+struct EditHistory {
+    std::vector<SharedRevision> items;
+    std::int64_t index = -1;
+
+    /// Makes the revision the current one. What stood after the old current one is dropped.
+    void append(SharedRevision revision);
+    /// None when `index` is out of range.
+    [[nodiscard]] SharedRevision currentRevision() const;
+    /// True for a position in `items`.
+    [[nodiscard]] bool has(std::int64_t position) const;
+
+    /// The same revisions, not only equal ones.
+    bool operator==(const EditHistory&) const = default;
 };
 
 } // namespace corvane

@@ -1,0 +1,126 @@
+#include "import/final_cut_import_error.h"
+#include "platform/text.h"
+#include "session/presets.h"
+#include "session/record_reading.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cmath>
+
+namespace corvane {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+bool isBlank(std::string_view text)
+{
+    return trimmed(text).empty();
+}
+
+bool within(double value, double lowest, double highest)
+{
+    return value >= lowest && value <= highest;
+}
+
+bool isRange(const std::optional<double>& minimum, const std::optional<double>& maximum)
+{
+    if (!minimum && !maximum)
+        return true;
+    return minimum && maximum && 1 <= *minimum && *minimum <= *maximum && *maximum <= 120;
+}
+
+bool isBookend(const std::optional<PresetBookend>& bookend)
+{
+    return !bookend || (!isBlank(bookend->angleName) && within(bookend->seconds, 1, 120));
+}
+
+bool isValid(const EditPreset& preset)
+{
+    const auto validWait = [](const PresetReturnTime& row) {
+        return !isBlank(row.angleName) && within(row.seconds, 0, 600);
+    };
+    const auto validWeight = [](const PresetFrequency& row) {
+        return !isBlank(row.angleName) && within(row.weight, 1, 10);
+    };
+    return !isBlank(preset.name) && within(preset.mainShare, 10, 90) && within(preset.averageShot, 4, 20) &&
+           (!preset.returnTimes || std::ranges::all_of(*preset.returnTimes, validWait)) &&
+           (!preset.frequencies || std::ranges::all_of(*preset.frequencies, validWeight)) &&
+           isBookend(preset.opening) && isBookend(preset.closing) && isRange(preset.mainMinimum, preset.mainMaximum) &&
+           isRange(preset.otherMinimum, preset.otherMaximum);
+}
+
+bool allDistinct(const std::vector<EditPreset>& presets)
+{
+    std::set<Identifier> ids;
+    std::set<std::string> names;
+    return std::ranges::all_of(presets, [&](const EditPreset& preset) {
+        return ids.insert(preset.id).second && names.insert(lowerCased(trimmed(preset.name))).second;
+    });
+}
+
+template <class Row>
+Json rowJson(const std::vector<Row>& rows, const char* key, double Row::* member)
+{
+    Json list = Json::array();
+    for (const Row& row : rows)
+        list.push_back({{"angleName", row.angleName}, {key, row.*member}});
+    return list;
+}
+
+Json presetJson(const EditPreset& preset)
+{
+    Json object = {
+        {"id", preset.id.text()},
+        {"name", preset.name},
+        {"mainShare", preset.mainShare},
+        {"averageShot", preset.averageShot},
+        {"doubleMain", preset.doubleMain},
+        {"mainAngleName", preset.mainAngleName},
+        {"otherAngleNames", preset.otherAngleNames},
+        {"audioAngleName", preset.audioAngleName}};
+    if (preset.returnTimes)
+        object["returnTimes"] = rowJson(*preset.returnTimes, "seconds", &PresetReturnTime::seconds);
+    if (preset.frequencies)
+        object["frequencies"] = rowJson(*preset.frequencies, "weight", &PresetFrequency::weight);
+    const auto addBookend = [&](const char* key, const std::optional<PresetBookend>& bookend) {
+        if (bookend)
+            object[key] = {{"angleName", bookend->angleName}, {"seconds", bookend->seconds}};
+    };
+    addBookend("opening", preset.opening);
+    addBookend("closing", preset.closing);
+    const auto addNumber = [&](const char* key, const std::optional<double>& number) {
+        if (number)
+            object[key] = *number;
+    };
+    addNumber("mainMinimum", preset.mainMinimum);
+    addNumber("mainMaximum", preset.mainMaximum);
+    addNumber("otherMinimum", preset.otherMinimum);
+    addNumber("otherMaximum", preset.otherMaximum);
+    return object;
+}
+
+} // namespace
+
+std::vector<EditPreset> decodePresets(std::string_view bytes)
+{
+    if (bytes.empty())
+        return {};
+    const JsonDocument document = parseJson(std::string(bytes), "The list of presets");
+    std::vector<EditPreset> presets = document.root().list(readPreset);
+    if (!allDistinct(presets) || !std::ranges::all_of(presets, isValid))
+        throw FinalCutImportError::invalid(
+            "The saved presets could not be read. Your existing saved data has been kept.");
+    return presets;
+}
+
+std::string encodePresets(const std::vector<EditPreset>& presets)
+{
+    Json list = Json::array();
+    for (const EditPreset& preset : presets)
+        list.push_back(presetJson(preset));
+    return list.dump();
+}
+
+} // namespace corvane

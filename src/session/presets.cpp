@@ -1,0 +1,211 @@
+#include "session/presets.h"
+
+#include "engine/generation_inputs.h"
+#include "platform/text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace corvane {
+
+namespace {
+
+std::string comparable(std::string_view name)
+{
+    return lowerCased(trimmed(name));
+}
+
+/// Angles by name. A name stands for an angle only when it is the name of just one.
+class AngleNames {
+public:
+    explicit AngleNames(std::vector<ImportedAngle> angles) : angles_(std::move(angles))
+    {
+        for (const ImportedAngle& angle : angles_)
+            names_.push_back(comparable(angle.name));
+    }
+
+    [[nodiscard]] const ImportedAngle* identified(std::string_view name) const
+    {
+        const std::string wanted = comparable(name);
+        if (std::ranges::count(names_, wanted) != 1)
+            return nullptr;
+        return &angles_[static_cast<std::size_t>(std::ranges::find(names_, wanted) - names_.begin())];
+    }
+
+    /// The value of the one row with this angle's name; `otherwise` for a name that is not unique on either side.
+    template <class Row>
+    [[nodiscard]] double value(
+        const ImportedAngle& angle, const std::optional<std::vector<Row>>& rows, double Row::* member,
+        double otherwise) const
+    {
+        if (!rows || identified(angle.name) == nullptr)
+            return otherwise;
+        const auto isRow = [&](const Row& row) { return sameName(row.angleName, angle.name); };
+        if (std::ranges::count_if(*rows, isRow) != 1)
+            return otherwise;
+        return *std::ranges::find_if(*rows, isRow).*member;
+    }
+
+    [[nodiscard]] const std::vector<ImportedAngle>& angles() const { return angles_; }
+
+private:
+    std::vector<ImportedAngle> angles_;
+    std::vector<std::string> names_;
+};
+
+std::vector<ImportedAngle> audioAngles(const ImportedProject& project, const CutEngine& engine)
+{
+    std::vector<ImportedAngle> angles;
+    std::ranges::copy_if(project.angles, std::back_inserter(angles), [&](const ImportedAngle& angle) {
+        return !engine.audioStretches(angle.id).empty();
+    });
+    return angles;
+}
+
+std::string nameOf(const std::vector<ImportedAngle>& angles, std::string_view id)
+{
+    const auto found = std::ranges::find(angles, id, &ImportedAngle::id);
+    return found == angles.end() ? "" : found->name;
+}
+
+struct CameraChoice {
+    std::string main;
+    std::set<std::string> others;
+    std::string audio;
+};
+
+/// None unless every name of the preset is found, each on an angle of its own.
+std::optional<CameraChoice> matchCameras(const EditPreset& preset, const AngleNames& video, const AngleNames& audio)
+{
+    const ImportedAngle* main = video.identified(preset.mainAngleName);
+    const ImportedAngle* sound = audio.identified(preset.audioAngleName);
+    if (main == nullptr || sound == nullptr || preset.otherAngleNames.empty())
+        return std::nullopt;
+    CameraChoice choice = {main->id, {}, sound->id};
+    for (const std::string& name : preset.otherAngleNames) {
+        const ImportedAngle* other = video.identified(name);
+        if (other == nullptr || other == main || !choice.others.insert(other->id).second)
+            return std::nullopt;
+    }
+    return choice;
+}
+
+void applyRanges(const EditPreset& preset, EditSettings& settings)
+{
+    const DerivedRanges derived = derivedRanges(preset.mainShare, preset.averageShot);
+    settings.mainMinimum = preset.mainMinimum.value_or(derived.mainMinimum);
+    settings.mainMaximum = preset.mainMaximum.value_or(derived.mainMaximum);
+    settings.otherMinimum = preset.otherMinimum.value_or(derived.otherMinimum);
+    settings.otherMaximum = preset.otherMaximum.value_or(derived.otherMaximum);
+}
+
+/// False when the preset has a bookend whose camera is not found.
+bool applyBookend(
+    const std::optional<PresetBookend>& bookend, const AngleNames& video, bool& enabled, std::string& camera,
+    double& seconds)
+{
+    const ImportedAngle* angle = bookend ? video.identified(bookend->angleName) : nullptr;
+    enabled = angle != nullptr;
+    if (enabled) {
+        camera = angle->id;
+        seconds = bookend->seconds;
+    }
+    return enabled || !bookend;
+}
+
+} // namespace
+
+bool sameName(std::string_view a, std::string_view b)
+{
+    return comparable(a) == comparable(b);
+}
+
+void sortPresets(std::vector<EditPreset>& presets)
+{
+    std::ranges::stable_sort(
+        presets, [](const EditPreset& a, const EditPreset& b) { return standardCompare(a.name, b.name) < 0; });
+}
+
+EditPreset makePreset(
+    const Identifier& id, const std::string& name, const ImportedProject& project, const CutEngine& engine,
+    const EditSettings& settings)
+{
+    const auto video = videoAngles(project, engine);
+    EditPreset preset;
+    preset.id = id;
+    preset.name = name;
+    preset.mainShare = settings.mainShare;
+    preset.averageShot = settings.averageShot;
+    preset.doubleMain = settings.doubleMain;
+    preset.mainAngleName = nameOf(video, settings.mainCamera);
+    for (const std::string& camera : includedOtherCameras(project, engine, settings))
+        preset.otherAngleNames.push_back(nameOf(video, camera));
+    preset.audioAngleName = nameOf(audioAngles(project, engine), settings.audio);
+    preset.returnTimes.emplace();
+    preset.frequencies.emplace();
+    constexpr double absentWeight = 5;
+    for (const ImportedAngle& angle : video) {
+        const auto wait = settings.returnTimes.find(angle.id);
+        if (wait != settings.returnTimes.end())
+            preset.returnTimes->push_back({angle.name, wait->second});
+        const auto weight = settings.frequencies.find(angle.id);
+        preset.frequencies->push_back(
+            {angle.name, weight == settings.frequencies.end() ? absentWeight : weight->second});
+    }
+    if (settings.openingEnabled)
+        preset.opening = {nameOf(video, settings.openingCamera), settings.openingSeconds};
+    if (settings.closingEnabled)
+        preset.closing = {nameOf(video, settings.closingCamera), settings.closingSeconds};
+    preset.mainMinimum = settings.mainMinimum;
+    preset.mainMaximum = settings.mainMaximum;
+    preset.otherMinimum = settings.otherMinimum;
+    preset.otherMaximum = settings.otherMaximum;
+    return preset;
+}
+
+AppliedPreset appliedPreset(
+    const EditPreset& preset, const ImportedProject& project, const CutEngine& engine, const EditSettings& current)
+{
+    const AngleNames video(videoAngles(project, engine));
+    const AngleNames audio(audioAngles(project, engine));
+    AppliedPreset applied = {current, "Applied " + preset.name};
+    EditSettings& settings = applied.settings;
+    settings.mainShare = preset.mainShare;
+    settings.averageShot = preset.averageShot;
+    applyRanges(preset, settings);
+    settings.doubleMain = preset.doubleMain;
+    settings.frequencies.clear();
+    settings.returnTimes.clear();
+    for (const ImportedAngle& angle : video.angles()) {
+        settings.frequencies[angle.id] = video.value(angle, preset.frequencies, &PresetFrequency::weight, 5);
+        settings.returnTimes[angle.id] = video.value(angle, preset.returnTimes, &PresetReturnTime::seconds, 0);
+    }
+    if (const auto choice = matchCameras(preset, video, audio)) {
+        settings.mainCamera = choice->main;
+        settings.otherCameras = choice->others;
+        settings.audio = choice->audio;
+        applied.notice += ", including matching camera and audio angles.";
+    } else {
+        applied.notice += "'s pacing and balance. Some angle names are missing or repeated, so the current camera and "
+                          "audio selections were kept.";
+    }
+    const bool opening =
+        applyBookend(preset.opening, video, settings.openingEnabled, settings.openingCamera, settings.openingSeconds);
+    const bool closing =
+        applyBookend(preset.closing, video, settings.closingEnabled, settings.closingCamera, settings.closingSeconds);
+    if (!opening || !closing)
+        applied.notice += " An opening or closing camera could not be matched, so that option was turned off.";
+    return applied;
+}
+
+DerivedRanges derivedRanges(double mainShare, double averageShot)
+{
+    const auto shortest = [](double target) { return std::max(1.0, std::floor(0.75 * target)); };
+    const auto longest = [](double target) { return std::max(1.0, std::ceil(1.25 * target)); };
+    const double main = mainShare * (2 * averageShot) / 100;
+    const double other = (1 - mainShare / 100) * (2 * averageShot);
+    return {shortest(main), longest(main), shortest(other), longest(other)};
+}
+
+} // namespace corvane

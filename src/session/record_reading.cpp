@@ -1,0 +1,103 @@
+#include "session/record_reading.h"
+
+namespace corvane {
+
+namespace {
+
+SectionDraft readSection(const JsonValue& value)
+{
+    return {
+        value.member("id").identifier(), value.member("name").text(), value.member("camera").text(),
+        value.member("start").text(), value.member("end").text()};
+}
+
+PresetReturnTime readReturnTime(const JsonValue& value)
+{
+    return {value.member("angleName").text(), value.member("seconds").number()};
+}
+
+PresetFrequency readFrequency(const JsonValue& value)
+{
+    return {value.member("angleName").text(), value.member("weight").number()};
+}
+
+PresetBookend readBookend(const JsonValue& value)
+{
+    return {value.member("angleName").text(), value.member("seconds").number()};
+}
+
+} // namespace
+
+EditSettings readSettings(const JsonValue& value)
+{
+    const auto number = [&](std::string_view name) { return value.member(name).number(); };
+    EditSettings settings;
+    settings.mainShare = number("mainShare");
+    settings.averageShot = number("averageShot");
+    settings.mainMinimum = number("mainMinimum");
+    settings.mainMaximum = number("mainMaximum");
+    settings.otherMinimum = number("otherMinimum");
+    settings.otherMaximum = number("otherMaximum");
+    settings.mainCamera = value.member("mainCamera").text();
+    for (std::string& camera : value.member("otherCameras").list(&JsonValue::text))
+        settings.otherCameras.insert(std::move(camera));
+    settings.frequencies = value.member("frequencies").map(&JsonValue::number);
+    settings.returnTimes = value.member("returnTimes").map(&JsonValue::number);
+    settings.audio = value.member("audio").text();
+    settings.doubleMain = value.member("doubleMain").boolean();
+    settings.openingEnabled = value.member("openingEnabled").boolean();
+    settings.openingCamera = value.member("openingCamera").text();
+    settings.openingSeconds = number("openingSeconds");
+    settings.closingEnabled = value.member("closingEnabled").boolean();
+    settings.closingCamera = value.member("closingCamera").text();
+    settings.closingSeconds = number("closingSeconds");
+    settings.sections = value.member("sections").list(readSection);
+    return settings;
+}
+
+Cut readCut(const JsonValue& value)
+{
+    return {
+        value.member("id").identifier(), value.member("angle").text(), value.member("start").integer(),
+        value.member("duration").integer()};
+}
+
+SharedRevision readRevision(const JsonValue& value)
+{
+    return std::make_shared<const EditRevision>(EditRevision{
+        value.member("id").identifier(),
+        {value.member("created").number()},
+        readSettings(value.member("settings")),
+        value.member("cuts").list(readCut)});
+}
+
+EditHistory readHistory(const JsonValue& value)
+{
+    return {value.member("items").list(readRevision), value.member("index").integer()};
+}
+
+EditPreset readPreset(const JsonValue& value)
+{
+    EditPreset preset;
+    preset.id = value.member("id").identifier();
+    preset.name = value.member("name").text();
+    preset.mainShare = value.member("mainShare").number();
+    preset.averageShot = value.member("averageShot").number();
+    preset.doubleMain = value.member("doubleMain").boolean();
+    preset.mainAngleName = value.member("mainAngleName").text();
+    preset.otherAngleNames = value.member("otherAngleNames").list(&JsonValue::text);
+    preset.audioAngleName = value.member("audioAngleName").text();
+    preset.returnTimes =
+        value.optional("returnTimes", Null::isMissing, [](const JsonValue& rows) { return rows.list(readReturnTime); });
+    preset.frequencies =
+        value.optional("frequencies", Null::isMissing, [](const JsonValue& rows) { return rows.list(readFrequency); });
+    preset.opening = value.optional("opening", Null::isMissing, readBookend);
+    preset.closing = value.optional("closing", Null::isMissing, readBookend);
+    preset.mainMinimum = value.optional("mainMinimum", Null::isMissing, &JsonValue::number);
+    preset.mainMaximum = value.optional("mainMaximum", Null::isMissing, &JsonValue::number);
+    preset.otherMinimum = value.optional("otherMinimum", Null::isMissing, &JsonValue::number);
+    preset.otherMaximum = value.optional("otherMaximum", Null::isMissing, &JsonValue::number);
+    return preset;
+}
+
+} // namespace corvane

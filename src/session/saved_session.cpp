@@ -1,0 +1,110 @@
+#include "session/saved_session.h"
+
+#include "engine/coverage_report.h"
+#include "engine/validation.h"
+#include "import/final_cut_import_error.h"
+#include "platform/error.h"
+#include "session/record_reading.h"
+
+#include <algorithm>
+
+namespace corvane {
+
+namespace {
+
+void require(bool condition, const char* otherwise)
+{
+    if (!condition)
+        throw FinalCutImportError::invalid(otherwise);
+}
+
+bool within(double value, double lowest, double highest)
+{
+    return value >= lowest && value <= highest;
+}
+
+bool isRange(double minimum, double maximum)
+{
+    return 1 <= minimum && minimum <= maximum && maximum <= 120;
+}
+
+bool camerasKnown(const CutEngine& engine, const EditSettings& settings)
+{
+    const auto hasVideo = [&](const std::string& camera) { return !engine.stretches(camera).empty(); };
+    return hasVideo(settings.mainCamera) && std::ranges::all_of(settings.otherCameras, hasVideo) &&
+           std::ranges::all_of(settings.sections, hasVideo, &SectionDraft::camera) &&
+           (!settings.openingEnabled || hasVideo(settings.openingCamera)) &&
+           (!settings.closingEnabled || hasVideo(settings.closingCamera)) &&
+           (settings.audio.empty() || engine.audioCoverage.contains(settings.audio));
+}
+
+void validateRecord(const CutEngine& engine, const EditSettings& settings)
+{
+    validateStoredSettings(settings);
+    require(camerasKnown(engine, settings), "The saved session's cameras do not match its XML snapshot.");
+}
+
+void validateCuts(const CutEngine& engine, const std::vector<Cut>& cuts)
+{
+    Frames position = 0;
+    for (const Cut& cut : cuts) {
+        require(
+            cut.start == position && cut.duration > 0 && cut.duration <= engine.length - position &&
+                hasFootage(engine, cut.angle, cut.start, cut.start + cut.duration),
+            "The saved edit history contains invalid cuts.");
+        position += cut.duration;
+    }
+    require(position == engine.length, "The saved edit history has an incomplete timeline.");
+}
+
+} // namespace
+
+SavedEditSession decodeSession(std::string bytes)
+{
+    const JsonDocument document = parseJson(std::move(bytes), "The session");
+    const JsonValue root = document.root();
+    return {
+        root.member("version").integer(), root.member("sourceXML").bytes(), readSettings(root.member("settings")),
+        readHistory(root.member("history"))};
+}
+
+bool holdsGeneratedEdits(std::string_view bytes)
+{
+    try {
+        return !decodeSession(std::string(bytes)).history.items.empty();
+    } catch (const PlatformError&) {
+        return false;
+    }
+}
+
+void validateSession(const SavedEditSession& session, const CutEngine& engine)
+{
+    const auto count = static_cast<std::int64_t>(session.history.items.size());
+    const std::int64_t index = session.history.index;
+    require(
+        session.version == 1 && index >= -1 && index < count && (index == -1) == (count == 0),
+        "The saved session could not be read. Its stored data has been kept.");
+    validateRecord(engine, session.settings);
+    for (const SharedRevision& revision : session.history.items)
+        validateRecord(engine, revision->settings);
+    for (const SharedRevision& revision : session.history.items) {
+        checkContinuousAudio(engine, revision->settings.audio);
+        validateCuts(engine, revision->cuts);
+    }
+}
+
+void validateStoredSettings(const EditSettings& settings)
+{
+    const auto allWithin = [](const auto& values, double lowest, double highest) {
+        return std::ranges::all_of(values, [=](const auto& entry) { return within(entry.second, lowest, highest); });
+    };
+    require(
+        within(settings.mainShare, 10, 90) && within(settings.averageShot, 4, 20) &&
+            isRange(settings.mainMinimum, settings.mainMaximum) &&
+            isRange(settings.otherMinimum, settings.otherMaximum) && within(settings.openingSeconds, 1, 120) &&
+            within(settings.closingSeconds, 1, 120) && allWithin(settings.frequencies, 1, 10) &&
+            allWithin(settings.returnTimes, 0, 600),
+        "The saved session contains invalid settings. Its stored data has been kept.");
+}
+
+} // namespace corvane

@@ -1,0 +1,129 @@
+#include "session/session_encoding.h"
+
+#include "platform/base64.h"
+#include "platform/error.h"
+
+#include <nlohmann/json.hpp>
+
+#include <cmath>
+#include <map>
+
+namespace corvane {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// Text for a number that is none would be no number either, and the file could not be read again.
+double finite(double value)
+{
+    if (!std::isfinite(value))
+        throw PlatformError("A setting is not a number.");
+    return value;
+}
+
+Json numbersByCamera(const std::map<std::string, double, std::less<>>& values)
+{
+    Json object = Json::object();
+    for (const auto& [camera, value] : values)
+        object[camera] = finite(value);
+    return object;
+}
+
+Json sections(const std::vector<SectionDraft>& drafts)
+{
+    Json list = Json::array();
+    for (const SectionDraft& draft : drafts)
+        list.push_back(
+            {{"id", draft.id.text()},
+             {"name", draft.name},
+             {"camera", draft.camera},
+             {"start", draft.start},
+             {"end", draft.end}});
+    return list;
+}
+
+/// Cut lists are most of the file, and numbers and identifiers need no escaping: they are written straight away.
+void appendCuts(std::string& out, const std::vector<Cut>& cuts)
+{
+    std::map<std::string_view, std::string> quotedAngles;
+    out += '[';
+    for (const Cut& cut : cuts) {
+        std::string& angle = quotedAngles[cut.angle];
+        if (angle.empty())
+            angle = Json(cut.angle).dump();
+        out += out.back() == '[' ? "{\"id\":\"" : ",{\"id\":\"";
+        out += cut.id.text();
+        out += "\",\"angle\":";
+        out += angle;
+        out += ",\"start\":" + std::to_string(cut.start) + ",\"duration\":" + std::to_string(cut.duration) + "}";
+    }
+    out += ']';
+}
+
+} // namespace
+
+std::string encodedSettings(const EditSettings& settings)
+{
+    const Json object = {
+        {"mainShare", finite(settings.mainShare)},
+        {"averageShot", finite(settings.averageShot)},
+        {"mainMinimum", finite(settings.mainMinimum)},
+        {"mainMaximum", finite(settings.mainMaximum)},
+        {"otherMinimum", finite(settings.otherMinimum)},
+        {"otherMaximum", finite(settings.otherMaximum)},
+        {"mainCamera", settings.mainCamera},
+        {"otherCameras", settings.otherCameras},
+        {"frequencies", numbersByCamera(settings.frequencies)},
+        {"returnTimes", numbersByCamera(settings.returnTimes)},
+        {"audio", settings.audio},
+        {"doubleMain", settings.doubleMain},
+        {"openingEnabled", settings.openingEnabled},
+        {"openingCamera", settings.openingCamera},
+        {"openingSeconds", finite(settings.openingSeconds)},
+        {"closingEnabled", settings.closingEnabled},
+        {"closingCamera", settings.closingCamera},
+        {"closingSeconds", finite(settings.closingSeconds)},
+        {"sections", sections(settings.sections)}};
+    return object.dump();
+}
+
+std::string encodedRevision(const EditRevision& revision)
+{
+    std::string text = "{\"id\":\"" + revision.id.text() +
+                       "\",\"created\":" + Json(finite(revision.created.seconds)).dump() +
+                       ",\"settings\":" + encodedSettings(revision.settings) + ",\"cuts\":";
+    appendCuts(text, revision.cuts);
+    text += '}';
+    return text;
+}
+
+void SessionEncoder::setSource(std::string_view sourceXML)
+{
+    beginning_ = "{\"version\":1,\"sourceXML\":\"" + base64Encoded(sourceXML) + "\",\"settings\":";
+    revisions_.clear();
+}
+
+std::vector<std::string_view> SessionEncoder::encode(const EditSettings& settings, const EditHistory& history)
+{
+    revisions_.resize(std::min(revisions_.size(), history.items.size()));
+    for (std::size_t n = 0; n < history.items.size(); ++n) {
+        if (n == revisions_.size())
+            revisions_.emplace_back();
+        if (revisions_[n].revision != history.items[n])
+            revisions_[n] = {history.items[n], encodedRevision(*history.items[n])};
+    }
+    settings_ = encodedSettings(settings) + ",\"history\":{\"items\":[";
+    ending_ = "],\"index\":" + std::to_string(history.index) + "}}";
+
+    std::vector<std::string_view> parts = {beginning_, settings_};
+    for (const KeptRevision& kept : revisions_) {
+        if (parts.size() > 2)
+            parts.emplace_back(",");
+        parts.emplace_back(kept.text);
+    }
+    parts.emplace_back(ending_);
+    return parts;
+}
+
+} // namespace corvane

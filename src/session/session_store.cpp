@@ -1,0 +1,69 @@
+#include "session/session_store.h"
+
+#include "platform/error.h"
+
+#include <utility>
+
+namespace corvane {
+
+SessionStore::SessionStore(std::function<std::string()> folder, FileCalls& calls)
+    : folder_(std::move(folder)), calls_(calls)
+{
+}
+
+std::string SessionStore::sessionFileURL() const
+{
+    return pathIn(folder_(), "session-v1.json");
+}
+
+std::optional<std::string> SessionStore::read()
+{
+    const std::string path = sessionFileURL();
+    removeAbandonedFiles(folder_());
+    read_ = stampOf(path);
+    if (!somethingNamed(path))
+        return std::nullopt;
+    return readFile(path);
+}
+
+void SessionStore::write(std::span<const std::string_view> parts)
+{
+    const std::string path = sessionFileURL();
+    const auto stored = stampOf(path);
+    if (stored && stored != own_)
+        keepAside(path);
+    replaceFile(path, parts, calls_);
+    own_ = stampOf(path);
+}
+
+std::string SessionStore::previousFileURL() const
+{
+    return pathIn(folder_(), "session-v1 (previous).json");
+}
+
+void SessionStore::writePrevious(std::span<const std::string_view> parts)
+{
+    replaceFile(previousFileURL(), parts, calls_);
+}
+
+void SessionStore::keepAsPrevious(std::string_view bytes)
+{
+    writePrevious({&bytes, 1});
+    own_ = read_;
+}
+
+void SessionStore::keepAside(const std::string& path)
+{
+    const std::string bytes = readFile(path);
+    for (int n = 1;; ++n) {
+        const std::string number = n == 1 ? "" : " " + std::to_string(n);
+        const std::string kept = pathIn(folder_(), "session-v1 (kept" + number + ").json");
+        if (somethingNamed(kept))
+            continue;
+        writeNewFile(kept, bytes, calls_);
+        own_ = stampOf(path);
+        return;
+    }
+}
+
+} // namespace corvane

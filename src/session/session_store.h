@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/files.h"
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace corvane {
+
+/// The session file of this user account and what must not be lost beside it. A file that this store neither wrote
+/// nor handed to the window last (it could not be restored, was never read, or another process replaced it) is copied
+/// aside before the first save over it.
+class SessionStore {
+public:
+    /// `folder` gives the program's own folder and makes it; it fails with PlatformError where that cannot be.
+    explicit SessionStore(std::function<std::string()> folder, FileCalls& calls = FileCalls::system());
+
+    /// Path of "session-v1.json"; its folder is made. Fails with PlatformError.
+    [[nodiscard]] std::string sessionFileURL() const;
+
+    /// The stored file, none when there is none. Fails with PlatformError.
+    [[nodiscard]] std::optional<std::string> read();
+    /// What was read last is on screen now: saving may replace it.
+    void accept() { own_ = read_; }
+
+    /// Replaces the file by the parts. Fails with PlatformError; the old file then stays.
+    void write(std::span<const std::string_view> parts);
+
+    /// The session that an import replaced, kept as "session-v1 (previous).json" in place of an earlier one.
+    [[nodiscard]] std::string previousFileURL() const;
+    void writePrevious(std::span<const std::string_view> parts);
+    /// Keeps the stored file itself, of which `bytes` were read, as the previous one.
+    void keepAsPrevious(std::string_view bytes);
+
+private:
+    void keepAside(const std::string& path);
+
+    std::function<std::string()> folder_;
+    FileCalls& calls_;
+    std::optional<FileStamp> read_;
+    std::optional<FileStamp> own_;
+};
+
+} // namespace corvane
