@@ -1,0 +1,188 @@
+#include "workspace/captions.h"
+
+#include "engine/coverage_report.h"
+#include "platform/numbers.h"
+#include "platform/text.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace corvane {
+
+namespace {
+
+double weightOf(const EditSettings& settings, const std::string& camera)
+{
+    constexpr double absent = 5;
+    const auto found = settings.frequencies.find(camera);
+    return found == settings.frequencies.end() ? absent : found->second;
+}
+
+std::string wholeNumber(double value)
+{
+    return fixed(std::round(value), 0);
+}
+
+} // namespace
+
+WorkspaceStage stage(const ContentView& view)
+{
+    if (!view.state().loaded)
+        return WorkspaceStage::empty;
+    return view.state().cuts().empty() ? WorkspaceStage::loaded : WorkspaceStage::preview;
+}
+
+Enabling enabling(const ContentView& view)
+{
+    const WorkspaceState& state = view.state();
+    const EditHistory& history = state.history;
+    const bool camerasChosen = !view.includedOtherCameras().empty() && !state.settings.audio.empty();
+    const bool presetChosen = view.chosenPresetRecord().has_value();
+    Enabling enabled;
+    enabled.generate = camerasChosen;
+    enabled.exportEdit = !state.cuts().empty();
+    enabled.back = history.has(history.index) && (state.cuts().empty() || history.index > 0);
+    enabled.forward = history.index + 1 < static_cast<std::int64_t>(history.items.size());
+    enabled.apply = presetChosen;
+    enabled.saveAs = camerasChosen;
+    enabled.update = presetChosen && camerasChosen;
+    enabled.deletePreset = presetChosen;
+    enabled.save = !trimmed(state.presetName).empty();
+    return enabled;
+}
+
+std::string primaryButtonText(const ContentView& view)
+{
+    return view.state().cuts().empty() ? "Generate rough edit" : "Shuffle rough edit";
+}
+
+std::optional<std::string> positionCaption(const ContentView& view)
+{
+    const EditHistory& history = view.state().history;
+    if (view.state().cuts().empty())
+        return std::nullopt;
+    return "Edit " + std::to_string(history.index + 1) + " of " + std::to_string(history.items.size());
+}
+
+std::optional<std::string> summaryLine(const ContentView& view)
+{
+    const WorkspaceState& state = view.state();
+    if (state.cuts().empty())
+        return std::nullopt;
+    Frames main = 0;
+    Frames all = 0;
+    for (const Cut& cut : state.cuts()) {
+        all += cut.duration;
+        main += cut.angle == state.settings.mainCamera ? cut.duration : 0;
+    }
+    const double percent = static_cast<double>(main) / static_cast<double>(all) * 100;
+    return std::to_string(state.cuts().size()) + " cuts · Main camera: " + wholeNumber(percent) +
+           "% · Audio: " + view.angleLabel(state.settings.audio);
+}
+
+bool asksForAnotherCamera(const ContentView& view)
+{
+    return view.state().loaded && view.includedOtherCameras().empty();
+}
+
+std::optional<std::string> setupWarning(const ContentView& view, std::string_view decimalSign)
+{
+    const auto& loaded = view.state().loaded;
+    return loaded ? setupWarning(loaded->imported, loaded->engine, view.state().settings, decimalSign) : std::nullopt;
+}
+
+std::optional<std::vector<FrameRange>> videoGaps(const ContentView& view)
+{
+    const auto& loaded = view.state().loaded;
+    if (!loaded)
+        return std::nullopt;
+    CoverageReport report = selectedCoverage(loaded->imported, loaded->engine, view.state().settings);
+    if (report.message)
+        return std::nullopt;
+    return uncoveredStretches(std::move(report.covered), loaded->engine.length);
+}
+
+std::string videoGapsText(const ContentView& view)
+{
+    const auto gaps = videoGaps(view);
+    if (!gaps)
+        return "";
+    return gaps->empty() ? "Selected cameras cover the whole project, including all fixed camera sections."
+                         : std::to_string(gaps->size()) + " uncovered video section(s)";
+}
+
+std::vector<UsageRow> usageRows(const ContentView& view)
+{
+    std::vector<UsageRow> rows;
+    if (view.state().cuts().empty())
+        return rows;
+    const CutEngine& engine = view.state().loaded->engine;
+    const UsageByCamera usage = cameraUsage(view.state().cuts());
+    for (const ImportedAngle& angle : view.videoAngles()) {
+        const auto found = usage.find(angle.id);
+        const CameraUsage used = found == usage.end() ? CameraUsage{} : found->second;
+        const double share = static_cast<double>(used.frames) / static_cast<double>(engine.length) * 100;
+        rows.push_back(
+            {angle.id, view.angleLabel(angle.id), fixed(engine.seconds(used.frames), 2) + " sec", fixed(share, 1) + "%",
+             used.shots});
+    }
+    return rows;
+}
+
+bool isInUse(const ContentView& view, const std::string& camera)
+{
+    const EditSettings& settings = view.state().settings;
+    const auto included = view.includedOtherCameras();
+    return camera == settings.mainCamera || std::ranges::find(included, camera) != included.end() ||
+           (settings.openingEnabled && camera == settings.openingCamera) ||
+           (settings.closingEnabled && camera == settings.closingCamera) ||
+           std::ranges::find(settings.sections, camera, &SectionDraft::camera) != settings.sections.end();
+}
+
+std::string coverageLabel(const ContentView& view, const std::string& camera)
+{
+    return view.angleLabel(camera) + (isInUse(view, camera) ? "" : " (excluded)");
+}
+
+std::vector<AudioChoice> audioChoices(const ContentView& view)
+{
+    std::vector<AudioChoice> choices;
+    if (!view.state().loaded)
+        return choices;
+    const CutEngine& engine = view.state().loaded->engine;
+    const std::vector<FrameRange> wholeProject = {{0, engine.length}};
+    for (const ImportedAngle& angle : view.state().loaded->imported.angles) {
+        const auto& stretches = engine.audioStretches(angle.id);
+        if (!stretches.empty())
+            choices.push_back({angle.id, view.angleLabel(angle.id) + (stretches == wholeProject ? "" : " (has gaps)")});
+    }
+    return choices;
+}
+
+int frequencyPercent(const ContentView& view, const std::string& camera)
+{
+    const EditSettings& settings = view.state().settings;
+    double total = 0;
+    for (const std::string& other : view.includedOtherCameras())
+        total += weightOf(settings, other);
+    return total > 0 ? static_cast<int>(std::round(weightOf(settings, camera) / total * 100)) : 0;
+}
+
+bool frequenciesMatter(const ContentView& view)
+{
+    return view.includedOtherCameras().size() >= 2;
+}
+
+std::string shareLabel(const ContentView& view)
+{
+    const double share = view.state().settings.mainShare;
+    return "Target screen time: Main " + wholeNumber(share) + "% · Other cameras combined " + wholeNumber(100 - share) +
+           "%";
+}
+
+std::string secondsLabel(std::string_view word, double seconds)
+{
+    return std::string(word) + ": " + wholeNumber(seconds) + " sec";
+}
+
+} // namespace corvane

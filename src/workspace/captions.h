@@ -1,0 +1,78 @@
+#pragma once
+
+#include "workspace/content_view.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What the window writes and enables, derived from the controller's state. Nothing here is stored.
+namespace corvane {
+
+enum class WorkspaceStage { empty, loaded, preview };
+[[nodiscard]] WorkspaceStage stage(const ContentView& view);
+
+/// Which of the buttons can be pressed.
+struct Enabling {
+    bool generate = false;
+    bool exportEdit = false;
+    bool back = false;
+    bool forward = false;
+    bool apply = false;
+    bool saveAs = false;
+    bool update = false;
+    bool deletePreset = false;
+    bool save = false; ///< in the save sheet
+};
+[[nodiscard]] Enabling enabling(const ContentView& view);
+
+/// "Generate rough edit", or "Shuffle rough edit" beside a cut list.
+[[nodiscard]] std::string primaryButtonText(const ContentView& view);
+/// "Edit 2 of 3"; none while the cut list is empty.
+[[nodiscard]] std::optional<std::string> positionCaption(const ContentView& view);
+/// Cuts, the main camera's share of them and the audio angle in a line; none while the cut list is empty.
+[[nodiscard]] std::optional<std::string> summaryLine(const ContentView& view);
+/// True when "Include another camera." stands below the buttons.
+[[nodiscard]] bool asksForAnotherCamera(const ContentView& view);
+
+/// The first reason why a generation would fail; none without a project. `decimalSign` is the user's.
+[[nodiscard]] std::optional<std::string> setupWarning(const ContentView& view, std::string_view decimalSign = ".");
+/// The stretches that no selected camera covers; none without a project and while the settings cannot be read.
+[[nodiscard]] std::optional<std::vector<FrameRange>> videoGaps(const ContentView& view);
+/// "2 uncovered video section(s)", or that there is none.
+[[nodiscard]] std::string videoGapsText(const ContentView& view);
+
+/// One row of "Actual camera usage".
+struct UsageRow {
+    std::string camera; ///< id
+    std::string label;
+    std::string screenTime; ///< "12.00 sec"
+    std::string share;      ///< "33.3%", of the project
+    std::int64_t shots = 0;
+};
+/// A row for each video angle, in project order; empty while the cut list is.
+[[nodiscard]] std::vector<UsageRow> usageRows(const ContentView& view);
+
+/// True for a camera that the settings use anywhere: main, included, enabled bookends, fixed sections.
+[[nodiscard]] bool isInUse(const ContentView& view, const std::string& camera);
+/// The label of a coverage bar: " (excluded)" after cameras that are not in use.
+[[nodiscard]] std::string coverageLabel(const ContentView& view, const std::string& camera);
+/// The angles that can be the continuous audio, labelled, " (has gaps)" where the sound is not continuous.
+struct AudioChoice {
+    std::string id;
+    std::string label;
+};
+[[nodiscard]] std::vector<AudioChoice> audioChoices(const ContentView& view);
+
+/// A camera's weight in percent of all included other cameras', rounded half away from zero.
+[[nodiscard]] int frequencyPercent(const ContentView& view, const std::string& camera);
+/// True with at least two included other cameras, which is when frequencies have an effect.
+[[nodiscard]] bool frequenciesMatter(const ContentView& view);
+/// "Target screen time: Main 70% · Other cameras combined 30%".
+[[nodiscard]] std::string shareLabel(const ContentView& view);
+/// "Minimum: 10 sec" and the like: the word and whole seconds.
+[[nodiscard]] std::string secondsLabel(std::string_view word, double seconds);
+
+} // namespace corvane

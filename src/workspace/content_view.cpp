@@ -1,0 +1,203 @@
+#include "workspace/content_view.h"
+
+#include "engine/generation_inputs.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace corvane {
+
+const std::vector<Cut>& WorkspaceState::cuts() const
+{
+    static const std::vector<Cut> none;
+    return preview ? preview->cuts : none;
+}
+
+namespace {
+
+/// The bound that was changed last stays; the other one of the pair follows it.
+void coupleBounds(double& minimum, double& maximum, double minimumBefore)
+{
+    if (minimum <= maximum)
+        return;
+    if (minimum != minimumBefore)
+        maximum = minimum;
+    else
+        minimum = maximum;
+}
+
+} // namespace
+
+ContentView::ContentView(WorkspaceServicesInUse services)
+    : services_(std::move(services)), inboxSubscription_(services_.inbox.observe([this] { react(); }))
+{
+}
+
+void ContentView::edit(const std::function<void(WorkspaceState&)>& change)
+{
+    if (notifying_) {
+        waitingEdits_.push_back(change);
+        return;
+    }
+    if (editDepth_ > 0) {
+        change(state_);
+        return;
+    }
+    const WorkspaceState before = state_;
+    ++editDepth_;
+    try {
+        change(state_);
+    } catch (...) {
+        state_ = before;
+        saveWanted_ = false;
+        --editDepth_;
+        throw;
+    }
+    finish(before);
+}
+
+void ContentView::finish(const WorkspaceState& before)
+{
+    EditSettings& settings = state_.settings;
+    coupleBounds(settings.mainMinimum, settings.mainMaximum, before.settings.mainMinimum);
+    coupleBounds(settings.otherMinimum, settings.otherMaximum, before.settings.otherMinimum);
+    if (settings != before.settings)
+        settingsChanged(state_);
+    if (std::exchange(saveWanted_, false))
+        saveSession();
+    --editDepth_;
+    notify(before);
+    while (!notifying_ && !waitingEdits_.empty()) {
+        const auto next = std::move(waitingEdits_.front());
+        waitingEdits_.pop_front();
+        edit(next);
+    }
+}
+
+void ContentView::settingsChanged(WorkspaceState& state)
+{
+    saveWanted_ = true;
+    const bool isTheRestore = state.restoredSettings == state.settings;
+    state.restoredSettings.reset();
+    if (isTheRestore)
+        return;
+    const SharedRevision current = state.history.currentRevision();
+    if (!current || current->settings != state.settings)
+        state.preview.reset();
+    state.status.clear();
+}
+
+void ContentView::notify(const WorkspaceState& before)
+{
+    Changes changes;
+    const auto mark = [&changes](Changed what, bool changed) { changes.set(static_cast<std::size_t>(what), changed); };
+    mark(Changed::settings, state_.settings != before.settings);
+    mark(Changed::loaded, state_.loaded != before.loaded);
+    mark(Changed::history, state_.history != before.history);
+    mark(Changed::cuts, state_.preview != before.preview);
+    mark(Changed::alerts, state_.error != before.error || alerts_.size() != alertsNoticed_);
+    mark(
+        Changed::texts, state_.status != before.status || state_.sessionSaveError != before.sessionSaveError ||
+                            state_.presetNotice != before.presetNotice);
+    mark(
+        Changed::presets, state_.chosenPreset != before.chosenPreset || state_.presetName != before.presetName ||
+                              state_.storedPresets != before.storedPresets);
+    mark(
+        Changed::view, state_.showingHelp != before.showingHelp || state_.showingAbout != before.showingAbout ||
+                           state_.dropTargeted != before.dropTargeted ||
+                           state_.showSavePreset != before.showSavePreset);
+    alertsNoticed_ = alerts_.size();
+    if (changes.none())
+        return;
+    notifying_ = true;
+    const auto observers = observers_; // they may stop observing while they are told
+    for (const auto& [token, observer] : observers) {
+        if (observers_.contains(token))
+            observer(changes);
+    }
+    notifying_ = false;
+}
+
+int ContentView::observe(Observer observer)
+{
+    observers_.emplace(nextObserver_, std::move(observer));
+    return nextObserver_++;
+}
+
+void ContentView::stopObserving(int token)
+{
+    observers_.erase(token);
+}
+
+void ContentView::fail(const std::string& message)
+{
+    state_.error = message;
+    alerts_.push_back(message);
+}
+
+void ContentView::dismissError()
+{
+    edit([this](WorkspaceState& state) {
+        state.error.reset();
+        if (!alerts_.empty())
+            alerts_.pop_front();
+    });
+}
+
+void ContentView::selectMainCamera(const std::string& id)
+{
+    edit([this, id](WorkspaceState& state) {
+        const auto angles = videoAngles();
+        if (std::ranges::find(angles, state.settings.mainCamera, &ImportedAngle::id) != angles.end())
+            state.settings.otherCameras.insert(state.settings.mainCamera);
+        state.settings.otherCameras.erase(id);
+        state.settings.mainCamera = id;
+    });
+}
+
+void ContentView::setCameraIncluded(const std::string& id, Inclusion inclusion)
+{
+    edit([id, inclusion](WorkspaceState& state) {
+        if (inclusion == Inclusion::included)
+            state.settings.otherCameras.insert(id);
+        else
+            state.settings.otherCameras.erase(id);
+    });
+}
+
+void ContentView::setBound(double EditSettings::* bound, double seconds)
+{
+    edit([bound, seconds](WorkspaceState& state) { state.settings.*bound = seconds; });
+}
+
+std::vector<ImportedAngle> ContentView::videoAngles() const
+{
+    return state_.loaded ? corvane::videoAngles(state_.loaded->imported, state_.loaded->engine)
+                         : std::vector<ImportedAngle>();
+}
+
+std::vector<std::string> ContentView::includedOtherCameras() const
+{
+    return state_.loaded
+               ? corvane::includedOtherCameras(state_.loaded->imported, state_.loaded->engine, state_.settings)
+               : std::vector<std::string>();
+}
+
+std::string ContentView::angleLabel(std::string_view id) const
+{
+    if (!state_.loaded)
+        return std::string(id);
+    const auto& angles = state_.loaded->imported.angles;
+    const auto angle = std::ranges::find(angles, id, &ImportedAngle::id);
+    if (angle == angles.end())
+        return std::string(id);
+    return angle->cameras.empty() ? angle->name : angle->name + " (" + angle->cameras + ")";
+}
+
+std::optional<bool> ContentView::settingsMatchRevision() const
+{
+    const SharedRevision current = state_.history.currentRevision();
+    return current ? std::optional(current->settings == state_.settings) : std::nullopt;
+}
+
+} // namespace corvane

@@ -1,0 +1,206 @@
+#pragma once
+
+#include "engine/cut_generation.h"
+#include "engine/edit_settings.h"
+#include "import/cut_engine.h"
+#include "intake/xml_inbox.h"
+#include "platform/dialogs.h"
+#include "platform/security_scope.h"
+#include "platform/timestamp.h"
+#include "platform/user_defaults.h"
+#include "platform/workspace_services.h"
+#include "session/edit_history.h"
+#include "session/presets.h"
+#include "session/session_encoding.h"
+#include "session/session_store.h"
+
+#include <bitset>
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvane {
+
+/// A loaded project: its document exactly as it was read, and what the import made of it.
+struct LoadedDocument {
+    std::string sourceXML;
+    ImportedProject imported;
+    CutEngine engine;
+};
+
+/// Everything that the window shows. It is read freely and written only inside ContentView::edit.
+struct WorkspaceState {
+    bool showingHelp = false;
+    bool showingAbout = false;
+    bool didRestore = false;   ///< the restore has run, or a project arrived before it could
+    bool dropTargeted = false; ///< a file drag hovers over the window
+    bool showSavePreset = false;
+
+    std::shared_ptr<const LoadedDocument> loaded; ///< none in an empty window
+    EditHistory history;
+    SharedRevision preview; ///< the revision whose cuts are on screen; none while the cut list is empty
+    EditSettings settings;
+    std::optional<EditSettings> restoredSettings; ///< what a restore put on screen, until the next change
+
+    std::optional<std::string> error; ///< for the alert
+    std::string status;               ///< the line under the cut list; nothing is shown while empty
+    std::optional<std::string> sessionSaveError;
+
+    std::string chosenPreset; ///< id of the preset in the picker, "" for none
+    std::string presetName;   ///< typed in the save sheet
+    std::string presetNotice;
+    int storedPresets = 0; ///< counts the changes of the stored list
+
+    [[nodiscard]] const std::vector<Cut>& cuts() const;
+    bool operator==(const WorkspaceState&) const = default;
+};
+
+/// What of the state a notice is about.
+enum class Changed { settings, loaded, history, cuts, alerts, texts, presets, view, count };
+using Changes = std::bitset<static_cast<std::size_t>(Changed::count)>;
+
+/// What the controller is given from outside.
+struct WorkspaceServicesInUse {
+    Dialogs& dialogs;
+    UserDefaults& defaults;
+    SessionStore& sessions;
+    SecurityScope& scope;
+    WorkspaceServices& services;
+    XMLInbox& inbox;
+    MainThread mainThread;
+    UniformDraws draws = secureDraws();
+    IdentifierSource identifiers = randomIdentifiers();
+    std::function<Timestamp()> now = Timestamp::now;
+    FileCalls& files = FileCalls::system();
+};
+
+/// The main window's controller: the loaded project, the settings, the cut list, the history and every message. It
+/// knows no toolkit; a window, or a test, draws its state and calls its operations on the interface thread.
+///
+/// One door: every operation is an edit. When the outermost edit ends, settingsChanged runs once if the settings
+/// differ from what they were, the saves asked for inside become one, and observers get one notice.
+class ContentView {
+public:
+    explicit ContentView(WorkspaceServicesInUse services);
+    ContentView(const ContentView&) = delete;
+    ContentView& operator=(const ContentView&) = delete;
+    ~ContentView() = default;
+
+    [[nodiscard]] const WorkspaceState& state() const { return state_; }
+
+    /// Changes the state; throws what `change` throws and has then changed nothing. Inside a notice it waits its turn.
+    void edit(const std::function<void(WorkspaceState&)>& change);
+
+    using Observer = std::function<void(const Changes&)>;
+    /// Called after each edit that changed something, until the token is given back.
+    int observe(Observer observer);
+    void stopObserving(int token);
+
+    // The start, projects and files
+    void windowAppeared();
+    void importXML(const std::string& data);
+    void openProjectFile(const std::string& location);
+    void handleDroppedFiles(const std::vector<std::string>& locations);
+    void chooseProjectFile();
+    void reopenPreviousSession();
+
+    // Messages. Alerts that were not seen yet wait behind the first; `error` is the field alone.
+    [[nodiscard]] const std::deque<std::string>& alerts() const { return alerts_; }
+    void dismissError();
+
+    // Settings
+    void selectMainCamera(const std::string& id);
+    enum class Inclusion { included, excluded };
+    void setCameraIncluded(const std::string& id, Inclusion inclusion);
+    /// Seconds for one of the four bounds; the other bound of its pair follows.
+    void setBound(double EditSettings::* bound, double seconds);
+    void addSection();
+    void removeSection(std::size_t position);
+
+    // The history
+    void generateRoughEdit();
+    void restoreRevision(std::int64_t position);
+    void stepBack();
+    void stepForward();
+
+    // Presets
+    [[nodiscard]] std::vector<EditPreset> storedPresets() const; ///< empty when the list cannot be read
+    [[nodiscard]] std::optional<EditPreset> chosenPresetRecord() const;
+    void beginSavePreset();
+    enum class PresetSave { asNew, update };
+    void savePreset(PresetSave kind);
+    void applyPreset(const EditPreset& preset);
+    void deletePreset();
+
+    // The export
+    void exportRoughEdit();
+
+    // Derived values
+    [[nodiscard]] std::vector<ImportedAngle> videoAngles() const;
+    [[nodiscard]] std::vector<std::string> includedOtherCameras() const;
+    /// The angle's name, with its camera names in brackets where it has any; the id itself when it is unknown.
+    [[nodiscard]] std::string angleLabel(std::string_view id) const;
+    /// None without a current revision.
+    [[nodiscard]] std::optional<bool> settingsMatchRevision() const;
+
+private:
+    void finish(const WorkspaceState& before);
+    void settingsChanged(WorkspaceState& state);
+    void notify(const WorkspaceState& before);
+    void fail(const std::string& message);
+
+    void react();
+    void show(std::shared_ptr<const LoadedDocument> loaded);
+    /// Runs a dialog, or handles a delivery; deliveries that come meanwhile wait.
+    template <class Work>
+    auto whileWaiting(const Work& work)
+    {
+        struct Waiting {
+            explicit Waiting(bool& flag) : waiting(flag) { waiting = true; }
+            Waiting(const Waiting&) = delete;
+            Waiting& operator=(const Waiting&) = delete;
+            ~Waiting() { waiting = false; }
+            bool& waiting;
+        };
+        const Waiting guard(waiting_);
+        return work();
+    }
+
+    void saveSession();
+    void restoreSession();
+    void restoreFrom(std::string bytes);
+    void keepReplacedSession();
+
+    [[nodiscard]] std::vector<EditPreset> decodePresetsOrCloseSheet();
+    void storePresets(std::vector<EditPreset> presets);
+
+    void exportTo(
+        const std::string& folder, const std::string& xml, const std::string& record, const std::string& projectName);
+    void exportFinished(const std::optional<ServiceError>& error, const std::string& xmlURL);
+
+    static constexpr const char* presetsKey = "Corvane.savedPresets.v1";
+
+    WorkspaceServicesInUse services_;
+    WorkspaceState state_;
+    SessionEncoder encoder_;
+    std::deque<std::string> alerts_;
+    std::size_t alertsNoticed_ = 0;
+    int editDepth_ = 0;
+    bool saveWanted_ = false;
+    bool storedSessionRefused_ = false;        ///< the stored file could not be restored
+    std::optional<std::string> keepingFailed_; ///< why a replaced session could not be kept, for the save's line
+    bool notifying_ = false;
+    bool waiting_ = false; ///< a dialog is open or a delivery is being handled: other deliveries wait
+    std::deque<std::function<void(WorkspaceState&)>> waitingEdits_;
+    std::map<int, Observer> observers_;
+    int nextObserver_ = 0;
+    XMLInboxSubscription inboxSubscription_;
+    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true); ///< reports look whether it still is
+};
+
+} // namespace corvane

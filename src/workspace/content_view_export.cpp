@@ -1,0 +1,71 @@
+#include "export/export_files.h"
+#include "export/hand_off.h"
+#include "export/rough_edit_writer.h"
+#include "export/settings_record.h"
+#include "workspace/content_view.h"
+
+#include <exception>
+
+namespace corvane {
+
+void ContentView::exportRoughEdit()
+{
+    const SharedRevision revision = state_.history.currentRevision();
+    const std::shared_ptr<const LoadedDocument> loaded = state_.loaded;
+    if (waiting_ || !loaded || !revision || revision->settings != state_.settings || state_.cuts().empty())
+        return;
+    // All that is written is made before the question for a folder: nothing that happens meanwhile can change it.
+    std::string xml;
+    try {
+        xml = roughEditXML(loaded->engine, revision->cuts, revision->settings.audio, services_.identifiers);
+    } catch (const std::exception& failure) {
+        const std::string message = failure.what();
+        edit([this, message](WorkspaceState&) { fail(message); });
+        return;
+    }
+    const std::string record = settingsRecordText(loaded->imported, loaded->engine, *revision);
+    whileWaiting([&] {
+        const auto folder = services_.dialogs.chooseFolder(
+            "Export", "Choose a folder for the XML and settings record. The XML will then open in Final Cut Pro. "
+                      "Existing exports will be kept.");
+        if (folder)
+            exportTo(*folder, xml, record, loaded->imported.name);
+    });
+    react();
+}
+
+void ContentView::exportTo(
+    const std::string& folder, const std::string& xml, const std::string& record, const std::string& projectName)
+{
+    edit([this, folder, xml, record, projectName](WorkspaceState& state) {
+        const SecurityScopedAccess access(services_.scope, folder);
+        try {
+            const ExportFiles files = writeExportFiles(folder, xml, record, projectName, services_.files);
+            state.status = "Saved " + std::string(lastComponent(files.xmlURL)) + " and " +
+                           std::string(lastComponent(files.settingsURL)) + ". Opening Final Cut Pro…";
+            const std::weak_ptr<const bool> alive = alive_;
+            openInFinalCut(
+                files.xmlURL, services_.services, services_.scope, services_.mainThread,
+                [this, alive, xmlURL = files.xmlURL](const std::optional<ServiceError>& error) {
+                    if (!alive.expired()) // the window may have gone meanwhile
+                        exportFinished(error, xmlURL);
+                });
+        } catch (const std::exception& failure) {
+            fail(failure.what());
+        }
+    });
+}
+
+void ContentView::exportFinished(const std::optional<ServiceError>& error, const std::string& xmlURL)
+{
+    edit([this, error, xmlURL](WorkspaceState& state) {
+        if (!error) {
+            state.status = "XML and settings saved. Sent the XML to Final Cut Pro for import.";
+            return;
+        }
+        state.status = "XML and settings were saved. Final Cut Pro could not be opened.";
+        fail("Your export is saved at " + xmlURL + ". Open it in Final Cut manually. " + error->description);
+    });
+}
+
+} // namespace corvane

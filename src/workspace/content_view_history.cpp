@@ -1,0 +1,57 @@
+#include "engine/generation_inputs.h"
+#include "workspace/content_view.h"
+
+#include <exception>
+
+namespace corvane {
+
+void ContentView::generateRoughEdit()
+{
+    edit([this](WorkspaceState& state) {
+        if (!state.loaded)
+            return;
+        std::vector<Cut> cuts;
+        try {
+            cuts = generateFromSettings(
+                state.loaded->imported, state.loaded->engine, state.settings,
+                {services_.draws, services_.identifiers, nullptr});
+        } catch (const std::exception& failure) {
+            fail(failure.what());
+            return;
+        }
+        state.preview = std::make_shared<const EditRevision>(
+            EditRevision{services_.identifiers(), services_.now(), state.settings, std::move(cuts)});
+        state.history.append(state.preview);
+        state.status.clear();
+        saveWanted_ = true;
+    });
+}
+
+void ContentView::restoreRevision(std::int64_t position)
+{
+    edit([this, position](WorkspaceState& state) {
+        if (!state.history.has(position))
+            return;
+        state.history.index = position;
+        state.preview = state.history.currentRevision();
+        state.settings = state.preview->settings;
+        state.chosenPreset.clear();
+        state.presetNotice.clear();
+        saveWanted_ = true;
+    });
+}
+
+void ContentView::stepBack()
+{
+    edit([this](WorkspaceState& state) {
+        // A change of the settings has emptied the cut list: first back to the current edit itself.
+        restoreRevision(state.cuts().empty() ? state.history.index : state.history.index - 1);
+    });
+}
+
+void ContentView::stepForward()
+{
+    edit([this](WorkspaceState& state) { restoreRevision(state.history.index + 1); });
+}
+
+} // namespace corvane

@@ -1,0 +1,96 @@
+#include "intake/project_file.h"
+#include "session/starting_settings.h"
+#include "workspace/content_view.h"
+
+#include <exception>
+
+namespace corvane {
+
+void ContentView::importXML(const std::string& data)
+{
+    edit([this, data](WorkspaceState& state) {
+        auto loaded = std::make_shared<LoadedDocument>();
+        EditSettings settings;
+        try {
+            auto [imported, engine] = loadProject(data);
+            settings = startingSettings(imported, engine, state.settings);
+            *loaded = {data, std::move(imported), std::move(engine)};
+        } catch (const std::exception& failure) {
+            fail(failure.what());
+            return;
+        }
+        keepReplacedSession();
+        show(std::move(loaded));
+        state.history = {};
+        state.chosenPreset.clear();
+        state.presetNotice.clear();
+        state.settings = settings;
+        state.preview.reset();
+        state.status.clear();
+        saveWanted_ = true;
+    });
+}
+
+void ContentView::openProjectFile(const std::string& location)
+{
+    edit([this, location](WorkspaceState&) {
+        const ProjectFileContent file = readProjectFile(location, services_.scope);
+        if (file.error)
+            fail(*file.error);
+        else
+            importXML(file.bytes);
+    });
+}
+
+void ContentView::handleDroppedFiles(const std::vector<std::string>& locations)
+{
+    edit([this, locations](WorkspaceState&) {
+        if (locations.size() != 1 || locations.front().find("://") != std::string::npos)
+            fail("Drop one Final Cut XML file or bundle at a time.");
+        else if (!projectFileKind(locations.front()))
+            fail(std::string(chooseProjectFileText));
+        else
+            openProjectFile(locations.front());
+    });
+}
+
+void ContentView::chooseProjectFile()
+{
+    if (waiting_)
+        return; // a dialog is open already
+    const auto chosen =
+        whileWaiting([this] { return services_.dialogs.chooseProject(std::string(chooseProjectFileText)); });
+    if (chosen)
+        openProjectFile(*chosen);
+    react();
+}
+
+/// What has arrived in the inbox. A message is shown at once; a project waits while a dialog is open.
+void ContentView::react()
+{
+    XMLInbox& inbox = services_.inbox;
+    if (const auto message = inbox.importError()) {
+        edit([this, message](WorkspaceState&) { fail(*message); });
+        inbox.setImportError(std::nullopt);
+    }
+    while (!waiting_ && (inbox.xmlData() || inbox.url())) {
+        whileWaiting([this, &inbox] {
+            if (const auto data = inbox.xmlData()) {
+                edit([this, data](WorkspaceState& state) {
+                    state.didRestore = true;
+                    importXML(*data);
+                });
+                inbox.setXMLData(std::nullopt);
+            }
+            if (const auto url = inbox.url()) {
+                edit([this, url](WorkspaceState& state) {
+                    state.didRestore = true;
+                    openProjectFile(*url);
+                });
+                inbox.setURL(std::nullopt);
+            }
+        });
+    }
+}
+
+} // namespace corvane

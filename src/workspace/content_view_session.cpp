@@ -1,0 +1,123 @@
+#include "session/saved_session.h"
+#include "workspace/content_view.h"
+
+#include <exception>
+#include <utility>
+
+namespace corvane {
+
+namespace {
+
+const std::string notRestored = "The previous session could not be restored. Its saved file has been kept. You can "
+                                "import an XML to start a new session. ";
+
+} // namespace
+
+void ContentView::windowAppeared()
+{
+    react(); // a project that arrived before the window takes precedence over the stored session
+    edit([this](WorkspaceState& state) {
+        if (std::exchange(state.didRestore, true))
+            return;
+        restoreSession();
+        try {
+            (void)decodePresets(services_.defaults.value(presetsKey));
+        } catch (const std::exception&) {
+            fail("Saved presets could not be read. Their stored data has been kept.");
+        }
+    });
+}
+
+void ContentView::restoreSession()
+{
+    try {
+        auto bytes = services_.sessions.read();
+        if (!bytes)
+            return;
+        restoreFrom(std::move(*bytes));
+        services_.sessions.accept();
+    } catch (const std::exception& failure) {
+        storedSessionRefused_ = true;
+        fail(notRestored + failure.what());
+    }
+}
+
+/// Shows the stored session, or throws and has changed nothing.
+void ContentView::restoreFrom(std::string bytes)
+{
+    SavedEditSession session = decodeSession(std::move(bytes));
+    auto [imported, engine] = loadProject(session.sourceXML);
+    validateSession(session, engine);
+    show(std::make_shared<LoadedDocument>(
+        LoadedDocument{std::move(session.sourceXML), std::move(imported), std::move(engine)}));
+    state_.history = std::move(session.history);
+    state_.restoredSettings = session.settings;
+    state_.settings = session.settings;
+    const SharedRevision current = state_.history.currentRevision();
+    state_.preview = current && current->settings == state_.settings ? current : nullptr;
+    state_.status = "Restored your last session from its saved XML snapshot. Import a fresh XML if the Final Cut "
+                    "project has changed.";
+}
+
+void ContentView::show(std::shared_ptr<const LoadedDocument> loaded)
+{
+    encoder_.setSource(loaded->sourceXML);
+    state_.loaded = std::move(loaded);
+}
+
+/// Called before another project takes the window: generated edits, on screen or only stored, are kept.
+void ContentView::keepReplacedSession()
+{
+    try {
+        if (state_.loaded && !state_.history.items.empty()) {
+            services_.sessions.writePrevious(encoder_.encode(state_.settings, state_.history));
+        } else if (!state_.loaded && !storedSessionRefused_) {
+            const auto bytes = services_.sessions.read();
+            if (bytes && holdsGeneratedEdits(*bytes))
+                services_.sessions.keepAsPrevious(*bytes);
+        }
+    } catch (const std::exception& failure) {
+        keepingFailed_ = std::string("The previous session could not be kept: ") + failure.what();
+    }
+}
+
+void ContentView::reopenPreviousSession()
+{
+    edit([this](WorkspaceState& state) {
+        try {
+            std::string bytes = readFile(services_.sessions.previousFileURL());
+            const std::shared_ptr<const LoadedDocument> replaced = state.loaded;
+            const EditSettings settings = state.settings;
+            const EditHistory history = state.history;
+            restoreFrom(std::move(bytes));
+            if (replaced && !history.items.empty()) {
+                SessionEncoder encoder;
+                encoder.setSource(replaced->sourceXML);
+                services_.sessions.writePrevious(encoder.encode(settings, history));
+            }
+        } catch (const std::exception& failure) {
+            fail(notRestored + failure.what());
+            return;
+        }
+        state.chosenPreset.clear();
+        state.presetNotice.clear();
+        saveWanted_ = true;
+    });
+}
+
+void ContentView::saveSession()
+{
+    if (!state_.loaded)
+        return;
+    const std::optional<std::string> notKept = std::exchange(keepingFailed_, std::nullopt);
+    try {
+        services_.sessions.write(encoder_.encode(state_.settings, state_.history));
+        state_.sessionSaveError = notKept;
+    } catch (const std::exception& failure) {
+        state_.sessionSaveError = std::string("Session could not be saved: ") + failure.what();
+        if (notKept)
+            *state_.sessionSaveError += " " + *notKept;
+    }
+}
+
+} // namespace corvane
