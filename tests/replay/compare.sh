@@ -4,8 +4,11 @@
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 folder=$(realpath -- "$1")
-operations=import,engine,labels,parse,generate,generateRaw,coverage,warning,usage,export,record
-operations+=,parseRationalTime,alignedFrames,parseSeconds,timeString,timecodeText
-operations+=,normalizeRanges,uncoveredStretches,exportNames
-xz -dc "$folder/cases.jsonl.xz" | "$here/../replay.sh" |
-    "$folder/compare" "$folder/cases.jsonl.xz" "$folder/answers.jsonl.xz" - --ops "$operations"
+differs=0
+for cases in cases stories; do
+    answers=$([ "$cases" = cases ] && echo answers || echo story-answers)
+    xz -dc "$folder/$cases.jsonl.xz" | "$here/../replay.sh" |
+        "$folder/compare" "$folder/$cases.jsonl.xz" "$folder/$answers.jsonl.xz" - --except "$here/known-differences.md" ||
+        differs=1
+done
+exit $differs

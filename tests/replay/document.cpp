@@ -4,6 +4,9 @@
 #include "export/settings_record.h"
 #include "platform/base64.h"
 #include "replay/kinds.h"
+#include "session/record_reading.h"
+#include "session/saved_session.h"
+#include "session/session_encoding.h"
 #include "timecode/timecode.h"
 
 namespace corvane::replay {
@@ -22,6 +25,7 @@ public:
     {
         GenerationSources sources;
         sources.draws = [this] { return draws_[used_++ % draws_.size()]; };
+        sources.identifiers = countedIdentifiers();
         return sources;
     }
     [[nodiscard]] std::size_t used() const { return used_; }
@@ -61,6 +65,7 @@ public:
                 nullptr);
         fillCoverage(answer);
         fillCutLists(answer);
+        fillStored(answer);
     }
 
 private:
@@ -116,14 +121,38 @@ private:
         }
     }
 
+    void fillStored(Json& answer) const
+    {
+        std::optional<std::string> session;
+        if (request_.contains("sessionBytes") && !request_.at("sessionBytes").is_null()) {
+            session = bytes(request_.at("sessionBytes"));
+        } else if (request_.contains("session") && !request_.at("session").is_null()) {
+            Json file = request_.at("session");
+            file["sourceXML"] = request_.at("xml");
+            session = file.dump();
+        }
+        if (session)
+            answer["session-validate"] = attempt([&]() -> Json {
+                validateSession(decodeSession(*session), engine_);
+                return {{"ok", true}};
+            });
+        if (request_.contains("preset"))
+            answer["preset-apply"] = attempt([&]() -> Json {
+                const JsonDocument preset = parseJson(request_.at("preset").dump());
+                const AppliedPreset applied = appliedPreset(readPreset(preset.root()), project_, engine_, settings_);
+                return {{"settings", Json::parse(encodedSettings(applied.settings))}, {"presetNotice", applied.notice}};
+            });
+    }
+
     void fillCutList(Json& answer, const std::vector<Cut>& list, const std::optional<std::string>& audio) const
     {
         Json usage = Json::object();
         for (const auto& [camera, used] : cameraUsage(list))
             usage[camera] = {{"frames", used.frames}, {"shots", used.shots}};
         answer["usage"].push_back(usage);
-        answer["export"].push_back(
-            attempt([&]() -> Json { return {{"xml", base64Encoded(roughEditXML(engine_, list, audio))}}; }));
+        answer["export"].push_back(attempt([&]() -> Json {
+            return {{"xml", base64Encoded(roughEditXML(engine_, list, audio, countedIdentifiers()))}};
+        }));
     }
 
     const Json& request_;
@@ -137,14 +166,19 @@ private:
 
 Json answerDocument(const Json& request)
 {
-    const std::string document = bytes(request.at("xml"));
     Json answer;
-    answer["import"] = attempt([&] { return json(importProject(document)); });
-    answer["engine"] = attempt([&] { return json(buildEngine(document)); });
-    if (!answer["import"].contains("error") && !answer["engine"].contains("error")) {
-        const LoadedProject project = loadProject(document);
-        DocumentAnswer(request, project).fill(answer);
-    }
+    std::optional<xml::Document> document;
+    answer["import"] = attempt([&] {
+        document = xml::Document::parse(bytes(request.at("xml")));
+        return json(importProject(*document));
+    });
+    std::optional<LoadedProject> project;
+    answer["engine"] = attempt([&] {
+        project = document ? loadProject(*document) : loadProject(bytes(request.at("xml")));
+        return json(project->engine);
+    });
+    if (project)
+        DocumentAnswer(request, *project).fill(answer);
     return answer;
 }
 

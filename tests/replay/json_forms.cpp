@@ -179,4 +179,49 @@ Json json(const CutEngine& engine)
         {"audioCoverage", coverageJson(engine.audioCoverage)}};
 }
 
+Json presetForm(const EditPreset& preset)
+{
+    const auto rows = [](const auto& list, const char* key, auto member) -> Json {
+        if (!list)
+            return nullptr;
+        Json forms = Json::array();
+        for (const auto& row : *list)
+            forms.push_back({{"angleName", row.angleName}, {key, row.*member}});
+        return forms;
+    };
+    const auto bookendForm = [](const std::optional<PresetBookend>& shot) -> Json {
+        return shot ? Json{{"angleName", shot->angleName}, {"seconds", shot->seconds}} : Json(nullptr);
+    };
+    return {
+        {"id", preset.id.text()},
+        {"name", preset.name},
+        {"mainShare", preset.mainShare},
+        {"averageShot", preset.averageShot},
+        {"doubleMain", preset.doubleMain},
+        {"mainAngleName", preset.mainAngleName},
+        {"otherAngleNames", preset.otherAngleNames},
+        {"audioAngleName", preset.audioAngleName},
+        {"returnTimes", rows(preset.returnTimes, "seconds", &PresetReturnTime::seconds)},
+        {"frequencies", rows(preset.frequencies, "weight", &PresetFrequency::weight)},
+        {"opening", bookendForm(preset.opening)},
+        {"closing", bookendForm(preset.closing)},
+        {"mainMinimum", orNull(preset.mainMinimum)},
+        {"mainMaximum", orNull(preset.mainMaximum)},
+        {"otherMinimum", orNull(preset.otherMinimum)},
+        {"otherMaximum", orNull(preset.otherMaximum)}};
+}
+
+IdentifierSource countedIdentifiers()
+{
+    return [count = std::uint32_t{0}]() mutable {
+        Identifier identifier;
+        identifier.bytes[6] = 0x40;
+        identifier.bytes[8] = 0x80;
+        ++count;
+        for (std::size_t n = 0; n < 4; ++n)
+            identifier.bytes[15 - n] = static_cast<std::uint8_t>(count >> (8 * n));
+        return identifier;
+    };
+}
+
 } // namespace corvane::replay

@@ -4,6 +4,7 @@
 #include "engine/edit_settings.h"
 #include "import/cut_engine.h"
 #include "import/project_import.h"
+#include "session/presets.h"
 
 #include <nlohmann/json.hpp>
 
@@ -29,6 +30,11 @@ using Json = nlohmann::json;
 [[nodiscard]] Json json(const std::vector<FrameRange>& ranges);
 [[nodiscard]] Json json(const ImportedProject& project);
 [[nodiscard]] Json json(const CutEngine& engine);
+/// All sixteen keys, null where absent.
+[[nodiscard]] Json presetForm(const EditPreset& preset);
+
+/// Identifiers that come out the same in every run: numbers in the shape of random ones.
+[[nodiscard]] IdentifierSource countedIdentifiers();
 
 template <class Value>
 Json orNull(const std::optional<Value>& value)

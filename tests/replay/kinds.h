@@ -9,5 +9,9 @@ namespace corvane::replay {
 [[nodiscard]] Json answerValues(const Json& request);
 [[nodiscard]] Json answerRanges(const Json& request);
 [[nodiscard]] Json answerNames(const Json& request);
+[[nodiscard]] Json answerPresets(const Json& request);
+[[nodiscard]] Json answerTopic(const Json& request);
+[[nodiscard]] Json answerHistory(const Json& request);
+[[nodiscard]] Json answerStory(const Json& request);
 
 } // namespace corvane::replay

@@ -11,10 +11,10 @@ namespace {
 using corvane::replay::Json;
 
 const std::map<std::string, Json (*)(const Json&)> kinds = {
-    {"document", corvane::replay::answerDocument},
-    {"values", corvane::replay::answerValues},
-    {"ranges", corvane::replay::answerRanges},
-    {"names", corvane::replay::answerNames},
+    {"document", corvane::replay::answerDocument}, {"values", corvane::replay::answerValues},
+    {"ranges", corvane::replay::answerRanges},     {"names", corvane::replay::answerNames},
+    {"presets", corvane::replay::answerPresets},   {"topic", corvane::replay::answerTopic},
+    {"history", corvane::replay::answerHistory},   {"story", corvane::replay::answerStory},
 };
 
 } // namespace

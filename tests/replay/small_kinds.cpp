@@ -1,7 +1,10 @@
 #include "engine/coverage_report.h"
 #include "export/export_files.h"
+#include "help/topic_search.h"
 #include "import/time_values.h"
 #include "replay/kinds.h"
+#include "session/edit_history.h"
+#include "session/presets.h"
 #include "timecode/timecode.h"
 
 #include <set>
@@ -52,6 +55,64 @@ Json answerNames(const Json& request)
                      });
                  return {names.xml, names.settings};
              })}};
+}
+
+Json answerPresets(const Json& request)
+{
+    std::vector<EditPreset> named;
+    for (const auto& name : request.at("names").get<std::vector<std::string>>())
+        named.emplace_back().name = name;
+    sortPresets(named);
+    Json answer = {{"sorted", Json::array()}, {"derived", Json::array()}};
+    answer["decodePresets"] = attempt([&]() -> Json {
+        Json forms = Json::array();
+        for (const EditPreset& preset : decodePresets(bytes(request.at("data"))))
+            forms.push_back(presetForm(preset));
+        return forms;
+    });
+    for (const EditPreset& preset : named)
+        answer["sorted"].push_back(preset.name);
+    for (const Json& pair : request.at("pairs")) {
+        const DerivedRanges ranges = derivedRanges(pair.at(0), pair.at(1));
+        answer["derived"].push_back({ranges.mainMinimum, ranges.mainMaximum, ranges.otherMinimum, ranges.otherMaximum});
+    }
+    return answer;
+}
+
+Json answerTopic(const Json& request)
+{
+    const Json manual = {{"title", ""}, {"description", ""}, {"sections", {request.at("section")}}};
+    return {{"topicMatches", attempt([&]() -> Json {
+                 return topicMatches(
+                     decodeManual(manual.dump()).sections.front(), request.at("query").get<std::string>());
+             })}};
+}
+
+Json answerHistory(const Json& request)
+{
+    EditHistory history;
+    std::map<Identifier, std::string> names; // cases name revisions freely
+    const IdentifierSource identifiers = countedIdentifiers();
+    Json answers = Json::array();
+    for (const Json& step : request.at("steps")) {
+        if (step.contains("append")) {
+            const Identifier id = identifiers();
+            names[id] = step.at("append");
+            history.append(std::make_shared<const EditRevision>(
+                EditRevision{.id = id, .created = {}, .settings = {}, .cuts = {}}));
+        } else {
+            history.index = step.at("index");
+        }
+        Json items = Json::array();
+        for (const SharedRevision& revision : history.items)
+            items.push_back(names.at(revision->id));
+        const SharedRevision current = history.currentRevision();
+        answers.push_back(
+            {{"items", items},
+             {"index", history.index},
+             {"current", current ? Json(names.at(current->id)) : Json(nullptr)}});
+    }
+    return {{"history", answers}};
 }
 
 } // namespace corvane::replay

@@ -1,0 +1,91 @@
+#include "export/export_files.h"
+#include "support/failing_files.h"
+#include "support/refusals.h"
+#include "support/scratch_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace corvane {
+namespace {
+
+using namespace test;
+using Names = std::vector<std::string>;
+
+std::string xmlName(const std::string& project, const std::set<std::string>& existing = {}, std::size_t longest = 255)
+{
+    return exportNames(project, longest, [&](const std::string& name) { return existing.contains(name); }).xml;
+}
+
+TEST(ExportNames, FollowTheProject)
+{
+    EXPECT_EQ(xmlName("A/B: Take\\1"), "A_B_ Take_1 Corvane.fcpxml");
+    EXPECT_EQ(xmlName("//"), "__ Corvane.fcpxml");
+    EXPECT_EQ(xmlName(""), "Project Corvane.fcpxml");
+    EXPECT_EQ(xmlName("  "), "   Corvane.fcpxml");
+    EXPECT_EQ(xmlName(std::string(150, 'x')), std::string(100, 'x') + " Corvane.fcpxml");
+    EXPECT_EQ(xmlName("I", {"I Corvane.settings.txt", "I Corvane 2.fcpxml"}), "I Corvane 3.fcpxml");
+    EXPECT_REFUSED(
+        exportNames("I", 255, [](const std::string&) { return true; }),
+        "Choose another folder or clear space for a new export name.");
+}
+
+TEST(ExportNames, LoseWholeCharactersWhereTheFileSystemHasNoRoom)
+{
+    std::string days, families;
+    for (int n = 0; n < 100; ++n) {
+        days += "日";
+        families += "👨‍👩‍👧";
+    }
+    for (const std::string& project : {days, families}) {
+        const ScratchFolder folder;
+        for (int n = 0; n < 2; ++n)
+            (void)writeExportFiles(folder.path(), "xml", "text", project);
+        EXPECT_EQ(folder.names().size(), 4U);
+        const std::string name = xmlName(project);
+        const std::size_t kept = name.find(" Corvane");
+        EXPECT_EQ(name.substr(0, kept), project.substr(0, kept));
+        EXPECT_EQ(kept % (project == days ? 3U : 18U), 0U) << "no half of a character";
+        EXPECT_GT(kept, 200U);
+    }
+}
+
+TEST(ExportFiles, StandBesideEarlierOnes)
+{
+    const ScratchFolder folder;
+    const ExportFiles first = writeExportFiles(folder.path(), "<a/>", "one\n", "Interview");
+    EXPECT_EQ(first.xmlURL, folder.file("Interview Corvane.fcpxml"));
+    EXPECT_EQ(first.settingsURL, folder.file("Interview Corvane.settings.txt"));
+    std::filesystem::remove(first.xmlURL);
+    (void)writeExportFiles(folder.path(), "<b/>", "two\n", "Interview");
+    EXPECT_EQ(
+        folder.names(),
+        (Names{"Interview Corvane 2.fcpxml", "Interview Corvane 2.settings.txt", "Interview Corvane.settings.txt"}));
+    EXPECT_EQ(readFile(folder.file("Interview Corvane 2.settings.txt")), "two\n");
+    EXPECT_REFUSED(
+        writeExportFiles(folder.file("gone"), "", "", "I"),
+        "Cannot write I Corvane.fcpxml: No such file or directory.");
+}
+
+TEST(ExportFiles, KeepTheDocumentWhenTheRecordFails)
+{
+    const ScratchFolder whole;
+    FailingFiles counting(-1);
+    (void)writeExportFiles(whole.path(), "<a/>", "record", "I", counting);
+    for (int failing = 0; failing < counting.calls(); ++failing) {
+        const ScratchFolder folder;
+        FailingFiles calls(failing, EDQUOT);
+        const bool inDocument = failing < counting.calls() / 2; // the record takes one short write more
+        EXPECT_REFUSED(
+            writeExportFiles(folder.path(), "<a/>", "record", "I", calls),
+            inDocument ? "Cannot write I Corvane.fcpxml: Disk quota exceeded."
+                       : "The XML was saved as I Corvane.fcpxml, but the settings record could not be saved: Cannot "
+                         "write I Corvane.settings.txt: Disk quota exceeded.")
+            << failing << " of " << counting.calls();
+        EXPECT_EQ(folder.names(), inDocument ? Names{} : Names{"I Corvane.fcpxml"});
+    }
+}
+
+} // namespace
+} // namespace corvane

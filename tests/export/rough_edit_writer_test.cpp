@@ -1,0 +1,274 @@
+#include "engine/cut_generation.h"
+#include "export/carry_over.h"
+#include "export/rough_edit_writer.h"
+#include "import/time_values.h"
+#include "platform/xml_tree.h"
+#include "support/documents.h"
+#include "support/refusals.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <set>
+
+namespace corvane {
+namespace {
+
+using namespace test;
+
+CutEngine engineWith(const std::string& inClip, const std::string& resources = "")
+{
+    return buildEngine(document({.resources = resources, .inClip = inClip}));
+}
+
+/// Cuts with ids 1, 2 … that start at these frames and end at 1000.
+std::vector<Cut> cutsAt(const std::vector<std::pair<std::string, Frames>>& starts)
+{
+    std::vector<Cut> cuts;
+    for (std::size_t n = 0; n < starts.size(); ++n) {
+        Cut cut = {{}, starts[n].first, starts[n].second, 0};
+        cut.id.bytes[0] = static_cast<std::uint8_t>(n + 1);
+        cut.duration = (n + 1 < starts.size() ? starts[n + 1].second : 1000) - cut.start;
+        cuts.push_back(cut);
+    }
+    return cuts;
+}
+
+/// The pieces of the written spine, one text each.
+std::vector<std::string> pieces(const std::string& written)
+{
+    std::vector<std::string> texts;
+    const xml::Document document = xml::Document::parse(written);
+    const xml::Element spine = *document.root()->firstChild("project")->firstChild("sequence")->firstChild("spine");
+    for (const xml::Element piece : spine.children())
+        xml::writeElement(texts.emplace_back(), piece, 0);
+    return texts;
+}
+
+/// A reader of the written project that knows nothing of the writer: pieces back to cuts, checked on the way.
+std::vector<Cut> readBack(const CutEngine& engine, const std::string& written, const std::string& audio)
+{
+    const auto frames = [&](xml::Element element, std::string_view name) {
+        return alignedFrames(*element.attribute(name), engine.frameNumerator, engine.frameDenominator);
+    };
+    std::vector<Cut> cuts;
+    const xml::Document document = xml::Document::parse(written);
+    const xml::Element spine = *document.root()->firstChild("project")->firstChild("sequence")->firstChild("spine");
+    for (const xml::Element piece : spine.children()) {
+        const Frames start = frames(piece, "offset") - engine.timelineStart;
+        EXPECT_EQ(frames(piece, "start") - engine.sourceStart, start) << "shows the source at its own place";
+        std::string picture, sound;
+        for (const xml::Element source : piece.children()) {
+            const auto mode = source.attribute("srcEnable").value_or("all");
+            if (source.named("mc-source") && (mode == "all" || mode == "video"))
+                picture += *source.attribute("angleID");
+            if (source.named("mc-source") && (mode == "all" || mode == "audio"))
+                sound += *source.attribute("angleID");
+        }
+        EXPECT_EQ(sound, audio);
+        cuts.push_back({{}, picture, start, frames(piece, "duration")});
+    }
+    return cuts;
+}
+
+TEST(RoughEdit, IsReadBackAsTheCutListThatWasWritten)
+{
+    std::mt19937 random(7);
+    const CutEngine engine = engineWith("");
+    for (int round = 0; round < 50; ++round) {
+        std::set<Frames> starts = {0};
+        while (starts.size() < 1 + random() % 40)
+            starts.insert(static_cast<Frames>(random() % 1000));
+        std::vector<std::pair<std::string, Frames>> list;
+        for (const Frames start : starts)
+            list.emplace_back(random() % 2 == 0 ? "A" : "B", start);
+        std::vector<Cut> cuts = cutsAt(list);
+        const std::string written = roughEditXML(engine, cuts, "B");
+        for (Cut& cut : cuts)
+            cut.id = {};
+        ASSERT_EQ(readBack(engine, written, "B"), cuts);
+        if (cuts.size() > 1) {
+            EXPECT_REFUSED(
+                buildEngine(written), "For this prototype, export a timeline containing one uncut multicam clip.");
+        }
+    }
+}
+
+TEST(RoughEdit, WritesTheProjectUnderANewName)
+{
+    const std::string written = roughEditXML(engineWith(""), cutsAt({{"A", 0}, {"B", 500}}), "A");
+    const std::size_t project = written.find("  <project");
+    EXPECT_EQ(written.substr(project), R"(  <project name="Concert Corvane">
+    <sequence format="r1" duration="40s" tcStart="0s">
+      <spine>
+        <mc-clip ref="mc" name="MC" srcEnable="all" offset="0/2500s" start="0/2500s" duration="50000/2500s">
+          <mc-source angleID="A" srcEnable="all"/>
+        </mc-clip>
+        <mc-clip ref="mc" name="MC" srcEnable="all" offset="50000/2500s" start="50000/2500s" duration="50000/2500s">
+          <mc-source angleID="B" srcEnable="video"/>
+          <mc-source angleID="A" srcEnable="audio"/>
+        </mc-clip>
+      </spine>
+    </sequence>
+  </project>
+</fcpxml>
+)");
+    EXPECT_EQ(written.find("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<fcpxml version=\"1.11\">\n  <resources>"), 0U);
+}
+
+TEST(RoughEdit, SharesOutWhatIsConnectedAndMarked)
+{
+    const auto texts = pieces(roughEditXML(
+        engineWith(R"(<note>n</note><filter-video/><mc-source angleID="B"/>
+            <title offset="20s"/><title offset="-5s" name="early"/><caption/>
+            <marker start="20s" value="on the cut"/><marker start="499/25s" value="before it"/><marker start="40s" value="after the end"/>
+            <keyword value="both" start="19s" duration="2s">&lt;</keyword><keyword value="whole"/><rating start="39s" duration="9s"/>
+            <keyword value="point" start="0s" duration="0s"/><metadata><md key="k"/></metadata><filter-audio/>)"),
+        cutsAt({{"A", 0}, {"B", 500}}), "A"));
+    ASSERT_EQ(texts.size(), 2U);
+    EXPECT_EQ(
+        texts[0],
+        R"(<mc-clip ref="mc" name="MC" srcEnable="all" offset="0/2500s" start="0/2500s" duration="50000/2500s">
+  <note>n</note>
+  <mc-source angleID="A" srcEnable="all"/>
+  <title offset="-5s" name="early"/>
+  <caption/>
+  <marker start="499/25s" value="before it"/>
+  <keyword value="both" start="47500/2500s" duration="2500/2500s">&lt;</keyword>
+  <keyword value="whole" start="0/2500s" duration="50000/2500s"/>
+  <keyword value="point" start="0s" duration="0s"/>
+  <metadata>
+    <md key="k"/>
+  </metadata>
+  <filter-audio/>
+</mc-clip>)");
+    EXPECT_EQ(
+        texts[1],
+        R"(<mc-clip ref="mc" name="MC" srcEnable="all" offset="50000/2500s" start="50000/2500s" duration="50000/2500s">
+  <note>n</note>
+  <mc-source angleID="B" srcEnable="video"/>
+  <mc-source angleID="A" srcEnable="audio"/>
+  <title offset="20s"/>
+  <marker start="20s" value="on the cut"/>
+  <keyword value="both" start="50000/2500s" duration="2500/2500s">&lt;</keyword>
+  <keyword value="whole" start="50000/2500s" duration="50000/2500s"/>
+  <rating start="97500/2500s" duration="2500/2500s"/>
+  <metadata>
+    <md key="k"/>
+  </metadata>
+  <filter-audio/>
+</mc-clip>)");
+}
+
+TEST(RoughEdit, KeepsFadesAtTheEndsOfTheProjectOnly)
+{
+    const std::string fades =
+        "<adjust-volume><param><fadeIn duration=\"2s\"/><fadeOut duration=\"2.5s\"/></param></adjust-volume>";
+    const CutEngine engine = engineWith(
+        fades + "<mc-source angleID=\"A\"><audio-role-source role=\"r\">" + fades + "</audio-role-source></mc-source>");
+    const auto texts = pieces(roughEditXML(engine, cutsAt({{"A", 0}, {"B", 400}, {"A", 500}}), "A"));
+    const auto count = [](const std::string& text, const std::string& what) {
+        int found = 0;
+        for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1))
+            ++found;
+        return found;
+    };
+    EXPECT_EQ(count(texts[0], "<fadeIn"), 2);
+    EXPECT_EQ(count(texts[0], "<fadeOut"), 0);
+    EXPECT_EQ(count(texts[1], "<fade"), 0);
+    EXPECT_EQ(count(texts[1], "<param"), 2);
+    EXPECT_EQ(count(texts[2], "<fadeIn"), 0);
+    EXPECT_EQ(count(texts[2], "<fadeOut"), 2);
+    const std::string tooLong =
+        "An audio fade extends across a camera cut. Set the opening or closing shot to at least ";
+    EXPECT_REFUSED(
+        roughEditXML(engine, cutsAt({{"A", 0}, {"B", 49}}), "A"), tooLong + "2 seconds to keep the fade intact.");
+    EXPECT_REFUSED(
+        roughEditXML(engine, cutsAt({{"A", 0}, {"B", 50}, {"A", 940}}), "A"),
+        tooLong + "3 seconds to keep the fade intact.");
+    EXPECT_NO_THROW((void)roughEditXML(engine, cutsAt({{"A", 0}, {"B", 49}}), "B")) << "another angle's fades";
+}
+
+TEST(RoughEdit, GivesTrackingShapesNewIdsInEveryPiece)
+{
+    const CutEngine engine = engineWith(
+        R"(<mc-source angleID="B"><object-tracker><tracking-shape id="a"/><tracking-shape id="b"/></object-tracker>
+            <x tracking="b"/><x tracking="elsewhere"/></mc-source><title name="T" tracking="b"><y tracking="a"/></title>)");
+    const std::string written = roughEditXML(engine, cutsAt({{"B", 0}, {"A", 300}, {"B", 600}}), "B");
+    const xml::Document document = xml::Document::parse(written);
+    std::set<std::string_view> ids;
+    std::size_t following = 0, shapes = 0;
+    for (const xml::Element element : document.root()->firstChild("project")->descendants()) {
+        if (element.named("tracking-shape")) {
+            ids.insert(*element.attribute("id"));
+            ++shapes;
+        }
+        if (element.named("x") && ids.contains(*element.attribute("tracking")))
+            ++following;
+    }
+    EXPECT_EQ(shapes, 4U);
+    EXPECT_EQ(ids.size(), 4U);
+    EXPECT_EQ(following, 2U);
+    for (const std::string_view id : ids)
+        EXPECT_EQ(id.substr(0, 7), "cvtrack");
+    EXPECT_EQ(carryOver(engine).lostTracking, std::vector<std::string>{"title T"});
+    EXPECT_EQ(
+        carryOver(engineWith("<filter-video/><adjust-crop/><filter-video/><note/>")).leftOut,
+        (std::vector<std::string>{"filter-video", "adjust-crop"}));
+}
+
+TEST(RoughEdit, KeepsEveryByteOfMeaning)
+{
+    const std::string element =
+        "<x:note xmlns:x=\"u\" x:a=\"&quot;&#10;é\"><!-- c --><![CDATA[<&]]> 日 <b> </b></x:note>";
+    std::string source = document({.resources = element, .inClip = "<metadata>" + element + "</metadata>"});
+    source = replaced(replaced(source, "<fcpxml ", "<fcpxml xmlns:y=\"v\" "), "<spine>", "<y:other/>and text<spine>");
+    const std::string written = roughEditXML(buildEngine(source), cutsAt({{"A", 0}, {"B", 500}}), "A");
+    std::size_t copies = 0;
+    for (std::size_t at = written.find(element); at != std::string::npos; at = written.find(element, at + 1))
+        ++copies;
+    EXPECT_EQ(copies, 3U) << written;
+    EXPECT_NE(written.find("<y:other"), std::string::npos);
+    EXPECT_NE(written.find("and text<spine>"), std::string::npos);
+    EXPECT_EQ(written.find("<!DOCTYPE"), std::string::npos);
+    EXPECT_NO_THROW((void)xml::Document::parse(written));
+}
+
+TEST(RoughEdit, RefusesWhatItCannotWriteFaithfully)
+{
+    const std::string invalid = "The cut list contains invalid timing or unavailable footage.";
+    const std::string notContinuous =
+        "This audio angle does not cover the whole project. Choose a continuous audio angle.";
+    const std::string missingTime = "The export contains a missing or invalid time value.";
+    const CutEngine engine = engineWith(R"(<mc-source angleID="A"/>)");
+    const auto whole = cutsAt({{"A", 0}, {"B", 500}});
+    EXPECT_NO_THROW((void)roughEditXML(engine, whole)) << "the engine's own audio angle";
+    EXPECT_REFUSED(roughEditXML(engine, whole, ""), notContinuous);
+    EXPECT_REFUSED(roughEditXML(engine, {}, "A"), "Generate a rough edit first.");
+    const auto changed = [&](std::size_t cut, Frames start, Frames duration, const std::string& angle = "A") {
+        std::vector<Cut> cuts = whole;
+        cuts[cut] = {{}, angle, start, duration};
+        return cuts;
+    };
+    for (const auto& cuts :
+         {changed(0, 1, 499), changed(0, 0, 0), changed(1, 499, 501), changed(1, 501, 499), changed(1, 500, 501),
+          changed(1, 500, 500, "C"), changed(1, 500, std::numeric_limits<Frames>::max())})
+        EXPECT_REFUSED(roughEditXML(engine, cuts, "A"), invalid);
+    EXPECT_REFUSED(roughEditXML(engine, changed(1, 500, 499), "A"), "The cut list does not cover the entire project.");
+
+    const auto refusalOf = [&](const std::string& inClip, const std::string& message) {
+        EXPECT_REFUSED(roughEditXML(engineWith(inClip), whole, "A"), message) << inClip;
+    };
+    refusalOf(R"(<mc-source angleID="A"><adjust-volume><fadeIn/></adjust-volume></mc-source>)", missingTime);
+    refusalOf("<marker start=\"x\"/><title offset=\"y\"/>", missingTime);
+    refusalOf("<title offset=\"ys\"/><marker/>", "The export contains an invalid time value: ys");
+    refusalOf("<marker start=\"0.5s\"/>", "Invalid XML time: 0.5s");
+    refusalOf("<keyword duration=\"1/3s\"/>", "This prototype needs timing aligned to the project frame rate.");
+    refusalOf("<marker start=\"40000000s\"/>", "This time value exceeds the prototype's supported range.");
+    EXPECT_REFUSED(
+        roughEditXML(buildEngine(replaced(document(), " version=\"1.11\"", "")), whole, "A"),
+        "The source project does not name its FCPXML version. Export XML from Final Cut again.");
+}
+
+} // namespace
+} // namespace corvane

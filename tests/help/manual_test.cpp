@@ -1,0 +1,90 @@
+#include "help/manual.h"
+#include "help/topic_page.h"
+#include "help/topic_search.h"
+#include "support/refusals.h"
+#include "support/scratch_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+namespace corvane {
+namespace {
+
+/// A manual of topics that have nothing but the given blocks.
+std::string manualOf(const std::string& blocks, const std::string& second = "")
+{
+    return R"({"title": "T", "description": "D", "edition": 2, "sections": [
+        {"id": "a", "title": "T", "summary": "S", "blocks": [)" +
+           blocks + "]}" + second + "]}";
+}
+
+TEST(Manual, IsReadAsItIsOrRefused)
+{
+    const CorvaneManual manual =
+        decodeManual(manualOf(R"({"kind": "note", "text": "x", "items": null}, {"kind": "links",
+        "links": [{"title": "L", "url": "mailto:a"}], "colour": 1}, {"kind": "steps", "items": []})"));
+    const std::vector<CorvaneManual::Block> blocks = {
+        {"note", "x", {}, {}}, {"links", {}, {}, {{{"L", "mailto:a"}}}}, {"steps", {}, {{}}, {}}};
+    EXPECT_EQ(manual, (CorvaneManual{"T", "D", {{"a", "T", "S", blocks}}}));
+    const std::pair<std::string, std::string> refused[] = {
+        {"[]", "it is not an object."},
+        {"{}", "title is missing."},
+        {manualOf("", R"(,{"id": "b", "summary": ""})"), "sections[1].title is missing."},
+        {manualOf("", R"(,{"id": "a", "title": "", "summary": "", "blocks": []})"), "sections[1].id is used twice."},
+        {manualOf(R"({"kind": null})"), "sections[0].blocks[0].kind is not a text."},
+        {manualOf(R"({"kind": "", "text": 1})"), "sections[0].blocks[0].text is not a text."},
+        {manualOf(R"({"kind": "", "items": ["x", null]})"), "sections[0].blocks[0].items[1] is not a text."},
+        {manualOf(R"({"kind": "", "links": {}})"), "sections[0].blocks[0].links is not a list."},
+    };
+    for (const auto& [bytes, complaint] : refused)
+        EXPECT_REFUSED(decodeManual(bytes), "The manual cannot be read: " + complaint) << bytes;
+}
+
+TEST(Manual, LinksLeadSomewhere)
+{
+    const auto decode = [](const std::string& url) {
+        return decodeManual(manualOf(R"({"kind": "", "links": [{"title": "", "url": ")" + url + "\"}]}"));
+    };
+    for (const char* url : {"https://corvane.example", "http://h:8/p?q=1#f", "mailto:a@b.example", "x-a+b.1:y"})
+        EXPECT_NO_THROW(decode(url)) << url;
+    for (const char* url : {"", "/help", "a.b", "https:", "https://", "https:///p", ":x", "1a:b", "a:b c", "a:\\u0000"})
+        EXPECT_REFUSED(
+            decode(url), "The manual cannot be read: sections[0].blocks[0].links[0].url is not a web address.");
+}
+
+TEST(Manual, BlocksAreSetByTheirKind)
+{
+    const std::vector<std::string> items = {"x", "y"};
+    const std::pair<CorvaneManual::Block, std::vector<PageLine>> cases[] = {
+        {{"heading", "h", items, {}}, {{"", "h", ""}}},
+        {{"heading", {}, {}, {}}, {{"", "", ""}}},
+        {{"bullets", "t", items, {}}, {{"•", "x", ""}, {"•", "y", ""}}},
+        {{"steps", {}, items, {}}, {{"1.", "x", ""}, {"2.", "y", ""}}},
+        {{"links", {}, items, {{{"l", "u:v"}}}}, {{"", "l", "u:v"}}},
+        {{"Bullets", "t", items, {}}, {{"", "t", ""}}},
+        {{"bullets", "t", {}, {}}, {}},
+        {{"", {}, items, {}}, {}},
+    };
+    for (const auto& [block, lines] : cases)
+        EXPECT_EQ(pageLines(block), lines) << block.kind;
+}
+
+TEST(Manual, ComesWithTheProgram)
+{
+    const test::ScratchFolder empty;
+    EXPECT_REFUSED(
+        loadManual(ResourceFolders({empty.path(), "/nowhere"})),
+        "The included manual could not be found. Reinstall Corvane to restore the help files.");
+    const CorvaneManual manual = loadManual(ResourceFolders({empty.path(), CORVANE_RESOURCES}));
+    EXPECT_EQ(listTopics(manual, {}).shown->id, "quick-start");
+    for (const char* word : {"audio", "frequency", "timecode", "export"})
+        EXPECT_FALSE(listTopics(manual, {.query = word, .selectedID = {}}).topics.empty()) << word;
+    for (const CorvaneManual::Section& section : manual.sections) {
+        for (const CorvaneManual::Block& block : section.blocks)
+            EXPECT_FALSE(pageLines(block).empty()) << section.id << ": a " << block.kind << " that shows nothing";
+    }
+}
+
+} // namespace
+} // namespace corvane

@@ -1,0 +1,132 @@
+#include "intake/pasteboard_rule.h"
+#include "intake/project_file.h"
+#include "support/scratch_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <map>
+#include <ranges>
+
+namespace corvane {
+namespace {
+
+using Text = std::optional<std::string>;
+using Texts = std::vector<std::string>;
+
+struct ScopeLog : SecurityScope {
+    bool grants = false;
+    std::string log;
+    bool start(const std::string& location) override { return log = "start " + location, grants; }
+    void stop(const std::string& location) override { log += " stop " + location; }
+};
+
+struct Drag : Pasteboard {
+    std::map<std::string, Text> entries;
+    Texts files;
+    [[nodiscard]] Texts types() const override
+    {
+        return {std::views::keys(entries).begin(), std::views::keys(entries).end()};
+    }
+    [[nodiscard]] Text data(const std::string& type) const override { return entries.at(type); }
+    [[nodiscard]] Texts fileURLs() const override { return files; }
+};
+
+TEST(ReadProjectFile, ReadsFilesAndBundlesWithinItsAccess)
+{
+    const test::ScratchFolder scratch;
+    for (const char* folder : {"b.fcpxmld", "c.FcpXmlD", "empty.fcpxmld", "folder.fcpxml"})
+        std::filesystem::create_directory(scratch.file(folder));
+    for (const char* name : {"A.FCPXML", "b.fcpxmld/Info.fcpxml", "c.FcpXmlD/Info.fcpxml", "notes.txt", "fcpxml"})
+        std::ofstream(scratch.file(name)) << name;
+    const ProjectFileContent choose{"", "Choose a .fcpxml file or .fcpxmld bundle."};
+    const std::map<std::string, ProjectFileContent> expected = {
+        {"A.FCPXML", {"A.FCPXML", {}}},
+        {"b.fcpxmld", {"b.fcpxmld/Info.fcpxml", {}}},
+        {"c.FcpXmlD/", {"c.FcpXmlD/Info.fcpxml", {}}},
+        {"empty.fcpxmld", {"", "Cannot read Info.fcpxml: No such file or directory."}},
+        {"missing.v2.fcpxml", {"", "Cannot read missing.v2.fcpxml: No such file or directory."}},
+        {"folder.fcpxml", {"", "Cannot read folder.fcpxml: Is a directory."}},
+        {"notes.txt", choose},
+        {"fcpxml", choose},
+        {"A.FCPXML ", choose},
+        {"b.fcpxmld/Info", choose},
+        {std::string("notes.txt\0.fcpxml", 17), choose}};
+    for (const auto& [name, content] : expected) {
+        const std::string location = scratch.file(name);
+        ScopeLog scope;
+        EXPECT_EQ(readProjectFile(location, scope), content) << name << content.error.value_or("");
+        EXPECT_EQ(scope.log, "start " + location) << "nothing to give back";
+        scope.grants = true;
+        EXPECT_EQ(readProjectFile(location, scope), content);
+        EXPECT_EQ(scope.log, "start " + location + " stop " + location) << "also after a failure";
+    }
+}
+
+TEST(Drops, DeliverTheNewestXmlThatIsThereOrTheOneProjectFile)
+{
+    const std::string xml = "com.apple.finalcutpro.xml", v = xml + ".v1-", file = "public.file-url";
+    const Text refusal = "Drop one project from Final Cut’s browser, or one .fcpxml file or .fcpxmld bundle.";
+    EXPECT_EQ(finalCutXMLTypes(), (Texts{v + "14", v + "13", v + "12", v + "11", v + "10", v + "9", xml}));
+    const auto lights = [&](std::map<std::string, Text> entries, Texts files, const Text& data, const Text& url) {
+        Drag drag;
+        drag.entries = std::move(entries);
+        drag.files = std::move(files);
+        XMLInbox inbox;
+        EXPECT_EQ(performDrag(drag, inbox), data || url);
+        EXPECT_EQ(inbox.xmlData(), data);
+        EXPECT_EQ(inbox.url(), url);
+        EXPECT_EQ(inbox.importError(), data || url ? std::nullopt : refusal);
+        return offersProject(drag);
+    };
+    EXPECT_TRUE(lights({{v + "11", "new"}, {xml, "old"}}, {}, "new", {}));
+    EXPECT_TRUE(lights({{v + "9", "9"}, {v + "10", "10"}}, {}, "10", {}));
+    EXPECT_TRUE(lights({{v + "14", ""}, {v + "13", {}}, {v + "12", "12"}}, {}, "12", {}));
+    EXPECT_TRUE(lights({{xml, "xml"}, {file, "x"}}, {"/a.fcpxml"}, "xml", {}));
+    EXPECT_TRUE(lights({{xml, ""}, {file, "x"}}, {"/a.FCPXMLD/"}, {}, "/a.FCPXMLD/"));
+    EXPECT_TRUE(lights({{file, "x"}}, {"/a.fcpxml", "/b.fcpxml"}, {}, {}));
+    EXPECT_TRUE(lights({{file, "x"}}, {"/a.txt"}, {}, {}));
+    EXPECT_TRUE(lights({{v + "14", ""}}, {}, {}, {}));
+    EXPECT_FALSE(lights({{v + "15", "15"}, {v + "8", "8"}, {"public.text", "t"}}, {}, {}, {}));
+}
+
+TEST(Inbox, TellsEveryAssignmentWhateverItsObserversDo)
+{
+    auto inbox = std::make_unique<XMLInbox>();
+    std::string log;
+    XMLInboxSubscription second, late;
+    const auto first = inbox->observe([&] {
+        log += "a" + inbox->url().value_or("");
+        if (inbox->url() == "1")
+            inbox->setURL({});
+        else if (inbox->url() == "2")
+            late = inbox->observe([&] { log += "c"; });
+        else if (inbox->url() == "4")
+            second.end();
+    });
+    second = inbox->observe([&] {
+        log += "b";
+        if (inbox->importError()) {
+            second = {};
+            inbox->setImportError({}); // told to the others alone
+        }
+    });
+    const auto heard = [&](auto assign, const Text& value) {
+        log.clear();
+        ((*inbox).*assign)(value);
+        return log;
+    };
+    EXPECT_EQ(heard(&XMLInbox::setXMLData, "x"), "ab");
+    EXPECT_EQ(heard(&XMLInbox::setXMLData, "x"), "ab") << "also when nothing changes";
+    EXPECT_EQ(heard(&XMLInbox::setURL, "1"), "a1abb");
+    EXPECT_EQ(heard(&XMLInbox::setURL, "2"), "a2b") << "an observer hears what comes after it";
+    EXPECT_EQ(heard(&XMLInbox::setURL, "3"), "a3bc");
+    late = {};
+    EXPECT_EQ(heard(&XMLInbox::setImportError, "e"), "a3ba3");
+    second = inbox->observe([&] { log += "d"; });
+    EXPECT_EQ(heard(&XMLInbox::setURL, "4"), "a4") << "ended before its turn";
+    inbox.reset(); // the subscriptions outlive it
+}
+
+} // namespace
+} // namespace corvane

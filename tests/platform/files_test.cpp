@@ -1,0 +1,98 @@
+#include "platform/error.h"
+#include "support/failing_files.h"
+#include "support/refusals.h"
+#include "support/scratch_folder.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <random>
+
+namespace corvane {
+namespace {
+
+using namespace test;
+using Names = std::vector<std::string>;
+
+TEST(NewFiles, AppearWholeOrNotAtAllWhicheverCallFails)
+{
+    for (const bool nameless : {true, false}) {
+        for (int failing = 0;; ++failing) {
+            const ScratchFolder folder;
+            FailingFiles calls(failing, ENOSPC, nameless);
+            try {
+                writeNewFile(folder.file("edit"), "twelve bytes", calls);
+                EXPECT_EQ(readFile(folder.file("edit")), "twelve bytes");
+                EXPECT_EQ(folder.names(), Names{"edit"});
+                ASSERT_EQ(calls.calls(), failing) << "no call failed";
+                ASSERT_GT(failing, 6);
+                break;
+            } catch (const PlatformError& error) {
+                EXPECT_STREQ(error.what(), "Cannot write edit: No space left on device.");
+                EXPECT_EQ(folder.names(), Names{}) << calls.log().back();
+            }
+        }
+    }
+}
+
+TEST(NewFiles, NeverReplaceAnything)
+{
+    const ScratchFolder folder;
+    writeNewFile(folder.file("file"), "old");
+    std::filesystem::create_symlink("nowhere", folder.file("link"));
+    std::filesystem::create_directory(folder.file("folder"));
+    for (const bool nameless : {true, false}) {
+        for (const std::string name : {"file", "link", "folder"}) {
+            FailingFiles calls(-1, 0, nameless);
+            EXPECT_REFUSED(writeNewFile(folder.file(name), "new", calls), "Cannot write " + name + ": File exists.");
+            EXPECT_TRUE(somethingNamed(folder.file(name)));
+        }
+    }
+    EXPECT_EQ(readFile(folder.file("file")), "old");
+    EXPECT_EQ(folder.names(), (Names{"file", "folder", "link"}));
+    EXPECT_REFUSED(writeNewFile(folder.file("none/file"), ""), "Cannot write file: No such file or directory.");
+    EXPECT_REFUSED(readFile(folder.file("none")), "Cannot read none: No such file or directory.");
+}
+
+TEST(NewFiles, LeaveNothingWhenTheDiskOrTheProcessEnds)
+{
+    const ScratchFolder folder;
+    const std::string megabytes(std::size_t{4} << 20U, 'x');
+    std::mt19937 random(1);
+    int whole = 0;
+    for (int round = 0; round < 60; ++round) {
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            if (round == 0) {
+                const rlimit limit = {1 << 20, 1 << 20};
+                ::setrlimit(RLIMIT_FSIZE, &limit);
+                ::signal(SIGXFSZ, SIG_IGN);
+            }
+            try {
+                writeNewFile(folder.file("edit"), megabytes);
+            } catch (const PlatformError&) {
+            }
+            ::_exit(0);
+        }
+        if (round > 0) {
+            ::usleep(static_cast<useconds_t>(random() % 30000));
+            ::kill(child, SIGKILL);
+        }
+        ::waitpid(child, nullptr, 0);
+        if (somethingNamed(folder.file("edit"))) {
+            ASSERT_EQ(readFile(folder.file("edit")).size(), megabytes.size());
+            std::filesystem::remove(folder.file("edit"));
+            ++whole;
+            ASSERT_NE(round, 0) << "larger than the limit";
+        }
+        ASSERT_EQ(folder.names(), Names{});
+    }
+    std::cout << whole << " of 60 writes were whole before the kill\n";
+}
+
+} // namespace
+} // namespace corvane

@@ -1,0 +1,170 @@
+#include "platform/base64.h"
+#include "replay/story_stage.h"
+#include "session/presets.h"
+#include "workspace/captions.h"
+
+#include <fstream>
+#include <iterator>
+
+namespace corvane::replay {
+
+namespace {
+
+Json settingsForm(const EditSettings& settings)
+{
+    Json form = Json::parse(encodedSettings(settings));
+    for (Json& section : form["sections"])
+        section.erase("id");
+    return form;
+}
+
+Json place(const std::vector<EditPreset>& presets, const std::string& id)
+{
+    for (std::size_t n = 0; n < presets.size(); ++n) {
+        if (presets[n].id.text() == id)
+            return n;
+    }
+    return nullptr;
+}
+
+Json fields(const StoryStage& stage, const ContentView& window)
+{
+    const WorkspaceState& state = window.state();
+    Json cuts = Json::array();
+    for (const Cut& cut : state.cuts())
+        cuts.push_back({cut.angle, cut.start, cut.duration});
+    return {
+        {"showingHelp", state.showingHelp},
+        {"showingAbout", state.showingAbout},
+        {"didRestore", state.didRestore},
+        {"sessionSaveError", orNull(state.sessionSaveError)},
+        {"error", orNull(state.error)},
+        {"status", state.status},
+        {"dropTargeted", state.dropTargeted},
+        {"showSavePreset", state.showSavePreset},
+        {"presetName", state.presetName},
+        {"presetNotice", state.presetNotice},
+        {"sourceXML", state.loaded ? stage.documentPlace(state.loaded->sourceXML) : Json(nullptr)},
+        {"history", {{"count", state.history.items.size()}, {"index", state.history.index}}},
+        {"settings", settingsForm(state.settings)},
+        {"restoredSettings", state.restoredSettings ? settingsForm(*state.restoredSettings) : Json(nullptr)},
+        {"imported", state.loaded ? Json(state.loaded->imported.name) : Json(nullptr)},
+        {"engine", state.loaded ? Json(state.loaded->engine.length) : Json(nullptr)},
+        {"cuts", cuts},
+        {"chosenPreset", place(window.storedPresets(), state.chosenPreset)}};
+}
+
+Json derived(const ContentView& window)
+{
+    const Enabling enabled = enabling(window);
+    Json angles = Json::array();
+    for (const ImportedAngle& angle : window.videoAngles())
+        angles.push_back(angle.id);
+    Json usage = Json::object();
+    for (const UsageRow& row : usageRows(window))
+        usage[row.camera] = {row.screenTime, row.share, row.shots};
+    const auto gaps = videoGaps(window);
+    constexpr const char* stages[] = {"empty", "loaded", "preview"};
+    return {
+        {"state", stages[static_cast<std::size_t>(stage(window))]},
+        {"settingsMatchRevision", orNull(window.settingsMatchRevision())},
+        {"videoAngles", angles},
+        {"includedOtherCameras", window.includedOtherCameras()},
+        {"audioLabel", window.angleLabel(window.state().settings.audio)},
+        {"primaryButton", primaryButtonText(window)},
+        {"includeCaption", asksForAnotherCamera(window)},
+        {"enabled",
+         {{"generate", enabled.generate},
+          {"export", enabled.exportEdit},
+          {"back", enabled.back},
+          {"forward", enabled.forward},
+          {"apply", enabled.apply},
+          {"saveAs", enabled.saveAs},
+          {"update", enabled.update},
+          {"delete", enabled.deletePreset},
+          {"save", enabled.save}}},
+        {"position", orNull(positionCaption(window))},
+        {"summary", orNull(summaryLine(window))},
+        {"warning",
+         window.state().loaded ? Json{{"warning", orNull(setupWarning(window))}, {"seconds", nullptr}} : Json(nullptr)},
+        {"uncovered", gaps ? Json(gaps->size()) : Json(nullptr)},
+        {"usage", usage}};
+}
+
+std::string contents(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+/// Number of the last step of that kind whose bytes are still there, or null.
+Json givenBy(const Json& steps, std::size_t done, const char* kind, const std::string& stored)
+{
+    for (std::size_t n = done + 1; n-- > 0;) {
+        if (steps[n].at("do") == kind)
+            return !steps[n].at("data").is_null() && bytes(steps[n].at("data")) == stored ? Json(n) : Json(nullptr);
+    }
+    return nullptr;
+}
+
+Json sessionForm(const StoryStage& stage, const ContentView& window, const std::string& stored)
+{
+    const Json session = Json::parse(stored);
+    Json settings = session.at("settings");
+    const bool shown = settings == Json::parse(encodedSettings(window.state().settings));
+    for (Json& section : settings["sections"])
+        section.erase("id");
+    return {
+        {"document", stage.documentPlace(bytes(session.at("sourceXML")))},
+        {"settings", shown ? Json("shown") : settings},
+        {"history",
+         {{"count", session.at("history").at("items").size()}, {"index", session.at("history").at("index")}}}};
+}
+
+Json presetForms(const std::string& stored)
+{
+    Json forms = Json::array();
+    try {
+        for (const EditPreset& preset : decodePresets(stored))
+            forms.push_back(presetForm(preset));
+    } catch (const std::runtime_error&) {
+        return nullptr;
+    }
+    for (Json& form : forms)
+        form.erase("id");
+    return forms;
+}
+
+Json storedThings(const StoryStage& stage, const ContentView& window, const Json& steps, std::size_t done)
+{
+    const bool exists = std::filesystem::exists(stage.sessionPath());
+    const std::string session = exists ? contents(stage.sessionPath()) : "";
+    const Json sessionFrom = exists ? givenBy(steps, done, "replaceSession", session) : Json(nullptr);
+    Json folders;
+    for (const char* folder : {"out", "other"}) {
+        std::set<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(stage.path(folder)))
+            names.insert(entry.path().filename());
+        folders[folder] = names;
+    }
+    return {
+        {"session", exists && sessionFrom.is_null() ? sessionForm(stage, window, session) : Json(nullptr)},
+        {"sessionFrom", sessionFrom},
+        {"presets", presetForms(stage.presets)},
+        {"presetsFrom", givenBy(steps, done, "replacePresets", stage.presets)},
+        {"folders", folders}};
+}
+
+} // namespace
+
+Json snapshot(const StoryStage& stage, const ContentView& window, const Json& steps, std::size_t done)
+{
+    return {{"fields", fields(stage, window)},
+            {"derived", derived(window)},
+            {"stored", storedThings(stage, window, steps, done)},
+            {"drawsUsed", stage.drawsUsed},
+            {"asked", stage.asked},
+            {"opened", stage.opened}};
+}
+
+} // namespace corvane::replay

@@ -1,0 +1,121 @@
+#pragma once
+
+#include "platform/error.h"
+#include "support/scratch_folder.h"
+#include "workspace/content_view.h"
+
+#include <map>
+#include <random>
+
+namespace corvane::test {
+
+/// Answers as it was told; runs `meanwhile` while the dialog is open.
+struct AnsweringDialogs : Dialogs {
+    std::optional<std::string> answer;
+    std::function<void()> meanwhile = [] {};
+    int asked = 0;
+
+    std::optional<std::string> chooseProject(const std::string&) override { return reply(); }
+    std::optional<std::string> chooseFolder(const std::string&, const std::string&) override { return reply(); }
+    std::optional<std::string> reply()
+    {
+        ++asked;
+        meanwhile();
+        return answer;
+    }
+};
+
+struct MemoryDefaults : UserDefaults {
+    std::map<std::string, std::string> values;
+
+    std::string value(const std::string& key) const override
+    {
+        const auto found = values.find(key);
+        return found == values.end() ? "" : found->second;
+    }
+    void setValue(const std::string& key, std::string_view bytes) override { values[key] = bytes; }
+};
+
+/// A Final Cut that opens files, and reports when the test says so.
+struct WaitingFinalCut : WorkspaceServices {
+    bool installed = true;
+    std::vector<std::string> opened;
+    std::vector<Report> reports;
+
+    std::optional<std::string> application(const std::string& identifier) const override
+    {
+        return installed && identifier == "com.apple.FinalCut" ? std::optional<std::string>("Final Cut") : std::nullopt;
+    }
+    void open(const std::vector<std::string>& files, const std::string&, Report report) override
+    {
+        opened = files;
+        reports.push_back(std::move(report));
+    }
+};
+
+struct CountingScope : SecurityScope {
+    int held = 0;
+    int granted = 0;
+
+    bool start(const std::string&) override { return ++granted, ++held > 0; }
+    void stop(const std::string&) override { --held; }
+};
+
+/// A window on a scratch folder that stands for the user's account; quit() and start() are a restart.
+class TestWindow {
+public:
+    ScratchFolder folder;
+    AnsweringDialogs dialogs;
+    MemoryDefaults defaults;
+    WaitingFinalCut finalCut;
+    CountingScope scope;
+    XMLInbox inbox;
+    FileCalls* sessionCalls = &FileCalls::system();
+
+    TestWindow()
+    {
+        std::filesystem::create_directory(folder.file("Corvane"));
+        std::filesystem::create_directory(folder.file("exports"));
+        start();
+    }
+
+    void start()
+    {
+        sessions_ = std::make_unique<SessionStore>([this] { return folder.file("Corvane"); }, *sessionCalls);
+        view_ = std::make_unique<ContentView>(WorkspaceServicesInUse{
+            .dialogs = dialogs,
+            .defaults = defaults,
+            .sessions = *sessions_,
+            .scope = scope,
+            .services = finalCut,
+            .inbox = inbox,
+            .mainThread = [](const std::function<void()>& work) { work(); },
+            .draws = [this] { return std::uniform_real_distribution<double>(0, 1)(random_); }});
+    }
+    void quit() { view_.reset(); }
+    void restart()
+    {
+        quit();
+        start();
+        view_->windowAppeared();
+    }
+
+    ContentView& view() { return *view_; }
+    const WorkspaceState& state() { return view_->state(); }
+    [[nodiscard]] std::string sessionFile() const { return folder.file("Corvane/session-v1.json"); }
+    [[nodiscard]] std::vector<std::string> names(const std::string& inFolder) const
+    {
+        std::vector<std::string> all;
+        for (const auto& entry : std::filesystem::directory_iterator(folder.file(inFolder)))
+            all.push_back(entry.path().filename().string());
+        std::ranges::sort(all);
+        return all;
+    }
+
+private:
+    std::mt19937 random_{7};
+    std::unique_ptr<SessionStore> sessions_;
+    std::unique_ptr<ContentView> view_;
+};
+
+} // namespace corvane::test

@@ -1,0 +1,153 @@
+#include "support/documents.h"
+#include "support/test_window.h"
+#include "workspace/captions.h"
+
+#include <gtest/gtest.h>
+
+namespace corvane {
+namespace {
+
+using namespace test;
+
+/// Counts the writes of the session file.
+struct CountingCalls : FileCalls {
+    int saves = 0;
+    int sync(int file) override
+    {
+        saves += 1;
+        return FileCalls::sync(file);
+    }
+};
+
+bool has(const Changes& changes, Changed what)
+{
+    return changes.test(static_cast<std::size_t>(what));
+}
+
+TEST(OneDoor, GivesOneNoticeAndOneSaveForEachOperation)
+{
+    CountingCalls calls;
+    TestWindow window;
+    window.sessionCalls = &calls;
+    window.start();
+    std::vector<Changes> notices;
+    window.view().observe([&](const Changes& changes) { notices.push_back(changes); });
+    const auto expectOne = [&](const char* operation) {
+        EXPECT_EQ(notices.size(), 1U) << operation;
+        EXPECT_EQ(calls.saves, 2) << operation << ": the file and its folder";
+        notices.clear();
+        calls.saves = 0;
+    };
+    window.view().importXML(document());
+    expectOne("import");
+    window.view().generateRoughEdit();
+    EXPECT_TRUE(has(notices.back(), Changed::cuts) && has(notices.back(), Changed::history));
+    EXPECT_FALSE(has(notices.back(), Changed::settings));
+    expectOne("generate");
+    window.view().edit([](WorkspaceState& state) {
+        state.settings.mainShare = 30;
+        state.settings.mainMaximum = 2; // below the minimum, which follows
+    });
+    EXPECT_EQ(window.state().settings.mainMinimum, 2);
+    EXPECT_TRUE(window.state().cuts().empty());
+    expectOne("two settings and one that follows");
+    window.view().stepBack();
+    EXPECT_EQ(window.state().settings.mainMinimum, 10);
+    EXPECT_FALSE(window.state().cuts().empty());
+    expectOne("back, with settings that change");
+    window.view().setBound(&EditSettings::otherMinimum, 50);
+    EXPECT_EQ(window.state().settings.otherMaximum, 50);
+    expectOne("a bound");
+    window.view().setBound(&EditSettings::otherMinimum, 50);
+    window.view().importXML("no document");
+    EXPECT_EQ(notices.size(), 1U) << "only the alert";
+    EXPECT_EQ(calls.saves, 0) << "nothing changed";
+}
+
+TEST(OneDoor, LetsEditsOfObserversWaitTheirTurn)
+{
+    TestWindow window;
+    window.view().importXML(document());
+    std::vector<double> seen;
+    const int token = window.view().observe([&](const Changes&) {
+        seen.push_back(window.state().settings.mainShare);
+        if (window.state().settings.mainShare < 30) {
+            window.view().edit([](WorkspaceState& state) { state.settings.mainShare += 5; });
+            EXPECT_EQ(window.state().settings.mainShare, seen.back()) << "not while others are still told";
+        }
+    });
+    window.view().edit([](WorkspaceState& state) { state.settings.mainShare = 20; });
+    EXPECT_EQ(seen, (std::vector<double>{20, 25, 30}));
+    window.view().stopObserving(token);
+    EXPECT_THROW(
+        window.view().edit([](WorkspaceState& state) {
+            state.settings.mainShare = 90;
+            throw PlatformError("no");
+        }),
+        PlatformError);
+    EXPECT_EQ(window.state().settings.mainShare, 30) << "what throws has changed nothing";
+}
+
+TEST(OneDoor, ShowsEveryAlertTheEarlierFirst)
+{
+    TestWindow window;
+    const std::string_view garbage = "{";
+    replaceFile(window.sessionFile(), {&garbage, 1});
+    window.defaults.values["Corvane.savedPresets.v1"] = "[1]";
+    window.view().windowAppeared();
+    ASSERT_EQ(window.view().alerts().size(), 2U);
+    EXPECT_EQ(window.view().alerts().front().find("The previous session could not be restored. "), 0U);
+    EXPECT_EQ(window.state().error, "Saved presets could not be read. Their stored data has been kept.");
+    window.view().dismissError();
+    EXPECT_EQ(window.state().error, std::nullopt);
+    EXPECT_EQ(window.view().alerts().front(), "Saved presets could not be read. Their stored data has been kept.");
+    window.view().dismissError();
+    EXPECT_TRUE(window.view().alerts().empty());
+    EXPECT_EQ(window.defaults.values["Corvane.savedPresets.v1"], "[1]");
+}
+
+TEST(OneDoor, LetsDeliveriesWaitWhileADialogIsOpen)
+{
+    TestWindow window;
+    window.view().importXML(document());
+    window.view().generateRoughEdit();
+    window.dialogs.answer = window.folder.file("exports");
+    window.dialogs.meanwhile = [&] {
+        window.inbox.setXMLData(replaced(document(), "Concert", "Arrived"));
+        EXPECT_EQ(window.state().loaded->imported.name, "Concert");
+        window.view().chooseProjectFile();
+        EXPECT_EQ(window.dialogs.asked, 1) << "no second dialog over the first";
+    };
+    window.view().exportRoughEdit();
+    EXPECT_EQ(window.names("exports").front(), "Concert Corvane.fcpxml");
+    EXPECT_EQ(window.state().loaded->imported.name, "Arrived");
+    EXPECT_EQ(window.inbox.xmlData(), std::nullopt);
+}
+
+TEST(Captions, FollowTheState)
+{
+    TestWindow window;
+    window.view().importXML(document(
+        {.angles = angle("A", clip("0s", "40s")) + angle("B", clip("0s", "20s")) + angle("C", clip("0s", "40s"))}));
+    EditSettings expected = window.state().settings;
+    window.view().edit([](WorkspaceState& state) { state.settings.frequencies = {{"B", 2}}; });
+    EXPECT_EQ(frequencyPercent(window.view(), "B"), 29);
+    EXPECT_EQ(frequencyPercent(window.view(), "C"), 71) << "5 where there is no entry";
+    EXPECT_EQ(audioChoices(window.view())[1].label, "B (Camera 1) (has gaps)");
+    EXPECT_EQ(shareLabel(window.view()), "Target screen time: Main 70% · Other cameras combined 30%");
+    EXPECT_EQ(secondsLabel("Minimum", window.state().settings.mainMinimum), "Minimum: 10 sec");
+    window.view().setCameraIncluded("B", ContentView::Inclusion::excluded);
+    EXPECT_EQ(coverageLabel(window.view(), "B"), "B (Camera 1) (excluded)");
+    EXPECT_FALSE(frequenciesMatter(window.view()));
+    EXPECT_EQ(
+        videoGapsText(window.view()), "Selected cameras cover the whole project, including all fixed camera sections.");
+    window.view().edit([](WorkspaceState& state) { state.settings.sections = {{{}, "", "B", "0:0:0:0", "0:0:1:0"}}; });
+    EXPECT_EQ(coverageLabel(window.view(), "B"), "B (Camera 1)") << "used by a fixed section";
+    window.view().selectMainCamera("B");
+    window.view().edit([](WorkspaceState& state) { state.settings.otherCameras.clear(); });
+    EXPECT_EQ(videoGapsText(window.view()), "1 uncovered video section(s)");
+    EXPECT_TRUE(asksForAnotherCamera(window.view()));
+}
+
+} // namespace
+} // namespace corvane

@@ -1,0 +1,193 @@
+#include "support/documents.h"
+#include "support/test_window.h"
+
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <set>
+
+namespace corvane {
+namespace {
+
+using namespace test;
+using Names = std::vector<std::string>;
+
+/// The call number `failing` fails; a write first writes a part.
+struct FaultyCalls : FileCalls {
+    int failing = -1;
+    int calls = 0;
+
+    bool fails()
+    {
+        errno = ENOSPC;
+        return calls++ == failing;
+    }
+    int open(const std::string& path, int flags) override { return fails() ? -1 : FileCalls::open(path, flags); }
+    std::ptrdiff_t write(int file, const char* bytes, std::size_t count) override
+    {
+        const bool fault = fails();
+        const std::ptrdiff_t some = FileCalls::write(file, bytes, fault ? count / 2 : count);
+        errno = ENOSPC;
+        return fault ? -1 : some;
+    }
+    int sync(int file) override { return fails() ? -1 : FileCalls::sync(file); }
+    int nameFile(int file, const std::string& path) override { return fails() ? -1 : FileCalls::nameFile(file, path); }
+    int renameOver(const std::string& from, const std::string& to) override
+    {
+        return fails() ? -1 : FileCalls::renameOver(from, to);
+    }
+};
+
+TEST(SessionFaults, KeepTheOldFileWhicheverCallFails)
+{
+    FaultyCalls calls;
+    TestWindow window;
+    window.sessionCalls = &calls;
+    window.start();
+    window.view().importXML(document());
+    window.view().generateRoughEdit();
+    int refused = 0;
+    for (int failing = 0;; ++failing) {
+        const std::string before = readFile(window.sessionFile());
+        calls.calls = 0;
+        calls.failing = failing;
+        window.view().edit([&](WorkspaceState& state) { state.settings.mainShare = 10 + failing; });
+        if (calls.calls <= failing)
+            break; // no call was left to fail
+        if (!window.state().sessionSaveError) {
+            EXPECT_NE(readFile(window.sessionFile()), before) << "nameless files refused: another way was found";
+        } else {
+            EXPECT_EQ(
+                window.state().sessionSaveError,
+                "Session could not be saved: Cannot write session-v1.json: No space left on device.");
+            EXPECT_EQ(readFile(window.sessionFile()), before);
+            ++refused;
+        }
+        EXPECT_EQ(window.names("Corvane"), Names{"session-v1.json"}) << failing;
+    }
+    EXPECT_GT(refused, 8);
+    EXPECT_EQ(window.state().sessionSaveError, std::nullopt) << "the next save that works clears the line";
+}
+
+TEST(SessionFaults, TellWhatStandsInTheWay)
+{
+    TestWindow window;
+    window.view().importXML(document());
+    std::filesystem::remove(window.sessionFile());
+    window.view().generateRoughEdit();
+    EXPECT_EQ(window.state().sessionSaveError, std::nullopt) << "a file that vanished is written again";
+    std::filesystem::remove(window.sessionFile());
+    std::filesystem::create_directory(window.sessionFile());
+    window.view().generateRoughEdit();
+    EXPECT_EQ(
+        window.state().sessionSaveError, "Session could not be saved: Cannot read session-v1.json: Is a directory.");
+    std::filesystem::remove(window.sessionFile());
+    std::filesystem::create_symlink("elsewhere", window.sessionFile());
+    window.view().generateRoughEdit();
+    EXPECT_EQ(window.state().sessionSaveError, std::nullopt);
+    EXPECT_FALSE(somethingNamed(window.folder.file("Corvane/elsewhere"))) << "a link is not followed";
+}
+
+/// Runs `work` in a process of its own, so that its limits and its user are its own too.
+void inProcess(const std::function<void()>& work)
+{
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        work();
+        ::_exit(testing::Test::HasFailure() ? 1 : 0);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+}
+
+TEST(SessionFaults, AreToldOfFullDisksLimitsAndForbiddenFolders)
+{
+    TestWindow window;
+    window.view().importXML(document());
+    const std::string before = readFile(window.sessionFile());
+    const auto expectRefused = [&](const std::string& reason) {
+        window.view().generateRoughEdit();
+        EXPECT_EQ(
+            window.state().sessionSaveError,
+            "Session could not be saved: Cannot write session-v1.json: " + reason + ".");
+        EXPECT_EQ(readFile(window.sessionFile()), before);
+        EXPECT_EQ(window.names("Corvane"), Names{"session-v1.json"});
+    };
+    inProcess([&] {
+        const rlimit limit = {512, 512};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        ::signal(SIGXFSZ, SIG_IGN);
+        expectRefused("File too large");
+    });
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "mounting and changing the user need root";
+    inProcess([&] {
+        ::chmod(window.folder.path().c_str(), 0755);
+        ::chmod(window.folder.file("Corvane").c_str(), 0555);
+        ASSERT_EQ(::seteuid(65534), 0);
+        expectRefused("Permission denied");
+        ASSERT_EQ(::seteuid(0), 0);
+        ::chmod(window.folder.file("Corvane").c_str(), 0755);
+    });
+    std::filesystem::create_directory(window.folder.file("small"));
+    if (::mount("tmpfs", window.folder.file("small").c_str(), "tmpfs", 0, "size=16k") != 0)
+        GTEST_SKIP() << "no tmpfs can be mounted here";
+    SessionStore store([&] { return window.folder.file("small"); });
+    const std::string first(3000, 'a');
+    const std::string second(30000, 'b');
+    const std::string_view small = first;
+    const std::string_view large = second;
+    store.write({&small, 1});
+    EXPECT_THROW(store.write({&large, 1}), PlatformError);
+    EXPECT_EQ(readFile(store.sessionFileURL()), first);
+    EXPECT_EQ(window.names("small"), Names{"session-v1.json"});
+    ::umount(window.folder.file("small").c_str());
+}
+
+TEST(SessionFaults, LeaveTheOldOrTheNewSessionWhenTheProcessIsKilled)
+{
+    TestWindow window;
+    window.view().importXML(document());
+    window.view().generateRoughEdit();
+    window.quit();
+    std::mt19937 random(3);
+    std::set<double> shares;
+    for (int round = 0; round < 200; ++round) {
+        int begun[2];
+        ASSERT_EQ(::pipe(begun), 0);
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            window.start();
+            window.view().windowAppeared();
+            (void)!::write(begun[1], "", 1);
+            for (int n = 0;; ++n)
+                window.view().edit(
+                    [&](WorkspaceState& state) { state.settings.mainShare = 10 + (7 * round + n) % 80; });
+        }
+        char byte = 0;
+        ASSERT_EQ(::read(begun[0], &byte, 1), 1);
+        ::close(begun[0]);
+        ::close(begun[1]);
+        ::usleep(static_cast<useconds_t>(random() % 15000));
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+        window.start();
+        window.view().windowAppeared();
+        ASSERT_EQ(window.state().error, std::nullopt) << round;
+        ASSERT_NE(window.state().loaded, nullptr);
+        shares.insert(window.state().settings.mainShare);
+        ASSERT_EQ(window.names("Corvane"), Names{"session-v1.json"}) << "what was abandoned is taken away";
+        window.quit();
+    }
+    EXPECT_GT(shares.size(), 5U) << "the kills hit different moments";
+}
+
+} // namespace
+} // namespace corvane

@@ -1,0 +1,230 @@
+#include "support/documents.h"
+#include "support/test_window.h"
+#include "workspace/captions.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace corvane {
+namespace {
+
+using namespace test;
+using Names = std::vector<std::string>;
+
+/// A bundle with the document, for dropping.
+std::string bundle(const TestWindow& window, const std::string& xml)
+{
+    const std::string path = window.folder.file("Concert.FCPXMLD");
+    std::filesystem::create_directory(path);
+    std::ofstream(path + "/Info.fcpxml") << xml;
+    return path;
+}
+
+TEST(WholeFlow, FromADroppedBundleToARestoredWindow)
+{
+    TestWindow window;
+    ContentView& view = window.view();
+    view.windowAppeared();
+    EXPECT_EQ(stage(view), WorkspaceStage::empty);
+    view.handleDroppedFiles({bundle(window, document())});
+    ASSERT_EQ(window.state().error, std::nullopt);
+    EXPECT_EQ(primaryButtonText(view), "Generate rough edit");
+    for (int n = 0; n < 3; ++n)
+        view.generateRoughEdit();
+    const SharedRevision first = window.state().history.items[0];
+    view.stepBack();
+    view.stepBack();
+    EXPECT_EQ(window.state().preview, first);
+    EXPECT_EQ(positionCaption(view), "Edit 1 of 3");
+    view.generateRoughEdit();
+    EXPECT_EQ(window.state().history.items.size(), 2U) << "what stood after it is dropped";
+    view.edit([](WorkspaceState& state) { state.settings.mainShare = 40; });
+    view.exportRoughEdit();
+    EXPECT_EQ(window.dialogs.asked, 0) << "an edit of other settings is never exported";
+    view.generateRoughEdit();
+
+    window.dialogs.answer = window.folder.file("exports");
+    view.exportRoughEdit();
+    EXPECT_EQ(
+        window.state().status, "Saved Concert Corvane.fcpxml and Concert Corvane.settings.txt. Opening Final Cut Pro…");
+    EXPECT_EQ(window.scope.held, 1) << "access to the document until Final Cut has reported";
+    window.finalCut.reports.front()(std::nullopt);
+    EXPECT_EQ(window.scope.held, 0);
+    EXPECT_EQ(window.state().status, "XML and settings saved. Sent the XML to Final Cut Pro for import.");
+    window.finalCut.installed = false;
+    view.exportRoughEdit();
+    EXPECT_EQ(window.state().status, "XML and settings were saved. Final Cut Pro could not be opened.");
+    EXPECT_EQ(
+        window.state().error, "Your export is saved at " + window.folder.file("exports/Concert Corvane 2.fcpxml") +
+                                  ". Open it in Final Cut manually. Final Cut Pro could not be found. Your exported "
+                                  "files have been saved.");
+    EXPECT_EQ(
+        window.names("exports"), (Names{
+                                     "Concert Corvane 2.fcpxml", "Concert Corvane 2.settings.txt",
+                                     "Concert Corvane.fcpxml", "Concert Corvane.settings.txt"}));
+    const WorkspaceState before = window.state();
+    window.restart();
+    EXPECT_EQ(window.state().settings, before.settings);
+    EXPECT_EQ(window.state().cuts(), before.cuts());
+    EXPECT_EQ(positionCaption(window.view()), "Edit 3 of 3");
+    EXPECT_EQ(*window.state().history.items[0], *first);
+    EXPECT_EQ(
+        window.state().status, "Restored your last session from its saved XML snapshot. Import a fresh XML if the "
+                               "Final Cut project has changed.");
+    EXPECT_EQ(window.names("Corvane"), Names{"session-v1.json"});
+}
+
+TEST(WholeFlow, ReportsToAWindowThatIsGoneAreDropped)
+{
+    TestWindow window;
+    window.view().importXML(document());
+    window.view().generateRoughEdit();
+    window.dialogs.answer = window.folder.file("exports");
+    window.view().exportRoughEdit();
+    window.restart();
+    window.finalCut.reports.front()(std::nullopt);
+    EXPECT_NE(window.state().status.find("Restored"), std::string::npos);
+}
+
+TEST(WholeFlow, KeepsWhatAnImportReplacesAndBringsItBack)
+{
+    TestWindow window;
+    window.view().importXML(document());
+    window.view().generateRoughEdit();
+    const std::vector<Cut> cuts = window.state().cuts();
+    window.view().importXML(replaced(document(), "Concert", "Other"));
+    window.view().generateRoughEdit();
+    EXPECT_EQ(window.names("Corvane"), (Names{"session-v1 (previous).json", "session-v1.json"}));
+    window.view().reopenPreviousSession();
+    EXPECT_EQ(window.state().loaded->imported.name, "Concert");
+    EXPECT_EQ(window.state().cuts(), cuts);
+    window.view().reopenPreviousSession();
+    EXPECT_EQ(window.state().loaded->imported.name, "Other") << "what it replaced became the previous one";
+    // The same for a session that is only stored, because a project arrived before it could be restored.
+    window.quit();
+    window.start();
+    window.view().importXML(replaced(document(), "Concert", "Third"));
+    window.view().windowAppeared();
+    window.view().reopenPreviousSession();
+    EXPECT_EQ(window.state().loaded->imported.name, "Other");
+    EXPECT_EQ(window.names("Corvane"), (Names{"session-v1 (previous).json", "session-v1.json"}));
+}
+
+TEST(WholeFlow, KeepsASessionFileThatIsNotItsOwn)
+{
+    TestWindow window;
+    const auto put = [&](std::string_view bytes) { replaceFile(window.sessionFile(), {&bytes, 1}); };
+    put("garbage");
+    window.view().windowAppeared();
+    EXPECT_EQ(readFile(window.sessionFile()), "garbage");
+    window.view().importXML(document());
+    window.view().generateRoughEdit();
+    put("another process was here");
+    window.view().generateRoughEdit();
+    window.view().generateRoughEdit();
+    EXPECT_EQ(
+        window.names("Corvane"), (Names{"session-v1 (kept 2).json", "session-v1 (kept).json", "session-v1.json"}));
+    EXPECT_EQ(readFile(window.folder.file("Corvane/session-v1 (kept).json")), "garbage");
+    EXPECT_EQ(readFile(window.folder.file("Corvane/session-v1 (kept 2).json")), "another process was here");
+}
+
+TEST(WholeFlow, LeavesRefusedSessionsAndPresetsByteForByte)
+{
+    TestWindow window;
+    window.view().importXML(document());
+    window.view().generateRoughEdit();
+    const std::string good = readFile(window.sessionFile());
+    const std::string invalid = "The saved session contains invalid settings. Its stored data has been kept.";
+    const std::string unreadable = "The saved session could not be read. Its stored data has been kept.";
+    const std::string cameras = "The saved session's cameras do not match its XML snapshot.";
+    const std::string invalidCuts = "The saved edit history contains invalid cuts.";
+    struct Fault {
+        std::string from, to, reason;
+    };
+    for (const auto& [from, to, reason] : std::vector<Fault>{
+             {"\"version\":1", "\"version\":2", unreadable},
+             {"\"index\":0}}", "\"index\":1}}", unreadable},
+             {"\"index\":0}}", "\"index\":-1}}", unreadable},
+             {"\"mainShare\":70.0", "\"mainShare\":95.0", invalid},
+             {"\"averageShot\":10.0", "\"averageShot\":3.9", invalid},
+             {"\"mainMinimum\":10.0", "\"mainMinimum\":26.0", invalid},
+             {"\"otherMaximum\":8.0", "\"otherMaximum\":121.0", invalid},
+             {"\"openingSeconds\":15.0", "\"openingSeconds\":0.0", invalid},
+             {"\"closingSeconds\":15.0", "\"closingSeconds\":120.5", invalid},
+             {"{\"B\":5.0}", "{\"B\":11.0}", invalid},
+             {"\"returnTimes\":{}", "\"returnTimes\":{\"Z\":601}", invalid},
+             {"\"mainCamera\":\"A\"", "\"mainCamera\":\"\"", cameras},
+             {"\"otherCameras\":[\"B\"]", "\"otherCameras\":[\"B\",\"Z\"]", cameras},
+             {"\"openingEnabled\":false,\"openingCamera\":\"A\"", "\"openingEnabled\":true,\"openingCamera\":\"Z\"",
+              cameras},
+             {"\"audio\":\"A\"", "\"audio\":\"Z\"", cameras},
+             {"\"start\":0,\"duration\":", "\"start\":0,\"duration\":1", invalidCuts},
+             {"\"start\":0,\"duration\":", "\"start\":0,\"duration\":-", invalidCuts},
+             {"\"angle\":\"A\",\"start\":0", "\"angle\":\"Z\",\"start\":0", invalidCuts},
+             {good.substr(good.find("\"cuts\":[")), "\"cuts\":[]}],\"index\":0}}",
+              "The saved edit history has an incomplete timeline."},
+             {"\"version\":1,", "\"version\":1.5,", "The session cannot be read: version is not a whole number."},
+             {"\"doubleMain\":false", "\"doubleMain\":0",
+              "The session cannot be read: settings.doubleMain is neither true nor false."},
+             {",\"index\":0}}", "}}", "The session cannot be read: history.index is missing."}}) {
+        const std::string bad = replaced(good, from, to);
+        const std::string_view bytes = bad;
+        replaceFile(window.sessionFile(), {&bytes, 1});
+        window.restart();
+        EXPECT_EQ(
+            window.state().error, "The previous session could not be restored. Its saved file has been kept. You can "
+                                  "import an XML to start a new session. " +
+                                      reason)
+            << from << " → " << to;
+        EXPECT_EQ(window.state().loaded, nullptr);
+        EXPECT_EQ(readFile(window.sessionFile()), bad);
+    }
+    // Written by hand: another order of keys, other forms of numbers, identifiers and characters, and unknown keys.
+    std::string byHand = replaced(good, "{\"version\":1,", "{\"more\":[null],\"version\":1.0,");
+    byHand = replaced(byHand, "\"mainShare\":70.0", "\"mainShare\":7e1");
+    byHand = replaced(byHand, "\"id\":\"", "\"id\":\"abcdef00-0000-4000-8000-00000000000a\",\"was\":\"");
+    byHand = replaced(byHand, "\"mainCamera\":\"A\"", "\"mainCamera\":\"\\u0041\"");
+    const std::string_view bytes = byHand;
+    replaceFile(window.sessionFile(), {&bytes, 1});
+    window.restart();
+    EXPECT_EQ(window.state().error, std::nullopt);
+    EXPECT_EQ(window.state().history.items.front()->id.text(), "ABCDEF00-0000-4000-8000-00000000000A");
+}
+
+TEST(WholeFlow, StoresPresetsSortedAndRefusesClashes)
+{
+    TestWindow window;
+    window.view().importXML(document());
+    const auto save = [&](const std::string& name) {
+        window.view().beginSavePreset();
+        window.view().edit([&](WorkspaceState& state) { state.presetName = name; });
+        window.view().savePreset(ContentView::PresetSave::asNew);
+    };
+    for (const char* name : {"Service 10", " service 9 ", "Alpha"})
+        save(name);
+    std::vector<std::string> names;
+    for (const EditPreset& preset : window.view().storedPresets())
+        names.push_back(preset.name);
+    EXPECT_EQ(names, (Names{"Alpha", "service 9", "Service 10"}));
+    EXPECT_EQ(window.state().presetNotice, "Saved Alpha.");
+    save("ALPHA ");
+    EXPECT_EQ(
+        window.state().error,
+        "A preset with that name already exists. Choose it and use Update, or save with another name.");
+    window.view().edit([](WorkspaceState& state) { state.settings.mainShare = 35; });
+    window.view().savePreset(ContentView::PresetSave::update);
+    EXPECT_EQ(window.view().chosenPresetRecord()->mainShare, 35);
+    window.view().deletePreset();
+    EXPECT_EQ(window.state().presetNotice, "Deleted Alpha. Your current editing settings are unchanged.");
+    EXPECT_EQ(window.view().storedPresets().size(), 2U);
+    std::string& stored = window.defaults.values["Corvane.savedPresets.v1"];
+    stored = replaced(stored, "\"weight\":5.0", "\"weight\":11");
+    const std::string before = stored;
+    save("New");
+    EXPECT_EQ(window.state().error, "The saved presets could not be read. Your existing saved data has been kept.");
+    EXPECT_EQ(stored, before);
+}
+
+} // namespace
+} // namespace corvane
