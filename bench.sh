@@ -1,0 +1,10 @@
+#!/usr/bin/env bash
+# ./bench.sh [OPTION…]: builds and runs the benchmarks; the table at the end says what was measured and what must be
+# reached. Options go to Google Benchmark: --benchmark_filter=export runs these jobs only.
+set -euo pipefail
+source "$(dirname "$0")/scripts/common.sh"
+
+install_packages "${build_packages[@]}" "${bench_packages[@]}"
+build bench corvane_bench
+cd "$root"
+exec build/bench/bench/corvane_bench "$@"

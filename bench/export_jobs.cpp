@@ -1,0 +1,87 @@
+#include "bench/export_jobs.h"
+
+#include "bench/bare_document.h"
+#include "bench/edit_document.h"
+#include "bench/stopwatch.h"
+#include "export/rough_edit_writer.h"
+
+#include <array>
+#include <stdexcept>
+
+namespace corvane::bench {
+
+namespace {
+
+constexpr const char* serialiseFigure = "serialise";
+constexpr const char* perPieceFigure = "a piece";
+
+struct Size {
+    const char* name;
+    std::size_t pieces;
+};
+constexpr std::array<Size, 3> sizes = {
+    Size{"export 5,000 pieces", 5'000}, Size{"export 10,000 pieces", 10'000}, Size{"export 20,000 pieces", 20'000}};
+
+/// The finished document of the first export, to be serialised. What the two write must be alike in size, or they are
+/// not comparable.
+BareDocument finishedDocument(const std::string& written)
+{
+    BareDocument document = BareDocument::parse(written);
+    const auto size = static_cast<double>(document.serialise());
+    if (size < 0.9 * static_cast<double>(written.size()) || size > 1.1 * static_cast<double>(written.size()))
+        throw std::runtime_error("The export and the serialised document differ in size.");
+    return document;
+}
+
+/// Export and serialising take turns, so that whatever slows the machine slows both.
+void measureExport(benchmark::State& state, std::size_t pieces)
+{
+    const EditDocument source = editDocument(pieces);
+    const CutEngine engine = buildEngine(source.bytes);
+    const BareDocument finished = finishedDocument(roughEditXML(engine, source.cuts));
+    double exported = 0;
+    double serialised = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        settleHeap();
+        const Stopwatch serialising;
+        benchmark::DoNotOptimize(finished.serialise());
+        serialised += serialising.seconds();
+        settleHeap();
+        const Stopwatch exporting;
+        const std::string written = roughEditXML(engine, source.cuts);
+        const double seconds = exporting.seconds();
+        benchmark::DoNotOptimize(written.data());
+        state.SetIterationTime(seconds);
+        exported += seconds;
+    }
+    const auto iterations = static_cast<double>(state.iterations());
+    state.counters[serialiseFigure] = serialised / iterations;
+    state.counters[perPieceFigure] = exported / iterations / static_cast<double>(pieces);
+}
+
+} // namespace
+
+void registerExportJobs()
+{
+    for (const Size& size : sizes) {
+        benchmark::RegisterBenchmark(size.name, measureExport, size.pieces)->UseManualTime()->Repetitions(repetitions);
+    }
+}
+
+std::vector<TargetRow> exportTargets(const Measurements& measurements)
+{
+    const char* first = sizes.front().name;
+    const auto perPiece = [&](const Size& size) { return measurements.median(size.name, perPieceFigure); };
+    const auto growth = [&](const Size& size) {
+        return ratioRow(
+            std::string(size.name) + ", time a piece", quotient(perPiece(size), perPiece(sizes.front())), 1.3,
+            quotientText(perPiece(size), perPiece(sizes.front())) + " at 5,000");
+    };
+    const auto whole = measurements.median(first);
+    const auto serialised = measurements.median(first, serialiseFigure);
+    return {
+        ratioRow(first, quotient(whole, serialised), 1.5, quotientText(whole, serialised) + " for serialising"),
+        growth(sizes[1]), growth(sizes[2])};
+}
+
+} // namespace corvane::bench

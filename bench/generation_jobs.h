@@ -1,0 +1,15 @@
+#pragma once
+
+#include "bench/measurements.h"
+#include "bench/target_table.h"
+
+#include <vector>
+
+namespace corvane::bench {
+
+/// Generation of about 5,000, 10,000 and 20,000 cuts; usage, gaps and warning for the smallest of these projects.
+void registerGenerationJobs();
+
+[[nodiscard]] std::vector<TargetRow> generationTargets(const Measurements& measurements);
+
+} // namespace corvane::bench

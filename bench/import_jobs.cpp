@@ -1,0 +1,135 @@
+#include "bench/import_jobs.h"
+
+#include "bench/bare_document.h"
+#include "bench/document_generator.h"
+#include "bench/fresh_process.h"
+#include "bench/stopwatch.h"
+#include "import/cut_engine.h"
+#include "platform/files.h"
+
+#include <array>
+#include <stdexcept>
+
+namespace corvane::bench {
+
+namespace {
+
+constexpr const char* parseFigure = "parse";
+
+/// A document and how often it is read in the warm loop of one repetition.
+struct Size {
+    int megabytes;
+    int warmIterations;
+};
+constexpr std::array<Size, 3> sizes = {Size{1, 100}, Size{10, 20}, Size{100, 4}};
+
+std::string documentPath(int megabytes)
+{
+    return pathIn(CORVANE_BENCH_DOCUMENTS, "import-" + std::to_string(megabytes) + "MB.fcpxml");
+}
+
+std::string jobName(const char* kind, int megabytes)
+{
+    return "import " + std::to_string(megabytes) + " MB, " + kind;
+}
+
+std::string freshName(int megabytes)
+{
+    return jobName("fresh processes", megabytes);
+}
+
+std::string warmName(int megabytes)
+{
+    return jobName("warm loop", megabytes);
+}
+
+double secondsOfParse(const std::string& bytes)
+{
+    settleHeap();
+    const Stopwatch watch;
+    const BareDocument document = BareDocument::parse(bytes);
+    return watch.seconds(); // before the document is freed
+}
+
+double secondsOfImport(const std::string& bytes)
+{
+    settleHeap();
+    const Stopwatch watch;
+    const LoadedProject project = loadProject(bytes);
+    const double seconds = watch.seconds();
+    if (project.imported.angles.size() != importAngles || project.engine.coverage.size() != importAngles)
+        throw std::runtime_error("The generated document is not imported whole.");
+    return seconds;
+}
+
+void measureFresh(benchmark::State& state, int megabytes)
+{
+    const std::string path = documentPath(megabytes);
+    double parse = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        parse += secondsInFreshProcess(FreshWork::parse, path);
+        state.SetIterationTime(secondsInFreshProcess(FreshWork::import, path));
+    }
+    state.counters[parseFigure] = parse / static_cast<double>(state.iterations());
+}
+
+/// Parse and import take turns, so that whatever slows the machine slows both.
+void measureWarm(benchmark::State& state, int megabytes)
+{
+    const std::string bytes = readFile(documentPath(megabytes));
+    secondsOfParse(bytes);
+    secondsOfImport(bytes);
+    double parse = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        parse += secondsOfParse(bytes);
+        state.SetIterationTime(secondsOfImport(bytes));
+    }
+    state.counters[parseFigure] = parse / static_cast<double>(state.iterations());
+}
+
+std::optional<double> ratio(const Measurements& measurements, const std::string& job)
+{
+    return quotient(measurements.median(job), measurements.median(job, parseFigure));
+}
+
+TargetRow against(const Measurements& measurements, const std::string& job, double limit)
+{
+    return ratioRow(
+        job, ratio(measurements, job), limit,
+        quotientText(measurements.median(job), measurements.median(job, parseFigure)) + " for a bare parse");
+}
+
+} // namespace
+
+void registerImportJobs()
+{
+    for (const Size size : sizes) {
+        benchmark::RegisterBenchmark(freshName(size.megabytes).c_str(), measureFresh, size.megabytes)
+            ->UseManualTime()
+            ->Iterations(1)
+            ->Repetitions(repetitions);
+    }
+    for (const Size size : sizes) {
+        benchmark::RegisterBenchmark(warmName(size.megabytes).c_str(), measureWarm, size.megabytes)
+            ->UseManualTime()
+            ->Iterations(size.warmIterations)
+            ->Repetitions(repetitions);
+    }
+}
+
+std::vector<TargetRow> importTargets(const Measurements& measurements)
+{
+    std::vector<TargetRow> rows;
+    rows.reserve(2 * sizes.size() + 1);
+    for (const Size size : sizes)
+        rows.push_back(against(measurements, freshName(size.megabytes), 1.2));
+    for (const Size size : sizes)
+        rows.push_back(against(measurements, warmName(size.megabytes), 1.6));
+    const auto large = ratio(measurements, freshName(100));
+    const auto small = ratio(measurements, freshName(10));
+    rows.push_back(
+        ratioRow("import, ratio at 100 MB to that at 10 MB", quotient(large, small), 1.15, "fresh processes"));
+    return rows;
+}
+
+} // namespace corvane::bench

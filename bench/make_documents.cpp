@@ -1,0 +1,24 @@
+// Writes a generated document: corvane_bench_documents MEGABYTES FILE.
+#include "bench/document_generator.h"
+#include "platform/numbers.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+
+int main(int count, char** arguments)
+{
+    const auto megabytes = count == 3 ? corvane::readInteger(arguments[1]) : std::nullopt;
+    if (!megabytes || *megabytes < 1 || *megabytes > 1000) {
+        std::cerr << "usage: corvane_bench_documents MEGABYTES FILE\n";
+        return EXIT_FAILURE;
+    }
+    std::ofstream file(arguments[2], std::ios::binary);
+    file << corvane::bench::importDocument(static_cast<std::size_t>(*megabytes) * 1'000'000);
+    file.close();
+    if (!file) {
+        std::cerr << arguments[2] << " cannot be written.\n";
+        return EXIT_FAILURE;
+    }
+    return EXIT_SUCCESS;
+}

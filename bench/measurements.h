@@ -1,0 +1,40 @@
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvane::bench {
+
+/// Every job is measured this often; what counts is the median.
+inline constexpr int repetitions = 5;
+
+/// The figure that a job gives to SetIterationTime. Its counters are figures too, and all figures are seconds.
+inline constexpr std::string_view ownTime = "time";
+
+/// Keeps the figures of a run of the benchmarks, and prints them as they come in.
+class Measurements : public benchmark::BenchmarkReporter {
+public:
+    bool ReportContext(const Context& context) override;
+    void ReportRuns(const std::vector<Run>& runs) override;
+
+    /// The median over the repetitions of one figure of a job; none when the job did not run.
+    [[nodiscard]] std::optional<double> median(std::string_view job, std::string_view figure = ownTime) const;
+
+private:
+    using Figures = std::map<std::string, std::vector<double>, std::less<>>;
+    std::map<std::string, Figures, std::less<>> jobs_;
+};
+
+/// Does what freeing put off. The allocator joins small blocks only at the next large allocation; unless that happens
+/// before the clock starts, whatever is measured next pays for what was freed before it.
+void settleHeap();
+
+/// "812 ns", "4.31 ms", "1.24 s".
+[[nodiscard]] std::string durationText(double seconds);
+
+} // namespace corvane::bench
