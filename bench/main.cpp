@@ -25,6 +25,7 @@ int main(int count, char** arguments)
     benchmark::Initialize(&count, arguments);
     if (benchmark::ReportUnrecognizedArguments(count, arguments))
         return EXIT_FAILURE;
+    keepFreedMemory();
     try {
         registerImportJobs();
         registerGenerationJobs();

@@ -2,7 +2,10 @@
 
 #include "platform/numbers.h"
 
+#include <malloc.h>
+
 #include <algorithm>
+#include <climits>
 #include <iostream>
 #include <set>
 
@@ -61,6 +64,12 @@ std::optional<double> Measurements::median(std::string_view job, std::string_vie
     return values == figures->second.end() ? std::nullopt : std::optional(medianOf(values->second));
 }
 
+void keepFreedMemory()
+{
+    mallopt(M_TRIM_THRESHOLD, INT_MAX);
+    mallopt(M_MMAP_MAX, 0); // a mapped block is always given back
+}
+
 void settleHeap()
 {
     constexpr std::size_t large = 4096;
@@ -72,6 +81,8 @@ std::string durationText(double seconds)
 {
     if (seconds < 1e-5)
         return fixed(seconds * 1e9, 0) + " ns";
+    if (seconds < 1e-3)
+        return fixed(seconds * 1e6, 1) + " us";
     return seconds < 1 ? fixed(seconds * 1e3, 2) + " ms" : fixed(seconds, 2) + " s";
 }
 
