@@ -76,24 +76,24 @@ public:
     std::vector<Cut> run()
     {
         if (inputs_.opening)
-            place(inputs_.opening->angle, frame_.openingFrames, Growth::no);
+            placeFixed(inputs_.opening->angle, frame_.openingFrames);
         while (position_ < frame_.freeEnd) {
             if (nextSection_ < frame_.fixedSections.size() && frame_.fixedSections[nextSection_].start == position_) {
                 const FixedCameraSection& section = frame_.fixedSections[nextSection_++];
                 note(GenerationEvent::fixedSection);
-                place(section.angle, section.end, Growth::no);
+                placeFixed(section.angle, section.end);
             } else {
                 placeFreeShot();
             }
         }
         if (inputs_.closing)
-            place(inputs_.closing->angle, engine_.length, Growth::no);
+            placeFixed(inputs_.closing->angle, engine_.length);
         return std::move(cuts_);
     }
 
 private:
     struct Camera {
-        std::string_view id;
+        std::string id;
         const std::vector<FrameRange>* stretches = nullptr;
         std::size_t stretch = 0; ///< the first that ends after position; only ever moves forward
         double weight = defaultWeight;
@@ -121,10 +121,7 @@ private:
 
     [[nodiscard]] bool isMain(const Camera& camera) const { return &camera == &cameras_.front(); }
 
-    [[nodiscard]] bool isOnScreen(const Camera& camera) const
-    {
-        return !cuts_.empty() && cuts_.back().angle == camera.id;
-    }
+    [[nodiscard]] bool isOnScreen(const Camera& camera) const { return &camera == onScreen_; }
 
     [[nodiscard]] Frames nextBoundary() const
     {
@@ -133,17 +130,17 @@ private:
         return section ? frame_.fixedSections[nextSection_].start : frame_.freeEnd;
     }
 
-    [[nodiscard]] CameraList availableCameras()
+    /// Fills eligible_ with the cameras that have footage at position_; its memory serves every shot.
+    void findAvailableCameras()
     {
-        CameraList available;
+        eligible_.clear();
         for (Camera& camera : cameras_) {
             const auto& stretches = *camera.stretches;
             while (camera.stretch < stretches.size() && stretches[camera.stretch].end <= position_)
                 ++camera.stretch;
             if (camera.stretch < stretches.size() && stretches[camera.stretch].start <= position_)
-                available.push_back(&camera);
+                eligible_.push_back(&camera);
         }
-        return available;
     }
 
     [[noreturn]] void refuseGap() const
@@ -180,31 +177,35 @@ private:
         return waited;
     }
 
-    [[nodiscard]] CameraList eligibleCameras()
+    void findEligibleCameras()
     {
-        CameraList eligible = availableCameras();
-        if (eligible.empty())
+        findAvailableCameras();
+        if (eligible_.empty())
             refuseGap();
-        std::erase_if(eligible, [this](const Camera* camera) { return !isEligible(*camera); });
-        if (!eligible.empty())
-            return eligible;
+        std::erase_if(eligible_, [this](const Camera* camera) { return !isEligible(*camera); });
+        if (!eligible_.empty())
+            return;
         note(GenerationEvent::noneEligible);
         throw FinalCutImportError::invalid(
             "Minimum return times prevent a camera change at " + timecodeLabel(engine_, position_) +
             ", and the current camera has no footage there. Reduce a return time or include another camera.");
     }
 
-    [[nodiscard]] CameraList candidates()
+    [[nodiscard]] const CameraList& candidates()
     {
-        CameraList eligible = eligibleCameras();
-        if (onOtherCamera_ && isMain(*eligible.front())) {
+        findEligibleCameras();
+        candidates_.clear();
+        if (onOtherCamera_ && isMain(*eligible_.front())) {
             note(GenerationEvent::returnToMain);
-            return {eligible.front()};
+            candidates_.push_back(eligible_.front());
+            return candidates_;
         }
-        CameraList others = eligible;
-        std::erase_if(others, [this](const Camera* camera) { return isMain(*camera) || isOnScreen(*camera); });
-        note(others.empty() ? GenerationEvent::allEligible : GenerationEvent::otherCandidates);
-        return others.empty() ? eligible : others;
+        for (Camera* camera : eligible_) {
+            if (!isMain(*camera) && !isOnScreen(*camera))
+                candidates_.push_back(camera);
+        }
+        note(candidates_.empty() ? GenerationEvent::allEligible : GenerationEvent::otherCandidates);
+        return candidates_.empty() ? eligible_ : candidates_;
     }
 
     [[nodiscard]] Camera& pick(const CameraList& candidates)
@@ -257,7 +258,7 @@ private:
     void placeFreeShot()
     {
         const Frames boundary = nextBoundary();
-        const Camera& camera = pick(candidates());
+        Camera& camera = pick(candidates());
         const Frames byLength = position_ + drawLength(isMain(camera));
         const Frames footageEnd = (*camera.stretches)[camera.stretch].end;
         const Frames end = std::min({byLength, footageEnd, boundary});
@@ -268,14 +269,14 @@ private:
                                     : GenerationEvent::endsAtSection);
         if (end <= position_)
             throw FinalCutImportError::invalid("No valid cut boundary is available.");
-        place(camera.id, end, Growth::yes);
+        place(&camera, camera.id, end, Growth::yes);
     }
 
     /// The camera from position_ to `end`. A free shot on the camera on screen continues that cut, unless the cut is
     /// the opening or a fixed section, which keep their exact lengths.
-    void place(std::string_view camera, Frames end, Growth growth)
+    void place(Camera* camera, const std::string& id, Frames end, Growth growth)
     {
-        const bool sameCamera = !cuts_.empty() && cuts_.back().angle == camera;
+        const bool sameCamera = !cuts_.empty() && cuts_.back().angle == id;
         if (growth == Growth::yes) {
             note(
                 !sameCamera                    ? GenerationEvent::appended
@@ -285,27 +286,36 @@ private:
         if (sameCamera && growth == Growth::yes && lastCutGrows_ == Growth::yes)
             cuts_.back().duration += end - position_;
         else
-            cuts_.push_back({sources_.identifiers(), std::string(camera), position_, end - position_});
+            cuts_.push_back({sources_.identifiers(), id, position_, end - position_});
         lastCutGrows_ = growth;
-        for (Camera& each : cameras_) {
-            if (each.id == camera)
-                each.lastShotEnd = end;
-        }
+        if (camera != nullptr)
+            camera->lastShotEnd = end;
+        onScreen_ = camera;
         position_ = end;
-        onOtherCamera_ = camera != inputs_.mainCamera;
+        onOtherCamera_ = camera != &cameras_.front();
+    }
+
+    /// The same for a bookend or a section, whose camera need not be among the chosen ones.
+    void placeFixed(const std::string& id, Frames end)
+    {
+        const auto camera = std::ranges::find(cameras_, id, &Camera::id);
+        place(camera == cameras_.end() ? nullptr : &*camera, id, end, Growth::no);
     }
 
     const CutEngine& engine_;
     const GenerationInputs& inputs_;
     const GenerationSources& sources_;
     const EditFrame frame_;
-    std::vector<Camera> cameras_; ///< the main camera first, then the others in order
+    std::vector<Camera> cameras_; ///< the main camera first, then the others in order; never moved once filled
+    CameraList eligible_;
+    CameraList candidates_;
     ShotLengths mainLengths_;
     ShotLengths otherLengths_;
 
-    Frames position_ = 0;         ///< where the next shot starts
-    std::size_t nextSection_ = 0; ///< the first fixed section that is not placed yet
-    bool onOtherCamera_ = true;   ///< so the first shot goes to the main camera where it can
+    Frames position_ = 0;              ///< where the next shot starts
+    std::size_t nextSection_ = 0;      ///< the first fixed section that is not placed yet
+    const Camera* onScreen_ = nullptr; ///< of the last cut, when it is one of the chosen cameras
+    bool onOtherCamera_ = true;        ///< so the first shot goes to the main camera where it can
     Growth lastCutGrows_ = Growth::no;
     std::vector<Cut> cuts_;
 };

@@ -2,7 +2,6 @@
 
 #include "export/piece_parts.h"
 #include "import/time_values.h"
-#include "platform/xml_tree.h"
 
 #include <algorithm>
 #include <array>
@@ -70,7 +69,7 @@ void PieceAnnotations::addConnectedItems()
         if (!isConnectedItem(item.plainName()))
             continue;
         const double offset = parseSeconds(item.attribute("offset").value_or("0s"));
-        texts_.push_back({partText(item), {}, {}});
+        texts_.push_back({partText(writer_, item), {}, {}});
         placeConnectedItem(offset, texts_.size() - 1);
     }
 }
@@ -93,17 +92,23 @@ void PieceAnnotations::addAnnotations()
         const Frames from = frames(start ? std::string(*start) : text(engine_.sourceStart));
         const Frames length = frames(duration ? std::string(*duration) : ranged ? text(engine_.length) : "0s");
         if (ranged && length > 0) {
-            xml::Tree copy(annotation);
-            copy.removeAttribute(copy.root(), "start");
-            copy.removeAttribute(copy.root(), "duration");
-            const std::string openTag = copy.openTag();
-            texts_.push_back({{}, openTag, partText(copy.root()).substr(openTag.size())});
+            texts_.push_back(rangeText(annotation));
             placeRange({from, from + length}, texts_.size() - 1);
         } else {
-            texts_.push_back({partText(annotation), {}, {}});
+            texts_.push_back({partText(writer_, annotation), {}, {}});
             placePoint(from, texts_.size() - 1);
         }
     }
+}
+
+PieceAnnotations::Text PieceAnnotations::rangeText(xml::Element annotation)
+{
+    const std::string whole = partText(writer_, annotation);
+    const std::size_t tagEnd = whole.find('>'); // in attribute values it is written "&gt;"
+    return {
+        {},
+        writer_.openTag(annotation, {"start", "duration"}),
+        whole.substr(whole[tagEnd - 1] == '/' ? tagEnd - 1 : tagEnd)};
 }
 
 void PieceAnnotations::placeConnectedItem(double offset, std::size_t text)

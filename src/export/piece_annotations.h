@@ -2,6 +2,7 @@
 
 #include "engine/edit_settings.h"
 #include "import/cut_engine.h"
+#include "platform/xml_tree.h"
 
 #include <cstddef>
 #include <map>
@@ -32,6 +33,7 @@ private:
         std::string openTag; ///< without times and ">"
         std::string rest;    ///< from the end of the start tag on
     };
+    [[nodiscard]] Text rangeText(xml::Element annotation);
     struct Placement {
         std::size_t text = 0;
         std::optional<FrameRange> trimmedTo; ///< in source frames; none: unchanged
@@ -46,6 +48,7 @@ private:
 
     const CutEngine& engine_;
     const std::vector<Cut>& cuts_;
+    xml::ElementWriter writer_;
     std::map<Identifier, std::vector<std::size_t>> piecesById_;
     std::vector<Text> texts_;
     std::vector<std::vector<Placement>> pieces_;

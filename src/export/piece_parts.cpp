@@ -1,7 +1,6 @@
 #include "export/piece_parts.h"
 
 #include "import/project_import.h"
-#include "platform/xml_tree.h"
 
 namespace corvane {
 
@@ -98,10 +97,10 @@ void appendPart(std::string& out, std::string_view text)
     out += text;
 }
 
-std::string partText(xml::Element element)
+std::string partText(xml::ElementWriter& writer, xml::Element element)
 {
     std::string text;
-    xml::Tree(element).write(text, partLevel);
+    writer.write(text, element, partLevel);
     return text;
 }
 
@@ -113,14 +112,11 @@ bool isCarriedOver(std::string_view elementName)
 PieceParts::PieceParts(const CutEngine& engine, std::string_view audioAngle, IdentifierSource identifiers)
     : original_(engine.source->original), audioAngle_(audioAngle), identifiers_(std::move(identifiers))
 {
-    xml::Tree tag(original_, xml::Tree::Copy::startTag);
-    for (const std::string_view name : {"srcEnable", "offset", "start", "duration"})
-        tag.removeAttribute(tag.root(), name);
-    openTag_ = tag.openTag() + " srcEnable=\"all\"";
+    openTag_ = writer_.openTag(original_, {"srcEnable", "offset", "start", "duration"}) + " srcEnable=\"all\"";
     closeTag_ = "</" + original_.name() + ">";
     for (const xml::Element child : original_.children()) {
         if (isTrailing(child.plainName()))
-            appendPart(trailing_, partText(child));
+            appendPart(trailing_, partText(writer_, child));
     }
 }
 
@@ -149,7 +145,7 @@ const std::string& PieceParts::settings(PieceEnds ends)
     removeVolumeFades(clip, clip.root(), ends);
     std::string text;
     for (const xml::Element child : clip.root().children())
-        appendPart(text, partText(child));
+        appendPart(text, partText(writer_, child));
     return known.emplace(std::move(text));
 }
 

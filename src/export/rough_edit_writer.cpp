@@ -79,6 +79,8 @@ struct ProjectText {
 ProjectText projectText(const SourceDocument& source)
 {
     xml::Tree project(source.project, xml::Tree::Copy::startTag);
+    for (auto above = source.project.parent(); above && above->parent(); above = above->parent())
+        project.declareNamespaces(*above); // libraries and events are left out, what they declare is not
     project.removeAttribute(project.root(), "uid");
     project.removeAttribute(project.root(), "modDate");
     if (const auto name = source.project.attribute("name"))

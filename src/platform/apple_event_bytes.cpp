@@ -75,7 +75,7 @@ public:
     }
 
 private:
-    /// A count that promises too much ends where the bytes end: nothing is set aside for it beforehand.
+    /// No room is made for what a count promises: a lie ends where the bytes do.
     std::optional<AppleEventDescriptor> list(std::size_t count, unsigned levels)
     {
         std::vector<AppleEventDescriptor> items;

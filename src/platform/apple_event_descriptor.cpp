@@ -129,7 +129,7 @@ const AppleEventDescriptor* AppleEventDescriptor::field(FourCharacterCode key) c
 
 bool AppleEventDescriptor::holds(FourCharacterCode type, std::size_t size) const
 {
-    return type_ == type && shape_ == Shape::bytes && bytes_.size() == size;
+    return type_ == type && bytes_.size() == size; // such types have no other shape: coerced() sees to that
 }
 
 std::optional<FourCharacterCode> AppleEventDescriptor::asTypeCode() const

@@ -67,6 +67,7 @@ private:
         : type_(type), shape_(shape), bytes_(std::move(bytes))
     {
     }
+    /// Bytes of this type, as many as `size`.
     [[nodiscard]] bool holds(FourCharacterCode type, std::size_t size) const;
 
     FourCharacterCode type_ = "null";

@@ -85,6 +85,12 @@ AttributeRange Element::attributes() const
     return {AttributeIterator(node_->properties)};
 }
 
+std::optional<Element> Element::parent() const
+{
+    _xmlNode* above = node_->parent;
+    return above != nullptr && above->type == XML_ELEMENT_NODE ? std::optional(Element(above)) : std::nullopt;
+}
+
 ElementRange Element::children() const
 {
     return {ElementIterator(node_->children, nullptr)};

@@ -42,6 +42,8 @@ public:
     /// All attributes, in document order, for callers that need several of them.
     [[nodiscard]] AttributeRange attributes() const;
 
+    /// The element around this one; none for the root.
+    [[nodiscard]] std::optional<Element> parent() const;
     /// The child elements, in document order.
     [[nodiscard]] ElementRange children() const;
     [[nodiscard]] std::optional<Element> firstChild(std::string_view name) const;

@@ -42,7 +42,9 @@ int copyMode(Tree::Copy what)
 
 int appendTo(void* out, const char* bytes, int count)
 {
-    static_cast<std::string*>(out)->append(bytes, static_cast<std::size_t>(count));
+    // Closing flushes once more, with nothing left to write and nowhere to write it to.
+    if (std::string* text = *static_cast<std::string**>(out))
+        text->append(bytes, static_cast<std::size_t>(count));
     return count;
 }
 
@@ -66,7 +68,7 @@ Element Tree::root() const
 void Tree::declareNamespaces(Element source)
 {
     for (const xmlNs* space = source.node()->nsDef; space != nullptr; space = space->next)
-        xmlNewNs(root().node(), space->href, space->prefix);
+        xmlNewNs(root().node(), space->href, space->prefix); // refuses a prefix that is declared here already
 }
 
 void Tree::setAttribute(Element element, std::string_view name, std::string_view value)
@@ -111,11 +113,7 @@ void Tree::remove(Element element)
 
 std::string Tree::openTag() const
 {
-    const Tree tag(root(), Copy::startTag);
-    std::string text;
-    tag.write(text, 0);
-    text.resize(text.size() - std::string_view("/>").size()); // an element without children closes itself
-    return text;
+    return ElementWriter().openTag(root());
 }
 
 void Tree::write(std::string& out, int level) const
@@ -123,12 +121,41 @@ void Tree::write(std::string& out, int level) const
     writeElement(out, root(), level);
 }
 
+ElementWriter::ElementWriter()
+    : buffer_(checked(xmlOutputBufferCreateIO(appendTo, nullptr, &out_, nullptr))), scratch_(newDocument())
+{
+}
+
+ElementWriter::~ElementWriter()
+{
+    xmlOutputBufferClose(buffer_);
+}
+
+void ElementWriter::write(std::string& out, Element element, int level)
+{
+    out_ = &out;
+    xmlNodeDumpOutput(buffer_, element.node()->doc, element.node(), level, 1, "UTF-8");
+    const int flushed = xmlOutputBufferFlush(buffer_);
+    out_ = nullptr;
+    if (flushed < 0)
+        throw PlatformError("The XML cannot be written: not enough memory.");
+}
+
+std::string ElementWriter::openTag(Element element, std::initializer_list<std::string_view> without)
+{
+    const std::unique_ptr<xmlNode, void (*)(xmlNode*)> tag(
+        checked(xmlDocCopyNode(element.node(), scratch_.get(), copyMode(Tree::Copy::startTag))), xmlFreeNode);
+    for (const std::string_view name : without)
+        xmlUnsetNsProp(tag.get(), nullptr, Text(name));
+    std::string text;
+    write(text, Element(tag.get()), 0);
+    text.resize(text.size() - std::string_view("/>").size()); // an element without children closes itself
+    return text;
+}
+
 void writeElement(std::string& out, Element element, int level)
 {
-    xmlOutputBufferPtr buffer = checked(xmlOutputBufferCreateIO(appendTo, nullptr, &out, nullptr));
-    xmlNodeDumpOutput(buffer, element.node()->doc, element.node(), level, 1, "UTF-8");
-    if (xmlOutputBufferClose(buffer) < 0)
-        throw PlatformError("The XML cannot be written: not enough memory.");
+    ElementWriter().write(out, element, level);
 }
 
 } // namespace corvane::xml

@@ -2,12 +2,14 @@
 
 #include "platform/xml.h"
 
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 struct _xmlDoc;
+struct _xmlOutputBuffer;
 
 namespace corvane::xml {
 
@@ -24,7 +26,7 @@ public:
 
     [[nodiscard]] Element root() const;
 
-    /// Declares on the root what `source` itself declares.
+    /// Declares on the root the prefixes that `source` itself declares and the root does not.
     void declareNamespaces(Element source);
     /// Changes the value in place; an attribute that is not there yet comes last.
     void setAttribute(Element element, std::string_view name, std::string_view value);
@@ -47,6 +49,24 @@ public:
 
 private:
     std::unique_ptr<_xmlDoc, void (*)(_xmlDoc*)> document_;
+};
+
+/// Writes many elements, one after the other: writeElement() with one buffer for all.
+class ElementWriter {
+public:
+    ElementWriter();
+    ElementWriter(const ElementWriter&) = delete;
+    ElementWriter& operator=(const ElementWriter&) = delete;
+    ~ElementWriter();
+
+    void write(std::string& out, Element element, int level);
+    /// The start tag without the attributes of these names and without its closing ">" or "/>".
+    [[nodiscard]] std::string openTag(Element element, std::initializer_list<std::string_view> without = {});
+
+private:
+    _xmlOutputBuffer* buffer_;
+    std::string* out_ = nullptr; ///< where the buffer empties itself
+    std::unique_ptr<_xmlDoc, void (*)(_xmlDoc*)> scratch_;
 };
 
 /// Appends the element as UTF-8 text, its children indented by two blanks a level from `level` on, without a line
