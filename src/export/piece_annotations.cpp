@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
 #include <string_view>
 
 namespace corvane {
@@ -39,16 +40,17 @@ bool isSharedOut(std::string_view elementName)
 PieceAnnotations::PieceAnnotations(const CutEngine& engine, const std::vector<Cut>& cuts)
     : engine_(engine), cuts_(cuts), pieces_(cuts.size())
 {
-    for (std::size_t piece = 0; piece < cuts.size(); ++piece)
-        piecesById_[cuts[piece].id].push_back(piece);
+    byId_.resize(cuts.size());
+    std::iota(byId_.begin(), byId_.end(), std::size_t{0});
+    std::ranges::sort(byId_, {}, [&](std::size_t piece) { return cuts[piece].id; });
     addConnectedItems();
     addAnnotations();
 }
 
 void PieceAnnotations::append(std::string& out, std::size_t piece) const
 {
-    const auto time = [this](Frames frames) {
-        return timeString(frames, engine_.frameNumerator, engine_.frameDenominator);
+    const auto appendTime = [&](Frames frames) {
+        appendTimeString(out, frames, engine_.frameNumerator, engine_.frameDenominator);
     };
     for (const Placement& placement : pieces_[piece]) {
         const Text& text = texts_[placement.text];
@@ -58,7 +60,11 @@ void PieceAnnotations::append(std::string& out, std::size_t piece) const
         }
         const FrameRange range = *placement.trimmedTo;
         appendPart(out, text.openTag);
-        out += " start=\"" + time(range.start) + "\" duration=\"" + time(range.end - range.start) + "\"";
+        out += " start=\"";
+        appendTime(range.start);
+        out += "\" duration=\"";
+        appendTime(range.end - range.start);
+        out += '"';
         out += text.rest;
     }
 }
@@ -86,11 +92,10 @@ void PieceAnnotations::addAnnotations()
         if (!isAnnotation(annotation.plainName()))
             continue;
         const bool ranged = isRangedAnnotation(annotation.plainName());
-        const auto start = annotation.attribute("start");
-        const auto duration = annotation.attribute("duration");
+        const auto [start, duration] = annotation.attributes(std::array<std::string_view, 2>{"start", "duration"});
         // Defaults take the road through text too, which keeps one rule for what is out of range.
-        const Frames from = frames(start ? std::string(*start) : text(engine_.sourceStart));
-        const Frames length = frames(duration ? std::string(*duration) : ranged ? text(engine_.length) : "0s");
+        const Frames from = start ? frames(*start) : frames(text(engine_.sourceStart));
+        const Frames length = duration ? frames(*duration) : ranged ? frames(text(engine_.length)) : 0;
         if (ranged && length > 0) {
             texts_.push_back(rangeText(annotation));
             placeRange({from, from + length}, texts_.size() - 1);
@@ -103,12 +108,11 @@ void PieceAnnotations::addAnnotations()
 
 PieceAnnotations::Text PieceAnnotations::rangeText(xml::Element annotation)
 {
+    std::string openTag = writer_.openTag(annotation, {"start", "duration"});
+    if (xml::ElementWriter::isEmpty(annotation))
+        return {{}, std::move(openTag), "/>"};
     const std::string whole = partText(writer_, annotation);
-    const std::size_t tagEnd = whole.find('>'); // in attribute values it is written "&gt;"
-    return {
-        {},
-        writer_.openTag(annotation, {"start", "duration"}),
-        whole.substr(whole[tagEnd - 1] == '/' ? tagEnd - 1 : tagEnd)};
+    return {{}, std::move(openTag), whole.substr(whole.find('>'))}; // in attribute values it is written "&gt;"
 }
 
 void PieceAnnotations::placeConnectedItem(double offset, std::size_t text)
@@ -119,7 +123,8 @@ void PieceAnnotations::placeConnectedItem(double offset, std::size_t text)
         cuts_, [&](const Cut& cut) { return engine_.seconds(cut.start) <= fromStart + tolerance; });
     const Cut& owner = after == cuts_.begin() ? cuts_.front() : *std::prev(after);
     // The owner is told by its id, so in a list with repeated ids every piece of that id shows the item.
-    for (const std::size_t piece : piecesById_.at(owner.id))
+    for (const std::size_t piece :
+         std::ranges::equal_range(byId_, owner.id, {}, [this](std::size_t each) { return cuts_[each].id; }))
         pieces_[piece].push_back({text, std::nullopt});
 }
 

@@ -5,7 +5,6 @@
 #include "platform/xml_tree.h"
 
 #include <cstddef>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -49,7 +48,7 @@ private:
     const CutEngine& engine_;
     const std::vector<Cut>& cuts_;
     xml::ElementWriter writer_;
-    std::map<Identifier, std::vector<std::size_t>> piecesById_;
+    std::vector<std::size_t> byId_; ///< the pieces, sorted by their cuts' ids
     std::vector<Text> texts_;
     std::vector<std::vector<Placement>> pieces_;
 };

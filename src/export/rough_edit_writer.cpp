@@ -9,6 +9,7 @@
 #include "platform/numbers.h"
 #include "platform/xml_tree.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace corvane {
@@ -105,7 +106,11 @@ void appendPieces(
     const IdentifierSource& identifiers)
 {
     constexpr std::string_view indent = "\n        ";
-    const auto time = [&](Frames frames) { return timeString(frames, engine.frameNumerator, engine.frameDenominator); };
+    constexpr std::size_t mostReserved = std::size_t{64} << 20U;
+    const auto appendTime = [&](Frames frames) {
+        appendTimeString(out, frames, engine.frameNumerator, engine.frameDenominator);
+    };
+    const std::size_t beforePieces = out.size();
     const PieceAnnotations annotations(engine, cuts);
     PieceParts parts(engine, audioAngle, identifiers);
     for (std::size_t piece = 0; piece < cuts.size(); ++piece) {
@@ -113,13 +118,20 @@ void appendPieces(
         if (piece > 0)
             out += indent;
         out += parts.openTag();
-        out += " offset=\"" + time(engine.timelineStart + cut.start) + "\" start=\"" +
-               time(engine.sourceStart + cut.start) + "\" duration=\"" + time(cut.duration) + "\">";
+        out += " offset=\"";
+        appendTime(engine.timelineStart + cut.start);
+        out += "\" start=\"";
+        appendTime(engine.sourceStart + cut.start);
+        out += "\" duration=\"";
+        appendTime(cut.duration);
+        out += "\">";
         parts.appendSources(out, cut.angle, {cut.start == 0, cut.start + cut.duration == engine.length});
         annotations.append(out, piece);
         parts.appendTrailing(out);
         out += indent;
         out += parts.closeTag();
+        if (piece == 0) // the others are about as long: growing a large text again and again costs more than this guess
+            out.reserve(out.size() + std::min(mostReserved, cuts.size() * (out.size() - beforePieces) * 3 / 2));
     }
 }
 

@@ -91,7 +91,7 @@ void AngleMediaWalker::refuseUnsupportedSettings(xml::Element element, const Cli
     for (const xml::Element child : element.children()) {
         if (child.named("timeMap"))
             refuse(
-                ", clip " + std::string(clip.name.value_or(element.plainName())) +
+                ", clip " + std::string(element.attribute("name").value_or(element.plainName())) +
                 ", contains an unsupported setting: timeMap. Speed changes are not supported yet.");
         if (child.named("conform-rate") && child.attribute("scaleEnabled") != "0")
             speedChange = true;
@@ -106,7 +106,7 @@ void AngleMediaWalker::appendMedia(
     const std::string_view kind = element.plainName();
     const AssetFacts* asset = resources_.asset(clip.ref);
     if (asset == nullptr)
-        refuse(", clip " + std::string(clip.name.value_or(kind)) + ", refers to a missing recording.");
+        refuse(", clip " + std::string(element.attribute("name").value_or(kind)) + ", refers to a missing recording.");
     if (!asset->located)
         throw FinalCutImportError::invalid(
             "No media location in export: " + std::string(asset->name.value_or(angleName_)) +

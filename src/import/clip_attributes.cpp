@@ -4,24 +4,16 @@ namespace corvane {
 
 ClipAttributes::ClipAttributes(xml::Element element)
 {
-    for (const auto [key, value] : element.attributes()) {
-        if (key == "name")
-            name = value;
-        else if (key == "ref")
-            ref = value;
-        else if (key == "offset")
-            offset = value;
-        else if (key == "start")
-            start = value;
-        else if (key == "duration")
-            duration = value;
-        else if (key == "srcEnable")
-            srcEnable = value;
-        else if (key == "enabled")
-            disabled = value == "0";
-        else if (key == "audioStart" || key == "audioDuration")
-            splitAudio = true;
-    }
+    constexpr std::array<std::string_view, 8> names = {"ref",       "offset",  "start",      "duration",
+                                                       "srcEnable", "enabled", "audioStart", "audioDuration"};
+    const auto values = element.attributes(names);
+    ref = values[0];
+    offset = values[1];
+    start = values[2];
+    duration = values[3];
+    srcEnable = values[4];
+    disabled = values[5] == "0";
+    splitAudio = values[6] || values[7];
 }
 
 bool isMediaClip(std::string_view elementName)

@@ -9,7 +9,6 @@ namespace corvane {
 
 /// What the walks over an angle read of one element, collected in one sweep over its attributes.
 struct ClipAttributes {
-    std::optional<std::string_view> name;
     std::optional<std::string_view> ref;
     std::optional<std::string_view> offset;
     std::optional<std::string_view> start;

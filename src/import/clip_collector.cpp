@@ -47,24 +47,25 @@ void ClipCollector::visit(xml::Element element)
     ++visits_;
     if (repeating_ > 0 && ++repeatedVisits_ > mostRepeatedVisits)
         refuse();
-    if (element.attribute("enabled") == "0")
-        return;
     if (isMediaClip(element.plainName()))
         addClip(element);
-    else
+    else if (element.attribute("enabled") != "0")
         stack_.push_back({element, element.children().begin(), nullptr});
 }
 
 void ClipCollector::addClip(xml::Element clip)
 {
-    const ClipAttributes attributes(clip);
-    const double offset = parseSeconds(attributes.offset.value_or("0s"));
+    const auto [enabled, offsetText, ref] =
+        clip.attributes(std::array<std::string_view, 3>{"enabled", "offset", "ref"});
+    if (enabled == "0")
+        return;
+    const double offset = parseSeconds(offsetText.value_or("0s"));
     clips_.firstOffset = std::min(clips_.firstOffset.value_or(offset), offset);
     addCount(1);
 
-    const AssetFacts* asset = resources_.asset(attributes.ref);
+    const AssetFacts* asset = resources_.asset(ref);
     if (asset == nullptr) {
-        missing_.insert(attributes.name.value_or("Unnamed clip"));
+        missing_.insert(clip.attribute("name").value_or("Unnamed clip"));
         return;
     }
     clips_.cameras.insert(asset->cameraNames.begin(), asset->cameraNames.end());

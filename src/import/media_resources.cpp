@@ -9,31 +9,25 @@ constexpr std::string_view cameraNameKey = "com.apple.proapps.mio.cameraName";
 void addCameraNames(std::vector<std::string_view>& names, xml::Element metadata)
 {
     for (const xml::Element entry : metadata.children()) {
-        if (!entry.named("md") || entry.attribute("key") != cameraNameKey)
+        if (!entry.named("md"))
             continue;
-        const auto value = entry.attribute("value");
-        if (value && !value->empty())
+        const auto [key, value] = entry.attributes(std::array<std::string_view, 2>{"key", "value"});
+        if (key == cameraNameKey && value && !value->empty())
             names.push_back(*value);
     }
 }
 
 AssetFacts readAsset(xml::Element asset, std::optional<std::string_view>& id)
 {
+    constexpr std::array<std::string_view, 6> names = {"id", "name", "duration", "hasVideo", "hasAudio", "src"};
+    const auto values = asset.attributes(names);
+    id = values[0];
     AssetFacts facts;
-    for (const xml::Attribute attribute : asset.attributes()) {
-        if (attribute.name == "id")
-            id = attribute.value;
-        else if (attribute.name == "name")
-            facts.name = attribute.value;
-        else if (attribute.name == "duration")
-            facts.duration = attribute.value;
-        else if (attribute.name == "hasVideo")
-            facts.hasVideo = attribute.value == "1";
-        else if (attribute.name == "hasAudio")
-            facts.hasAudio = attribute.value == "1";
-        else if (attribute.name == "src")
-            facts.located = !attribute.value.empty();
-    }
+    facts.name = values[1];
+    facts.duration = values[2];
+    facts.hasVideo = values[3] == "1";
+    facts.hasAudio = values[4] == "1";
+    facts.located = !values[5].value_or("").empty();
     for (const xml::Element child : asset.children()) {
         if (child.named("media-rep"))
             facts.located = facts.located || !child.attribute("src").value_or("").empty();

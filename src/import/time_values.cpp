@@ -3,6 +3,8 @@
 #include "import/final_cut_import_error.h"
 #include "platform/numbers.h"
 
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <vector>
 
@@ -88,9 +90,22 @@ double parseSeconds(std::optional<std::string_view> text)
     return *seconds;
 }
 
+void appendTimeString(std::string& out, Frames frames, std::int64_t frameNumerator, std::int64_t frameDenominator)
+{
+    const auto append = [&out](std::int64_t number, char after) {
+        std::array<char, 24> text{}; // any number of 64 bits
+        out.append(text.data(), std::to_chars(text.begin(), text.end(), number).ptr);
+        out += after;
+    };
+    append(frames * frameNumerator, '/');
+    append(frameDenominator, 's');
+}
+
 std::string timeString(Frames frames, std::int64_t frameNumerator, std::int64_t frameDenominator)
 {
-    return std::to_string(frames * frameNumerator) + "/" + std::to_string(frameDenominator) + "s";
+    std::string text;
+    appendTimeString(text, frames, frameNumerator, frameDenominator);
+    return text;
 }
 
 } // namespace corvane

@@ -30,6 +30,7 @@ struct RationalTime {
 [[nodiscard]] double parseSeconds(std::optional<std::string_view> text);
 
 /// Frames as FCPXML time, not reduced: frame 25 at 100/2500 is "2500/2500s", frame 0 is "0/2500s".
+void appendTimeString(std::string& out, Frames frames, std::int64_t frameNumerator, std::int64_t frameDenominator);
 [[nodiscard]] std::string timeString(Frames frames, std::int64_t frameNumerator, std::int64_t frameDenominator);
 
 } // namespace corvane

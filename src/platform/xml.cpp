@@ -73,16 +73,26 @@ std::string_view Element::plainName() const
 
 std::optional<std::string_view> Element::attribute(std::string_view name) const
 {
-    for (const Attribute each : attributes()) {
-        if (each.name == name)
-            return each.value;
-    }
-    return std::nullopt;
+    std::optional<std::string_view> value;
+    readAttributes({&name, 1}, {&value, 1});
+    return value;
 }
 
-AttributeRange Element::attributes() const
+void Element::readAttributes(
+    std::span<const std::string_view> names, std::span<std::optional<std::string_view>> values) const
 {
-    return {AttributeIterator(node_->properties)};
+    for (const xmlAttr* attribute = node_->properties; attribute != nullptr; attribute = attribute->next) {
+        if (hasPrefix(attribute->ns))
+            continue;
+        const std::string_view attributeName = view(attribute->name);
+        const auto asked = std::ranges::find(names, attributeName);
+        if (asked == names.end())
+            continue; // the value of this one is not even looked at
+        // Entities are substituted while parsing, so that a value is one text node, or none when it is empty.
+        const xmlNode* text = attribute->children;
+        values[static_cast<std::size_t>(asked - names.begin())] =
+            text == nullptr ? std::string_view() : view(text->content);
+    }
 }
 
 std::optional<Element> Element::parent() const
@@ -141,21 +151,6 @@ void ElementIterator::step()
     while (node_ != below_ && node_->next == nullptr)
         node_ = node_->parent;
     node_ = node_ == below_ ? nullptr : node_->next;
-}
-
-Attribute AttributeIterator::operator*() const
-{
-    // Entities are substituted while parsing, so that a value is one text node, or none when it is empty.
-    const xmlNode* text = attribute_->children;
-    return {
-        hasPrefix(attribute_->ns) ? std::string_view() : view(attribute_->name),
-        text == nullptr ? std::string_view() : view(text->content)};
-}
-
-AttributeIterator& AttributeIterator::operator++()
-{
-    attribute_ = attribute_->next;
-    return *this;
 }
 
 Document Document::parse(std::string_view bytes)

@@ -1,13 +1,14 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <iterator>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
-struct _xmlAttr;
 struct _xmlDoc;
 struct _xmlNode;
 
@@ -17,13 +18,6 @@ namespace corvane::xml {
 
 class ElementIterator;
 struct ElementRange;
-struct AttributeRange;
-
-/// One attribute. The views stay valid as long as the document.
-struct Attribute {
-    std::string_view name; ///< empty when the name has a prefix; FCPXML has none
-    std::string_view value;
-};
 
 /// An element of a document: a light handle that stays valid as long as any copy of its Document lives.
 class Element {
@@ -39,8 +33,15 @@ public:
 
     /// The attribute's text; none when the attribute is absent, which is not the same as empty.
     [[nodiscard]] std::optional<std::string_view> attribute(std::string_view name) const;
-    /// All attributes, in document order, for callers that need several of them.
-    [[nodiscard]] AttributeRange attributes() const;
+    /// The values of several attributes in one sweep, in the order of `names`.
+    template <std::size_t count>
+    [[nodiscard]] std::array<std::optional<std::string_view>, count> attributes(
+        const std::array<std::string_view, count>& names) const
+    {
+        std::array<std::optional<std::string_view>, count> values;
+        readAttributes(names, values);
+        return values;
+    }
 
     /// The element around this one; none for the root.
     [[nodiscard]] std::optional<Element> parent() const;
@@ -54,6 +55,9 @@ public:
     [[nodiscard]] _xmlNode* node() const { return node_; }
 
 private:
+    void readAttributes(
+        std::span<const std::string_view> names, std::span<std::optional<std::string_view>> values) const;
+
     _xmlNode* node_;
 };
 
@@ -89,23 +93,6 @@ struct ElementRange {
     ElementIterator first;
     [[nodiscard]] ElementIterator begin() const { return first; }
     [[nodiscard]] static ElementIterator end() { return {}; }
-};
-
-class AttributeIterator {
-public:
-    explicit AttributeIterator(_xmlAttr* attribute = nullptr) : attribute_(attribute) {}
-    [[nodiscard]] Attribute operator*() const;
-    AttributeIterator& operator++();
-    bool operator==(const AttributeIterator&) const = default;
-
-private:
-    _xmlAttr* attribute_;
-};
-
-struct AttributeRange {
-    AttributeIterator first;
-    [[nodiscard]] AttributeIterator begin() const { return first; }
-    [[nodiscard]] static AttributeIterator end() { return AttributeIterator(); }
 };
 
 /// A parsed document. Copies share it; nothing changes it.

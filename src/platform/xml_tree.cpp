@@ -5,6 +5,8 @@
 #include <libxml/tree.h>
 #include <libxml/xmlsave.h>
 
+#include <algorithm>
+
 namespace corvane::xml {
 
 namespace {
@@ -38,6 +40,12 @@ std::unique_ptr<xmlDoc, void (*)(xmlDoc*)> newDocument()
 int copyMode(Tree::Copy what)
 {
     return what == Tree::Copy::everything ? 1 : 2; // xmlDocCopyNode: 1 = recursive, 2 = attributes and namespaces only
+}
+
+void requireWritten(int result)
+{
+    if (result < 0)
+        throw PlatformError("The XML cannot be written: not enough memory.");
 }
 
 int appendTo(void* out, const char* bytes, int count)
@@ -121,10 +129,7 @@ void Tree::write(std::string& out, int level) const
     writeElement(out, root(), level);
 }
 
-ElementWriter::ElementWriter()
-    : buffer_(checked(xmlOutputBufferCreateIO(appendTo, nullptr, &out_, nullptr))), scratch_(newDocument())
-{
-}
+ElementWriter::ElementWriter() : buffer_(checked(xmlOutputBufferCreateIO(appendTo, nullptr, &out_, nullptr))) {}
 
 ElementWriter::~ElementWriter()
 {
@@ -137,19 +142,34 @@ void ElementWriter::write(std::string& out, Element element, int level)
     xmlNodeDumpOutput(buffer_, element.node()->doc, element.node(), level, 1, "UTF-8");
     const int flushed = xmlOutputBufferFlush(buffer_);
     out_ = nullptr;
-    if (flushed < 0)
-        throw PlatformError("The XML cannot be written: not enough memory.");
+    requireWritten(flushed);
+}
+
+bool ElementWriter::isEmpty(Element element)
+{
+    return element.node()->children == nullptr;
 }
 
 std::string ElementWriter::openTag(Element element, std::initializer_list<std::string_view> without)
 {
-    const std::unique_ptr<xmlNode, void (*)(xmlNode*)> tag(
-        checked(xmlDocCopyNode(element.node(), scratch_.get(), copyMode(Tree::Copy::startTag))), xmlFreeNode);
-    for (const std::string_view name : without)
-        xmlUnsetNsProp(tag.get(), nullptr, Text(name));
-    std::string text;
-    write(text, Element(tag.get()), 0);
-    text.resize(text.size() - std::string_view("/>").size()); // an element without children closes itself
+    std::string text = "<" + element.name();
+    out_ = &text;
+    for (const xmlNs* space = element.node()->nsDef; space != nullptr; space = space->next) {
+        const std::string name =
+            space->prefix == nullptr ? "xmlns" : std::string("xmlns:") + reinterpret_cast<const char*>(space->prefix);
+        Tree declaration("namespace"); // whose attribute writes the address as it must be written
+        declaration.setAttribute(declaration.root(), "to", reinterpret_cast<const char*>(space->href));
+        const std::string tag = declaration.openTag();
+        text += " " + name + tag.substr(tag.find('='));
+    }
+    for (xmlAttr* attribute = element.node()->properties; attribute != nullptr; attribute = attribute->next) {
+        const std::string_view name(reinterpret_cast<const char*>(attribute->name));
+        if (attribute->ns != nullptr || std::ranges::find(without, name) == without.end())
+            xmlNodeDumpOutput(buffer_, element.node()->doc, reinterpret_cast<xmlNode*>(attribute), 0, 0, "UTF-8");
+    }
+    const int flushed = xmlOutputBufferFlush(buffer_);
+    out_ = nullptr;
+    requireWritten(flushed);
     return text;
 }
 

@@ -60,13 +60,14 @@ public:
     ~ElementWriter();
 
     void write(std::string& out, Element element, int level);
+    /// True for an element without children of any kind, which closes itself.
+    [[nodiscard]] static bool isEmpty(Element element);
     /// The start tag without the attributes of these names and without its closing ">" or "/>".
     [[nodiscard]] std::string openTag(Element element, std::initializer_list<std::string_view> without = {});
 
 private:
     _xmlOutputBuffer* buffer_;
     std::string* out_ = nullptr; ///< where the buffer empties itself
-    std::unique_ptr<_xmlDoc, void (*)(_xmlDoc*)> scratch_;
 };
 
 /// Appends the element as UTF-8 text, its children indented by two blanks a level from `level` on, without a line
