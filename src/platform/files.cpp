@@ -155,7 +155,8 @@ int writeWhole(FileCalls& calls, const std::string& path, std::span<const std::s
 /// on the disk, so that a failure can put it back. 0, or the error.
 int putInPlace(FileCalls& calls, const std::string& temporary, const std::string& path)
 {
-    const bool exchanged = somethingNamed(path) && calls.exchange(temporary, path) == 0;
+    // A folder is never taken away like that: renaming over one is refused.
+    const bool exchanged = somethingNamed(path) && !isFolder(path) && calls.exchange(temporary, path) == 0;
     if (!exchanged && calls.renameOver(temporary, path) != 0) {
         const int error = errno;
         calls.unlink(temporary);

@@ -111,6 +111,19 @@ TEST(WholeFlow, KeepsWhatAnImportReplacesAndBringsItBack)
     EXPECT_EQ(window.names("Corvane"), (Names{"session-v1 (previous).json", "session-v1.json"}));
 }
 
+TEST(WholeFlow, SaysWhenAReplacedSessionCannotBeKept)
+{
+    TestWindow window;
+    window.view().importXML(document());
+    window.view().generateRoughEdit();
+    std::filesystem::create_directory(window.folder.file("Corvane/session-v1 (previous).json"));
+    window.view().importXML(replaced(document(), "Concert", "Other"));
+    EXPECT_EQ(window.state().loaded->imported.name, "Other") << "the import goes on";
+    EXPECT_EQ(
+        window.state().sessionSaveError, "The previous session could not be kept: Cannot write session-v1 "
+                                         "(previous).json: Is a directory.");
+}
+
 TEST(WholeFlow, KeepsASessionFileThatIsNotItsOwn)
 {
     TestWindow window;
