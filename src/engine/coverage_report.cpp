@@ -7,6 +7,7 @@
 #include "timecode/timecode.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace corvane {
 
@@ -24,6 +25,15 @@ void addFootage(
         if (piece.start < piece.end)
             covered.push_back(piece);
     }
+}
+
+/// Cut lists that were never checked may hold anything; beyond 64 bits a sum stops at the end of them.
+Frames saturatedSum(Frames a, Frames b)
+{
+    Frames sum = 0;
+    if (!__builtin_add_overflow(a, b, &sum))
+        return sum;
+    return a < 0 ? std::numeric_limits<Frames>::min() : std::numeric_limits<Frames>::max();
 }
 
 Frames lengthOf(const CutEngine& engine, const std::optional<BookendShot>& shot)
@@ -48,9 +58,9 @@ UsageByCamera cameraUsage(const std::vector<Cut>& cuts)
     for (const Cut& cut : cuts) {
         CameraUsage& camera = usage[cut.angle];
         camera.id = cut.angle;
-        camera.frames += cut.duration;
-        const bool continues =
-            previous != nullptr && previous->angle == cut.angle && previous->start + previous->duration == cut.start;
+        camera.frames = saturatedSum(camera.frames, cut.duration);
+        const bool continues = previous != nullptr && previous->angle == cut.angle &&
+                               saturatedSum(previous->start, previous->duration) == cut.start;
         if (!continues)
             ++camera.shots;
         previous = &cut;
