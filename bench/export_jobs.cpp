@@ -1,6 +1,7 @@
 #include "bench/export_jobs.h"
 
 #include "bench/bare_document.h"
+#include "bench/conditions.h"
 #include "bench/edit_document.h"
 #include "bench/stopwatch.h"
 #include "export/rough_edit_writer.h"

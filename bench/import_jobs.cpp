@@ -1,6 +1,7 @@
 #include "bench/import_jobs.h"
 
 #include "bench/bare_document.h"
+#include "bench/conditions.h"
 #include "bench/document_generator.h"
 #include "bench/fresh_process.h"
 #include "bench/stopwatch.h"

@@ -6,7 +6,7 @@
 #include "import/cut_engine.h"
 #include "platform/files.h"
 
-#include <charconv>
+#include <cstdint>
 #include <cstdlib>
 #include <exception>
 #include <iostream>

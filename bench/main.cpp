@@ -1,5 +1,6 @@
 // Measures every job that has a target and prints one table of what was measured beside what must be reached. A target
 // that is missed is told in the table alone; only a job that fails ends the program with an error.
+#include "bench/conditions.h"
 #include "bench/export_jobs.h"
 #include "bench/generation_jobs.h"
 #include "bench/import_jobs.h"
@@ -25,6 +26,7 @@ int main(int count, char** arguments)
     benchmark::Initialize(&count, arguments);
     if (benchmark::ReportUnrecognizedArguments(count, arguments))
         return EXIT_FAILURE;
+    stayOnOneProcessor();
     keepFreedMemory();
     try {
         registerImportJobs();

@@ -2,10 +2,7 @@
 
 #include "platform/numbers.h"
 
-#include <malloc.h>
-
 #include <algorithm>
-#include <climits>
 #include <iostream>
 #include <set>
 
@@ -62,19 +59,6 @@ std::optional<double> Measurements::median(std::string_view job, std::string_vie
         return std::nullopt;
     const auto values = figures->second.find(figure);
     return values == figures->second.end() ? std::nullopt : std::optional(medianOf(values->second));
-}
-
-void keepFreedMemory()
-{
-    mallopt(M_TRIM_THRESHOLD, INT_MAX);
-    mallopt(M_MMAP_MAX, 0); // a mapped block is always given back
-}
-
-void settleHeap()
-{
-    constexpr std::size_t large = 4096;
-    std::string block(large, ' ');
-    benchmark::DoNotOptimize(block.data());
 }
 
 std::string durationText(double seconds)

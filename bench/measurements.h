@@ -30,14 +30,6 @@ private:
     std::map<std::string, Figures, std::less<>> jobs_;
 };
 
-/// Keeps the memory that this process frees. Otherwise the allocator gives large parts back to the system, at times
-/// that depend on what was freed last, and whatever is measured next pays for getting them again.
-void keepFreedMemory();
-
-/// Does what freeing put off. The allocator joins small blocks only at the next large allocation; unless that happens
-/// before the clock starts, whatever is measured next pays for what was freed before it.
-void settleHeap();
-
 /// "812 ns", "16.4 us", "4.31 ms", "1.24 s".
 [[nodiscard]] std::string durationText(double seconds);
 
