@@ -1,16 +1,21 @@
-# corvane_layer(NAME HEADERS … SOURCES … LAYERS … LIBRARIES …)
+# corvane_layer(NAME HEADERS … SOURCES … LAYERS … LIBRARIES … TOOLKIT …)
 #
-# Makes the library corvane_NAME from src/NAME. LAYERS are the layers that it may include; LIBRARIES are other
-# packages, private to its sources. One include root would let a wrong include compile, so the build also checks the
-# includes of every file against LAYERS and stops at the first that is not declared.
+# Makes the library corvane_NAME from src/NAME, or from the folder NAME inside another one. LAYERS are the layers that
+# it may include; LIBRARIES are other packages, private to its sources; TOOLKIT are modules of the window toolkit, which
+# only a layer that names some may use. One include root would let a wrong include compile, so the build also checks
+# the includes of every file against LAYERS and stops at the first that is not declared.
 function(corvane_layer name)
-    cmake_parse_arguments(PARSE_ARGV 1 layer "" "" "HEADERS;SOURCES;LAYERS;LIBRARIES")
+    cmake_parse_arguments(PARSE_ARGV 1 layer "" "" "HEADERS;SOURCES;LAYERS;LIBRARIES;TOOLKIT")
     set(target corvane_${name})
     add_library(${target} STATIC ${layer_SOURCES})
     target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS "${CMAKE_SOURCE_DIR}/src" FILES ${layer_HEADERS})
     set_target_properties(${target} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
     list(TRANSFORM layer_LAYERS PREPEND corvane_ OUTPUT_VARIABLE layer_targets)
-    target_link_libraries(${target} PUBLIC ${layer_targets} PRIVATE corvane_settings ${layer_LIBRARIES})
+    target_link_libraries(${target}
+        PUBLIC ${layer_targets} ${layer_TOOLKIT} PRIVATE corvane_settings ${layer_LIBRARIES})
+    if(layer_TOOLKIT)
+        set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    endif()
 
     set(stamp "${CMAKE_CURRENT_BINARY_DIR}/includes-checked")
     set(files ${layer_HEADERS} ${layer_SOURCES})
@@ -18,6 +23,7 @@ function(corvane_layer name)
     add_custom_command(
         OUTPUT "${stamp}"
         COMMAND "${CMAKE_COMMAND}" "-DLAYER=${name}" "-DMAY_INCLUDE=${layer_LAYERS}" "-DFILES=${files}"
+                "-DTOOLKIT=${layer_TOOLKIT}"
                 -P "${CMAKE_SOURCE_DIR}/cmake/CheckIncludes.cmake"
         COMMAND "${CMAKE_COMMAND}" -E touch "${stamp}"
         DEPENDS ${files} "${CMAKE_SOURCE_DIR}/cmake/CheckIncludes.cmake" "${CMAKE_CURRENT_LIST_FILE}"

@@ -19,7 +19,5 @@ inline constexpr std::string_view nothingMatchesHint = "Try a word such as audio
 inline constexpr std::string_view showAllTopics = "Show all topics";
 
 inline constexpr std::string_view notOpened = "Help could not be opened";
-inline constexpr std::string_view visitWebsite = "Visit the Corvane website";
-inline constexpr std::string_view website = "https://corvane.example";
-
+inline constexpr std::string_view visitWebsite = "Visit the Corvane website"; ///< leads to product::website
 } // namespace corvane::help_texts

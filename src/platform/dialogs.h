@@ -15,9 +15,10 @@ public:
 
     /// One file or bundle; folders can be chosen, bundles are not browsed into.
     [[nodiscard]] virtual std::optional<std::string> chooseProject(const std::string& message) = 0;
-    /// One folder, which may be made in the dialog.
+    /// One folder, which may be made in the dialog. `firstFolder` is where to begin while none was ever chosen; empty
+    /// when nothing speaks for any.
     [[nodiscard]] virtual std::optional<std::string> chooseFolder(
-        const std::string& prompt, const std::string& message) = 0;
+        const std::string& prompt, const std::string& message, const std::string& firstFolder) = 0;
 };
 
 } // namespace corvane

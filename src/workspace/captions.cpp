@@ -1,8 +1,11 @@
 #include "workspace/captions.h"
 
 #include "engine/coverage_report.h"
+#include "export/carry_over.h"
+#include "import/final_cut_import_error.h"
 #include "platform/numbers.h"
 #include "platform/text.h"
+#include "timecode/timecode.h"
 
 #include <algorithm>
 #include <cmath>
@@ -111,6 +114,81 @@ std::string videoGapsText(const ContentView& view)
                          : std::to_string(gaps->size()) + " uncovered video section(s)";
 }
 
+Hints hints(const ContentView& view)
+{
+    const Enabling enabled = enabling(view);
+    const WorkspaceState& state = view.state();
+    Hints hints;
+    if (!state.loaded) {
+        hints.generate = "Import a project first.";
+    } else if (!enabled.generate) {
+        hints.generate =
+            view.includedOtherCameras().empty() ? "Include another camera." : "Choose the continuous audio.";
+    }
+    if (!enabled.exportEdit)
+        hints.exportEdit = state.loaded ? "Generate an edit first." : "Import a project first.";
+    if (!enabled.back)
+        hints.back = state.history.items.empty() ? "There is no edit yet." : "This is the first edit.";
+    if (!enabled.forward)
+        hints.forward = state.history.items.empty() ? "There is no edit yet." : "This is the last edit.";
+    return hints;
+}
+
+std::string projectLine(const ContentView& view, std::string_view decimalSign)
+{
+    const auto& loaded = view.state().loaded;
+    if (!loaded)
+        return "";
+    const CutEngine& engine = loaded->engine;
+    return loaded->imported.name + " · " + shortNumber(loaded->imported.framesPerSecond, decimalSign) +
+           " frames a second · " + timecodeLabel(engine, 0) + " to " + timecodeLabel(engine, engine.length);
+}
+
+std::string angleFacts(const ImportedAngle& angle)
+{
+    std::string facts = angle.cameras.empty() ? "" : angle.cameras + " · ";
+    facts += std::to_string(angle.clipCount) + (angle.clipCount == 1 ? " clip · " : " clips · ");
+    return facts + std::to_string(angle.gapCount) + (angle.gapCount == 1 ? " gap" : " gaps");
+}
+
+std::optional<std::string> carryOverLine(const CutEngine& engine)
+{
+    const CarryOver left = carryOver(engine);
+    std::string line;
+    const auto list = [&line](std::string_view title, const std::vector<std::string>& names) {
+        for (const std::string& name : names)
+            line += (&name == &names.front() ? std::string(title) : ", ") + name;
+        line += names.empty() ? "" : ".";
+    };
+    list("Not carried over from the multicam clip: ", left.leftOut);
+    list(
+        line.empty() ? "Following a shape of another clip: " : " Following a shape of another clip: ",
+        left.lostTracking);
+    return line.empty() ? std::nullopt : std::optional(line);
+}
+
+std::optional<std::string> timecodeProblem(const ContentView& view, std::string_view text)
+{
+    if (!view.state().loaded)
+        return std::nullopt;
+    try {
+        (void)parseTimecode(view.state().loaded->engine, text);
+        return std::nullopt;
+    } catch (const FinalCutImportError& refusal) {
+        return refusal.what();
+    }
+}
+
+std::optional<std::string> undoText(const ContentView& view)
+{
+    const Undoable& undoable = view.state().undoable;
+    if (std::holds_alternative<RemovedSection>(undoable))
+        return "Undo Remove Section";
+    if (std::holds_alternative<EditPreset>(undoable))
+        return "Undo Delete Preset";
+    return std::nullopt;
+}
+
 std::vector<UsageRow> usageRows(const ContentView& view)
 {
     std::vector<UsageRow> rows;
@@ -124,7 +202,7 @@ std::vector<UsageRow> usageRows(const ContentView& view)
         const double share = static_cast<double>(used.frames) / static_cast<double>(engine.length) * 100;
         rows.push_back(
             {angle.id, view.angleLabel(angle.id), fixed(engine.seconds(used.frames), 2) + " sec", fixed(share, 1) + "%",
-             used.shots});
+             share, used.shots});
     }
     return rows;
 }
@@ -182,7 +260,31 @@ std::string shareLabel(const ContentView& view)
 
 std::string secondsLabel(std::string_view word, double seconds)
 {
-    return std::string(word) + ": " + wholeNumber(seconds) + " sec";
+    return std::string(word) + ": " + secondsLabel(seconds);
+}
+
+std::string secondsLabel(double seconds)
+{
+    return wholeNumber(seconds) + " sec";
+}
+
+std::string stretchesInWords(const CutEngine& engine, const std::vector<FrameRange>& stretches)
+{
+    const auto list = [&engine](std::string_view title, const std::vector<FrameRange>& ranges) {
+        constexpr std::size_t most = 50; // nobody listens longer
+        std::string text;
+        for (std::size_t i = 0; i < std::min(most, ranges.size()); ++i) {
+            text += i == 0 ? std::string(title) : ", ";
+            text += timecodeLabel(engine, ranges[i].start) + " to " + timecodeLabel(engine, ranges[i].end);
+        }
+        if (ranges.size() > most)
+            text += " and " + std::to_string(ranges.size() - most) + " more";
+        return text.empty() ? text : text + ".";
+    };
+    const std::string footage = list("Footage: ", stretches);
+    const std::string gaps =
+        list(footage.empty() ? "No footage: " : " No footage: ", uncoveredStretches(stretches, engine.length));
+    return footage + gaps;
 }
 
 } // namespace corvane

@@ -44,12 +44,33 @@ struct Enabling {
 /// "2 uncovered video section(s)", or that there is none.
 [[nodiscard]] std::string videoGapsText(const ContentView& view);
 
+/// Why a button cannot be pressed; none for one that can.
+struct Hints {
+    std::optional<std::string> generate;
+    std::optional<std::string> exportEdit;
+    std::optional<std::string> back;
+    std::optional<std::string> forward;
+};
+[[nodiscard]] Hints hints(const ContentView& view);
+
+/// Name, rate and length of the loaded project in a line; empty without one.
+[[nodiscard]] std::string projectLine(const ContentView& view, std::string_view decimalSign = ".");
+/// Cameras, clips and gaps of an angle in a line, for who wants to know more of it.
+[[nodiscard]] std::string angleFacts(const ImportedAngle& angle);
+/// What of the multicam clip an export leaves behind; none when it takes everything.
+[[nodiscard]] std::optional<std::string> carryOverLine(const CutEngine& engine);
+/// What the reader of timecodes says about a text; none when it can be read, and without a project.
+[[nodiscard]] std::optional<std::string> timecodeProblem(const ContentView& view, std::string_view text);
+/// "Undo Remove Section" or "Undo Delete Preset"; none when nothing can be brought back.
+[[nodiscard]] std::optional<std::string> undoText(const ContentView& view);
+
 /// One row of "Actual camera usage".
 struct UsageRow {
     std::string camera; ///< id
     std::string label;
     std::string screenTime; ///< "12.00 sec"
     std::string share;      ///< "33.3%", of the project
+    double percent = 0;     ///< the share as a number
     std::int64_t shots = 0;
 };
 /// A row for each video angle, in project order; empty while the cut list is.
@@ -74,5 +95,9 @@ struct AudioChoice {
 [[nodiscard]] std::string shareLabel(const ContentView& view);
 /// "Minimum: 10 sec" and the like: the word and whole seconds.
 [[nodiscard]] std::string secondsLabel(std::string_view word, double seconds);
+/// "15 sec".
+[[nodiscard]] std::string secondsLabel(double seconds);
+/// Where there is footage and where there is none, with timecodes: for who cannot see the bar.
+[[nodiscard]] std::string stretchesInWords(const CutEngine& engine, const std::vector<FrameRange>& stretches);
 
 } // namespace corvane

@@ -96,9 +96,10 @@ void ContentView::notify(const WorkspaceState& before)
     mark(Changed::history, state_.history != before.history);
     mark(Changed::cuts, state_.preview != before.preview);
     mark(Changed::alerts, state_.error != before.error || alerts_.size() != alertsNoticed_);
+    mark(Changed::undoable, state_.undoable != before.undoable);
     mark(
         Changed::texts, state_.status != before.status || state_.sessionSaveError != before.sessionSaveError ||
-                            state_.presetNotice != before.presetNotice);
+                            state_.lastExport != before.lastExport || state_.presetNotice != before.presetNotice);
     mark(
         Changed::presets, state_.chosenPreset != before.chosenPreset || state_.presetName != before.presetName ||
                               state_.storedPresets != before.storedPresets);

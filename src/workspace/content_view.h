@@ -22,6 +22,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 namespace corvane {
@@ -32,6 +33,16 @@ struct LoadedDocument {
     ImportedProject imported;
     CutEngine engine;
 };
+
+/// A fixed section that was removed from this place in the list.
+struct RemovedSection {
+    std::size_t position = 0;
+    SectionDraft section;
+    bool operator==(const RemovedSection&) const = default;
+};
+
+/// What can be brought back: the last section or preset that was taken away, or nothing.
+using Undoable = std::variant<std::monostate, RemovedSection, EditPreset>;
 
 /// Everything that the window shows. It is read freely and written only inside ContentView::edit.
 struct WorkspaceState {
@@ -45,6 +56,9 @@ struct WorkspaceState {
     EditHistory history;
     SharedRevision preview; ///< the revision whose cuts are on screen; none while the cut list is empty
     EditSettings settings;
+    std::optional<std::string> sourceFile; ///< where the loaded project was read from, when it was read from a file
+    std::optional<std::string> lastExport; ///< the XML that was exported last
+    Undoable undoable;
     std::optional<EditSettings> restoredSettings; ///< what a restore put on screen, until the next change
 
     std::optional<std::string> error; ///< for the alert
@@ -61,8 +75,11 @@ struct WorkspaceState {
 };
 
 /// What of the state a notice is about.
-enum class Changed { settings, loaded, history, cuts, alerts, texts, presets, view, count };
+enum class Changed { settings, loaded, history, cuts, alerts, texts, presets, undoable, view, count };
 using Changes = std::bitset<static_cast<std::size_t>(Changed::count)>;
+
+/// Tells the user what is being done for as long as the result lives.
+using BusySign = std::function<std::shared_ptr<void>(const std::string& text)>;
 
 /// What the controller is given from outside.
 struct WorkspaceServicesInUse {
@@ -77,6 +94,7 @@ struct WorkspaceServicesInUse {
     IdentifierSource identifiers = randomIdentifiers();
     std::function<Timestamp()> now = Timestamp::now;
     FileCalls& files = FileCalls::system();
+    BusySign busy = [](const std::string&) { return nullptr; };
 };
 
 /// The main window's controller: the loaded project, the settings, the cut list, the history and every message. It
@@ -121,6 +139,8 @@ public:
     void setBound(double EditSettings::* bound, double seconds);
     void addSection();
     void removeSection(std::size_t position);
+    /// Brings back the section or the preset that was taken away last.
+    void undo();
 
     // The history
     void generateRoughEdit();
@@ -178,6 +198,8 @@ private:
 
     [[nodiscard]] std::vector<EditPreset> decodePresetsOrCloseSheet();
     void storePresets(std::vector<EditPreset> presets);
+    void bringBack(const RemovedSection& removed);
+    void bringBack(const EditPreset& deleted);
 
     void exportTo(
         const std::string& folder, const std::string& xml, const std::string& record, const std::string& projectName);

@@ -5,8 +5,22 @@
 #include "workspace/content_view.h"
 
 #include <exception>
+#include <filesystem>
+#include <string_view>
 
 namespace corvane {
+
+namespace {
+
+/// The folder that holds the file or bundle.
+std::string folderBeside(std::string_view location)
+{
+    while (location.size() > 1 && location.back() == '/')
+        location.remove_suffix(1);
+    return std::filesystem::path(location).parent_path().string();
+}
+
+} // namespace
 
 void ContentView::exportRoughEdit()
 {
@@ -26,8 +40,10 @@ void ContentView::exportRoughEdit()
     const std::string record = settingsRecordText(loaded->imported, loaded->engine, *revision);
     whileWaiting([&] {
         const auto folder = services_.dialogs.chooseFolder(
-            "Export", "Choose a folder for the XML and settings record. The XML will then open in Final Cut Pro. "
-                      "Existing exports will be kept.");
+            "Export",
+            "Choose a folder for the XML and settings record. The XML will then open in Final Cut Pro. "
+            "Existing exports will be kept.",
+            state_.sourceFile ? folderBeside(*state_.sourceFile) : "");
         if (folder)
             exportTo(*folder, xml, record, loaded->imported.name);
     });
@@ -43,6 +59,7 @@ void ContentView::exportTo(
             const ExportFiles files = writeExportFiles(folder, xml, record, projectName, services_.files);
             state.status = "Saved " + std::string(lastComponent(files.xmlURL)) + " and " +
                            std::string(lastComponent(files.settingsURL)) + ". Opening Final Cut Pro…";
+            state.lastExport = files.xmlURL;
             const std::weak_ptr<const bool> alive = alive_;
             openInFinalCut(
                 files.xmlURL, services_.services, services_.scope, services_.mainThread,

@@ -9,6 +9,7 @@ namespace corvane {
 void ContentView::importXML(const std::string& data)
 {
     edit([this, data](WorkspaceState& state) {
+        const auto sign = services_.busy("Reading the project…");
         auto loaded = std::make_shared<LoadedDocument>();
         EditSettings settings;
         try {
@@ -33,12 +34,16 @@ void ContentView::importXML(const std::string& data)
 
 void ContentView::openProjectFile(const std::string& location)
 {
-    edit([this, location](WorkspaceState&) {
+    edit([this, location](WorkspaceState& state) {
         const ProjectFileContent file = readProjectFile(location, services_.scope);
-        if (file.error)
+        if (file.error) {
             fail(*file.error);
-        else
-            importXML(file.bytes);
+            return;
+        }
+        const auto before = state.loaded;
+        importXML(file.bytes);
+        if (state.loaded != before)
+            state.sourceFile = location;
     });
 }
 

@@ -119,6 +119,7 @@ void ContentView::deletePreset()
             std::erase_if(presets, [&](const EditPreset& other) { return other.id == chosen->id; });
             storePresets(std::move(presets));
             state.chosenPreset.clear();
+            state.undoable = *chosen;
             state.presetNotice = "Deleted " + chosen->name + ". Your current editing settings are unchanged.";
         } catch (const std::exception& failure) {
             fail(failure.what());

@@ -54,8 +54,10 @@ void ContentView::removeSection(std::size_t position)
 {
     edit([position](WorkspaceState& state) {
         auto& sections = state.settings.sections;
-        if (position < sections.size())
-            sections.erase(sections.begin() + static_cast<std::ptrdiff_t>(position));
+        if (position >= sections.size())
+            return;
+        state.undoable = RemovedSection{position, sections[position]};
+        sections.erase(sections.begin() + static_cast<std::ptrdiff_t>(position));
     });
 }
 

@@ -45,6 +45,7 @@ void ContentView::restoreSession()
 /// Shows the stored session, or throws and has changed nothing.
 void ContentView::restoreFrom(std::string bytes)
 {
+    const auto sign = services_.busy("Restoring the session…");
     SavedEditSession session = decodeSession(std::move(bytes));
     auto [imported, engine] = loadProject(session.sourceXML);
     validateSession(session, engine);
@@ -63,6 +64,9 @@ void ContentView::show(std::shared_ptr<const LoadedDocument> loaded)
 {
     encoder_.setSource(loaded->sourceXML);
     state_.loaded = std::move(loaded);
+    state_.sourceFile.reset();
+    if (std::holds_alternative<RemovedSection>(state_.undoable))
+        state_.undoable = std::monostate();
 }
 
 /// Called before another project takes the window: generated edits, on screen or only stored, are kept.

@@ -15,7 +15,7 @@ class StoryStage::AnsweredDialogs : public Dialogs {
 public:
     explicit AnsweredDialogs(StoryStage& stage) : stage_(stage) {}
     std::optional<std::string> chooseProject(const std::string&) override { return answer(); }
-    std::optional<std::string> chooseFolder(const std::string&, const std::string&) override
+    std::optional<std::string> chooseFolder(const std::string&, const std::string&, const std::string&) override
     {
         stage_.asked = true;
         return answer();

@@ -14,9 +14,14 @@ struct AnsweringDialogs : Dialogs {
     std::optional<std::string> answer;
     std::function<void()> meanwhile = [] {};
     int asked = 0;
+    std::string firstFolder; ///< proposed for the last export
 
     std::optional<std::string> chooseProject(const std::string&) override { return reply(); }
-    std::optional<std::string> chooseFolder(const std::string&, const std::string&) override { return reply(); }
+    std::optional<std::string> chooseFolder(const std::string&, const std::string&, const std::string& first) override
+    {
+        firstFolder = first;
+        return reply();
+    }
     std::optional<std::string> reply()
     {
         ++asked;

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "desktop/single_instance.h"
+#include "intake/share_receiver.h"
+#include "platform/apple_event_manager.h"
+#include "platform/resources.h"
+#include "platform/updater.h"
+#include "platform/user_defaults.h"
+#include "platform/workspace_services.h"
+#include "session/session_store.h"
+#include "workspace/content_view.h"
+#include "workspace/window/alert_boxes.h"
+#include "workspace/window/busy_sign.h"
+#include "workspace/window/file_dialogs.h"
+#include "workspace/window/main_window.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace corvane {
+
+/// Receives what other programs send: the share events of Final Cut, and files to open.
+class CorvaneAppDelegate {
+public:
+    /// Has the receiver answer the manager's share events from now on.
+    void applicationDidFinishLaunching(AppleEventManager& manager) { receiver.install(manager); }
+
+    FinalCutShareReceiver receiver;
+};
+
+/// The program: the controller on this user's files, its window, and what others ask of it.
+class CorvaneApp {
+public:
+    CorvaneApp();
+
+    /// Shows the window, with the files that were given at the start.
+    void start(const std::vector<std::string>& locations);
+    /// What another start, or the desktop, asks: opens the files and brings the window to the front.
+    void open(const std::vector<std::string>& locations);
+
+private:
+    void activate();
+    void showWindow();
+
+    FileUserDefaults defaults_;
+    SessionStore sessions_;
+    NoBundledApplications services_;
+    ResourceFolders resources_;
+    NoUpdater updater_;
+    BusySignLabel busy_;
+    FileDialogs dialogs_;
+    ModalAlerts alerts_;
+    AppleEventManager events_;
+    CorvaneAppDelegate delegate_;
+    ContentView view_;
+    std::unique_ptr<MainWindow> window_;
+    bool shown_ = false;
+};
+
+} // namespace corvane

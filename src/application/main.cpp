@@ -1,0 +1,64 @@
+#include "application/application.h"
+#include "help/product.h"
+#include "workspace/window/accessible_widgets.h"
+#include "workspace/window/theme.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QUrl>
+#include <exception>
+#include <iostream>
+
+namespace {
+
+/// Everything that was given is a file, or a location of one; there are no options.
+std::vector<std::string> givenLocations(const QStringList& arguments)
+{
+    std::vector<std::string> locations;
+    for (const QString& argument : arguments.mid(1)) {
+        const QUrl url(argument);
+        if (url.isLocalFile())
+            locations.push_back(QFile::encodeName(url.toLocalFile()).toStdString());
+        else if (argument.contains("://"))
+            locations.push_back(argument.toStdString());
+        else
+            locations.push_back(QFile::encodeName(QFileInfo(argument).absoluteFilePath()).toStdString());
+    }
+    return locations;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+try {
+    using namespace corvane;
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName("Corvane");
+    QCoreApplication::setApplicationVersion(CORVANE_SHORT_VERSION);
+    QGuiApplication::setDesktopFileName(QString::fromUtf8(product::desktopID.data(), product::desktopID.size()));
+
+    std::vector<std::string> locations = givenLocations(QCoreApplication::arguments());
+    SingleInstance instance{std::string(product::desktopID)};
+    std::unique_ptr<CorvaneApp> app;
+    const bool first = instance.claim(locations, [&](const std::vector<std::string>& requested) {
+        if (app)
+            app->open(requested);
+        else
+            locations.insert(locations.end(), requested.begin(), requested.end());
+    });
+    if (!first)
+        return 0;
+    if (SingleInstance::startedByBus())
+        instance.awaitFirstRequest();
+
+    theme::apply(application);
+    installAccessibleWidgets();
+    app = std::make_unique<CorvaneApp>();
+    app->start(locations);
+    const int result = QApplication::exec();
+    app.reset();
+    return result;
+} catch (const std::exception& failure) {
+    std::cerr << failure.what() << "\n";
+    return 1;
+}

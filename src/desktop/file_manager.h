@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+
+namespace corvane {
+
+/// Shows the file, selected, in the desktop's file manager; where none answers on the bus, its folder is opened.
+void showInFileManager(const std::string& path);
+
+} // namespace corvane

@@ -1,0 +1,178 @@
+#include "desktop/single_instance.h"
+
+#include "desktop/application_bus_object.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDataStream>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QLocalSocket>
+#include <QStandardPaths>
+#include <QThread>
+#include <QUrl>
+#include <utility>
+
+namespace corvane {
+
+namespace {
+
+constexpr int patience = 2000; // milliseconds for another process to answer
+
+QString qtText(const std::string& text)
+{
+    return QString::fromStdString(text);
+}
+
+/// As desktop files and requests write locations.
+QStringList urisOf(const std::vector<std::string>& locations)
+{
+    QStringList uris;
+    for (const std::string& location : locations)
+        uris
+            << (location.starts_with('/')
+                    ? QUrl::fromLocalFile(QFile::decodeName(location.c_str())).toString(QUrl::FullyEncoded)
+                    : qtText(location));
+    return uris;
+}
+
+std::vector<std::string> locationsOf(const QStringList& uris)
+{
+    std::vector<std::string> locations;
+    for (const QString& uri : uris) {
+        const QUrl url(uri);
+        locations.push_back(url.isLocalFile() ? QFile::encodeName(url.toLocalFile()).toStdString() : uri.toStdString());
+    }
+    return locations;
+}
+
+QString objectPath(const std::string& id)
+{
+    return "/" + qtText(id).replace('.', '/');
+}
+
+} // namespace
+
+SingleInstance::SingleInstance(std::string id)
+    : id_(std::move(id)),
+      runtimeFolder_(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation).toStdString())
+{
+}
+
+SingleInstance::~SingleInstance() = default;
+
+QString SingleInstance::socketName() const
+{
+    return qtText(runtimeFolder_ + "/" + id_ + ".socket");
+}
+
+bool SingleInstance::startedByBus()
+{
+    return qEnvironmentVariableIsSet("DBUS_STARTER_BUS_TYPE");
+}
+
+bool SingleInstance::claim(const std::vector<std::string>& locations, Requests requests)
+{
+    lock_ = std::make_unique<QLockFile>(qtText(runtimeFolder_ + "/" + id_ + ".lock"));
+    lock_->setStaleLockTime(0); // a lock is as old as its process, which may run for days
+    if (!lock_->tryLock()) {
+        // The other process holds the lock before it listens: wait until it does.
+        QElapsedTimer waiting;
+        waiting.start();
+        while (waiting.elapsed() < patience) {
+            if (handOverSocket(locations))
+                return false;
+            if (lock_->tryLock())
+                break; // it went away meanwhile
+            QThread::msleep(20);
+        }
+    }
+    requests_ = std::move(requests);
+    if (!claimBus() && handOverBus(locations))
+        return false;
+    listen();
+    return true;
+}
+
+bool SingleInstance::handOverSocket(const std::vector<std::string>& locations) const
+{
+    QLocalSocket socket;
+    socket.connectToServer(socketName());
+    if (!socket.waitForConnected(patience))
+        return false;
+    QDataStream stream(&socket);
+    stream << urisOf(locations);
+    socket.waitForBytesWritten(patience);
+    return socket.waitForReadyRead(patience); // one byte says that the request was taken
+}
+
+bool SingleInstance::handOverBus(const std::vector<std::string>& locations) const
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        qtText(id_), objectPath(id_), "org.freedesktop.Application", locations.empty() ? "Activate" : "Open");
+    if (!locations.empty())
+        call << urisOf(locations);
+    call << QVariantMap();
+    return QDBusConnection::sessionBus().call(call, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
+}
+
+/// True also where there is no bus: then nobody else can have the name.
+bool SingleInstance::claimBus()
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return true;
+    busObject_ = std::make_unique<ApplicationBusObject>();
+    busObject_->opened = [this](const QStringList& uris) { receive(locationsOf(uris)); };
+    bus.registerObject(objectPath(id_), busObject_.get(), QDBusConnection::ExportAllSlots);
+    return bus.registerService(qtText(id_));
+}
+
+void SingleInstance::listen()
+{
+    QLocalServer::removeServer(socketName()); // what a crashed process left
+    server_.setSocketOptions(QLocalServer::UserAccessOption);
+    connect(&server_, &QLocalServer::newConnection, this, [this] {
+        QLocalSocket* socket = server_.nextPendingConnection();
+        connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+        connect(socket, &QLocalSocket::readyRead, this, [this, socket] { readRequest(*socket); });
+    });
+    server_.listen(socketName());
+}
+
+void SingleInstance::readRequest(QLocalSocket& socket)
+{
+    constexpr qint64 longest = 1 << 20;
+    if (socket.bytesAvailable() > longest) {
+        socket.abort();
+        return;
+    }
+    QDataStream stream(&socket);
+    stream.startTransaction();
+    QStringList uris;
+    stream >> uris;
+    if (!stream.commitTransaction())
+        return; // the rest is on its way
+    socket.write("1");
+    receive(locationsOf(uris));
+}
+
+void SingleInstance::receive(const std::vector<std::string>& locations)
+{
+    received_ = true;
+    requests_(locations);
+}
+
+void SingleInstance::awaitFirstRequest()
+{
+    constexpr qint64 longest = 1000; // milliseconds
+    QElapsedTimer waiting;
+    waiting.start();
+    while (!received_ && waiting.elapsed() < longest)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::ExcludeUserInputEvents, 20);
+}
+
+} // namespace corvane

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QLocalServer>
+#include <QLockFile>
+#include <QObject>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace corvane {
+
+class ApplicationBusObject;
+
+/// One running program for each user. A later start hands its files to the first one, over the session bus or, where
+/// there is none, over a local socket; a first one that has crashed is no obstacle.
+class SingleInstance : public QObject {
+    Q_OBJECT
+public:
+    /// Absolute paths of files, or whole URLs of anything that is none; none for a bare activation.
+    using Requests = std::function<void(const std::vector<std::string>& locations)>;
+
+    /// `id` is the program's reverse-DNS name.
+    explicit SingleInstance(std::string id);
+    ~SingleInstance() override;
+
+    /// True when this process is the first one: it then receives every request, from now on. False when another one
+    /// runs and has taken `locations` over.
+    [[nodiscard]] bool claim(const std::vector<std::string>& locations, Requests requests);
+
+    /// True when the bus started this process to handle a request, which is on its way.
+    [[nodiscard]] static bool startedByBus();
+    /// Waits, at most a second, for that request.
+    void awaitFirstRequest();
+
+private:
+    [[nodiscard]] QString socketName() const;
+    [[nodiscard]] bool handOverSocket(const std::vector<std::string>& locations) const;
+    [[nodiscard]] bool handOverBus(const std::vector<std::string>& locations) const;
+    [[nodiscard]] bool claimBus();
+    void listen();
+    void readRequest(QLocalSocket& socket);
+    void receive(const std::vector<std::string>& locations);
+
+    std::string id_;
+    std::string runtimeFolder_;
+    std::unique_ptr<QLockFile> lock_;
+    QLocalServer server_;
+    std::unique_ptr<ApplicationBusObject> busObject_;
+    Requests requests_;
+    bool received_ = false;
+};
+
+} // namespace corvane

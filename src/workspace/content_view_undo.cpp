@@ -1,0 +1,47 @@
+#include "workspace/content_view.h"
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+namespace corvane {
+
+void ContentView::undo()
+{
+    edit([this](WorkspaceState& state) {
+        const Undoable undoable = std::exchange(state.undoable, std::monostate());
+        if (const auto* section = std::get_if<RemovedSection>(&undoable))
+            bringBack(*section);
+        else if (const auto* preset = std::get_if<EditPreset>(&undoable))
+            bringBack(*preset);
+    });
+}
+
+/// At its old place, or at the end of a list that has become shorter; a revision may have brought it back already.
+void ContentView::bringBack(const RemovedSection& removed)
+{
+    auto& sections = state_.settings.sections;
+    if (std::ranges::find(sections, removed.section.id, &SectionDraft::id) != sections.end())
+        return;
+    const std::size_t position = std::min(removed.position, sections.size());
+    sections.insert(sections.begin() + static_cast<std::ptrdiff_t>(position), removed.section);
+}
+
+void ContentView::bringBack(const EditPreset& deleted)
+{
+    try {
+        std::vector<EditPreset> presets = decodePresets(services_.defaults.value(presetsKey));
+        if (std::ranges::any_of(presets, [&](const EditPreset& other) { return sameName(other.name, deleted.name); })) {
+            fail("A preset with that name already exists. Choose it and use Update, or save with another name.");
+            return;
+        }
+        presets.push_back(deleted);
+        storePresets(std::move(presets));
+        state_.chosenPreset = deleted.id.text();
+        state_.presetNotice = "Saved " + deleted.name + ".";
+    } catch (const std::exception& failure) {
+        fail(failure.what());
+    }
+}
+
+} // namespace corvane

@@ -1,0 +1,81 @@
+#include "workspace/shot_facts.h"
+
+#include "engine/generation_inputs.h"
+#include "engine/validation.h"
+#include "platform/numbers.h"
+#include "timecode/timecode.h"
+
+#include <algorithm>
+
+namespace corvane {
+
+EditMarks editMarks(const ContentView& view)
+{
+    EditMarks marks;
+    const SharedRevision& revision = view.state().preview;
+    if (!revision || !view.state().loaded)
+        return marks;
+    const CutEngine& engine = view.state().loaded->engine;
+    const EditSettings& settings = revision->settings;
+    if (settings.openingEnabled)
+        marks.opening = FrameRange{0, std::min(roundedFrames(engine, settings.openingSeconds), engine.length)};
+    if (settings.closingEnabled) {
+        const Frames frames = std::min(roundedFrames(engine, settings.closingSeconds), engine.length);
+        marks.closing = FrameRange{engine.length - frames, engine.length};
+    }
+    try {
+        marks.sections = fixedSections(engine, settings.sections);
+    } catch (const std::exception&) {
+        marks.sections.clear(); // a stored session may hold sections that no generation has read
+    }
+    return marks;
+}
+
+std::optional<std::string> shotEndReason(const ContentView& view, const EditMarks& marks, std::size_t position)
+{
+    const Cut& cut = view.state().cuts()[position];
+    const CutEngine& engine = view.state().loaded->engine;
+    const Frames end = cut.start + cut.duration;
+    if (end == engine.length)
+        return "Ends with the project.";
+    if (marks.opening && marks.opening->end == end)
+        return "The opening shot ends.";
+    for (const FixedCameraSection& section : marks.sections) {
+        if (section.end == end && section.angle == cut.angle)
+            return "The fixed section ends.";
+    }
+    for (const FixedCameraSection& section : marks.sections) {
+        if (section.start == end)
+            return "A fixed section begins.";
+    }
+    if (marks.closing && marks.closing->start == end)
+        return "The closing shot begins.";
+    const auto& stretches = engine.stretches(cut.angle);
+    if (std::ranges::find(stretches, end, &FrameRange::end) != stretches.end())
+        return "The camera's footage ends.";
+    return std::nullopt;
+}
+
+std::string startLabel(const ContentView& view, const Cut& cut)
+{
+    return timecodeLabel(view.state().loaded->engine, cut.start);
+}
+
+std::string durationLabel(const ContentView& view, const Cut& cut, std::string_view decimalSign)
+{
+    return shortNumber(view.state().loaded->engine.seconds(cut.duration), decimalSign);
+}
+
+std::string cutListText(const ContentView& view, std::string_view decimalSign)
+{
+    if (view.state().cuts().empty())
+        return "";
+    std::string text = "Start (Timecode)\tCamera\tDuration (seconds)\n";
+    for (const Cut& cut : view.state().cuts()) {
+        text += startLabel(view, cut) + '\t' + view.angleLabel(cut.angle) + '\t' +
+                durationLabel(view, cut, decimalSign) + '\n';
+    }
+    return text;
+}
+
+} // namespace corvane

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "help/product.h"
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+namespace corvane {
+
+/// What the program is, who makes it and where to find them.
+class CorvaneAboutView : public QWidget {
+    Q_OBJECT
+public:
+    CorvaneAboutView(
+        const product::BundleInfo& bundle, const std::function<void()>& openManual, const std::function<void()>& close,
+        QWidget* parent = nullptr);
+};
+
+/// The About window of the menu: made when it is first asked for, then kept.
+class CorvaneAboutWindow {
+public:
+    CorvaneAboutWindow(product::BundleInfo bundle, std::function<void()> openManual)
+        : bundle_(std::move(bundle)), openManual_(std::move(openManual))
+    {
+    }
+
+    /// Shows the window in front of the others.
+    void show();
+
+private:
+    product::BundleInfo bundle_;
+    std::function<void()> openManual_;
+    std::unique_ptr<QWidget> window_;
+};
+
+} // namespace corvane

@@ -1,0 +1,170 @@
+#include "workspace/window/accessible_widgets.h"
+
+#include "workspace/window/controls/panel.h"
+#include "workspace/window/controls/picker.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <map>
+#include <memory>
+
+namespace corvane {
+
+namespace {
+
+/// One entry of a picker: it exists for assistive technology alone.
+class AccessibleEntry : public QAccessibleInterface, public QAccessibleActionInterface {
+public:
+    AccessibleEntry(Picker& picker, int position) : picker_(&picker), position_(position) {}
+
+    [[nodiscard]] bool isValid() const override { return picker_ && position_ < picker_->count(); }
+    [[nodiscard]] QObject* object() const override { return nullptr; }
+    [[nodiscard]] QWindow* window() const override { return picker_ ? picker_->window()->windowHandle() : nullptr; }
+    [[nodiscard]] QAccessibleInterface* parent() const override
+    {
+        return QAccessible::queryAccessibleInterface(picker_);
+    }
+    [[nodiscard]] QAccessibleInterface* child(int) const override { return nullptr; }
+    [[nodiscard]] QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    [[nodiscard]] int childCount() const override { return 0; }
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+    [[nodiscard]] QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Name && isValid() ? picker_->itemText(position_) : QString();
+    }
+    void setText(QAccessible::Text, const QString&) override {}
+    [[nodiscard]] QRect rect() const override
+    {
+        return picker_ ? QRect(picker_->mapToGlobal(QPoint()), picker_->size()) : QRect();
+    }
+    [[nodiscard]] QAccessible::Role role() const override { return QAccessible::ListItem; }
+    [[nodiscard]] QAccessible::State state() const override
+    {
+        QAccessible::State state;
+        state.selectable = true;
+        state.invalid = !isValid();
+        if (isValid()) {
+            state.selected = picker_->currentIndex() == position_;
+            state.disabled = !picker_->isEnabled();
+        }
+        return state;
+    }
+    void* interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
+    }
+    [[nodiscard]] QStringList actionNames() const override { return {pressAction()}; }
+    void doAction(const QString& action) override
+    {
+        if (action == pressAction() && isValid())
+            picker_->choose(position_);
+    }
+    [[nodiscard]] QStringList keyBindingsForAction(const QString&) const override { return {}; }
+
+private:
+    QPointer<Picker> picker_;
+    int position_;
+};
+
+class AccessiblePicker : public QAccessibleWidget, public QAccessibleTextInterface {
+public:
+    explicit AccessiblePicker(Picker& picker) : QAccessibleWidget(&picker, QAccessible::ComboBox) {}
+    ~AccessiblePicker() override
+    {
+        for (const auto& [position, id] : entries_)
+            QAccessible::deleteAccessibleInterface(id);
+    }
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override
+    {
+        if (kind == QAccessible::Value)
+            return chosen();
+        return QAccessibleWidget::text(kind);
+    }
+    [[nodiscard]] QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.hasPopup = true;
+        state.expandable = true;
+        return state;
+    }
+    [[nodiscard]] int childCount() const override { return picker().count(); }
+    [[nodiscard]] QAccessibleInterface* child(int position) const override
+    {
+        if (position < 0 || position >= childCount())
+            return nullptr;
+        const auto found = entries_.find(position);
+        if (found != entries_.end())
+            return QAccessible::accessibleInterface(found->second);
+        auto* entry = new AccessibleEntry(picker(), position); // the registry owns it
+        entries_.emplace(position, QAccessible::registerAccessibleInterface(entry));
+        return entry;
+    }
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override
+    {
+        for (const auto& [position, id] : entries_) {
+            if (QAccessible::accessibleInterface(id) == child)
+                return position;
+        }
+        return -1;
+    }
+    void* interface_cast(QAccessible::InterfaceType type) override
+    {
+        if (type == QAccessible::TextInterface)
+            return static_cast<QAccessibleTextInterface*>(this);
+        return QAccessibleWidget::interface_cast(type);
+    }
+    [[nodiscard]] QStringList actionNames() const override { return {showMenuAction(), pressAction()}; }
+    void doAction(const QString& action) override
+    {
+        if ((action == showMenuAction() || action == pressAction()) && picker().isEnabled())
+            picker().showPopup();
+    }
+
+    // The choice as a text that can be read but not changed.
+    void selection(int, int* start, int* end) const override { *start = *end = 0; }
+    [[nodiscard]] int selectionCount() const override { return 0; }
+    void addSelection(int, int) override {}
+    void removeSelection(int) override {}
+    void setSelection(int, int, int) override {}
+    [[nodiscard]] int cursorPosition() const override { return 0; }
+    void setCursorPosition(int) override {}
+    [[nodiscard]] QString text(int start, int end) const override { return chosen().mid(start, end - start); }
+    [[nodiscard]] int characterCount() const override { return static_cast<int>(chosen().size()); }
+    [[nodiscard]] QRect characterRect(int) const override { return rect(); }
+    [[nodiscard]] int offsetAtPoint(const QPoint&) const override { return 0; }
+    void scrollToSubstring(int, int) override {}
+    [[nodiscard]] QString attributes(int, int* start, int* end) const override
+    {
+        *start = 0;
+        *end = characterCount();
+        return {};
+    }
+
+private:
+    [[nodiscard]] Picker& picker() const { return *static_cast<Picker*>(object()); }
+    [[nodiscard]] QString chosen() const { return picker().currentText(); }
+
+    mutable std::map<int, QAccessible::Id> entries_;
+};
+
+QAccessibleInterface* makeAccessible(const QString&, QObject* object)
+{
+    if (auto* picker = qobject_cast<Picker*>(object))
+        return new AccessiblePicker(*picker);
+    if (auto* panel = qobject_cast<Panel*>(object))
+        return new QAccessibleWidget(panel, QAccessible::Grouping);
+    auto* widget = qobject_cast<QWidget*>(object);
+    if (widget != nullptr && widget->property("picture").toBool())
+        return new QAccessibleWidget(widget, QAccessible::Graphic);
+    return nullptr;
+}
+
+} // namespace
+
+void installAccessibleWidgets()
+{
+    QAccessible::installFactory(makeAccessible);
+}
+
+} // namespace corvane

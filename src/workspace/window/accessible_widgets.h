@@ -1,0 +1,9 @@
+#pragma once
+
+namespace corvane {
+
+/// Tells screen readers what the window's own controls are: a picker with its label as name, its choice as value and
+/// entries that can be chosen; pictures as pictures; panels as groups. Call once, before the first window.
+void installAccessibleWidgets();
+
+} // namespace corvane

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "workspace/content_view.h"
+
+#include <QColor>
+#include <QIcon>
+#include <QString>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace corvane {
+
+/// How a camera is told apart wherever it is drawn: by its colour, and by a letter where colours are not seen.
+struct CameraMark {
+    QColor color;
+    QString letter; ///< "A" for the first angle of the project; "AA" after "Z"
+};
+
+/// The marks of all angles of the loaded project, in project order.
+class CameraMarks {
+public:
+    CameraMarks() = default;
+    explicit CameraMarks(const ContentView& view);
+
+    /// A grey one without a letter for an unknown camera.
+    [[nodiscard]] const CameraMark& of(std::string_view camera) const;
+    /// A chip in the camera's colour with its letter.
+    [[nodiscard]] QIcon chip(std::string_view camera) const;
+
+private:
+    std::map<std::string, CameraMark, std::less<>> marks_;
+};
+
+/// Draws the chip of a mark; `size` in device-independent pixels.
+[[nodiscard]] QPixmap chipPixmap(const CameraMark& mark, int size, double pixelRatio);
+
+} // namespace corvane

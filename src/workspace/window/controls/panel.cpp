@@ -1,0 +1,52 @@
+#include "workspace/window/controls/panel.h"
+
+namespace corvane {
+
+Panel::Panel(const QString& title, ContentView& view, QWidget* parent)
+    : QFrame(parent), view_(view), column_(new QVBoxLayout(this))
+{
+    setObjectName(title);
+    setAccessibleName(title);
+    column_->setContentsMargins(14, 12, 14, 14);
+    column_->setSpacing(8);
+    auto* heading = new QLabel(title, this);
+    heading->setProperty("role", "title");
+    column_->addWidget(heading);
+}
+
+void Panel::edit(const std::function<void(EditSettings&)>& change)
+{
+    view_.edit([change](WorkspaceState& state) { change(state.settings); });
+}
+
+QLabel* Panel::addHelp(const QString& text)
+{
+    QLabel* label = helpLabel(text, this);
+    column_->addWidget(label);
+    return label;
+}
+
+QLabel* Panel::addHeading(const QString& text)
+{
+    auto* label = new QLabel(text, this);
+    label->setProperty("role", "heading");
+    column_->addWidget(label);
+    return label;
+}
+
+QLabel* helpLabel(const QString& text, QWidget* parent)
+{
+    auto* label = new QLabel(text, parent);
+    label->setWordWrap(true);
+    label->setProperty("role", "help");
+    return label;
+}
+
+QLabel* labelFor(QWidget& control, const QString& text, QWidget* parent)
+{
+    auto* label = new QLabel(text, parent);
+    label->setBuddy(&control);
+    return label;
+}
+
+} // namespace corvane

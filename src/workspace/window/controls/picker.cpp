@@ -1,0 +1,76 @@
+#include "workspace/window/controls/picker.h"
+
+#include "workspace/window/controls/scroll_past.h"
+#include "workspace/window/qt_text.h"
+
+#include <QEvent>
+#include <QSignalBlocker>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
+#include <algorithm>
+
+namespace corvane {
+
+Picker::Picker(QWidget* parent) : QComboBox(parent)
+{
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(8);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    letScrollingPass(*this);
+    connect(this, &QComboBox::activated, this, [this](int position) {
+        if (position >= 0 && position < static_cast<int>(entries_.size()))
+            emit picked(entries_[static_cast<std::size_t>(position)].value);
+    });
+}
+
+void Picker::show(const std::vector<Entry>& entries, const std::string& chosen)
+{
+    const QSignalBlocker blocker(this);
+    if (entries != entries_) {
+        entries_ = entries;
+        clear();
+        for (const Entry& entry : entries_) {
+            addItem(qt(entry.label));
+            setItemData(count() - 1, qt(entry.label), Qt::ToolTipRole);
+        }
+    }
+    const auto found = std::ranges::find(entries_, chosen, &Entry::value);
+    const int position = found == entries_.end() ? -1 : static_cast<int>(found - entries_.begin());
+    if (position != currentIndex())
+        setCurrentIndex(position);
+}
+
+void Picker::choose(int position)
+{
+    if (!isEnabled() || position < 0 || position >= count())
+        return;
+    setCurrentIndex(position);
+    emit activated(position);
+}
+
+int Picker::widthForText() const
+{
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    constexpr int inset = 4;
+    return style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this).width() - inset;
+}
+
+void Picker::paintEvent(QPaintEvent*)
+{
+    QStylePainter painter(this);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    option.currentText = fontMetrics().elidedText(option.currentText, Qt::ElideRight, widthForText());
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+bool Picker::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip)
+        setToolTip(fontMetrics().horizontalAdvance(currentText()) > widthForText() ? currentText() : QString());
+    return QComboBox::event(event);
+}
+
+} // namespace corvane

@@ -1,0 +1,56 @@
+#include "workspace/window/controls/step_box.h"
+
+#include "platform/numbers.h"
+#include "workspace/window/controls/scroll_past.h"
+#include "workspace/window/qt_text.h"
+#include "workspace/window/theme.h"
+
+#include <QSignalBlocker>
+#include <algorithm>
+#include <cmath>
+
+namespace corvane {
+
+StepBox::StepBox(Range range, QWidget* parent) : QDoubleSpinBox(parent), step_(range.step)
+{
+    setRange(range.minimum, range.maximum);
+    setSingleStep(range.step);
+    setDecimals(3); // what is shown may stand between the steps
+    setKeyboardTracking(false);
+    setAlignment(Qt::AlignRight);
+    setAccelerated(true);
+    letScrollingPass(*this);
+    connect(this, &QDoubleSpinBox::valueChanged, this, &StepBox::settle);
+}
+
+void StepBox::show(double value)
+{
+    if (value == this->value())
+        return; // what is just being typed stays
+    const QSignalBlocker blocker(this);
+    setValue(value);
+}
+
+void StepBox::stepBy(int steps)
+{
+    const double position = value() / step_;
+    const double next = (steps > 0 ? std::floor(position) : std::ceil(position)) + steps;
+    setValue(next * step_);
+}
+
+QString StepBox::textFromValue(double value) const
+{
+    return qt(shortNumber(value, theme::decimalSign()));
+}
+
+void StepBox::settle(double value)
+{
+    const double onStep = std::clamp(std::round(value / step_) * step_, minimum(), maximum());
+    if (onStep != value) {
+        const QSignalBlocker blocker(this);
+        setValue(onStep);
+    }
+    emit chosen(onStep);
+}
+
+} // namespace corvane

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QDoubleSpinBox>
+
+namespace corvane {
+
+/// A number that people choose in steps: the multiples of `step` within the range. A value between two steps can be
+/// shown and stays until a person moves the control.
+class StepBox : public QDoubleSpinBox {
+    Q_OBJECT
+public:
+    struct Range {
+        int minimum;
+        int maximum;
+        int step;
+    };
+
+    explicit StepBox(Range range, QWidget* parent = nullptr);
+
+    /// Shows the value; chosen is not told.
+    void show(double value);
+
+    void stepBy(int steps) override;
+    [[nodiscard]] QString textFromValue(double value) const override;
+
+signals:
+    /// A person, or what assists one, chose a step.
+    void chosen(double value);
+
+private:
+    void settle(double value);
+
+    int step_;
+};
+
+} // namespace corvane

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QSlider>
+
+namespace corvane {
+
+/// A slider on whole steps. A value between two steps can be shown and stays until a person moves the slider.
+class StepSlider : public QSlider {
+    Q_OBJECT
+public:
+    struct Range {
+        int minimum;
+        int maximum;
+        int step;
+    };
+
+    explicit StepSlider(Range range, QWidget* parent = nullptr);
+
+    /// Shows the value, rounded to a whole number; chosen is not told.
+    void show(double value);
+
+signals:
+    /// A person, or what assists one, chose a step.
+    void chosen(int value);
+
+private:
+    void moveToStep(int action);
+    void settle(int value);
+
+    int step_;
+};
+
+} // namespace corvane

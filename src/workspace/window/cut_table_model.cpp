@@ -1,0 +1,86 @@
+#include "workspace/window/cut_table_model.h"
+
+#include "workspace/window/qt_text.h"
+#include "workspace/window/theme.h"
+
+namespace corvane {
+
+CutTableModel::CutTableModel(const ContentView& view, QObject* parent) : QAbstractTableModel(parent), view_(view) {}
+
+void CutTableModel::show(const CameraMarks& marks)
+{
+    beginResetModel();
+    shown_ = view_.state().preview;
+    asked_ = editMarks(view_);
+    looks_.clear();
+    for (const ImportedAngle& angle : view_.videoAngles())
+        looks_.emplace(angle.id, Look{qt(view_.angleLabel(angle.id)), marks.chip(angle.id)});
+    endResetModel();
+}
+
+int CutTableModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() || !shown_ ? 0 : static_cast<int>(shown_->cuts.size());
+}
+
+int CutTableModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : columns;
+}
+
+QVariant CutTableModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid() || index.row() >= rowCount())
+        return {};
+    const Cut& cut = shown_->cuts[static_cast<std::size_t>(index.row())];
+    if (role == Qt::DisplayRole)
+        return text(cut, index.column());
+    if (role == Qt::ToolTipRole)
+        return tip(static_cast<std::size_t>(index.row()));
+    if (role == Qt::TextAlignmentRole && index.column() == duration)
+        return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+    if (role == Qt::DecorationRole && index.column() == camera) {
+        const auto look = looks_.find(cut.angle);
+        return look == looks_.end() ? QVariant() : QVariant(look->second.chip);
+    }
+    return {};
+}
+
+QString CutTableModel::text(const Cut& cut, int column) const
+{
+    if (column == start)
+        return qt(startLabel(view_, cut));
+    if (column == duration)
+        return qt(durationLabel(view_, cut, theme::decimalSign()));
+    const auto look = looks_.find(cut.angle);
+    return look == looks_.end() ? qt(cut.angle) : look->second.label;
+}
+
+QString CutTableModel::tip(std::size_t row) const
+{
+    const QString label = text(shown_->cuts[row], camera);
+    if (view_.state().preview != shown_)
+        return label;
+    const auto reason = shotEndReason(view_, asked_, row);
+    return reason ? label + "\n" + qt(*reason) : label;
+}
+
+QVariant CutTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal)
+        return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
+    if (role == Qt::TextAlignmentRole)
+        return QVariant((section == duration ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    if (role != Qt::DisplayRole)
+        return {};
+    switch (section) {
+    case start:
+        return tr("Start (Timecode)");
+    case camera:
+        return tr("Camera");
+    default:
+        return tr("Duration (seconds)");
+    }
+}
+
+} // namespace corvane

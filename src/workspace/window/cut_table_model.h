@@ -1,0 +1,44 @@
+#pragma once
+
+#include "workspace/shot_facts.h"
+#include "workspace/window/camera_marks.h"
+
+#include <QAbstractTableModel>
+#include <map>
+#include <string>
+
+namespace corvane {
+
+/// The cut list of the controller as a table; what is not looked at is not made.
+class CutTableModel : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    enum Column { start, camera, duration, columns };
+
+    explicit CutTableModel(const ContentView& view, QObject* parent = nullptr);
+
+    /// Shows the controller's cut list in place of what was shown.
+    void show(const CameraMarks& marks);
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    /// How a camera is written in each of its rows.
+    struct Look {
+        QString label;
+        QIcon chip;
+    };
+
+    [[nodiscard]] QString text(const Cut& cut, int column) const;
+    [[nodiscard]] QString tip(std::size_t row) const;
+
+    const ContentView& view_;
+    SharedRevision shown_;
+    EditMarks asked_;
+    std::map<std::string, Look, std::less<>> looks_;
+};
+
+} // namespace corvane

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "intake/xml_inbox.h"
+
+#include <QFrame>
+#include <QLabel>
+
+namespace corvane {
+
+/// The place for a project dragged from Final Cut or a file manager. It lights up while one hovers over it; what is
+/// dropped goes into the inbox.
+class ProjectDropView : public QFrame {
+    Q_OBJECT
+public:
+    explicit ProjectDropView(XMLInbox& inbox, QWidget* parent = nullptr);
+
+    [[nodiscard]] bool dropActive() const { return dropActive_; }
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void hover(QDragMoveEvent& event);
+    void setDropActive(bool active);
+
+    XMLInbox& inbox_;
+    QLabel* hint_;
+    bool dropActive_ = false;
+};
+
+/// Puts one drop view into the empty window.
+class FinalCutProjectDropZone : public QWidget {
+    Q_OBJECT
+public:
+    explicit FinalCutProjectDropZone(XMLInbox& inbox, QWidget* parent = nullptr);
+};
+
+} // namespace corvane

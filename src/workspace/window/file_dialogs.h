@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/dialogs.h"
+#include "platform/user_defaults.h"
+
+#include <QFileDialog>
+#include <QPointer>
+#include <QWidget>
+
+namespace corvane {
+
+/// The window's own choosers. They open at the folder that was used last, which the user defaults remember.
+class FileDialogs : public Dialogs {
+public:
+    explicit FileDialogs(UserDefaults& defaults) : defaults_(defaults) {}
+
+    /// The window over which they open from now on.
+    void setParent(QWidget* parent) { parent_ = parent; }
+
+    [[nodiscard]] std::optional<std::string> chooseProject(const std::string& message) override;
+    [[nodiscard]] std::optional<std::string> chooseFolder(
+        const std::string& prompt, const std::string& message, const std::string& firstFolder) override;
+
+private:
+    [[nodiscard]] std::optional<std::string> ask(QFileDialog& dialog, const std::string& message);
+    [[nodiscard]] QString lastFolder(const std::string& key, const std::string& otherwise) const;
+    void remember(const std::string& key, const QString& folder);
+
+    UserDefaults& defaults_;
+    QPointer<QWidget> parent_;
+};
+
+/// A file chooser in which a .fcpxmld folder is chosen whole by its Open button.
+class ProjectFileDialog : public QFileDialog {
+    Q_OBJECT
+public:
+    explicit ProjectFileDialog(QWidget* parent);
+
+protected:
+    void accept() override;
+};
+
+} // namespace corvane

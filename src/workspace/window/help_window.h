@@ -1,0 +1,65 @@
+#pragma once
+
+#include "help/manual.h"
+#include "help/topic_search.h"
+#include "platform/resources.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QStackedWidget>
+#include <QTextBrowser>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <string>
+#include <variant>
+
+namespace corvane {
+
+/// The manual, or why it cannot be shown.
+using LoadedManual = std::variant<CorvaneManual, std::string>;
+[[nodiscard]] LoadedManual loadedManual(const Resources& resources);
+
+/// A searchable list of topics, and the one that is shown.
+class CorvaneHelpView : public QWidget {
+    Q_OBJECT
+public:
+    CorvaneHelpView(LoadedManual manual, std::function<void()> close, QWidget* parent = nullptr);
+
+private:
+    QWidget* makeHeader(const std::function<void()>& close);
+    QWidget* makeTopics();
+    QWidget* makeFailure(const std::string& error);
+    QWidget* makeNothingMatches();
+    void search(const QString& query);
+    void showTopics();
+    void showPage(const HelpTopicList& topics);
+
+    LoadedManual manual_;
+    HelpTopics state_;
+    QLineEdit* query_ = nullptr;
+    QLabel* count_ = nullptr;
+    QListWidget* list_ = nullptr;
+    QStackedWidget* pages_ = nullptr;
+    QTextBrowser* page_ = nullptr;
+    const CorvaneManual::Section* shown_ = nullptr;
+};
+
+/// The help window of the menu: made when it is first asked for, then kept with its search.
+class CorvaneHelpWindow {
+public:
+    explicit CorvaneHelpWindow(const Resources& resources) : resources_(resources) {}
+
+    /// Shows the window in front of the others.
+    void show();
+
+private:
+    const Resources& resources_;
+    std::unique_ptr<QWidget> window_;
+};
+
+/// Brings a window to the front and gives it the keyboard.
+void bringToFront(QWidget& window);
+
+} // namespace corvane

@@ -1,0 +1,320 @@
+#include "workspace/window/main_window.h"
+
+#include "platform/error.h"
+#include "workspace/window/drop_view.h"
+#include "workspace/window/mime_pasteboard.h"
+#include "workspace/window/panels/bookends_panel.h"
+#include "workspace/window/panels/cameras_panel.h"
+#include "workspace/window/panels/coverage_panel.h"
+#include "workspace/window/panels/cut_panel.h"
+#include "workspace/window/panels/pacing_panel.h"
+#include "workspace/window/panels/presets_panel.h"
+#include "workspace/window/panels/sections_panel.h"
+#include "workspace/window/panels/usage_panel.h"
+#include "workspace/window/qt_text.h"
+#include "workspace/window/tab_order.h"
+#include "workspace/window/theme.h"
+
+#include <QDragEnterEvent>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+
+namespace corvane {
+
+namespace {
+
+const std::string geometryKey = "Corvane.window.geometry";
+const std::string splitKey = "Corvane.window.split";
+
+/// The dashed line around the window while files hover over it.
+class DropOutline : public QWidget {
+public:
+    explicit DropOutline(QWidget* parent) : QWidget(parent)
+    {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        hide();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        constexpr double lineWidth = 3;
+        constexpr double dash = 10;
+        QPen pen(theme::orange, lineWidth);
+        pen.setDashPattern({dash / lineWidth, dash / lineWidth});
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(pen);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(6, 6, -6, -6), 12, 12);
+    }
+};
+
+} // namespace
+
+MainWindow::MainWindow(MainWindowServices services)
+    : services_(std::move(services)),
+      helpWindow_(services_.resources),
+      aboutWindow_(services_.bundle, [this] { helpWindow_.show(); })
+{
+    setWindowTitle("Corvane");
+    setAcceptDrops(true);
+    resize(960, 860);
+    auto* page = new QWidget(this);
+    auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(12, 8, 12, 8);
+    column->addWidget(makeHeader());
+    pages_ = new QStackedWidget(page);
+    pages_->addWidget(makeEmptyPage());
+    pages_->addWidget(makeLoadedPage());
+    column->addWidget(pages_, 1);
+    auto* footer = helpLabel(tr("Drop XML anywhere to load a project. Exports a separate project."), page);
+    footer->setAlignment(Qt::AlignHCenter);
+    column->addWidget(footer);
+    setCentralWidget(page);
+    dropOutline_ = new DropOutline(this);
+    menus_ = new Menus(
+        services_.view, services_.updater,
+        {[this] { helpWindow_.show(); }, [this] { aboutWindow_.show(); }, services_.reveal}, *this);
+    alerts_ = new AlertBoxes(services_.view, *this);
+    savePreset_ = new SavePresetSheet(services_.view, this);
+    restorePlace();
+    observation_ = services_.view.observe([this](const Changes& changes) { refresh(changes); });
+    refresh(Changes().set());
+}
+
+MainWindow::~MainWindow()
+{
+    services_.view.stopObserving(observation_);
+}
+
+QWidget* MainWindow::makeHeader()
+{
+    auto* header = new QWidget(this);
+    auto* row = new QHBoxLayout(header);
+    row->setContentsMargins(0, 0, 0, 4);
+    auto* icon = new QLabel(header);
+    icon->setPixmap(theme::icon().pixmap(QSize(36, 36), devicePixelRatioF()));
+    row->addWidget(icon);
+    auto* open = new QPushButton(tr("&Import Final Cut XML…"), header);
+    open->setProperty("role", "primary");
+    row->addWidget(open);
+    auto* busy = new QLabel(header);
+    busy->setProperty("role", "help");
+    services_.busy.setLabel(busy);
+    row->addWidget(busy, 1);
+    auto* help = new QPushButton("?", header);
+    help->setAccessibleName(tr("Help"));
+    help->setToolTip(tr("Open the included Corvane manual"));
+    auto* about = new QPushButton(tr("About"), header);
+    about->setToolTip(tr("About Corvane, donations and feedback"));
+    row->addWidget(help);
+    row->addWidget(about);
+    connect(open, &QPushButton::clicked, this, [this] { services_.view.chooseProjectFile(); });
+    connect(help, &QPushButton::clicked, this, [this] {
+        services_.view.edit([](WorkspaceState& state) { state.showingHelp = true; });
+    });
+    connect(about, &QPushButton::clicked, this, [this] {
+        services_.view.edit([](WorkspaceState& state) { state.showingAbout = true; });
+    });
+    return header;
+}
+
+QWidget* MainWindow::makeEmptyPage()
+{
+    auto* page = new QWidget(this);
+    auto* column = new QVBoxLayout(page);
+    auto* text = new QLabel(tr("Drop a .fcpxml file or .fcpxmld bundle here to get started."), page);
+    text->setAlignment(Qt::AlignHCenter);
+    text->setWordWrap(true);
+    text->setProperty("role", "title");
+    column->addStretch(1);
+    column->addWidget(new FinalCutProjectDropZone(services_.inbox, page), 3);
+    column->addWidget(text);
+    column->addStretch(1);
+    return page;
+}
+
+QWidget* MainWindow::makeLoadedPage()
+{
+    split_ = new QSplitter(this);
+    split_->setChildrenCollapsible(false);
+    split_->addWidget(makeSettings());
+    split_->addWidget(makeResult());
+    split_->setStretchFactor(0, 0);
+    split_->setStretchFactor(1, 1);
+    split_->setSizes({430, 500});
+    return split_;
+}
+
+QWidget* MainWindow::makeSettings()
+{
+    auto* area = new QScrollArea(this);
+    area->setWidgetResizable(true);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setMinimumWidth(390);
+    auto* settings = new QWidget(area);
+    auto* column = new QVBoxLayout(settings);
+    column->setContentsMargins(0, 0, 6, 0);
+    column->setSpacing(10);
+    addPanel(new PresetsPanel(services_.view, settings), *column);
+    addPanel(new CoveragePanel(services_.view, settings), *column);
+    addPanel(new CamerasPanel(services_.view, settings), *column);
+    addPanel(new PacingPanel(services_.view, settings), *column);
+    addPanel(new BookendsPanel(services_.view, settings), *column);
+    addPanel(new SectionsPanel(services_.view, settings), *column);
+    column->addStretch(1);
+    area->setWidget(settings);
+    return area;
+}
+
+QWidget* MainWindow::makeResult()
+{
+    resultSplit_ = new QSplitter(Qt::Vertical, this);
+    resultSplit_->setChildrenCollapsible(false);
+    for (Panel* panel :
+         {static_cast<Panel*>(new CutPanel(services_.view)), static_cast<Panel*>(new UsagePanel(services_.view))}) {
+        resultSplit_->addWidget(panel);
+        panels_.push_back(panel);
+    }
+    resultSplit_->setStretchFactor(0, 3);
+    resultSplit_->setStretchFactor(1, 1);
+    return resultSplit_;
+}
+
+void MainWindow::addPanel(Panel* panel, QLayout& column)
+{
+    column.addWidget(panel);
+    panels_.push_back(panel);
+}
+
+QDialog* MainWindow::makeSheet(const QString& title, bool WorkspaceState::* showing, QWidget* content)
+{
+    auto* sheet = new QDialog(this);
+    sheet->setWindowTitle(title);
+    sheet->setWindowModality(Qt::WindowModal);
+    auto* column = new QVBoxLayout(sheet);
+    column->addWidget(content);
+    connect(sheet, &QDialog::finished, this, [this, showing] {
+        services_.view.edit([showing](WorkspaceState& state) { state.*showing = false; });
+    });
+    return sheet;
+}
+
+void MainWindow::refresh(const Changes& changes)
+{
+    const auto has = [&changes](Changed what) { return changes.test(static_cast<std::size_t>(what)); };
+    const WorkspaceState& state = services_.view.state();
+    for (Panel* panel : panels_)
+        panel->refresh(changes);
+    menus_->refresh();
+    if (has(Changed::loaded))
+        pages_->setCurrentIndex(state.loaded ? 1 : 0);
+    if (has(Changed::loaded) || has(Changed::settings))
+        orderTabsByLayout(*centralWidget());
+    if (has(Changed::presets) || has(Changed::view))
+        savePreset_->refresh();
+    if (has(Changed::alerts))
+        alerts_->refresh();
+    if (!has(Changed::view))
+        return;
+    dropOutline_->setVisible(state.dropTargeted);
+    dropOutline_->raise();
+    showSheet(helpSheet_, &WorkspaceState::showingHelp, [this] {
+        auto* view = new CorvaneHelpView(loadedManual(services_.resources), [this] { helpSheet_->reject(); });
+        view->setMinimumSize(700, 500);
+        return makeSheet(tr("Corvane Help"), &WorkspaceState::showingHelp, view);
+    });
+    showSheet(aboutSheet_, &WorkspaceState::showingAbout, [this] {
+        auto* view = new CorvaneAboutView(
+            services_.bundle,
+            [this] {
+                aboutSheet_->reject();
+                services_.view.edit([](WorkspaceState& change) { change.showingHelp = true; });
+            },
+            [this] { aboutSheet_->reject(); });
+        return makeSheet(tr("About Corvane"), &WorkspaceState::showingAbout, view);
+    });
+}
+
+void MainWindow::showSheet(QDialog*& sheet, bool WorkspaceState::* showing, const std::function<QDialog*()>& make)
+{
+    if (services_.view.state().*showing) {
+        if (sheet == nullptr)
+            sheet = make();
+        sheet->open();
+    } else if (sheet != nullptr && sheet->isVisible()) {
+        sheet->reject();
+    }
+}
+
+void MainWindow::setDropTargeted(bool targeted)
+{
+    services_.view.edit([targeted](WorkspaceState& state) { state.dropTargeted = targeted; });
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!event->mimeData()->hasUrls())
+        return;
+    setDropTargeted(true);
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void MainWindow::dragMoveEvent(QDragMoveEvent* event)
+{
+    event->setDropAction(Qt::CopyAction);
+    event->setAccepted(event->mimeData()->hasUrls());
+}
+
+void MainWindow::dragLeaveEvent(QDragLeaveEvent*)
+{
+    setDropTargeted(false);
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    setDropTargeted(false);
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    services_.view.handleDroppedFiles(MimePasteboard(*event->mimeData()).locations());
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    keepPlace();
+    QMainWindow::closeEvent(event);
+    QApplication::closeAllWindows();
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    dropOutline_->setGeometry(rect());
+}
+
+void MainWindow::restorePlace()
+{
+    try {
+        restoreGeometry(QByteArray::fromStdString(services_.defaults.value(geometryKey)));
+        split_->restoreState(QByteArray::fromStdString(services_.defaults.value(splitKey)));
+    } catch (const PlatformError&) {
+        return; // a window of the usual size is no loss
+    }
+}
+
+void MainWindow::keepPlace()
+{
+    try {
+        services_.defaults.setValue(geometryKey, saveGeometry().toStdString());
+        services_.defaults.setValue(splitKey, split_->saveState().toStdString());
+    } catch (const PlatformError&) {
+        return; // the next window has the usual size
+    }
+}
+
+} // namespace corvane

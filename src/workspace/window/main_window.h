@@ -1,0 +1,87 @@
+#pragma once
+
+#include "help/product.h"
+#include "platform/resources.h"
+#include "platform/updater.h"
+#include "platform/user_defaults.h"
+#include "workspace/content_view.h"
+#include "workspace/window/about_window.h"
+#include "workspace/window/alert_boxes.h"
+#include "workspace/window/busy_sign.h"
+#include "workspace/window/controls/panel.h"
+#include "workspace/window/help_window.h"
+#include "workspace/window/menus.h"
+#include "workspace/window/save_preset_sheet.h"
+
+#include <QDialog>
+#include <QLabel>
+#include <QMainWindow>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace corvane {
+
+/// What the window is given from outside. All of it must outlive the window.
+struct MainWindowServices {
+    ContentView& view;
+    XMLInbox& inbox;
+    UserDefaults& defaults;
+    const Resources& resources;
+    Updater& updater;
+    BusySignLabel& busy;
+    std::function<void(const std::string& path)> reveal; ///< shows a file in its folder
+    product::BundleInfo bundle;
+};
+
+/// The one main window: the controller's state on screen. It calls the controller's operations and keeps nothing of
+/// the edit itself.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit MainWindow(MainWindowServices services);
+    ~MainWindow() override;
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    QWidget* makeHeader();
+    QWidget* makeEmptyPage();
+    QWidget* makeLoadedPage();
+    QWidget* makeSettings();
+    QWidget* makeResult();
+    void addPanel(Panel* panel, QLayout& column);
+    /// A dialog over this window whose being open is a field of the controller.
+    QDialog* makeSheet(const QString& title, bool WorkspaceState::* showing, QWidget* content);
+
+    void refresh(const Changes& changes);
+    void showSheet(QDialog*& sheet, bool WorkspaceState::* showing, const std::function<QDialog*()>& make);
+    void setDropTargeted(bool targeted);
+    void restorePlace();
+    void keepPlace();
+
+    MainWindowServices services_;
+    CorvaneHelpWindow helpWindow_;
+    CorvaneAboutWindow aboutWindow_;
+    Menus* menus_ = nullptr;
+    AlertBoxes* alerts_ = nullptr;
+    SavePresetSheet* savePreset_ = nullptr;
+    QStackedWidget* pages_ = nullptr;
+    QSplitter* split_ = nullptr;
+    QSplitter* resultSplit_ = nullptr;
+    QWidget* dropOutline_ = nullptr;
+    QDialog* helpSheet_ = nullptr;
+    QDialog* aboutSheet_ = nullptr;
+    std::vector<Panel*> panels_;
+    int observation_ = 0;
+};
+
+} // namespace corvane

@@ -1,0 +1,176 @@
+#include "workspace/window/panels/cameras_panel.h"
+
+#include "platform/numbers.h"
+#include "workspace/captions.h"
+#include "workspace/window/qt_text.h"
+
+#include <QFormLayout>
+#include <algorithm>
+#include <cmath>
+
+namespace corvane {
+
+namespace {
+
+constexpr StepBox::Range waitSeconds = {0, 600, 10};
+constexpr StepSlider::Range weights = {1, 10, 1};
+
+template <class Map>
+double valueOr(const Map& map, const std::string& id, double absent)
+{
+    const auto found = map.find(id);
+    return found == map.end() ? absent : found->second;
+}
+
+/// Toolkits take "&" in a button's text for the mark of its shortcut.
+QString withoutMnemonics(QString text)
+{
+    return text.replace("&", "&&");
+}
+
+} // namespace
+
+CamerasPanel::CamerasPanel(ContentView& view, QWidget* parent)
+    : Panel(tr("Cameras and audio"), view, parent),
+      main_(new Picker(this)),
+      audio_(new Picker(this)),
+      mainWait_(new Stepper(utf8(tr("Wait before returning to main camera")), waitSeconds, this)),
+      cameraRows_(new QVBoxLayout),
+      frequencyRows_(new QVBoxLayout),
+      tooFew_(nullptr),
+      frequencyHelp_(nullptr)
+{
+    auto* choices = new QFormLayout;
+    choices->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    choices->addRow(labelFor(*main_, tr("&Main camera"), this), main_);
+    choices->addRow(labelFor(*audio_, tr("Continuous a&udio"), this), audio_);
+    column().addLayout(choices);
+    column().addWidget(mainWait_);
+    addHeading(tr("Additional cameras"));
+    column().addLayout(cameraRows_);
+    addHelp(tr("The wait starts when a camera's shot ends. For example, a 120 sec wait means a shot ending at 05:00 "
+               "can return at 07:00 or later. It does not set the shot length. Zero means no waiting."));
+    addHelp(tr("Fixed sections and opening or closing shots take priority over these waits. A shot may run longer "
+               "while other cameras wait."));
+    tooFew_ = addHelp(tr("Frequency needs at least 3 included cameras: the main camera and 2 others. With 2 cameras, "
+                         "use the main camera balance."));
+    frequencyHelp_ = addHelp(tr("Higher numbers choose this camera more often between main camera shots. The "
+                                "percentage compares additional camera choices when footage is available, not total "
+                                "screen time."));
+    column().addLayout(frequencyRows_);
+
+    connect(main_, &Picker::picked, this, [this](const std::string& id) { view_.selectMainCamera(id); });
+    connect(audio_, &Picker::picked, this, [this](const std::string& id) {
+        edit([id](EditSettings& settings) { settings.audio = id; });
+    });
+    connect(mainWait_, &Stepper::chosen, this, [this](double seconds) {
+        edit([seconds](EditSettings& settings) { settings.returnTimes[settings.mainCamera] = seconds; });
+    });
+}
+
+void CamerasPanel::refresh(const Changes& changes)
+{
+    if (has(changes, Changed::loaded))
+        build();
+    if (!view_.state().loaded || !(has(changes, Changed::loaded) || has(changes, Changed::settings)))
+        return;
+    std::vector<Picker::Entry> mains;
+    for (const Camera& camera : cameras_)
+        mains.push_back({camera.id, view_.angleLabel(camera.id)});
+    main_->show(mains, settings().mainCamera);
+    std::vector<Picker::Entry> sounds = {{"", utf8(tr("Choose audio"))}};
+    for (const AudioChoice& choice : audioChoices(view_))
+        sounds.push_back({choice.id, choice.label});
+    audio_->show(sounds, settings().audio);
+    mainWait_->show(valueOr(settings().returnTimes, settings().mainCamera, 0));
+    for (const Camera& camera : cameras_)
+        showCamera(camera);
+    tooFew_->setVisible(!frequenciesMatter(view_));
+    frequencyHelp_->setVisible(frequenciesMatter(view_));
+}
+
+void CamerasPanel::build()
+{
+    marks_ = CameraMarks(view_);
+    for (const Camera& camera : cameras_) {
+        delete camera.holder;
+        delete camera.frequencyHolder;
+    }
+    cameras_.clear();
+    for (const ImportedAngle& angle : view_.videoAngles())
+        addCamera(angle);
+}
+
+void CamerasPanel::addCamera(const ImportedAngle& angle)
+{
+    const QString label = qt(view_.angleLabel(angle.id));
+    Camera camera{};
+    camera.id = angle.id;
+    camera.holder = new QWidget(this);
+    auto* rows = new QVBoxLayout(camera.holder);
+    rows->setContentsMargins(0, 0, 0, 4);
+    camera.included = new QCheckBox(withoutMnemonics(label), camera.holder);
+    camera.included->setIcon(marks_.chip(angle.id));
+    camera.included->setToolTip(label);
+    camera.included->setMinimumWidth(1); // a long name is cut off at the right edge, not the panel widened
+    camera.included->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    camera.wait = new Stepper(utf8(tr("Wait before returning to this camera")), waitSeconds, camera.holder);
+    rows->addWidget(camera.included);
+    rows->addWidget(camera.wait);
+    cameraRows_->addWidget(camera.holder);
+    addFrequency(camera, label);
+
+    const std::string id = angle.id;
+    connect(camera.included, &QCheckBox::toggled, this, [this, id](bool on) {
+        view_.setCameraIncluded(id, on ? ContentView::Inclusion::included : ContentView::Inclusion::excluded);
+    });
+    connect(camera.wait, &Stepper::chosen, this, [this, id](double seconds) {
+        edit([id, seconds](EditSettings& settings) { settings.returnTimes[id] = seconds; });
+    });
+    connect(camera.frequency, &StepSlider::chosen, this, [this, id](int weight) {
+        edit([id, weight](EditSettings& settings) { settings.frequencies[id] = weight; });
+    });
+    cameras_.push_back(camera);
+}
+
+void CamerasPanel::addFrequency(Camera& camera, const QString& label)
+{
+    camera.frequencyHolder = new QWidget(this);
+    auto* rows = new QVBoxLayout(camera.frequencyHolder);
+    rows->setContentsMargins(0, 0, 0, 4);
+    camera.frequency = new StepSlider(weights, camera.frequencyHolder);
+    camera.weight = new QLabel(camera.frequencyHolder);
+    camera.percent = helpLabel({}, camera.frequencyHolder);
+    camera.percent->setWordWrap(false);
+    auto* name = new ElidedLabel(tr("Frequency for %1").arg(label), camera.frequencyHolder);
+    name->setBuddy(camera.frequency);
+    camera.frequency->setAccessibleName(name->text());
+    auto* line = new QHBoxLayout;
+    line->addWidget(camera.weight);
+    line->addWidget(camera.frequency, 1);
+    rows->addWidget(name);
+    rows->addLayout(line);
+    rows->addWidget(camera.percent);
+    frequencyRows_->addWidget(camera.frequencyHolder);
+}
+
+void CamerasPanel::showCamera(const Camera& camera)
+{
+    const auto others = view_.includedOtherCameras();
+    const bool included = std::ranges::find(others, camera.id) != others.end();
+    const bool isMain = camera.id == settings().mainCamera;
+    camera.holder->setVisible(!isMain);
+    {
+        const QSignalBlocker blocker(camera.included);
+        camera.included->setChecked(included);
+    }
+    camera.wait->setVisible(included);
+    camera.wait->show(valueOr(settings().returnTimes, camera.id, 0));
+    camera.frequencyHolder->setVisible(included && frequenciesMatter(view_));
+    const double weight = valueOr(settings().frequencies, camera.id, 5);
+    camera.weight->setText(tr("Frequency: %1").arg(qt(fixed(std::round(weight), 0))));
+    camera.frequency->show(weight);
+    camera.percent->setText(tr("%1% of additional camera choices").arg(frequencyPercent(view_, camera.id)));
+}
+
+} // namespace corvane

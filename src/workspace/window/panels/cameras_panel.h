@@ -1,0 +1,51 @@
+#pragma once
+
+#include "workspace/window/camera_marks.h"
+#include "workspace/window/controls/elided_label.h"
+#include "workspace/window/controls/panel.h"
+#include "workspace/window/controls/picker.h"
+#include "workspace/window/controls/step_slider.h"
+#include "workspace/window/controls/stepper.h"
+
+#include <QCheckBox>
+#include <vector>
+
+namespace corvane {
+
+/// "Cameras and audio".
+class CamerasPanel : public Panel {
+    Q_OBJECT
+public:
+    explicit CamerasPanel(ContentView& view, QWidget* parent = nullptr);
+    void refresh(const Changes& changes) override;
+
+private:
+    /// An angle with video; hidden while it is the main camera.
+    struct Camera {
+        std::string id;
+        QWidget* holder;
+        QCheckBox* included;
+        Stepper* wait;
+        QWidget* frequencyHolder;
+        QLabel* weight;
+        StepSlider* frequency;
+        QLabel* percent;
+    };
+
+    void build();
+    void addCamera(const ImportedAngle& angle);
+    void addFrequency(Camera& camera, const QString& label);
+    void showCamera(const Camera& camera);
+
+    CameraMarks marks_;
+    Picker* main_;
+    Picker* audio_;
+    Stepper* mainWait_;
+    QVBoxLayout* cameraRows_;
+    QVBoxLayout* frequencyRows_;
+    QLabel* tooFew_;
+    QLabel* frequencyHelp_;
+    std::vector<Camera> cameras_;
+};
+
+} // namespace corvane

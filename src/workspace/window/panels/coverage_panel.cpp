@@ -1,0 +1,116 @@
+#include "workspace/window/panels/coverage_panel.h"
+
+#include "workspace/captions.h"
+#include "workspace/window/qt_text.h"
+#include "workspace/window/theme.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr int labelWidth = 150;
+
+} // namespace
+
+CoveragePanel::CoveragePanel(ContentView& view, QWidget* parent)
+    : Panel(tr("Recording coverage"), view, parent),
+      grid_(nullptr),
+      rowsHolder_(new QWidget(this)),
+      gapsText_(helpLabel({}, this)),
+      missing_(new ElidedLabel({}, this)),
+      warning_(helpLabel({}, this))
+{
+    addHelp(tr("Coloured sections have footage. Empty sections are gaps. All bars use the same project timecode."));
+    column().addWidget(rowsHolder_);
+    column().addWidget(gapsText_);
+    missing_->setProperty("role", "help");
+    column().addWidget(missing_);
+    warning_->setProperty("role", "warning");
+    column().addWidget(warning_);
+}
+
+void CoveragePanel::refresh(const Changes& changes)
+{
+    if (has(changes, Changed::loaded))
+        build();
+    if (!view_.state().loaded || !(has(changes, Changed::loaded) || has(changes, Changed::settings)))
+        return;
+    showUse();
+    showGaps();
+    const auto warning = setupWarning(view_, theme::decimalSign());
+    warning_->setText(qt(warning.value_or("")));
+    warning_->setVisible(warning.has_value());
+}
+
+void CoveragePanel::build()
+{
+    marks_ = CameraMarks(view_);
+    videoRows_.clear();
+    delete rowsHolder_->layout();
+    qDeleteAll(rowsHolder_->findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
+    grid_ = new QGridLayout(rowsHolder_);
+    grid_->setContentsMargins(0, 0, 0, 0);
+    grid_->setVerticalSpacing(4);
+    grid_->setColumnStretch(1, 1);
+    const auto& loaded = view_.state().loaded;
+    if (!loaded)
+        return;
+    grid_->addWidget(new QLabel(tr("Project"), rowsHolder_), 0, 0);
+    auto* project = new ElidedLabel(qt(projectLine(view_, theme::decimalSign())), rowsHolder_);
+    grid_->addWidget(project, 0, 1);
+    auto* axis = new TimeAxis(rowsHolder_);
+    axis->show(loaded->engine);
+    grid_->addWidget(axis, 1, 1);
+    for (const ImportedAngle& angle : view_.videoAngles()) {
+        Row row = addRow(angle.id);
+        row.label->setFacts(qt(angleFacts(angle)));
+        videoRows_.push_back(row);
+    }
+    audio_ = addRow("");
+    gaps_ = addRow("");
+    gaps_.label->setText(tr("Selected video gaps"));
+    const auto& missing = loaded->imported.missingLocations;
+    QStringList names;
+    for (const std::string& name : missing)
+        names << qt(name);
+    missing_->setText(tr("Media without a location: %1").arg(names.join(", ")));
+    missing_->setFacts(names.join("\n"));
+    missing_->setVisible(!missing.empty());
+}
+
+CoveragePanel::Row CoveragePanel::addRow(const std::string& camera)
+{
+    const Row row = {camera, new ElidedLabel({}, rowsHolder_), new CoverageBar(rowsHolder_)};
+    row.label->setFixedWidth(labelWidth);
+    row.label->setBuddy(row.bar);
+    const int position = grid_->rowCount();
+    grid_->addWidget(row.label, position, 0);
+    grid_->addWidget(row.bar, position, 1);
+    return row;
+}
+
+void CoveragePanel::showUse()
+{
+    const CutEngine& engine = view_.state().loaded->engine;
+    for (const Row& row : videoRows_) {
+        const bool used = isInUse(view_, row.camera);
+        row.label->setText(qt(coverageLabel(view_, row.camera)));
+        row.bar->setAccessibleName(row.label->text()); // a label's own name for its buddy would lose every "&"
+        row.label->setEnabled(used);
+        const CameraMark& mark = marks_.of(row.camera);
+        row.bar->show(engine, engine.stretches(row.camera), used ? mark.color : theme::unusedGrey, mark.letter);
+    }
+    const std::string& audio = settings().audio;
+    audio_.label->setText(tr("Audio: %1").arg(audio.empty() ? QString() : qt(view_.angleLabel(audio))));
+    audio_.bar->show(engine, engine.audioStretches(audio), theme::mutedBeige, {});
+}
+
+void CoveragePanel::showGaps()
+{
+    const auto gaps = videoGaps(view_);
+    gaps_.bar->show(view_.state().loaded->engine, gaps.value_or(std::vector<FrameRange>()), theme::orange, {});
+    gapsText_->setText(qt(videoGapsText(view_)));
+    gapsText_->setVisible(gaps.has_value());
+}
+
+} // namespace corvane

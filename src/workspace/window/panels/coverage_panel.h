@@ -1,0 +1,44 @@
+#pragma once
+
+#include "workspace/window/camera_marks.h"
+#include "workspace/window/controls/elided_label.h"
+#include "workspace/window/controls/panel.h"
+#include "workspace/window/pictures/coverage_bar.h"
+#include "workspace/window/pictures/time_axis.h"
+
+#include <QGridLayout>
+#include <vector>
+
+namespace corvane {
+
+/// "Recording coverage": a bar a camera on one project time axis.
+class CoveragePanel : public Panel {
+    Q_OBJECT
+public:
+    explicit CoveragePanel(ContentView& view, QWidget* parent = nullptr);
+    void refresh(const Changes& changes) override;
+
+private:
+    struct Row {
+        std::string camera;
+        ElidedLabel* label;
+        CoverageBar* bar;
+    };
+
+    void build();
+    Row addRow(const std::string& camera);
+    void showUse();
+    void showGaps();
+
+    CameraMarks marks_;
+    QGridLayout* grid_;
+    QWidget* rowsHolder_;
+    std::vector<Row> videoRows_;
+    Row audio_{};
+    Row gaps_{};
+    QLabel* gapsText_;
+    ElidedLabel* missing_;
+    QLabel* warning_;
+};
+
+} // namespace corvane

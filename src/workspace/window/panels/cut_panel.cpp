@@ -1,0 +1,149 @@
+#include "workspace/window/panels/cut_panel.h"
+
+#include "workspace/captions.h"
+#include "workspace/window/qt_text.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+
+namespace corvane {
+
+CutPanel::CutPanel(ContentView& view, QWidget* parent)
+    : Panel(tr("Rough edit"), view, parent),
+      empty_(helpLabel(tr("Generate an edit to preview the cuts here."), this)),
+      summary_(new ElidedLabel({}, this)),
+      strip_(new CutStrip(view, this)),
+      model_(new CutTableModel(view, this)),
+      table_(new QTableView(this)),
+      generate_(new QPushButton(this)),
+      back_(new QPushButton(tr("&Back"), this)),
+      forward_(new QPushButton(tr("&Forward"), this)),
+      position_(new QLabel(this)),
+      export_(new QPushButton(tr("&Export to Final Cut…"), this)),
+      anotherCamera_(helpLabel(tr("Include another camera."), this)),
+      carryOver_(new ElidedLabel({}, this)),
+      status_(new QLabel(this)),
+      saveError_(new QLabel(this))
+{
+    arrange();
+    connectAll();
+}
+
+void CutPanel::arrange()
+{
+    generate_->setProperty("role", "primary");
+    carryOver_->setProperty("role", "help");
+    saveError_->setProperty("role", "warning");
+    for (QLabel* line : {status_, saveError_}) {
+        line->setWordWrap(true);
+        line->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    }
+    empty_->setAlignment(Qt::AlignCenter);
+    table_->setModel(model_);
+    table_->setAccessibleName(tr("Cuts"));
+    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table_->setSelectionMode(QAbstractItemView::SingleSelection);
+    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table_->setTabKeyNavigation(false);
+    table_->setWordWrap(false);
+    table_->setShowGrid(false);
+    table_->setAlternatingRowColors(true);
+    table_->verticalHeader()->hide();
+    table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 8);
+    table_->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table_->horizontalHeader()->setSectionResizeMode(CutTableModel::camera, QHeaderView::Stretch);
+    table_->horizontalHeader()->setHighlightSections(false);
+    for (const int section : {CutTableModel::start, CutTableModel::duration})
+        table_->setColumnWidth(section, table_->horizontalHeader()->sectionSizeHint(section) + 8);
+    table_->setMinimumHeight(120);
+
+    column().addWidget(summary_);
+    column().addWidget(strip_);
+    column().addWidget(empty_, 1);
+    column().addWidget(table_, 1);
+    auto* first = new QHBoxLayout;
+    first->addWidget(generate_, 1);
+    first->addWidget(back_);
+    first->addWidget(forward_);
+    first->addWidget(position_);
+    column().addLayout(first);
+    column().addWidget(export_);
+    for (QWidget* line :
+         {static_cast<QWidget*>(anotherCamera_), static_cast<QWidget*>(carryOver_), static_cast<QWidget*>(status_),
+          static_cast<QWidget*>(saveError_)})
+        column().addWidget(line);
+}
+
+void CutPanel::connectAll()
+{
+    connect(generate_, &QPushButton::clicked, this, [this] { view_.generateRoughEdit(); });
+    connect(back_, &QPushButton::clicked, this, [this] { view_.stepBack(); });
+    connect(forward_, &QPushButton::clicked, this, [this] { view_.stepForward(); });
+    connect(export_, &QPushButton::clicked, this, [this] { view_.exportRoughEdit(); });
+    connect(strip_, &CutStrip::picked, this, [this](int position) {
+        table_->selectRow(position);
+        table_->scrollTo(model_->index(position, 0), QAbstractItemView::PositionAtCenter);
+    });
+    connect(
+        table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+        [this](const QModelIndex& current) { strip_->select(current.row()); });
+}
+
+void CutPanel::refresh(const Changes& changes)
+{
+    if (has(changes, Changed::loaded)) {
+        marks_ = CameraMarks(view_);
+        const auto& loaded = view_.state().loaded;
+        const auto line = loaded ? carryOverLine(loaded->engine) : std::nullopt;
+        carryOver_->setText(qt(line.value_or("")));
+        carryOver_->setVisible(line.has_value());
+    }
+    if (has(changes, Changed::loaded) || has(changes, Changed::cuts))
+        showCuts();
+    showButtons();
+    showTexts();
+}
+
+void CutPanel::showCuts()
+{
+    const bool any = !view_.state().cuts().empty();
+    model_->show(marks_);
+    strip_->show(marks_);
+    empty_->setVisible(!any);
+    strip_->setVisible(any);
+    table_->setVisible(any);
+    if (any)
+        table_->scrollToTop();
+}
+
+void CutPanel::showButtons()
+{
+    const Enabling enabled = enabling(view_);
+    const Hints why = hints(view_);
+    const auto show = [](QPushButton& button, bool on, const std::optional<std::string>& hint) {
+        button.setEnabled(on);
+        button.setToolTip(qt(hint.value_or("")));
+    };
+    generate_->setText("&" + qt(primaryButtonText(view_)));
+    show(*generate_, enabled.generate, why.generate);
+    show(*back_, enabled.back, why.back);
+    show(*forward_, enabled.forward, why.forward);
+    show(*export_, enabled.exportEdit, why.exportEdit);
+}
+
+void CutPanel::showTexts()
+{
+    const auto show = [](QLabel& label, const std::optional<std::string>& text) {
+        if (label.text() != qt(text.value_or("")))
+            label.setText(qt(text.value_or("")));
+        label.setVisible(text && !text->empty());
+    };
+    show(*summary_, summaryLine(view_));
+    show(*position_, positionCaption(view_));
+    anotherCamera_->setVisible(asksForAnotherCamera(view_));
+    show(*status_, view_.state().status);
+    show(*saveError_, view_.state().sessionSaveError);
+}
+
+} // namespace corvane

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "workspace/window/camera_marks.h"
+#include "workspace/window/controls/elided_label.h"
+#include "workspace/window/controls/panel.h"
+#include "workspace/window/cut_table_model.h"
+#include "workspace/window/pictures/cut_strip.h"
+
+#include <QPushButton>
+#include <QTableView>
+
+namespace corvane {
+
+/// The cut list: its summary, the strip of the whole edit, the table and the buttons that make and export it.
+class CutPanel : public Panel {
+    Q_OBJECT
+public:
+    explicit CutPanel(ContentView& view, QWidget* parent = nullptr);
+    void refresh(const Changes& changes) override;
+
+private:
+    void arrange();
+    void connectAll();
+    void showCuts();
+    void showButtons();
+    void showTexts();
+
+    CameraMarks marks_;
+    QLabel* empty_;
+    ElidedLabel* summary_;
+    CutStrip* strip_;
+    CutTableModel* model_;
+    QTableView* table_;
+    QPushButton* generate_;
+    QPushButton* back_;
+    QPushButton* forward_;
+    QLabel* position_;
+    QPushButton* export_;
+    QLabel* anotherCamera_;
+    ElidedLabel* carryOver_;
+    QLabel* status_;
+    QLabel* saveError_;
+};
+
+} // namespace corvane

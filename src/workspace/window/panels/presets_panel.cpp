@@ -1,0 +1,61 @@
+#include "workspace/window/panels/presets_panel.h"
+
+#include "workspace/captions.h"
+#include "workspace/window/qt_text.h"
+
+#include <QHBoxLayout>
+
+namespace corvane {
+
+PresetsPanel::PresetsPanel(ContentView& view, QWidget* parent)
+    : Panel(tr("Saved presets"), view, parent),
+      picker_(new Picker(this)),
+      apply_(new QPushButton(tr("&Apply"), this)),
+      saveAs_(new QPushButton(tr("&Save as…"), this)),
+      update_(new QPushButton(tr("&Update"), this)),
+      delete_(new QPushButton(tr("&Delete"), this)),
+      notice_(helpLabel({}, this))
+{
+    addHelp(tr("Saves camera balance, shot length ranges, longer holds and angle names on this Mac. Apply restores a "
+               "saved setup; Update saves your current changes."));
+    auto* choice = new QHBoxLayout;
+    choice->addWidget(labelFor(*picker_, tr("&Preset"), this));
+    choice->addWidget(picker_, 1);
+    column().addLayout(choice);
+    auto* buttons = new QHBoxLayout;
+    for (QPushButton* button : {apply_, saveAs_, update_, delete_})
+        buttons->addWidget(button, 1);
+    column().addLayout(buttons);
+    notice_->setProperty("role", "notice");
+    column().addWidget(notice_);
+
+    connect(picker_, &Picker::picked, this, [this](const std::string& id) {
+        view_.edit([id](WorkspaceState& state) { state.chosenPreset = id; });
+    });
+    connect(apply_, &QPushButton::clicked, this, [this] {
+        if (const auto preset = view_.chosenPresetRecord())
+            view_.applyPreset(*preset);
+    });
+    connect(saveAs_, &QPushButton::clicked, this, [this] { view_.beginSavePreset(); });
+    connect(update_, &QPushButton::clicked, this, [this] { view_.savePreset(ContentView::PresetSave::update); });
+    connect(delete_, &QPushButton::clicked, this, [this] { view_.deletePreset(); });
+}
+
+void PresetsPanel::refresh(const Changes& changes)
+{
+    if (has(changes, Changed::presets)) {
+        std::vector<Picker::Entry> entries = {{"", utf8(tr("Choose a preset"))}};
+        for (const EditPreset& preset : view_.storedPresets())
+            entries.push_back({preset.id.text(), preset.name});
+        picker_->show(entries, view_.state().chosenPreset);
+    }
+    const Enabling enabled = enabling(view_);
+    apply_->setEnabled(enabled.apply);
+    saveAs_->setEnabled(enabled.saveAs);
+    update_->setEnabled(enabled.update);
+    delete_->setEnabled(enabled.deletePreset);
+    notice_->setText(qt(view_.state().presetNotice));
+    notice_->setVisible(!view_.state().presetNotice.empty());
+}
+
+} // namespace corvane

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "workspace/window/controls/panel.h"
+#include "workspace/window/controls/picker.h"
+
+#include <QPushButton>
+
+namespace corvane {
+
+/// "Saved presets".
+class PresetsPanel : public Panel {
+    Q_OBJECT
+public:
+    explicit PresetsPanel(ContentView& view, QWidget* parent = nullptr);
+    void refresh(const Changes& changes) override;
+
+private:
+    Picker* picker_;
+    QPushButton* apply_;
+    QPushButton* saveAs_;
+    QPushButton* update_;
+    QPushButton* delete_;
+    QLabel* notice_;
+};
+
+} // namespace corvane

@@ -1,0 +1,40 @@
+#include "workspace/window/panels/usage_panel.h"
+
+#include <QHeaderView>
+
+namespace corvane {
+
+UsagePanel::UsagePanel(ContentView& view, QWidget* parent)
+    : Panel(tr("Actual camera usage"), view, parent),
+      model_(new UsageTableModel(view, this)),
+      table_(new QTableView(this))
+{
+    table_->setModel(model_);
+    table_->setItemDelegateForColumn(UsageTableModel::share, new ShareBarDelegate(table_));
+    table_->setAccessibleName(tr("Actual camera usage"));
+    table_->setSelectionMode(QAbstractItemView::NoSelection);
+    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table_->setTabKeyNavigation(false);
+    table_->setWordWrap(false);
+    table_->setShowGrid(false);
+    table_->verticalHeader()->hide();
+    table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 8);
+    QHeaderView& header = *table_->horizontalHeader();
+    header.setHighlightSections(false);
+    header.setSectionResizeMode(QHeaderView::Fixed);
+    header.setSectionResizeMode(UsageTableModel::camera, QHeaderView::Stretch);
+    table_->setColumnWidth(UsageTableModel::screenTime, table_->fontMetrics().horizontalAdvance("00000.00 sec") + 16);
+    table_->setColumnWidth(UsageTableModel::share, 130);
+    table_->setColumnWidth(UsageTableModel::shots, table_->fontMetrics().horizontalAdvance("Shots 0") + 16);
+    table_->setMinimumHeight(90);
+    column().addWidget(table_, 1);
+}
+
+void UsagePanel::refresh(const Changes& changes)
+{
+    if (has(changes, Changed::loaded) || has(changes, Changed::cuts))
+        model_->show();
+}
+
+} // namespace corvane

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "workspace/window/controls/panel.h"
+#include "workspace/window/usage_table.h"
+
+#include <QTableView>
+
+namespace corvane {
+
+/// "Actual camera usage".
+class UsagePanel : public Panel {
+    Q_OBJECT
+public:
+    explicit UsagePanel(ContentView& view, QWidget* parent = nullptr);
+    void refresh(const Changes& changes) override;
+
+private:
+    UsageTableModel* model_;
+    QTableView* table_;
+};
+
+} // namespace corvane

@@ -1,0 +1,192 @@
+#include "workspace/window/pictures/cut_strip.h"
+
+#include "timecode/timecode.h"
+#include "workspace/window/pictures/time_axis.h"
+#include "workspace/window/qt_text.h"
+#include "workspace/window/theme.h"
+
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <algorithm>
+
+namespace corvane {
+
+namespace {
+
+constexpr double gutter = 24; // for the letters
+constexpr double axisHeight = 20;
+constexpr int widestLane = 14;
+constexpr int narrowestLane = 9;
+constexpr int roomyLanes = 8;
+
+} // namespace
+
+CutStrip::CutStrip(const ContentView& view, QWidget* parent) : QWidget(parent), view_(view)
+{
+    setProperty("picture", true);
+    setAccessibleName(tr("The whole edit"));
+    setMouseTracking(true);
+}
+
+void CutStrip::show(const CameraMarks& marks)
+{
+    marks_ = marks;
+    asked_ = editMarks(view_);
+    selected_ = -1;
+    cameras_.clear();
+    for (const ImportedAngle& angle : view_.videoAngles())
+        cameras_.push_back(angle.id);
+    const int lanes = std::max(1, static_cast<int>(cameras_.size()));
+    setFixedHeight(static_cast<int>(axisHeight) + lanes * (lanes > roomyLanes ? narrowestLane : widestLane));
+    const auto& cuts = view_.state().cuts();
+    setAccessibleDescription(
+        tr("%1 cuts on %2 cameras. The table below has the same cuts.").arg(cuts.size()).arg(cameras_.size()));
+    update();
+}
+
+void CutStrip::select(int position)
+{
+    selected_ = position;
+    update();
+}
+
+QRectF CutStrip::lanes() const
+{
+    return {gutter, axisHeight, width() - gutter, height() - axisHeight};
+}
+
+QRectF CutStrip::laneOf(const std::string& camera) const
+{
+    const auto found = std::ranges::find(cameras_, camera);
+    const QRectF all = lanes();
+    const double height = all.height() / static_cast<double>(std::max<std::size_t>(1, cameras_.size()));
+    return {all.left(), all.top() + height * static_cast<double>(found - cameras_.begin()), all.width(), height};
+}
+
+std::optional<std::size_t> CutStrip::cutAt(const QPoint& place) const
+{
+    const auto& cuts = view_.state().cuts();
+    if (cuts.empty() || place.x() < gutter)
+        return std::nullopt;
+    const QRectF all = lanes();
+    const Frames frame = TimeScale(view_.state().loaded->engine.length, all.left(), all.width()).frame(place.x());
+    const auto after = std::ranges::upper_bound(cuts, frame, {}, &Cut::start);
+    return static_cast<std::size_t>(after - cuts.begin()) - 1;
+}
+
+QString CutStrip::facts(std::size_t position) const
+{
+    const Cut& cut = view_.state().cuts()[position];
+    QString text = qt(startLabel(view_, cut)) + "\n" + qt(view_.angleLabel(cut.angle)) + "\n" +
+                   tr("%1 sec").arg(qt(durationLabel(view_, cut, theme::decimalSign())));
+    if (const auto reason = shotEndReason(view_, asked_, position))
+        text += "\n" + qt(*reason);
+    return text;
+}
+
+void CutStrip::paintEvent(QPaintEvent*)
+{
+    if (view_.state().cuts().empty())
+        return;
+    QPainter painter(this);
+    const QRectF all = lanes();
+    painter.save();
+    paintAxis(painter, QRectF(all.left(), 0, all.width(), axisHeight), view_.state().loaded->engine);
+    painter.restore();
+    paintLanes(painter);
+    paintCuts(painter);
+    paintMarks(painter);
+    paintSelection(painter);
+}
+
+void CutStrip::paintLanes(QPainter& painter) const
+{
+    painter.fillRect(lanes(), theme::fieldGrey);
+    QFont letters = font();
+    letters.setBold(true);
+    letters.setPixelSize(std::max(7, static_cast<int>(laneOf(cameras_.front()).height()) - 2));
+    painter.setFont(letters);
+    for (const std::string& camera : cameras_) {
+        const QRectF lane = laneOf(camera);
+        painter.setPen(marks_.of(camera).color);
+        painter.drawText(
+            QRectF(0, lane.top(), gutter - 5, lane.height()), Qt::AlignRight | Qt::AlignVCenter,
+            marks_.of(camera).letter);
+    }
+}
+
+void CutStrip::paintCuts(QPainter& painter) const
+{
+    const QRectF all = lanes();
+    const TimeScale scale(view_.state().loaded->engine.length, all.left(), all.width());
+    for (const std::string& camera : cameras_) {
+        const QRectF lane = laneOf(camera).adjusted(0, 1, 0, -1);
+        const QColor color = marks_.of(camera).color;
+        for (const Cut& cut : view_.state().cuts()) {
+            if (cut.angle != camera)
+                continue;
+            const double left = scale.x(cut.start);
+            const double right = scale.x(cut.start + cut.duration);
+            painter.fillRect(QRectF(left, lane.top(), std::max(1.0, right - left - 0.5), lane.height()), color);
+        }
+    }
+}
+
+/// Fixed sections are hatched over the height of their lane, opening and closing shots framed.
+void CutStrip::paintMarks(QPainter& painter) const
+{
+    const QRectF all = lanes();
+    const TimeScale scale(view_.state().loaded->engine.length, all.left(), all.width());
+    for (const FixedCameraSection& section : asked_.sections) {
+        const QRectF lane = laneOf(section.angle);
+        const double left = scale.x(section.start);
+        const QRectF place(left, lane.top(), std::max(2.0, scale.x(section.end) - left), lane.height());
+        painter.fillRect(place, QBrush(QColor(0, 0, 0, 150), Qt::BDiagPattern));
+        painter.setPen(QPen(theme::warmWhite, 1));
+        painter.drawRect(place.adjusted(0.5, 0.5, -0.5, -0.5));
+    }
+    painter.setPen(QPen(theme::warmWhite, 1, Qt::DotLine));
+    for (const auto& shot : {asked_.opening, asked_.closing}) {
+        if (shot) {
+            const double left = scale.x(shot->start);
+            painter.drawRect(
+                QRectF(left + 0.5, all.top() + 0.5, std::max(2.0, scale.x(shot->end) - left - 1), all.height() - 1));
+        }
+    }
+}
+
+void CutStrip::paintSelection(QPainter& painter) const
+{
+    const auto& cuts = view_.state().cuts();
+    if (selected_ < 0 || selected_ >= static_cast<int>(cuts.size()))
+        return;
+    const Cut& cut = cuts[static_cast<std::size_t>(selected_)];
+    const QRectF all = lanes();
+    const TimeScale scale(view_.state().loaded->engine.length, all.left(), all.width());
+    const double left = scale.x(cut.start);
+    const double width = std::max(2.0, scale.x(cut.start + cut.duration) - left);
+    painter.fillRect(QRectF(left, all.top(), width, all.height()), QColor(255, 255, 255, 45));
+    painter.setPen(QPen(theme::orange, 2));
+    painter.drawRect(QRectF(left, all.top() + 1, width, all.height() - 2));
+}
+
+void CutStrip::mousePressEvent(QMouseEvent* event)
+{
+    if (const auto cut = cutAt(event->position().toPoint()))
+        emit picked(static_cast<int>(*cut));
+}
+
+bool CutStrip::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const auto cut = cutAt(help->pos());
+        QToolTip::showText(help->globalPos(), cut ? facts(*cut) : QString(), this);
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+} // namespace corvane

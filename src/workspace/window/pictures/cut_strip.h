@@ -1,0 +1,50 @@
+#pragma once
+
+#include "workspace/shot_facts.h"
+#include "workspace/window/camera_marks.h"
+
+#include <QWidget>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace corvane {
+
+/// The whole edit in one picture: a lane a camera on the project's time axis, with what was asked for marked. A click
+/// picks the cut under it; hovering tells about it.
+class CutStrip : public QWidget {
+    Q_OBJECT
+public:
+    explicit CutStrip(const ContentView& view, QWidget* parent = nullptr);
+
+    /// Shows the cut list of the controller.
+    void show(const CameraMarks& marks);
+    /// Marks a cut; a position outside the list marks none.
+    void select(int position);
+
+signals:
+    void picked(int position);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    [[nodiscard]] QRectF lanes() const;
+    [[nodiscard]] QRectF laneOf(const std::string& camera) const;
+    [[nodiscard]] std::optional<std::size_t> cutAt(const QPoint& place) const;
+    [[nodiscard]] QString facts(std::size_t position) const;
+    void paintLanes(QPainter& painter) const;
+    void paintCuts(QPainter& painter) const;
+    void paintMarks(QPainter& painter) const;
+    void paintSelection(QPainter& painter) const;
+
+    const ContentView& view_;
+    CameraMarks marks_;
+    EditMarks asked_;
+    std::vector<std::string> cameras_; ///< a lane each, from the top
+    int selected_ = -1;
+};
+
+} // namespace corvane

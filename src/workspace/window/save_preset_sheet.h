@@ -1,0 +1,26 @@
+#pragma once
+
+#include "workspace/content_view.h"
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace corvane {
+
+/// Asks for the name of a new preset; open while the controller's showSavePreset is true.
+class SavePresetSheet : public QDialog {
+    Q_OBJECT
+public:
+    SavePresetSheet(ContentView& view, QWidget* parent);
+
+    void refresh();
+    void reject() override;
+
+private:
+    ContentView& view_;
+    QLineEdit* name_;
+    QPushButton* save_;
+};
+
+} // namespace corvane

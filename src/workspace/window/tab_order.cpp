@@ -1,0 +1,53 @@
+#include "workspace/window/tab_order.h"
+
+#include <QLayout>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <vector>
+
+namespace corvane {
+
+namespace {
+
+using Stops = std::vector<QWidget*>;
+
+void collect(QWidget& widget, Stops& stops);
+
+void collect(const QLayout& layout, Stops& stops)
+{
+    for (int i = 0; i < layout.count(); ++i) {
+        QLayoutItem& item = *layout.itemAt(i);
+        if (item.widget() != nullptr)
+            collect(*item.widget(), stops);
+        else if (item.layout() != nullptr)
+            collect(*item.layout(), stops);
+    }
+}
+
+void collect(QWidget& widget, Stops& stops)
+{
+    if ((widget.focusPolicy() & Qt::TabFocus) != 0)
+        stops.push_back(&widget);
+    if (const auto* area = qobject_cast<QScrollArea*>(&widget)) {
+        if (area->widget() != nullptr)
+            collect(*area->widget(), stops);
+    } else if (const auto* split = qobject_cast<QSplitter*>(&widget)) {
+        for (int i = 0; i < split->count(); ++i)
+            collect(*split->widget(i), stops);
+    } else if (widget.layout() != nullptr) {
+        collect(*widget.layout(), stops);
+    }
+}
+
+} // namespace
+
+void orderTabsByLayout(QWidget& root)
+{
+    Stops stops;
+    collect(root, stops);
+    for (std::size_t i = 1; i < stops.size(); ++i)
+        QWidget::setTabOrder(stops[i - 1], stops[i]);
+}
+
+} // namespace corvane

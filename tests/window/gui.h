@@ -1,0 +1,117 @@
+#pragma once
+
+#include "support/documents.h"
+#include "support/test_window.h"
+#include "workspace/window/main_window.h"
+#include "workspace/window/qt_text.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QTest>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace corvane::test {
+
+/// A button's or label's text as a person reads it.
+inline QString readText(QString text)
+{
+    return text.replace("&&", "\1").remove('&').replace("\1", "&");
+}
+
+/// The main window on a scratch account, with what a person does to it. Widgets are found by what is written on them.
+class Gui {
+public:
+    TestWindow account;
+    NoUpdater updater;
+    BusySignLabel busy;
+    ResourceFolders resources{{CORVANE_RESOURCES}};
+    std::vector<std::string> revealed;
+
+    explicit Gui(const std::string& xml = "")
+    {
+        window_ = std::make_unique<MainWindow>(MainWindowServices{
+            account.view(),
+            account.inbox,
+            account.defaults,
+            resources,
+            updater,
+            busy,
+            [this](const std::string& path) { revealed.push_back(path); },
+            {"0.1", std::nullopt}});
+        window_->show();
+        if (!xml.empty())
+            account.view().importXML(xml);
+        settle();
+    }
+
+    MainWindow& window() { return *window_; }
+    ContentView& view() { return account.view(); }
+    const WorkspaceState& state() { return account.state(); }
+    const EditSettings& settings() { return account.state().settings; }
+
+    /// Layouts ask for further layouts; a few rounds are enough.
+    static void settle()
+    {
+        for (int round = 0; round < 5; ++round)
+            QCoreApplication::processEvents();
+    }
+
+    template <class Widget = QAbstractButton>
+    Widget* withText(const QString& text, QWidget* in = nullptr)
+    {
+        for (Widget* widget : (in != nullptr ? in : window_.get())->template findChildren<Widget*>()) {
+            if (readText(widget->text()) == text && widget->isVisible())
+                return widget;
+        }
+        return nullptr;
+    }
+
+    /// The control that a label names; the nth of those with the same text.
+    template <class Widget>
+    Widget* labelled(const QString& label, int nth = 0)
+    {
+        for (const QLabel* each : window_->findChildren<QLabel*>()) {
+            if (each->isVisible() && readText(each->text()).startsWith(label) && each->buddy() != nullptr && nth-- == 0)
+                return qobject_cast<Widget*>(each->buddy());
+        }
+        return nullptr;
+    }
+
+    void click(const QString& text)
+    {
+        auto* button = withText<>(text);
+        ASSERT_NE(button, nullptr) << utf8(text);
+        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+        settle();
+    }
+
+    /// The open alert, or nothing.
+    QMessageBox* alert()
+    {
+        settle();
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        return box;
+    }
+
+private:
+    std::unique_ptr<MainWindow> window_;
+};
+
+/// Sixteen cameras whose names no window shows whole.
+inline std::string manyCameras()
+{
+    std::string angles;
+    for (int i = 1; i <= 16; ++i)
+        angles += "<mc-angle angleID=\"cam" + std::to_string(i) + "\" name=\"Camera " + std::to_string(i) +
+                  " in the northern gallery above the organ &amp; choir, handheld by a visiting operator\">" +
+                  clip("0s", "40s") + "</mc-angle>";
+    return document({angles, "", R"(<mc-source angleID="cam1" srcEnable="all"/>)"});
+}
+
+} // namespace corvane::test

@@ -1,0 +1,15 @@
+#include "workspace/window/accessible_widgets.h"
+#include "workspace/window/theme.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    QApplication application(argc, argv);
+    corvane::theme::apply(application);
+    corvane::installAccessibleWidgets();
+    return RUN_ALL_TESTS();
+}

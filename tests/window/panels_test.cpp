@@ -1,0 +1,182 @@
+#include "gui.h"
+#include "workspace/window/controls/picker.h"
+#include "workspace/window/controls/step_box.h"
+#include "workspace/window/controls/step_slider.h"
+#include "workspace/window/pictures/coverage_bar.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QMenuBar>
+
+namespace corvane {
+namespace {
+
+using namespace test;
+
+const std::string threeCameras =
+    document({angle("A", clip("0s", "40s")) + angle("B", clip("0s", "40s")) + angle("C", clip("0s", "30s"))});
+
+void choose(Picker& picker, const QString& entry)
+{
+    picker.setFocus();
+    const int position = picker.findText(entry);
+    ASSERT_GE(position, 0) << utf8(entry);
+    while (picker.currentIndex() != position)
+        QTest::keyClick(&picker, picker.currentIndex() < position ? Qt::Key_Down : Qt::Key_Up);
+}
+
+void enter(StepBox& box, const QString& number)
+{
+    box.setFocus();
+    box.selectAll();
+    QTest::keyClicks(&box, number);
+    QTest::keyClick(&box, Qt::Key_Return);
+}
+
+TEST(CamerasPanel, WritesEveryChoice)
+{
+    Gui gui(threeCameras);
+    choose(*gui.labelled<Picker>("Main camera"), "B (Camera 1)");
+    EXPECT_EQ(gui.settings().mainCamera, "B");
+    EXPECT_EQ(gui.settings().otherCameras, (std::set<std::string>{"A", "C"}));
+    choose(*gui.labelled<Picker>("Continuous audio"), "C (Camera 1) (has gaps)");
+    EXPECT_EQ(gui.settings().audio, "C");
+    enter(*gui.labelled<StepBox>("Wait before returning to main camera: 0 sec"), "34");
+    EXPECT_EQ(gui.settings().returnTimes.at("B"), 30);
+    enter(*gui.labelled<StepBox>("Wait before returning to this camera: 0 sec", 1), "120");
+    EXPECT_EQ(gui.settings().returnTimes.at("C"), 120);
+    EXPECT_NE(gui.labelled<StepBox>("Wait before returning to this camera: 120 sec"), nullptr);
+
+    QTest::keyClick(gui.labelled<StepSlider>("Frequency for C (Camera 1)"), Qt::Key_End);
+    EXPECT_EQ(gui.settings().frequencies.at("C"), 10);
+    EXPECT_NE(gui.withText<QLabel>("Frequency: 10"), nullptr);
+    EXPECT_NE(gui.withText<QLabel>("67% of additional camera choices"), nullptr);
+    gui.click("A (Camera 1)");
+    EXPECT_EQ(gui.settings().otherCameras, (std::set<std::string>{"C"}));
+    EXPECT_NE(
+        gui.withText<QLabel>("Frequency needs at least 3 included cameras: the main camera and 2 others. With 2 "
+                             "cameras, use the main camera balance."),
+        nullptr);
+    EXPECT_NE(gui.withText<QLabel>("A (Camera 1) (excluded)"), nullptr);
+}
+
+TEST(PacingPanel, CouplesTheBoundsAndMovesInSteps)
+{
+    Gui gui(threeCameras);
+    enter(*gui.labelled<StepBox>("Minimum: 10 sec"), "30");
+    EXPECT_EQ(gui.settings().mainMinimum, 30);
+    EXPECT_EQ(gui.settings().mainMaximum, 30);
+    enter(*gui.labelled<StepBox>("Maximum: 30 sec"), "5");
+    EXPECT_EQ(gui.settings().mainMinimum, 5);
+    enter(*gui.labelled<StepBox>("Maximum: 8 sec"), "3");
+    EXPECT_EQ(gui.settings().otherMinimum, 3);
+    QTest::keyClick(
+        gui.labelled<StepSlider>("Target screen time: Main 70% · Other cameras combined 30%"), Qt::Key_Right);
+    EXPECT_EQ(gui.settings().mainShare, 75);
+    EXPECT_NE(gui.withText<QLabel>("Target screen time: Main 75% · Other cameras combined 25%"), nullptr);
+    gui.click("Randomly double main camera holds");
+    EXPECT_TRUE(gui.settings().doubleMain);
+}
+
+TEST(BookendsPanel, WritesBothShots)
+{
+    Gui gui(threeCameras);
+    gui.click("Opening");
+    choose(*gui.labelled<Picker>("Camera", 0), "B (Camera 1)");
+    enter(*gui.labelled<StepBox>("15 sec", 0), "4");
+    gui.click("Closing");
+    choose(*gui.labelled<Picker>("Camera", 1), "A (Camera 1)");
+    enter(*gui.labelled<StepBox>("15 sec", 0), "6");
+    const EditSettings& settings = gui.settings();
+    EXPECT_TRUE(settings.openingEnabled && settings.closingEnabled);
+    EXPECT_EQ(settings.openingCamera, "B");
+    EXPECT_EQ(settings.openingSeconds, 4);
+    EXPECT_EQ(settings.closingCamera, "A");
+    EXPECT_EQ(settings.closingSeconds, 6);
+}
+
+TEST(SectionsPanel, AddsChangesRemovesAndBringsBack)
+{
+    Gui gui(threeCameras);
+    gui.click("Add section");
+    ASSERT_EQ(gui.settings().sections.size(), 1U);
+    auto* end = gui.labelled<QLineEdit>("End");
+    end->selectAll();
+    QTest::keyClicks(end, "00:00:10:99");
+    EXPECT_EQ(gui.settings().sections[0].end, "00:00:10:99");
+    EXPECT_TRUE(end->property("bad").toBool());
+    EXPECT_NE(gui.withText<QLabel>(end->toolTip()), nullptr) << "the reader's own sentence is on screen";
+    end->selectAll();
+    QTest::keyClicks(end, "00:00:10:00");
+    EXPECT_FALSE(end->property("bad").toBool());
+    auto* name = gui.window().findChild<QLineEdit*>();
+    for (QLineEdit* each : gui.window().findChildren<QLineEdit*>()) {
+        if (each->placeholderText() == "Section name (optional)")
+            name = each;
+    }
+    QTest::keyClicks(name, "Prayer");
+    choose(*gui.labelled<Picker>("Camera", 2), "B (Camera 1)");
+    gui.click("Add section");
+    ASSERT_EQ(gui.settings().sections.size(), 2U);
+    EXPECT_EQ(gui.settings().sections[1].start, "00:00:10:00");
+    const auto both = gui.settings().sections;
+    EXPECT_EQ(both[0].name, "Prayer");
+    EXPECT_EQ(both[0].camera, "B");
+    gui.click("Remove");
+    EXPECT_EQ(gui.settings().sections, (std::vector<SectionDraft>{both[1]}));
+    QTest::keyClick(&gui.window(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(gui.settings().sections, both);
+}
+
+TEST(PresetsPanel, SavesAppliesUpdatesAndDeletes)
+{
+    Gui gui(threeCameras);
+    EXPECT_FALSE(gui.withText<>("Apply")->isEnabled());
+    gui.click("Save as…");
+    auto* sheet = QApplication::activeModalWidget();
+    ASSERT_NE(sheet, nullptr);
+    EXPECT_FALSE(gui.withText<>("Save", sheet)->isEnabled());
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    EXPECT_FALSE(gui.state().showSavePreset);
+    EXPECT_FALSE(sheet->isVisible());
+    gui.click("Save as…");
+    QTest::keyClicks(sheet->focusWidget(), " Sermon ");
+    QTest::keyClick(sheet->focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(sheet->isVisible());
+    EXPECT_NE(gui.withText<QLabel>("Saved Sermon."), nullptr);
+    EXPECT_EQ(gui.labelled<Picker>("Preset")->currentText(), "Sermon");
+
+    gui.view().edit([](WorkspaceState& state) { state.settings.mainMinimum = 12.5; });
+    gui.click("Update");
+    gui.view().edit([](WorkspaceState& state) { state.settings.mainMinimum = 11; });
+    gui.click("Apply");
+    EXPECT_EQ(gui.settings().mainMinimum, 12.5) << "shown between two steps, and not written back";
+    EXPECT_EQ(gui.labelled<StepBox>("Minimum: 13 sec")->text(), "12.5");
+    gui.click("Delete");
+    EXPECT_TRUE(gui.view().storedPresets().empty());
+    EXPECT_EQ(gui.labelled<Picker>("Preset")->currentText(), "Choose a preset");
+    gui.window().menuBar()->actions()[1]->menu()->actions().front()->trigger();
+    EXPECT_EQ(gui.view().storedPresets().size(), 1U);
+}
+
+TEST(CoveragePanel, NamesTheProjectItsBarsAndItsGaps)
+{
+    Gui gui(threeCameras);
+    EXPECT_NE(gui.withText<QLabel>("Concert · 25 frames a second · 00:00:00:00 to 00:00:40:00"), nullptr);
+    EXPECT_NE(gui.withText<QLabel>("Audio: A (Camera 1)"), nullptr);
+    EXPECT_NE(
+        gui.withText<QLabel>("Selected cameras cover the whole project, including all fixed camera sections."),
+        nullptr);
+    EXPECT_EQ(
+        gui.labelled<CoverageBar>("C (Camera 1)")->accessibleDescription(),
+        "Footage: 00:00:00:00 to 00:00:30:00. No footage: 00:00:30:00 to 00:00:40:00.");
+    gui.view().selectMainCamera("C");
+    for (const char* other : {"A", "B"})
+        gui.view().setCameraIncluded(other, ContentView::Inclusion::excluded);
+    EXPECT_NE(gui.withText<QLabel>("1 uncovered video section(s)"), nullptr);
+}
+
+} // namespace
+} // namespace corvane

@@ -1,0 +1,270 @@
+#include "gui.h"
+#include "workspace/shot_facts.h"
+#include "workspace/window/drop_view.h"
+#include "workspace/window/help_window.h"
+#include "workspace/window/pictures/cut_strip.h"
+
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QTableView>
+#include <QTextBrowser>
+#include <QUrl>
+#include <fstream>
+
+namespace corvane {
+namespace {
+
+using namespace test;
+
+/// Carries the data over the widget and lets go; says whether it was taken.
+bool drop(QWidget& target, const QMimeData& data)
+{
+    const QPoint place = target.rect().center();
+    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&target, &enter);
+    QDropEvent let(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    let.ignore();
+    QApplication::sendEvent(&target, &let);
+    Gui::settle();
+    return let.isAccepted();
+}
+
+QMimeData* files(const std::vector<std::string>& paths)
+{
+    auto* data = new QMimeData;
+    QList<QUrl> urls;
+    for (const std::string& path : paths)
+        urls << QUrl::fromLocalFile(qt(path));
+    data->setUrls(urls);
+    return data;
+}
+
+std::string written(Gui& gui, const std::string& name, const std::string& text)
+{
+    const std::string path = gui.account.folder.file(name);
+    std::ofstream(path) << text;
+    return path;
+}
+
+void expectAlert(Gui& gui, const std::string& message)
+{
+    QMessageBox* box = gui.alert();
+    ASSERT_NE(box, nullptr) << message;
+    EXPECT_EQ(box->windowTitle(), "Corvane");
+    EXPECT_EQ(utf8(box->text()), message);
+    EXPECT_TRUE(box->textInteractionFlags() & Qt::TextSelectableByMouse);
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_EQ(gui.state().error, std::nullopt);
+}
+
+TEST(Story, FromADropToAnExportAndARestart)
+{
+    Gui gui;
+    auto* zone = gui.window().findChild<ProjectDropView*>();
+    const std::unique_ptr<QMimeData> project(files({written(gui, "Concert.fcpxml", document())}));
+    EXPECT_TRUE(drop(*zone, *project));
+    ASSERT_NE(gui.state().loaded, nullptr);
+    EXPECT_FALSE(gui.withText<>("Export to Final Cut…")->isEnabled());
+    EXPECT_EQ(gui.withText<>("Export to Final Cut…")->toolTip(), "Generate an edit first.");
+    gui.click("Generate rough edit");
+    gui.click("Shuffle rough edit");
+    EXPECT_NE(gui.withText<QLabel>("Edit 2 of 2"), nullptr);
+    gui.click("Back");
+    EXPECT_NE(gui.withText<QLabel>("Edit 1 of 2"), nullptr);
+    gui.click("Forward");
+    gui.account.finalCut.installed = false;
+    gui.account.dialogs.answer = gui.account.folder.file("exports");
+    gui.click("Export to Final Cut…");
+    EXPECT_EQ(
+        gui.account.dialogs.firstFolder,
+        gui.account.folder.file(".").substr(0, gui.account.folder.file(".").size() - 2))
+        << "the first export is proposed beside the source";
+    EXPECT_EQ(
+        gui.account.names("exports"),
+        (std::vector<std::string>{"Concert Corvane.fcpxml", "Concert Corvane.settings.txt"}));
+    EXPECT_NE(gui.withText<QLabel>("XML and settings were saved. Final Cut Pro could not be opened."), nullptr);
+    QMessageBox* box = gui.alert();
+    ASSERT_NE(box, nullptr);
+    EXPECT_TRUE(box->text().startsWith("Your export is saved at "));
+    QTest::keyClick(box, Qt::Key_Return);
+    for (QAction* action : gui.window().findChildren<QAction*>()) {
+        if (readText(action->text()) == "Show Last Export")
+            action->trigger();
+    }
+    EXPECT_EQ(gui.revealed, (std::vector<std::string>{gui.account.folder.file("exports/Concert Corvane.fcpxml")}));
+}
+
+TEST(Story, ByKeyboardAloneFromImportToExport)
+{
+    Gui gui;
+    gui.account.dialogs.answer = written(gui, "Concert.fcpxml", document());
+    QTest::keyClick(&gui.window(), Qt::Key_O, Qt::ControlModifier);
+    ASSERT_NE(gui.state().loaded, nullptr);
+    QTest::keyClick(&gui.window(), Qt::Key_G, Qt::ControlModifier);
+    QTest::keyClick(&gui.window(), Qt::Key_G, Qt::ControlModifier);
+    QTest::keyClick(&gui.window(), Qt::Key_BracketLeft, Qt::ControlModifier);
+    EXPECT_EQ(gui.state().history.index, 0);
+    QTest::keyClick(&gui.window(), Qt::Key_BracketRight, Qt::ControlModifier);
+    EXPECT_EQ(gui.state().history.index, 1);
+    gui.account.dialogs.answer = gui.account.folder.file("exports");
+    QTest::keyClick(&gui.window(), Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(gui.account.names("exports").size(), 2U);
+    QTest::keyClick(&gui.window(), Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(utf8(QGuiApplication::clipboard()->text()), cutListText(gui.view()));
+}
+
+TEST(Story, RefusalsAreAlertsOneAfterTheOther)
+{
+    Gui gui;
+    auto* zone = gui.window().findChild<ProjectDropView*>();
+    const std::string text = written(gui, "notes.txt", "no project");
+    const std::unique_ptr<QMimeData> note(files({text}));
+    EXPECT_FALSE(drop(*zone, *note));
+    expectAlert(gui, "Drop one project from Final Cut’s browser, or one .fcpxml file or .fcpxmld bundle.");
+    drop(gui.window(), *note);
+    expectAlert(gui, "Choose a .fcpxml file or .fcpxmld bundle.");
+    const std::unique_ptr<QMimeData> two(files({text, text}));
+    drop(gui.window(), *two);
+    expectAlert(gui, "Drop one Final Cut XML file or bundle at a time.");
+
+    gui.view().importXML("<fcpxml/>");
+    gui.account.inbox.setXMLData(document()); // arrives behind the alert
+    QMessageBox* box = gui.alert();
+    ASSERT_NE(box, nullptr);
+    EXPECT_NE(gui.state().loaded, nullptr);
+    gui.account.inbox.setImportError("A second message.");
+    EXPECT_EQ(gui.alert(), box) << "the first stays until it is answered";
+    QTest::keyClick(box, Qt::Key_Return);
+    expectAlert(gui, "A second message.");
+}
+
+TEST(DropView, LightsUpForWhatItTakes)
+{
+    Gui gui;
+    auto* zone = gui.window().findChild<ProjectDropView*>();
+    QMimeData dragged;
+    dragged.setData("com.apple.finalcutpro.xml.v1-14", "");
+    dragged.setData("com.apple.finalcutpro.xml.v1-13", QByteArray::fromStdString(document()));
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(zone, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    EXPECT_TRUE(zone->dropActive());
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(zone, &leave);
+    EXPECT_FALSE(zone->dropActive());
+    QMimeData plain;
+    plain.setText("words");
+    QDragEnterEvent words(QPoint(5, 5), Qt::CopyAction, &plain, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(zone, &words);
+    EXPECT_FALSE(words.isAccepted() || zone->dropActive());
+    EXPECT_TRUE(drop(*zone, dragged));
+    EXPECT_NE(gui.state().loaded, nullptr) << "the newest version that has data";
+    EXPECT_FALSE(gui.state().dropTargeted);
+}
+
+TEST(CutPanel, TheStripAndTheTableShowEachOther)
+{
+    Gui gui(document());
+    gui.view().generateRoughEdit();
+    Gui::settle();
+    QTableView* table = nullptr;
+    for (QTableView* each : gui.window().findChildren<QTableView*>()) {
+        if (each->accessibleName() == "Cuts")
+            table = each;
+    }
+    ASSERT_NE(table, nullptr);
+    const auto& cuts = gui.state().cuts();
+    ASSERT_EQ(table->model()->rowCount(), static_cast<int>(cuts.size()));
+    auto* strip = gui.window().findChild<CutStrip*>();
+    QTest::mouseClick(strip, Qt::LeftButton, {}, QPoint(strip->width() - 2, strip->height() - 3));
+    EXPECT_EQ(table->currentIndex().row(), static_cast<int>(cuts.size()) - 1);
+    EXPECT_EQ(table->model()->index(0, 0).data().toString(), "00:00:00:00");
+    gui.view().edit([](WorkspaceState& state) { state.settings.mainShare = 20; });
+    Gui::settle();
+    EXPECT_EQ(table->model()->rowCount(), 0);
+    EXPECT_NE(gui.withText<QLabel>("Generate an edit to preview the cuts here."), nullptr);
+}
+
+TEST(Help, IsOneSheetAndOneWindowAndSearches)
+{
+    Gui gui;
+    gui.click("?");
+    QWidget* sheet = QApplication::activeModalWidget();
+    ASSERT_NE(sheet, nullptr);
+    EXPECT_EQ(sheet->windowTitle(), "Corvane Help");
+    auto* query = sheet->findChild<QLineEdit*>();
+    QTest::keyClicks(query, "no such word");
+    EXPECT_NE(gui.withText<QLabel>("No matching topics", sheet), nullptr);
+    EXPECT_NE(gui.withText<QLabel>("0 matching topics", sheet), nullptr);
+    QTest::mouseClick(gui.withText<>("Show all topics", sheet), Qt::LeftButton);
+    EXPECT_TRUE(query->text().isEmpty());
+    QTest::keyClicks(query, "TIMECODE");
+    EXPECT_FALSE(sheet->findChild<QTextBrowser*>()->toPlainText().isEmpty());
+    QTest::mouseClick(gui.withText<>("Close", sheet), Qt::LeftButton);
+    EXPECT_FALSE(gui.state().showingHelp);
+    const auto helpWindows = [] {
+        return std::ranges::count_if(QApplication::topLevelWidgets(), [](const QWidget* widget) {
+            return widget->objectName() == "helpWindow" && widget->isVisible();
+        });
+    };
+    gui.window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&gui.window()));
+    QTest::keyClick(&gui.window(), Qt::Key_F1);
+    QTest::keyClick(&gui.window(), Qt::Key_F1);
+    EXPECT_EQ(helpWindows(), 1);
+}
+
+TEST(Help, SaysThatAManualIsMissing)
+{
+    Gui gui;
+    const ResourceFolders nowhere({"/nowhere"});
+    CorvaneHelpView help(loadedManual(nowhere), [] {});
+    help.show();
+    EXPECT_NE(gui.withText<QLabel>("Help could not be opened", &help), nullptr);
+    EXPECT_NE(
+        gui.withText<QLabel>(
+            "The included manual could not be found. Reinstall Corvane to restore the help files.", &help),
+        nullptr);
+}
+
+TEST(About, LeadsToTheManualAndCloses)
+{
+    Gui gui;
+    gui.click("About");
+    QWidget* sheet = QApplication::activeModalWidget();
+    ASSERT_NE(sheet, nullptr);
+    EXPECT_NE(gui.withText<QLabel>("Version 0.1 (Beta) (Build 1)", sheet), nullptr);
+    QTest::mouseClick(gui.withText<>("Open manual", sheet), Qt::LeftButton);
+    EXPECT_FALSE(gui.state().showingAbout);
+    EXPECT_TRUE(gui.state().showingHelp);
+}
+
+TEST(MainWindow, RemembersItsPlace)
+{
+    MemoryDefaults kept;
+    {
+        Gui gui;
+        gui.window().resize(1111, 777);
+        gui.window().close();
+        kept.values = gui.account.defaults.values;
+    }
+    Gui other;
+    other.account.defaults.values = kept.values;
+    MainWindow again(
+        {other.view(),
+         other.account.inbox,
+         other.account.defaults,
+         other.resources,
+         other.updater,
+         other.busy,
+         [](const std::string&) {},
+         {}});
+    EXPECT_EQ(again.size(), QSize(1111, 777));
+}
+
+} // namespace
+} // namespace corvane

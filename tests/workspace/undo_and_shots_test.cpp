@@ -1,0 +1,136 @@
+#include "support/documents.h"
+#include "support/test_window.h"
+#include "workspace/captions.h"
+#include "workspace/shot_facts.h"
+
+#include <gtest/gtest.h>
+
+namespace corvane {
+namespace {
+
+using namespace test;
+
+/// A has a gap from 20 s to 30 s; the project has 1000 frames.
+const std::string withGap =
+    document({angle("A", clip("0s", "20s") + clip("30s", "10s")) + angle("B", clip("0s", "40s"))});
+
+TEST(Undo, BringsARemovedSectionBackToItsPlace)
+{
+    TestWindow window;
+    ContentView& view = window.view();
+    view.importXML(document());
+    view.addSection();
+    view.edit([](WorkspaceState& state) { state.settings.sections[0].end = "00:00:10:00"; });
+    view.addSection();
+    const auto both = window.state().settings.sections;
+    EXPECT_EQ(undoText(view), std::nullopt);
+    view.removeSection(0);
+    EXPECT_EQ(window.state().settings.sections.size(), 1U);
+    EXPECT_EQ(undoText(view), "Undo Remove Section");
+    view.undo();
+    EXPECT_EQ(window.state().settings.sections, both);
+    EXPECT_EQ(undoText(view), std::nullopt);
+
+    view.removeSection(1);
+    view.importXML(document());
+    EXPECT_EQ(undoText(view), std::nullopt) << "sections of another project stay there";
+}
+
+TEST(Undo, BringsADeletedPresetBackUnlessItsNameIsTakenBy)
+{
+    TestWindow window;
+    ContentView& view = window.view();
+    view.importXML(document());
+    const auto save = [&view](const char* name) {
+        view.edit([name](WorkspaceState& state) { state.presetName = name; });
+        view.savePreset(ContentView::PresetSave::asNew);
+    };
+    save("Sermon");
+    const auto stored = view.storedPresets();
+    view.deletePreset();
+    EXPECT_EQ(undoText(view), "Undo Delete Preset");
+    view.undo();
+    EXPECT_EQ(view.storedPresets(), stored);
+    EXPECT_EQ(window.state().chosenPreset, stored.front().id.text());
+
+    view.deletePreset();
+    save("SERMON");
+    view.undo();
+    EXPECT_EQ(
+        window.state().error,
+        "A preset with that name already exists. Choose it and use Update, or save with another name.");
+    EXPECT_EQ(view.storedPresets().size(), 1U);
+}
+
+TEST(ShotFacts, TellWhyShotsEnd)
+{
+    TestWindow window;
+    ContentView& view = window.view();
+    view.importXML(withGap);
+    view.edit([](WorkspaceState& state) {
+        EditSettings& settings = state.settings;
+        settings.audio = "B";
+        settings.openingEnabled = true;
+        settings.openingSeconds = 4;
+        settings.closingEnabled = true;
+        settings.closingSeconds = 5;
+        settings.closingCamera = "B";
+        settings.sections = {{{}, "Prayer", "B", "00:00:08:00", "00:00:12:00"}};
+    });
+    view.generateRoughEdit();
+    ASSERT_EQ(window.state().error, std::nullopt);
+    const EditMarks marks = editMarks(view);
+    EXPECT_EQ(marks.opening, (FrameRange{0, 100}));
+    EXPECT_EQ(marks.closing, (FrameRange{875, 1000}));
+    // A cut list of our own: every reason once, and one end that nothing explains.
+    const std::vector<Cut> cuts = {{{}, "A", 0, 100},   {{}, "B", 100, 50},  {{}, "A", 150, 50}, {{}, "B", 200, 100},
+                                   {{}, "A", 300, 200}, {{}, "B", 500, 375}, {{}, "B", 875, 125}};
+    view.edit([&cuts](WorkspaceState& state) {
+        EditRevision changed = *state.preview;
+        changed.cuts = cuts;
+        state.preview = std::make_shared<const EditRevision>(changed);
+    });
+    const std::vector<std::optional<std::string>> reasons = {"The opening shot ends.",     std::nullopt,
+                                                             "A fixed section begins.",    "The fixed section ends.",
+                                                             "The camera's footage ends.", "The closing shot begins.",
+                                                             "Ends with the project."};
+    for (std::size_t i = 0; i < cuts.size(); ++i)
+        EXPECT_EQ(shotEndReason(view, marks, i), reasons[i]) << i;
+    EXPECT_TRUE(cutListText(view, ",").starts_with("Start (Timecode)\tCamera\tDuration (seconds)\n"
+                                                   "00:00:00:00\tA (Camera 1)\t4\n00:00:04:00\tB (Camera 1)\t2\n"));
+}
+
+TEST(Hints, SayWhyAButtonCannotBePressed)
+{
+    TestWindow window;
+    ContentView& view = window.view();
+    EXPECT_EQ(hints(view).generate, "Import a project first.");
+    view.importXML(document());
+    EXPECT_EQ(hints(view).generate, std::nullopt);
+    EXPECT_EQ(hints(view).exportEdit, "Generate an edit first.");
+    EXPECT_EQ(hints(view).back, "There is no edit yet.");
+    view.setCameraIncluded("B", ContentView::Inclusion::excluded);
+    EXPECT_EQ(hints(view).generate, "Include another camera.");
+    view.setCameraIncluded("B", ContentView::Inclusion::included);
+    view.edit([](WorkspaceState& state) { state.settings.audio.clear(); });
+    EXPECT_EQ(hints(view).generate, "Choose the continuous audio.");
+}
+
+TEST(Words, TellCoverageAndWhatIsLeftBehind)
+{
+    TestWindow window;
+    ContentView& view = window.view();
+    view.importXML(withGap);
+    const CutEngine& engine = window.state().loaded->engine;
+    EXPECT_EQ(
+        stretchesInWords(engine, engine.stretches("A")),
+        "Footage: 00:00:00:00 to 00:00:20:00, 00:00:30:00 to 00:00:40:00. No footage: 00:00:20:00 to 00:00:30:00.");
+    EXPECT_EQ(stretchesInWords(engine, {}), "No footage: 00:00:00:00 to 00:00:40:00.");
+    EXPECT_EQ(projectLine(view, ","), "Concert · 25 frames a second · 00:00:00:00 to 00:00:40:00");
+    EXPECT_EQ(carryOverLine(engine), std::nullopt);
+    EXPECT_EQ(timecodeProblem(view, "00:00:01:00"), std::nullopt);
+    EXPECT_NE(timecodeProblem(view, "00:00:01:25"), std::nullopt);
+}
+
+} // namespace
+} // namespace corvane
