@@ -1,10 +1,24 @@
 #!/usr/bin/env bash
-# ./run.sh [PROJECT.fcpxml]: makes a rough edit of the project, or of a sample, into ./exports.
+# ./run.sh [PROJECT.fcpxml]: opens Corvane with the project. Without one it shows the session of last time or, where
+# there is none, a sample. Without a display it makes a rough edit of the project into ./exports instead.
 set -euo pipefail
 source "$(dirname "$0")/scripts/common.sh"
 
-project=$(realpath -- "${1:-$root/samples/sunday-service.fcpxml}")
 install_packages "${build_packages[@]}"
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    [ -n "${DISPLAY:-}" ] || install_packages qt6-wayland
+    build release corvane
+    session=${XDG_DATA_HOME:-$HOME/.local/share}/Corvane/session-v1.json
+    if [ $# -gt 0 ]; then
+        exec "$root/build/release/src/application/corvane" "$@"
+    elif [ -f "$session" ]; then
+        exec "$root/build/release/src/application/corvane"
+    fi
+    exec "$root/build/release/src/application/corvane" "$root/samples/sunday-service.fcpxml"
+fi
+
+echo "There is no display: making a rough edit without the window."
+project=$(realpath -- "${1:-$root/samples/sunday-service.fcpxml}")
 build release corvane_rough_edit
 mkdir -p "$root/exports"
 cd "$root"

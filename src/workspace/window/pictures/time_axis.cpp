@@ -15,6 +15,22 @@ namespace {
 
 constexpr int axisHeight = 22;
 
+/// The frame nearest to a time, or one of the next few where the timecode begins a second: drop-frame labels do that
+/// up to two frames later than the clock.
+Frames frameAt(const CutEngine& engine, double seconds)
+{
+    constexpr Frames mostLate = 3;
+    const auto nearest = static_cast<Frames>(std::round(engine.frames(seconds)));
+    if (!engine.dropFrame)
+        return nearest;
+    for (Frames frame = nearest; frame < nearest + mostLate; ++frame) {
+        const std::string label = timecodeLabel(engine, frame);
+        if (label.ends_with(";00") || label.ends_with(";02"))
+            return frame;
+    }
+    return nearest;
+}
+
 } // namespace
 
 Frames TimeScale::frame(double x) const
@@ -42,7 +58,7 @@ std::vector<Frames> tickFrames(const CutEngine& engine, double width, double lab
     if (!(seconds > 0) || seconds / step > width)
         return frames;
     for (double second = 0; second < seconds; second += step)
-        frames.push_back(static_cast<Frames>(std::round(engine.frames(second))));
+        frames.push_back(frameAt(engine, second));
     return frames;
 }
 

@@ -1,0 +1,144 @@
+"""Drives the running program as assistive technology does: it knows only what stands on the screen.
+
+    assistive_story.py PROGRAM PROJECT
+
+Imports through the file chooser, chooses a main camera, generates, steps back, changes a setting and reads the cut
+table. Run it inside a session bus with a display (see assistive_story.sh).
+"""
+import os
+import subprocess
+import sys
+import time
+
+import pyatspi
+
+PATIENCE = 15  # seconds for the program to do what was asked
+
+
+def until(what, told):
+    """What `what` finds, as soon as it finds something."""
+    end = time.time() + PATIENCE
+    while time.time() < end:
+        try:
+            found = what()
+        except Exception:  # a widget that went away while it was looked at
+            found = None
+        if found:
+            return found
+        time.sleep(0.05)
+    raise SystemExit(f"Not found: {told}")
+
+
+def walk(node):
+    yield node
+    for i in range(node.childCount):
+        child = node.getChildAtIndex(i)
+        if child is not None:
+            yield from walk(child)
+
+
+def application():
+    desktop = pyatspi.Registry.getDesktop(0)
+    return next((app for app in desktop if app is not None and app.name in ("Corvane", "corvane")), None)
+
+
+def showing(node):
+    return node.getState().contains(pyatspi.STATE_SHOWING)
+
+
+def find(name, role=None, nth=0):
+    def look():
+        matching = [node for node in walk(until(application, "the program"))
+                    if node.name == name and (role is None or node.getRoleName() in role) and showing(node)]
+        return matching[nth] if len(matching) > nth else None
+    return until(look, f"{role or 'anything'} named {name!r}")
+
+
+def gone(name):
+    until(lambda: not [n for n in walk(application()) if n.name == name and showing(n)], f"the end of {name!r}")
+
+
+def press(node, wanted=("Press", "Toggle", "press", "click")):
+    action = node.queryAction()
+    for i in range(action.nActions):
+        if action.getName(i) in wanted:
+            action.doAction(i)
+            return
+    raise SystemExit(f"{node.name!r} has no action to press: {[action.getName(i) for i in range(action.nActions)]}")
+
+
+def text(node):
+    return node.queryText().getText(0, -1)
+
+
+def expect(is_so, told):
+    if not is_so:
+        raise SystemExit(f"Expected: {told}")
+    print("ok:", told)
+
+
+def import_project(project):
+    press(find("Import Final Cut XML…", ("push button",)))
+    find("Choose a .fcpxml file or .fcpxmld bundle.", ("label",))
+    field = find("File name:", ("text",))
+    field.queryEditableText().setTextContents(project)
+    press(find("Open", ("push button",)))
+    expect(find("Generate rough edit", ("push button",)), "the project is loaded")
+
+
+def choose_main_camera():
+    picker = find("Main camera", ("combo box",))
+    before = text(picker)
+    other = next(entry for entry in picker if entry.name != before)
+    chosen = other.name
+    press(other)
+    until(lambda: text(find("Main camera", ("combo box",))) == chosen, "the choice")
+    expect(True, f"the main camera was {before!r} and is {chosen!r}")
+
+
+def cut_rows():
+    table = find("Cuts", ("table",)).queryTable()
+    titles = [table.getColumnHeader(column).name for column in range(table.nColumns)]
+    expect(titles == ["Start (Timecode)", "Camera", "Duration (seconds)"], f"the table's columns are {titles}")
+    return [[table.getAccessibleAt(row, column).name for column in range(3)] for row in range(table.nRows)]
+
+
+def main():
+    program, project = sys.argv[1:]
+    process = subprocess.Popen([program])
+    try:
+        find("Corvane", ("frame",))
+        import_project(project)
+        choose_main_camera()
+        press(find("Generate rough edit", ("push button",)))
+        press(find("Shuffle rough edit", ("push button",)))
+        find("Edit 2 of 2")
+        second = cut_rows()
+        press(find("Back", ("push button",)))
+        find("Edit 1 of 2")
+        first = cut_rows()
+        expect(first != second and first[0][0] == second[0][0], "stepping back shows the first edit")
+        total = sum(float(row[2]) for row in first)
+        expect(total > 0 and all(row[1] for row in first), f"{len(first)} cuts of {total:.3f} seconds are read")
+
+        share = find("Target screen time: Main 70% · Other cameras combined 30%", ("slider",))
+        share.queryValue().currentValue = 43
+        find("Target screen time: Main 45% · Other cameras combined 55%", ("slider",))
+        find("Generate an edit to preview the cuts here.", ("label",))
+        minimum = find("Minimum: 10 sec", ("spin button",))
+        minimum.queryValue().currentValue = 30
+        find("Maximum: 30 sec", ("spin button",))
+        press(find("Randomly double main camera holds", ("check box",)))
+        until(lambda: find("Randomly double main camera holds").getState().contains(pyatspi.STATE_CHECKED), "a check")
+        expect(True, "settings change and what depends on them follows")
+        press(find("Generate rough edit", ("push button",)))
+        find("Edit 2 of 2")
+        expect(len(cut_rows()) > 0, "the new edit is read")
+    finally:
+        process.terminate()
+        process.wait()
+
+
+if __name__ == "__main__":
+    os.environ.setdefault("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1")
+    main()
