@@ -61,6 +61,7 @@ void ClipCollector::visit(xml::Element element)
 
 void ClipCollector::addClip(xml::Element clip)
 {
+    clip.fetchAhead();
     const auto [enabled, offsetText, ref] =
         clip.attributes(std::array<std::string_view, 3>{"enabled", "offset", "ref"});
     if (enabled == "0")
