@@ -31,7 +31,7 @@ AngleMediaWalker::AngleMediaWalker(const MediaResources& resources)
 {
 }
 
-std::vector<AngleMediaWalker::Span> AngleMediaWalker::walk(
+const std::vector<AngleMediaWalker::Span>& AngleMediaWalker::walk(
     xml::Element element, std::string_view angleName, const VisitedReferences& visited, int depth)
 {
     angleName_ = angleName;
@@ -39,7 +39,7 @@ std::vector<AngleMediaWalker::Span> AngleMediaWalker::walk(
     spans_.clear();
     deepest_ = depth;
     append(element, depth);
-    return std::move(spans_);
+    return spans_;
 }
 
 void AngleMediaWalker::append(xml::Element element, int depth)

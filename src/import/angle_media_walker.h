@@ -30,8 +30,9 @@ public:
     explicit AngleMediaWalker(const MediaResources& resources);
 
     /// The spans of `element` and everything in it, in the time of its parent, in document order, neither sorted nor
-    /// merged. `visited` are the compound clips on the way here; `depth` counts from 0 directly inside the mc-angle.
-    [[nodiscard]] std::vector<Span> walk(
+    /// merged, until the next walk. `visited` are the compound clips on the way here; `depth` counts from 0 directly
+    /// inside the mc-angle.
+    [[nodiscard]] const std::vector<Span>& walk(
         xml::Element element, std::string_view angleName, const VisitedReferences& visited = {}, int depth = 0);
 
     /// Elements looked at so far.

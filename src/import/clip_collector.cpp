@@ -21,12 +21,19 @@ ClipCollector::ClipCollector(const MediaResources& resources)
 {
 }
 
-AngleClips ClipCollector::collect(xml::Element angle, std::string_view angleName)
+void ClipCollector::begin(xml::Element angle, std::string_view angleName)
 {
     angleName_ = angleName;
+    angleDisabled_ = angle.attribute("enabled") == "0";
     clips_ = {};
     ++angleNumber_;
-    visit(angle);
+}
+
+void ClipCollector::add(xml::Element child)
+{
+    if (angleDisabled_)
+        return;
+    visit(child);
     while (!stack_.empty()) {
         Frame& top = stack_.back();
         if (top.next == xml::ElementRange::end()) {
@@ -35,11 +42,10 @@ AngleClips ClipCollector::collect(xml::Element angle, std::string_view angleName
             leave(done);
             continue;
         }
-        const xml::Element child = *top.next++;
-        if (top.media == nullptr || child.named("sequence"))
-            visit(child);
+        const xml::Element inner = *top.next++;
+        if (top.media == nullptr || inner.named("sequence"))
+            visit(inner);
     }
-    return std::move(clips_);
 }
 
 void ClipCollector::visit(xml::Element element)
@@ -55,6 +61,7 @@ void ClipCollector::visit(xml::Element element)
 
 void ClipCollector::addClip(xml::Element clip)
 {
+    clip.fetchAhead();
     const auto [enabled, offsetText, ref] =
         clip.attributes(std::array<std::string_view, 3>{"enabled", "offset", "ref"});
     if (enabled == "0")

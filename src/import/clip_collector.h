@@ -6,6 +6,7 @@
 #include <optional>
 #include <set>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace corvane {
@@ -25,8 +26,12 @@ class ClipCollector {
 public:
     explicit ClipCollector(const MediaResources& resources);
 
-    /// Refuses unreadable offsets; `angleName` names the camera where the limit is reached.
-    [[nodiscard]] AngleClips collect(xml::Element angle, std::string_view angleName);
+    /// Starts an angle; `angleName` names the camera where the limit is reached.
+    void begin(xml::Element angle, std::string_view angleName);
+    /// Collects from the angle's next child, and from everything in it. Refuses unreadable offsets.
+    void add(xml::Element child);
+    /// What was added since the angle began.
+    [[nodiscard]] AngleClips finish() { return std::move(clips_); }
 
     /// Names of clips and assets of which no media file is located, over all angles so far.
     [[nodiscard]] const std::set<std::string_view>& missingLocations() const { return missing_; }
@@ -65,6 +70,7 @@ private:
     std::set<std::string_view> missing_;
     AngleClips clips_;
     std::string_view angleName_;
+    bool angleDisabled_ = false;
     std::int64_t angleNumber_ = 0;
     std::int64_t visits_ = 0;
     std::int64_t repeatedVisits_ = 0;

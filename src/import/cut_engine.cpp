@@ -1,12 +1,13 @@
 #include "import/cut_engine.h"
 
-#include "import/angle_media_walker.h"
+#include "import/angle_footage.h"
 #include "import/final_cut_import_error.h"
 #include "import/time_values.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <exception>
 
 namespace corvane {
 
@@ -104,23 +105,15 @@ private:
     Frames length_;
 };
 
-void readCoverage(CutEngine& engine, const ProjectOutline& outline)
+void readCoverage(CutEngine& engine, const ProjectOutline& outline, const AngleFootage& footage)
 {
     const FrameConversion inProjectFrames(engine, alignedAttribute(engine, outline.multicam, "tcStart"));
-    AngleMediaWalker walker(outline.resources);
-    for (const xml::Element angle : outline.multicam.children()) {
-        if (!angle.named("mc-angle"))
-            continue;
-        const std::string_view id = angle.attribute("angleID").value_or("");
-        const std::string_view name = angle.attribute("name").value_or(id);
-        std::vector<AngleMediaWalker::Span> spans;
-        for (const xml::Element child : angle.children()) {
-            const auto more = walker.walk(child, name);
-            spans.insert(spans.end(), more.begin(), more.end());
-        }
+    for (const AngleFootage::Angle& angle : footage.angles()) {
+        if (angle.refusal)
+            std::rethrow_exception(angle.refusal);
         std::vector<FrameRange> video;
         std::vector<FrameRange> audio;
-        for (const AngleMediaWalker::Span& span : spans) {
+        for (const AngleMediaWalker::Span& span : angle.spans) {
             const FrameRange range = inProjectFrames(span);
             if (range.start >= range.end)
                 continue;
@@ -129,12 +122,12 @@ void readCoverage(CutEngine& engine, const ProjectOutline& outline)
             if (span.audio)
                 audio.push_back(range);
         }
-        engine.coverage[std::string(id)] = normalizeRanges(std::move(video));
-        engine.audioCoverage[std::string(id)] = normalizeRanges(std::move(audio));
+        engine.coverage[std::string(angle.id)] = normalizeRanges(std::move(video));
+        engine.audioCoverage[std::string(angle.id)] = normalizeRanges(std::move(audio));
     }
 }
 
-CutEngine buildEngine(const ProjectOutline& outline)
+CutEngine buildEngine(const ProjectOutline& outline, const AngleFootage& footage)
 {
     CutEngine engine;
     readFrameDuration(engine, outline);
@@ -146,7 +139,7 @@ CutEngine buildEngine(const ProjectOutline& outline)
     const auto multicamFormat = outline.resources.format(outline.multicam.attribute("format"));
     if (!multicamFormat || !formatsMatch(*outline.format, *multicamFormat))
         refuse("The multicam and project need matching frame rate, dimensions and colour format.");
-    readCoverage(engine, outline);
+    readCoverage(engine, outline, footage);
     engine.source = std::make_shared<const SourceDocument>(SourceDocument{
         outline.document, outline.project, outline.sequence, outline.original, outline.multicam, audioSource});
     return engine;
@@ -184,8 +177,9 @@ const std::vector<FrameRange>& CutEngine::audioStretches(std::string_view camera
 LoadedProject loadProject(const xml::Document& document)
 {
     const ProjectOutline outline = outlineProject(document);
-    ImportedProject imported = importProject(outline);
-    return {std::move(imported), buildEngine(outline)};
+    AngleFootage footage(outline.resources);
+    ImportedProject imported = importProject(outline, &footage);
+    return {std::move(imported), buildEngine(outline, footage)};
 }
 
 LoadedProject loadProject(std::string_view bytes)

@@ -19,6 +19,7 @@ void addCameraNames(std::vector<std::string_view>& names, xml::Element metadata)
 
 AssetFacts readAsset(xml::Element asset, std::optional<std::string_view>& id)
 {
+    asset.fetchAhead();
     constexpr std::array<std::string_view, 6> names = {"id", "name", "duration", "hasVideo", "hasAudio", "src"};
     const auto values = asset.attributes(names);
     id = values[0];

@@ -1,5 +1,6 @@
 #include "import/project_import.h"
 
+#include "import/angle_footage.h"
 #include "import/clip_collector.h"
 #include "import/final_cut_import_error.h"
 #include "import/time_values.h"
@@ -25,15 +26,23 @@ std::string joined(const Texts& texts)
     return all;
 }
 
-ImportedAngle importAngle(xml::Element element, ClipCollector& collector)
+ImportedAngle importAngle(xml::Element element, ClipCollector& collector, AngleFootage* footage)
 {
     const auto id = element.attribute("angleID");
     if (!id)
         throw FinalCutImportError::invalid("A camera angle is missing its identifier.");
     const std::string_view name = element.attribute("name").value_or("Unnamed angle");
-    const AngleClips clips = collector.collect(element, name);
-    const auto gaps = std::ranges::count_if(
-        element.children().begin(), xml::ElementRange::end(), [](xml::Element child) { return child.named("gap"); });
+    collector.begin(element, name);
+    if (footage != nullptr)
+        footage->begin(element);
+    std::int64_t gaps = 0;
+    for (const xml::Element child : element.children()) {
+        collector.add(child);
+        if (footage != nullptr)
+            footage->add(child);
+        gaps += child.named("gap") ? 1 : 0;
+    }
+    const AngleClips clips = collector.finish();
     return {std::string(*id), std::string(name), joined(clips.cameras), clips.count, gaps, clips.firstOffset};
 }
 
@@ -67,7 +76,7 @@ bool suppliesAudio(xml::Element mcSource)
     return mode == "all" || mode == "audio";
 }
 
-ImportedProject importProject(const ProjectOutline& outline)
+ImportedProject importProject(const ProjectOutline& outline, AngleFootage* footage)
 {
     const double frameDuration =
         parseSeconds(outline.format ? outline.format->attribute("frameDuration") : std::nullopt);
@@ -79,7 +88,7 @@ ImportedProject importProject(const ProjectOutline& outline)
     std::vector<ImportedAngle> angles;
     for (const xml::Element child : outline.multicam.children()) {
         if (child.named("mc-angle"))
-            angles.push_back(importAngle(child, collector));
+            angles.push_back(importAngle(child, collector, footage));
     }
     if (angles.size() < 2 || !idsDistinct(angles))
         throw FinalCutImportError::invalid("The multicam needs at least two uniquely identified angles.");

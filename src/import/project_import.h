@@ -11,6 +11,8 @@
 
 namespace corvane {
 
+class AngleFootage;
+
 /// One camera (mc-angle) of the project's multicam. Its id names the camera everywhere.
 struct ImportedAngle {
     std::string id; ///< "angleID"
@@ -38,7 +40,8 @@ struct ImportedProject {
 /// what to export instead. Bytes that are no XML fail with the parser's own PlatformError.
 [[nodiscard]] ImportedProject importProject(std::string_view bytes);
 [[nodiscard]] ImportedProject importProject(const xml::Document& document);
-[[nodiscard]] ImportedProject importProject(const ProjectOutline& outline);
+/// Shows each angle and its children to `footage` too, where there is one; it takes no part in the summary.
+[[nodiscard]] ImportedProject importProject(const ProjectOutline& outline, AngleFootage* footage = nullptr);
 
 /// True for the mc-source that supplies sound: its "srcEnable" is "all" (also when absent) or "audio".
 [[nodiscard]] bool suppliesAudio(xml::Element mcSource);

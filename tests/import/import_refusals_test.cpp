@@ -112,6 +112,21 @@ TEST(ImportRefusals, ComeInTheOrderOfTheDocument)
     const std::string badAngle = document({.angles = angle("A", "<transition/>") + angle("B", "")});
     EXPECT_REFUSED(loadProject(replaced(badAngle, "name=\"MC\" ", "enabled=\"0\" ")), clipSettings);
     EXPECT_REFUSED(loadProject(replaced(badAngle, "angleID=\"B\"", "")), "A camera angle is missing its identifier.");
+    // What the summary refuses in a later angle stands before what the engine refuses in an earlier one.
+    const auto angles = [](const std::string& a, const std::string& b) {
+        return document({.angles = angle("A", a) + angle("B", b) + angle("C", "<audition/>")});
+    };
+    const std::string tooFar = "<clip offset=\"1e12s\" duration=\"1s\"><video ref=\"v\"/></clip>";
+    const std::string transition = " contains an unsupported clip type: transition.";
+    EXPECT_REFUSED(loadProject(angles("<transition/>", clip("x", "1s"))), missingTime);
+    EXPECT_REFUSED(
+        loadProject(replaced(angles("<transition/>", ""), "frameDuration=\"100/2500s\"", "frameDuration=\"0.04s\"")),
+        "Invalid XML time: 0.04s");
+    // Of two angles the first one's refusal counts, whether a clip or its place in the project is refused.
+    EXPECT_REFUSED(loadProject(angles(tooFar, "<transition/>")), "Invalid angle timing.");
+    EXPECT_REFUSED(loadProject(angles("<transition/>", tooFar)), "Camera A" + transition);
+    EXPECT_REFUSED(loadProject(angles(tooFar + "<transition/>", "")), "Camera A" + transition);
+    EXPECT_NO_THROW((void)importProject(angles(tooFar, "<transition/>"))) << "the summary alone refuses neither";
     // Offset, start and duration are read before the asset is looked up.
     EXPECT_REFUSED(loadProject(document({.angles = angle("A", "<clip start=\"x\"/>") + angle("B", "")})), missingTime);
 }

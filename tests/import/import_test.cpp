@@ -65,6 +65,19 @@ TEST(Import, CountsClipsInsideContainersButNotDisabledOnes)
     EXPECT_EQ(firstAngle(refClip("c") + refClip("none") + "<ref-clip/>", compound("c", "")).clipCount, 0);
 }
 
+TEST(Import, LeavesOutTheClipsOfADisabledAngle)
+{
+    const std::string bytes = document(
+        {.angles =
+             "<mc-angle angleID=\"A\" enabled=\"0\">" + clip("0s", "40s") + "<gap/></mc-angle>" + angle("B", "")});
+    const LoadedProject loaded = loadProject(bytes);
+    const ImportedAngle& disabled = loaded.imported.angles.front();
+    EXPECT_EQ(disabled.clipCount, 0);
+    EXPECT_EQ(disabled.gapCount, 1);
+    EXPECT_EQ(disabled.firstRecording, std::nullopt);
+    EXPECT_EQ(loaded.engine.coverage.at("A"), (Ranges{{0, 1000}})) << "only the summary looks at the angle's own state";
+}
+
 TEST(Import, WalksEachCompoundClipOnce)
 {
     // Each compound clip uses the next one twice: the count doubles at every level, the work does not.
@@ -77,7 +90,9 @@ TEST(Import, WalksEachCompoundClipOnce)
     const auto parsed = xml::Document::parse("<resources>" + resources + refClip("c0") + "</resources>");
     const MediaResources media(*parsed.root());
     ClipCollector collector(media);
-    const AngleClips clips = collector.collect(*parsed.root()->firstChild("ref-clip"), "A");
+    collector.begin(*parsed.root(), "A");
+    collector.add(*parsed.root()->firstChild("ref-clip"));
+    const AngleClips clips = collector.finish();
     EXPECT_EQ(clips.count, std::int64_t{1} << levels);
     EXPECT_EQ(clips.firstOffset, 3);
     EXPECT_LE(collector.visits(), 5 * levels);
