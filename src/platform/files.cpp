@@ -13,6 +13,8 @@
 #include <cerrno>
 #include <filesystem>
 #include <limits>
+#include <new>
+#include <stdexcept>
 #include <system_error>
 
 namespace corvane {
@@ -80,6 +82,29 @@ int writeAndSync(FileCalls& calls, int file, std::span<const std::string_view> p
         }
     }
     return calls.sync(file) == 0 ? 0 : errno;
+}
+
+/// 0, or the error. Throws where there is not enough memory.
+int readAll(int file, std::string& bytes)
+{
+    struct stat facts{};
+    if (::fstat(file, &facts) == 0 && S_ISREG(facts.st_mode))
+        bytes.reserve(static_cast<std::size_t>(facts.st_size) + 1);
+    std::size_t length = 0;
+    for (;;) {
+        constexpr std::size_t atLeast = std::size_t{1} << 16;
+        bytes.resize(std::max(bytes.capacity(), length + atLeast));
+        const ssize_t some = ::read(file, bytes.data() + length, bytes.size() - length);
+        if (some < 0 && errno == EINTR)
+            continue;
+        if (some < 0)
+            return errno;
+        if (some == 0)
+            break;
+        length += static_cast<std::size_t>(some);
+    }
+    bytes.resize(length);
+    return 0;
 }
 
 /// 0, or the error. File systems that cannot sync a folder say EINVAL; there is nothing more to do on them.
@@ -239,28 +264,20 @@ FileCalls& FileCalls::system()
 
 std::string readFile(const std::string& path)
 {
-    FileCalls& calls = FileCalls::system();
-    const OpenFile file(calls, path, O_RDONLY);
+    const OpenFile file(FileCalls::system(), path, O_RDONLY);
     if (!file.isOpen())
         fail("Cannot read", path, errno);
     std::string bytes;
-    struct stat facts{};
-    if (::fstat(file.number(), &facts) == 0 && S_ISREG(facts.st_mode))
-        bytes.reserve(static_cast<std::size_t>(facts.st_size) + 1);
-    std::size_t length = 0;
-    for (;;) {
-        constexpr std::size_t atLeast = std::size_t{1} << 16;
-        bytes.resize(std::max(bytes.capacity(), length + atLeast));
-        const ssize_t some = ::read(file.number(), bytes.data() + length, bytes.size() - length);
-        if (some < 0 && errno == EINTR)
-            continue;
-        if (some < 0)
-            fail("Cannot read", path, errno);
-        if (some == 0)
-            break;
-        length += static_cast<std::size_t>(some);
+    int error = 0;
+    try {
+        error = readAll(file.number(), bytes);
+    } catch (const std::bad_alloc&) { // to the user a file that is too large is one that cannot be read
+        error = ENOMEM;
+    } catch (const std::length_error&) {
+        error = ENOMEM;
     }
-    bytes.resize(length);
+    if (error != 0)
+        fail("Cannot read", path, error);
     return bytes;
 }
 

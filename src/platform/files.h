@@ -38,7 +38,7 @@ public:
     [[nodiscard]] static FileCalls& system();
 };
 
-/// The whole file. Fails with PlatformError.
+/// The whole file. Fails with PlatformError, also when there is not enough memory for it.
 [[nodiscard]] std::string readFile(const std::string& path);
 
 /// True when a file, a folder or a link (also one that leads nowhere) has this name.
