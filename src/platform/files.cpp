@@ -12,17 +12,16 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <iterator>
 #include <limits>
 #include <new>
 #include <stdexcept>
 #include <system_error>
+#include <vector>
 
 namespace corvane {
 
 namespace {
-
-constexpr mode_t newFileMode = 0666;   // less the user's own mask
-constexpr mode_t newFolderMode = 0700; // folders are made for the program's own data, nobody else's business
 
 [[noreturn]] void fail(std::string_view what, std::string_view path, int error)
 {
@@ -68,18 +67,30 @@ private:
     int file_;
 };
 
+/// Takes what was written away from the beginning.
+void dropWritten(std::span<std::string_view>& rest, std::size_t written)
+{
+    while (!rest.empty() && written >= rest.front().size()) {
+        written -= rest.front().size();
+        rest = rest.subspan(1);
+    }
+    if (written > 0)
+        rest.front().remove_prefix(written);
+}
+
 /// 0, or the error.
 int writeAndSync(FileCalls& calls, int file, std::span<const std::string_view> parts)
 {
-    for (std::string_view bytes : parts) {
-        while (!bytes.empty()) {
-            const std::ptrdiff_t written = calls.write(file, bytes.data(), bytes.size());
-            if (written < 0 && errno == EINTR)
-                continue;
-            if (written <= 0)
-                return written < 0 ? errno : ENOSPC;
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-        }
+    std::vector<std::string_view> all;
+    std::ranges::remove_copy_if(parts, std::back_inserter(all), &std::string_view::empty);
+    std::span<std::string_view> rest(all);
+    while (!rest.empty()) {
+        const std::ptrdiff_t written = calls.write(file, rest);
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return written < 0 ? errno : ENOSPC;
+        dropWritten(rest, static_cast<std::size_t>(written));
     }
     return calls.sync(file) == 0 ? 0 : errno;
 }
@@ -196,71 +207,6 @@ int putInPlace(FileCalls& calls, const std::string& temporary, const std::string
 }
 
 } // namespace
-
-int FileCalls::open(const std::string& path, int flags)
-{
-    return ::open(path.c_str(), flags, newFileMode); // NOLINT(cppcoreguidelines-pro-type-vararg)
-}
-
-std::ptrdiff_t FileCalls::write(int file, const char* bytes, std::size_t count)
-{
-    return ::write(file, bytes, count);
-}
-
-int FileCalls::sync(int file)
-{
-    return ::fsync(file);
-}
-
-int FileCalls::close(int file)
-{
-    return ::close(file);
-}
-
-int FileCalls::nameFile(int file, const std::string& path)
-{
-    const std::string nameless = "/proc/self/fd/" + std::to_string(file);
-    return ::linkat(AT_FDCWD, nameless.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW);
-}
-
-int FileCalls::renameToNew(const std::string& from, const std::string& to)
-{
-    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0)
-        return 0;
-    if (errno != EINVAL && errno != ENOSYS)
-        return -1;
-    // Network file systems know no such rename, but links, which never replace.
-    if (::link(from.c_str(), to.c_str()) != 0)
-        return -1;
-    ::unlink(from.c_str());
-    return 0;
-}
-
-int FileCalls::renameOver(const std::string& from, const std::string& to)
-{
-    return ::rename(from.c_str(), to.c_str());
-}
-
-int FileCalls::exchange(const std::string& one, const std::string& other)
-{
-    return ::renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE);
-}
-
-int FileCalls::unlink(const std::string& path)
-{
-    return ::unlink(path.c_str());
-}
-
-int FileCalls::makeFolder(const std::string& path)
-{
-    return ::mkdir(path.c_str(), newFolderMode);
-}
-
-FileCalls& FileCalls::system()
-{
-    static FileCalls calls;
-    return calls;
-}
 
 std::string readFile(const std::string& path)
 {
