@@ -5,6 +5,7 @@
 #include "bench/generation_jobs.h"
 #include "bench/import_jobs.h"
 #include "bench/measurements.h"
+#include "bench/session_jobs.h"
 #include "bench/target_table.h"
 
 #include <cstdlib>
@@ -32,12 +33,14 @@ int main(int count, char** arguments)
         registerImportJobs();
         registerGenerationJobs();
         registerExportJobs();
+        registerSessionJobs();
         Measurements measurements;
         benchmark::RunSpecifiedBenchmarks(&measurements);
         std::vector<TargetRow> rows;
         append(rows, importTargets(measurements));
         append(rows, generationTargets(measurements));
         append(rows, exportTargets(measurements));
+        append(rows, sessionTargets(measurements));
         std::cout << '\n';
         printTargets(rows);
     } catch (const std::exception& failure) {

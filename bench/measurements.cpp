@@ -17,6 +17,11 @@ double medianOf(std::vector<double> values)
     return *middle;
 }
 
+std::string figureText(const std::string& name, double value)
+{
+    return name.ends_with("bytes") ? fixed(value / 1e6, 2) + " MB" : durationText(value);
+}
+
 } // namespace
 
 bool Measurements::ReportContext(const Context& context)
@@ -45,8 +50,8 @@ void Measurements::ReportRuns(const std::vector<Run>& runs)
         std::cerr << job << ':';
         for (const auto& [name, values] : jobs_[job]) {
             const auto [lowest, highest] = std::ranges::minmax(values);
-            std::cerr << "  " << name << ' ' << durationText(medianOf(values)) << " (" << durationText(lowest) << " to "
-                      << durationText(highest) << ')';
+            std::cerr << "  " << name << ' ' << figureText(name, medianOf(values)) << " (" << figureText(name, lowest)
+                      << " to " << figureText(name, highest) << ')';
         }
         std::cerr << '\n';
     }

@@ -13,7 +13,8 @@ namespace corvane::bench {
 /// Every job is measured this often; what counts is the median.
 inline constexpr int repetitions = 5;
 
-/// The figure that a job gives to SetIterationTime. Its counters are figures too, and all figures are seconds.
+/// The figure that a job gives to SetIterationTime. Its counters are figures too; all figures are seconds, but those
+/// whose names end in "bytes".
 inline constexpr std::string_view ownTime = "time";
 
 /// Keeps the figures of a run of the benchmarks, and prints them as they come in.

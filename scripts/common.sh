@@ -3,7 +3,7 @@
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 build_packages=(g++ cmake ninja-build pkg-config libxml2-dev libicu-dev nlohmann-json3-dev qt6-base-dev)
-test_packages=(libgtest-dev locales xz-utils
+test_packages=(libgtest-dev locales strace xz-utils
     dbus libglib2.0-bin xvfb openbox at-spi2-core python3-pyatspi)
 bench_packages=(libbenchmark-dev)
 check_packages=(clang-format-19)

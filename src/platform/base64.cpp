@@ -1,5 +1,6 @@
 #include "platform/base64.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -9,6 +10,7 @@ namespace corvane {
 namespace {
 
 constexpr std::string_view alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+constexpr std::uint32_t highestDigit = 0x3F;
 constexpr std::uint8_t noDigit = 0xFF;
 
 constexpr std::array<std::uint8_t, 256> digitValues = [] {
@@ -22,6 +24,23 @@ constexpr std::array<std::uint8_t, 256> digitValues = [] {
 std::uint32_t byteAt(std::string_view bytes, std::size_t at)
 {
     return at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : 0U;
+}
+
+/// Decodes four digits to three bytes and returns the bits of all four: above highestDigit where one was no digit. So
+/// a long text is decoded without a branch and judged once.
+std::uint32_t decodeGroup(const char* digits, char* bytes)
+{
+    const auto value = [digits](std::size_t n) -> std::uint32_t {
+        return digitValues[static_cast<unsigned char>(digits[n])];
+    };
+    const std::uint32_t a = value(0);
+    const std::uint32_t b = value(1);
+    const std::uint32_t c = value(2);
+    const std::uint32_t d = value(3);
+    bytes[0] = static_cast<char>(a << 2U | b >> 4U);
+    bytes[1] = static_cast<char>(b << 4U | c >> 2U);
+    bytes[2] = static_cast<char>(c << 6U | d);
+    return a | b | c | d;
 }
 
 } // namespace
@@ -45,21 +64,19 @@ std::optional<std::string> base64Decoded(std::string_view text)
     if (text.size() % 4 != 0)
         return std::nullopt;
     const std::size_t padding = text.ends_with("==") ? 2 : text.ends_with('=') ? 1 : 0;
-    std::string bytes;
-    bytes.reserve(text.size() / 4 * 3);
-    const std::size_t digits = text.size() - padding;
-    for (std::size_t at = 0; at < text.size(); at += 4) {
-        std::uint32_t group = 0;
-        for (std::size_t n = 0; n < 4; ++n) {
-            const std::uint8_t value = at + n < digits ? digitValues[static_cast<unsigned char>(text[at + n])] : 0;
-            if (value == noDigit)
-                return std::nullopt;
-            group = group << 6U | value;
-        }
-        bytes += static_cast<char>(group >> 16U);
-        bytes += static_cast<char>(group >> 8U & 0xFFU);
-        bytes += static_cast<char>(group & 0xFFU);
+    const std::size_t wholeGroups = text.size() / 4 - (padding > 0 ? 1 : 0);
+    std::string bytes(text.size() / 4 * 3, '\0');
+    std::uint32_t allDigits = 0;
+    for (std::size_t group = 0; group < wholeGroups; ++group)
+        allDigits |= decodeGroup(text.data() + 4 * group, bytes.data() + 3 * group);
+    if (padding > 0) {
+        std::array<char, 4> last{};
+        std::ranges::copy(text.substr(4 * wholeGroups), last.begin());
+        std::fill(last.end() - static_cast<std::ptrdiff_t>(padding), last.end(), alphabet[0]);
+        allDigits |= decodeGroup(last.data(), bytes.data() + 3 * wholeGroups);
     }
+    if (allDigits > highestDigit)
+        return std::nullopt;
     bytes.resize(bytes.size() - padding);
     return bytes;
 }

@@ -12,15 +12,16 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <iterator>
 #include <limits>
+#include <new>
+#include <stdexcept>
 #include <system_error>
+#include <vector>
 
 namespace corvane {
 
 namespace {
-
-constexpr mode_t newFileMode = 0666;   // less the user's own mask
-constexpr mode_t newFolderMode = 0700; // folders are made for the program's own data, nobody else's business
 
 [[noreturn]] void fail(std::string_view what, std::string_view path, int error)
 {
@@ -66,20 +67,55 @@ private:
     int file_;
 };
 
+/// Takes what was written away from the beginning.
+void dropWritten(std::span<std::string_view>& rest, std::size_t written)
+{
+    while (!rest.empty() && written >= rest.front().size()) {
+        written -= rest.front().size();
+        rest = rest.subspan(1);
+    }
+    if (written > 0)
+        rest.front().remove_prefix(written);
+}
+
 /// 0, or the error.
 int writeAndSync(FileCalls& calls, int file, std::span<const std::string_view> parts)
 {
-    for (std::string_view bytes : parts) {
-        while (!bytes.empty()) {
-            const std::ptrdiff_t written = calls.write(file, bytes.data(), bytes.size());
-            if (written < 0 && errno == EINTR)
-                continue;
-            if (written <= 0)
-                return written < 0 ? errno : ENOSPC;
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-        }
+    std::vector<std::string_view> all;
+    std::ranges::remove_copy_if(parts, std::back_inserter(all), &std::string_view::empty);
+    std::span<std::string_view> rest(all);
+    while (!rest.empty()) {
+        const std::ptrdiff_t written = calls.write(file, rest);
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return written < 0 ? errno : ENOSPC;
+        dropWritten(rest, static_cast<std::size_t>(written));
     }
     return calls.sync(file) == 0 ? 0 : errno;
+}
+
+/// 0, or the error. Throws where there is not enough memory.
+int readAll(int file, std::string& bytes)
+{
+    struct stat facts{};
+    if (::fstat(file, &facts) == 0 && S_ISREG(facts.st_mode))
+        bytes.reserve(static_cast<std::size_t>(facts.st_size) + 1);
+    std::size_t length = 0;
+    for (;;) {
+        constexpr std::size_t atLeast = std::size_t{1} << 16;
+        bytes.resize(std::max(bytes.capacity(), length + atLeast));
+        const ssize_t some = ::read(file, bytes.data() + length, bytes.size() - length);
+        if (some < 0 && errno == EINTR)
+            continue;
+        if (some < 0)
+            return errno;
+        if (some == 0)
+            break;
+        length += static_cast<std::size_t>(some);
+    }
+    bytes.resize(length);
+    return 0;
 }
 
 /// 0, or the error. File systems that cannot sync a folder say EINVAL; there is nothing more to do on them.
@@ -172,95 +208,22 @@ int putInPlace(FileCalls& calls, const std::string& temporary, const std::string
 
 } // namespace
 
-int FileCalls::open(const std::string& path, int flags)
-{
-    return ::open(path.c_str(), flags, newFileMode); // NOLINT(cppcoreguidelines-pro-type-vararg)
-}
-
-std::ptrdiff_t FileCalls::write(int file, const char* bytes, std::size_t count)
-{
-    return ::write(file, bytes, count);
-}
-
-int FileCalls::sync(int file)
-{
-    return ::fsync(file);
-}
-
-int FileCalls::close(int file)
-{
-    return ::close(file);
-}
-
-int FileCalls::nameFile(int file, const std::string& path)
-{
-    const std::string nameless = "/proc/self/fd/" + std::to_string(file);
-    return ::linkat(AT_FDCWD, nameless.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW);
-}
-
-int FileCalls::renameToNew(const std::string& from, const std::string& to)
-{
-    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0)
-        return 0;
-    if (errno != EINVAL && errno != ENOSYS)
-        return -1;
-    // Network file systems know no such rename, but links, which never replace.
-    if (::link(from.c_str(), to.c_str()) != 0)
-        return -1;
-    ::unlink(from.c_str());
-    return 0;
-}
-
-int FileCalls::renameOver(const std::string& from, const std::string& to)
-{
-    return ::rename(from.c_str(), to.c_str());
-}
-
-int FileCalls::exchange(const std::string& one, const std::string& other)
-{
-    return ::renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE);
-}
-
-int FileCalls::unlink(const std::string& path)
-{
-    return ::unlink(path.c_str());
-}
-
-int FileCalls::makeFolder(const std::string& path)
-{
-    return ::mkdir(path.c_str(), newFolderMode);
-}
-
-FileCalls& FileCalls::system()
-{
-    static FileCalls calls;
-    return calls;
-}
-
 std::string readFile(const std::string& path)
 {
-    FileCalls& calls = FileCalls::system();
-    const OpenFile file(calls, path, O_RDONLY);
+    const OpenFile file(FileCalls::system(), path, O_RDONLY);
     if (!file.isOpen())
         fail("Cannot read", path, errno);
     std::string bytes;
-    struct stat facts{};
-    if (::fstat(file.number(), &facts) == 0 && S_ISREG(facts.st_mode))
-        bytes.reserve(static_cast<std::size_t>(facts.st_size) + 1);
-    std::size_t length = 0;
-    for (;;) {
-        constexpr std::size_t atLeast = std::size_t{1} << 16;
-        bytes.resize(std::max(bytes.capacity(), length + atLeast));
-        const ssize_t some = ::read(file.number(), bytes.data() + length, bytes.size() - length);
-        if (some < 0 && errno == EINTR)
-            continue;
-        if (some < 0)
-            fail("Cannot read", path, errno);
-        if (some == 0)
-            break;
-        length += static_cast<std::size_t>(some);
+    int error = 0;
+    try {
+        error = readAll(file.number(), bytes);
+    } catch (const std::bad_alloc&) { // to the user a file that is too large is one that cannot be read
+        error = ENOMEM;
+    } catch (const std::length_error&) {
+        error = ENOMEM;
     }
-    bytes.resize(length);
+    if (error != 0)
+        fail("Cannot read", path, error);
     return bytes;
 }
 

@@ -19,7 +19,9 @@ public:
     virtual ~FileCalls() = default;
 
     virtual int open(const std::string& path, int flags);
-    virtual std::ptrdiff_t write(int file, const char* bytes, std::size_t count);
+    /// Writes the parts one after the other, or a beginning of them. In one call: a file that is written piece by piece
+    /// takes longer to sync.
+    virtual std::ptrdiff_t write(int file, std::span<const std::string_view> parts);
     virtual int sync(int file);
     virtual int close(int file);
     /// Gives the nameless file the name `path`; fails with EEXIST where something has that name.
@@ -38,7 +40,7 @@ public:
     [[nodiscard]] static FileCalls& system();
 };
 
-/// The whole file. Fails with PlatformError.
+/// The whole file. Fails with PlatformError, also when there is not enough memory for it.
 [[nodiscard]] std::string readFile(const std::string& path);
 
 /// True when a file, a folder or a link (also one that leads nowhere) has this name.

@@ -93,10 +93,10 @@ void JsonValue::refuse(std::string_view complaint) const
 
 std::string_view JsonValue::textView() const
 {
-    const auto* value = std::get_if<std::string_view>(&tree_.nodes[node_].value);
+    const auto* value = std::get_if<JsonText>(&tree_.nodes[node_].value);
     if (value == nullptr)
         refuse("is not a text.");
-    return *value;
+    return tree_.text(*value);
 }
 
 std::size_t JsonValue::itemCount() const
@@ -134,7 +134,7 @@ std::size_t JsonValue::nodeAfter(std::size_t node) const
 
 const std::string& JsonValue::nameOf(std::size_t node) const
 {
-    return *tree_.nodes[node].name;
+    return tree_.names[tree_.nodes[node].name];
 }
 
 std::string JsonValue::place() const

@@ -128,7 +128,8 @@ private:
 };
 
 /// Parses a whole document, which it keeps; `subject` begins every complaint about it. Fails with PlatformError where
-/// it is no JSON, numbers do not fit into 64 bits, or lists and objects stand in each other more than 256 deep.
+/// it is no JSON or larger than 2 GB, numbers do not fit into 64 bits, or lists and objects stand in each other more
+/// than 256 deep.
 [[nodiscard]] JsonDocument parseJson(std::string bytes, std::string_view subject = "The data");
 
 } // namespace corvane

@@ -2,286 +2,204 @@
 
 #include "platform/error.h"
 #include "platform/numbers.h"
-#include "platform/text.h"
+
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <optional>
+#include <functional>
+#include <iterator>
+#include <limits>
+#include <map>
 #include <utility>
+#include <vector>
 
 namespace corvane {
 
 namespace {
 
-bool isBlank(char c)
-{
-    return c == ' ' || c == '\n' || c == '\r' || c == '\t';
-}
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
-/// Stands for itself in a text.
-bool isPlain(char c)
-{
-    return c != '"' && c != '\\' && static_cast<unsigned char>(c) >= 0x20;
-}
-
-/// Written by hand, because sessions hold a document of many megabytes as one text and edits as millions of small
-/// values: this takes whole stretches at a time, makes one row of them, and never looks at the user's locale.
-class JsonParser {
+/// Reads on at a position that others see too: what an event is about ends where the library has just read.
+class SharedPosition {
 public:
-    explicit JsonParser(JsonTree& tree) : tree_(tree), bytes_(tree.bytes) {}
+    using iterator_category = std::input_iterator_tag;
+    using value_type = char;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const char*;
+    using reference = const char&;
 
-    void parse()
+    explicit SharedPosition(const char*& at) : at_(&at) {}
+
+    reference operator*() const { return **at_; }
+    SharedPosition& operator++()
     {
-        if (bytes_.starts_with("\xef\xbb\xbf"))
-            at_ = 3;
-        parseValue(0, nullptr);
-        skipBlanks();
-        if (at_ < bytes_.size())
-            fail("something follows the end of the data");
+        ++*at_;
+        return *this;
+    }
+    bool operator==(const SharedPosition& other) const { return *at_ == *other.at_; }
+    bool operator!=(const SharedPosition& other) const { return *at_ != *other.at_; }
+
+private:
+    const char** at_;
+};
+
+/// Makes the flat row of values from the events of nlohmann's parser, whose names these functions have. The values of
+/// texts and numbers are taken from the document itself where that is possible.
+class TreeBuilder {
+public:
+    explicit TreeBuilder(JsonTree& tree)
+        : tree_(tree), at_(tree.bytes.data()), end_(tree.bytes.data() + tree.bytes.size())
+    {
+    }
+
+    void build()
+    {
+        if (tree_.bytes.size() > longest / 2) // so that escaped texts, which are shorter as they are meant, fit as well
+            throw PlatformError(tree_.subject + " cannot be read: it is larger than 2 GB.");
+        nlohmann::json::sax_parse(SharedPosition(at_), SharedPosition(end_), this);
+        if (consumed().ends_with('\0')) // the library takes it for the end of the document
+            fail(consumed().size() - 1, "something follows the end of the data");
+    }
+
+    bool null() { return add(std::monostate()); }
+    bool boolean(bool value) { return add(value); }
+    bool number_integer(std::int64_t value) { return add(value); }
+    bool number_unsigned(std::uint64_t value)
+    {
+        return std::in_range<std::int64_t>(value) ? add(static_cast<std::int64_t>(value))
+                                                  : add(static_cast<double>(value));
+    }
+
+    /// Also a whole number beyond 64 bits. The library's value comes from strtod, which looks at the user's locale and
+    /// takes numbers that are too small for zero; even its text has the user's decimal sign.
+    bool number_float(double /*value*/, const std::string& text)
+    {
+        std::string_view read = consumed();
+        if (!isDigit(read.back())) // a number ends where something else was seen, or at the end of the document
+            read.remove_suffix(1);
+        const auto number = readNumber(read.substr(read.size() - text.size()));
+        if (!number)
+            fail(read.size(), numberRefused);
+        return add(*number);
+    }
+
+    /// Most texts have no escapes and stand in the document as they are meant, before their closing quote.
+    bool string(const std::string& text)
+    {
+        const std::string_view read = consumed().substr(0, consumed().size() - 1);
+        const std::string_view written = read.substr(read.size() - std::min(read.size(), text.size()));
+        if (written == text)
+            return add(JsonText{narrow(read.size() - text.size()), narrow(text.size())});
+        const JsonText meant = {narrow(tree_.bytes.size() + tree_.unescaped.size()), narrow(text.size())};
+        tree_.unescaped += text;
+        return add(meant);
+    }
+
+    bool binary(const nlohmann::json::binary_t& /*value*/) { return false; } // has no form as text
+
+    bool start_object(std::size_t /*count*/) { return open(JsonObject()); }
+    bool start_array(std::size_t /*count*/) { return open(JsonList()); }
+    bool end_object() { return close(); }
+    bool end_array() { return close(); }
+
+    bool key(const std::string& text)
+    {
+        auto known = names_.find(text);
+        if (known == names_.end()) {
+            known = names_.emplace(text, narrow(tree_.names.size())).first;
+            tree_.names.push_back(text);
+        }
+        name_ = known->second;
+        return true;
+    }
+
+    template <class Exception>
+    bool parse_error(std::size_t position, const std::string& /*token*/, const Exception& error)
+    {
+        fail(position - 1, ownWords(error.what()));
+        return false; // for compilers that look for it
     }
 
 private:
-    [[noreturn]] void fail(std::string_view complaint) const
+    static constexpr std::string_view numberRefused = "a number does not fit into 64 bits";
+
+    /// No place and no length is beyond it: a document has no more values than bytes.
+    static constexpr std::size_t longest = std::numeric_limits<std::uint32_t>::max();
+    static std::uint32_t narrow(std::size_t place) { return static_cast<std::uint32_t>(place); }
+
+    static bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+    /// What the library expected and found: its name, the position and the last bytes, which may be many megabytes,
+    /// are left out of its message.
+    static std::string_view ownWords(std::string_view message)
     {
-        const std::string_view before = bytes_.substr(0, at_);
-        const std::size_t column = at_ - (before.rfind('\n') + 1); // npos + 1 is 0
+        const std::size_t words = message.find(" - ");
+        if (words == std::string_view::npos) // the one message of another form is about a number
+            return numberRefused;
+        return message.substr(0, message.find("; last read: ")).substr(words + 3);
+    }
+
+    [[noreturn]] void fail(std::size_t position, std::string_view complaint) const
+    {
+        const std::string_view before = std::string_view(tree_.bytes).substr(0, position);
+        const std::size_t column = before.size() - (before.rfind('\n') + 1); // npos + 1 is 0
         throw PlatformError(
             tree_.subject + " cannot be read: line " + std::to_string(std::ranges::count(before, '\n') + 1) +
             ", column " + std::to_string(column + 1) + ": " + std::string(complaint) + ".");
     }
 
-    /// The next byte; 0, which no rule accepts, at the end.
-    [[nodiscard]] char next() const { return at_ < bytes_.size() ? bytes_[at_] : '\0'; }
+    [[nodiscard]] std::string_view consumed() const { return {tree_.bytes.data(), at_}; }
 
-    bool skip(char c)
+    template <class Value>
+    bool add(Value value)
     {
-        const bool isThere = next() == c;
-        at_ += isThere ? 1 : 0;
-        return isThere;
-    }
-
-    bool skip(std::string_view word)
-    {
-        const bool isThere = bytes_.substr(at_).starts_with(word);
-        at_ += isThere ? word.size() : 0;
-        return isThere;
-    }
-
-    void skipBlanks()
-    {
-        while (isBlank(next()))
-            ++at_;
+        if (!open_.empty()) {
+            if (auto* list = std::get_if<JsonList>(&tree_.nodes[open_.back()].value))
+                ++list->count;
+        }
+        tree_.nodes.push_back({value, narrow(tree_.nodes.size() + 1), name_});
+        return true;
     }
 
     template <class Value>
-    void add(Value value, const std::string* name)
+    bool open(Value value)
     {
-        tree_.nodes.push_back({value, tree_.nodes.size() + 1, name});
+        constexpr std::size_t deepest = 256;
+        if (open_.size() == deepest)
+            fail(consumed().size() - 1, "lists and objects are nested too deeply");
+        add(value);
+        open_.push_back(tree_.nodes.size() - 1);
+        return true;
     }
 
-    void parseValue(int depth, const std::string* name)
+    bool close()
     {
-        skipBlanks();
-        const char c = next();
-        if (c == '{' || c == '[')
-            parseInside(depth, name, c);
-        else if (c == '"')
-            add(parseText(), name);
-        else if (c == '-' || isDigit(c))
-            parseNumber(name);
-        else if (skip("true"))
-            add(true, name);
-        else if (skip("false"))
-            add(false, name);
-        else if (skip("null"))
-            add(std::monostate(), name);
-        else
-            fail(at_ == bytes_.size() ? "the data ends too early" : "a value is missing");
-    }
-
-    void parseInside(int depth, const std::string* name, char opening)
-    {
-        constexpr int deepest = 256;
-        if (depth == deepest)
-            fail("lists and objects are nested too deeply");
-        const std::size_t node = tree_.nodes.size();
-        ++at_;
-        if (opening == '{') {
-            add(JsonObject(), name);
-            parseMembers(depth + 1);
-        } else {
-            add(JsonList(), name);
-            const std::size_t count = parseItems(depth + 1);
-            tree_.nodes[node].value = JsonList{count};
-        }
-        tree_.nodes[node].end = tree_.nodes.size();
-    }
-
-    std::size_t parseItems(int depth)
-    {
-        skipBlanks();
-        if (skip(']'))
-            return 0;
-        std::size_t count = 0;
-        do {
-            parseValue(depth, nullptr);
-            ++count;
-            skipBlanks();
-        } while (skip(','));
-        if (!skip(']'))
-            fail("a comma or the end of a list is missing");
-        return count;
-    }
-
-    void parseMembers(int depth)
-    {
-        skipBlanks();
-        if (skip('}'))
-            return;
-        do {
-            const std::string* name = parseName();
-            skipBlanks();
-            if (!skip(':'))
-                fail("a colon is missing");
-            parseValue(depth, name);
-            skipBlanks();
-        } while (skip(','));
-        if (!skip('}'))
-            fail("a comma or the end of an object is missing");
-    }
-
-    const std::string* parseName()
-    {
-        skipBlanks();
-        if (next() != '"')
-            fail("a name is missing");
-        const std::string_view text = parseText();
-        auto known = tree_.names.find(text);
-        if (known == tree_.names.end())
-            known = tree_.names.emplace(text).first;
-        return &*known;
-    }
-
-    void parseNumber(const std::string* name)
-    {
-        const std::size_t start = at_;
-        skip('-');
-        if (!skip('0'))
-            skipDigits();
-        bool isWhole = true;
-        if (skip('.')) {
-            skipDigits();
-            isWhole = false;
-        }
-        if (skip('e') || skip('E')) {
-            if (!skip('-'))
-                skip('+');
-            skipDigits();
-            isWhole = false;
-        }
-        const std::string_view written = bytes_.substr(start, at_ - start);
-        const auto whole = isWhole ? readInteger(written) : std::nullopt;
-        const auto number = whole ? std::nullopt : readNumber(written);
-        if (whole)
-            add(*whole, name);
-        else if (number)
-            add(*number, name);
-        else
-            fail("a number does not fit into 64 bits");
-    }
-
-    void skipDigits()
-    {
-        if (!isDigit(next()))
-            fail("a digit is missing");
-        while (isDigit(next()))
-            ++at_;
-    }
-
-    std::string_view parseText()
-    {
-        skip('"');
-        std::string_view text = parsePlain();
-        if (next() == '\\') {
-            std::string& meant = tree_.texts.emplace_back(text);
-            while (skip('\\')) {
-                parseEscape(meant);
-                meant += parsePlain();
-            }
-            text = meant;
-        }
-        if (!skip('"'))
-            fail(at_ == bytes_.size() ? "the data ends inside a text" : "a text has a control character");
-        if (!isWellFormed(text))
-            fail("the text before this is not UTF-8");
-        return text;
-    }
-
-    std::string_view parsePlain()
-    {
-        const std::string_view rest = bytes_.substr(at_);
-        const auto length = static_cast<std::size_t>(std::ranges::find_if_not(rest, isPlain) - rest.begin());
-        at_ += length;
-        return rest.substr(0, length);
-    }
-
-    /// What follows a backslash.
-    void parseEscape(std::string& text)
-    {
-        constexpr std::string_view letters = "\"\\/bfnrt";
-        constexpr std::string_view meanings = "\"\\/\b\f\n\r\t";
-        if (const std::size_t letter = letters.find(next()); letter != std::string_view::npos) {
-            text += meanings[letter];
-            ++at_;
-        } else if (skip('u')) {
-            appendCharacter(text, parseCharacterNumber());
-        } else {
-            fail("a text has a backslash that says nothing");
-        }
-    }
-
-    /// One unit of UTF-16, or the two that stand for one character.
-    char32_t parseCharacterNumber()
-    {
-        const char32_t first = parseHexadecimal();
-        if (first < 0xD800 || first > 0xDFFF)
-            return first;
-        const char32_t second = first < 0xDC00 && skip("\\u") ? parseHexadecimal() : 0;
-        if (second < 0xDC00 || second > 0xDFFF)
-            fail("a text has half a character");
-        return 0x10000 + ((first - 0xD800) << 10U) + (second - 0xDC00);
-    }
-
-    char32_t parseHexadecimal()
-    {
-        constexpr std::string_view digits = "0123456789abcdefABCDEF";
-        char32_t value = 0;
-        for (int n = 0; n < 4; ++n, ++at_) {
-            const std::size_t digit = digits.find(next());
-            if (digit == std::string_view::npos)
-                fail("a hexadecimal digit is missing");
-            value = value * 16 + static_cast<char32_t>(digit < 16 ? digit : digit - 6);
-        }
-        return value;
+        tree_.nodes[open_.back()].end = narrow(tree_.nodes.size());
+        open_.pop_back();
+        return true;
     }
 
     JsonTree& tree_;
-    std::string_view bytes_;
-    std::size_t at_ = 0;
+    const char* at_;
+    const char* end_;
+    std::map<std::string, std::uint32_t, std::less<>> names_; ///< their places in the tree
+    std::uint32_t name_ = 0;                                  ///< of the member that comes next
+    std::vector<std::size_t> open_;                           ///< lists and objects that have not ended yet
 };
 
 } // namespace
+
+std::string_view JsonTree::text(JsonText place) const
+{
+    if (place.start < bytes.size())
+        return std::string_view(bytes).substr(place.start, place.length);
+    return std::string_view(unescaped).substr(place.start - bytes.size(), place.length);
+}
 
 std::unique_ptr<const JsonTree> parseJsonTree(std::string bytes, std::string_view subject)
 {
     auto tree = std::make_unique<JsonTree>();
     tree->subject = subject;
     tree->bytes = std::move(bytes);
-    JsonParser(*tree).parse();
+    TreeBuilder(*tree).build();
     return tree;
 }
 

@@ -3,7 +3,11 @@
 #include "support/scratch_folder.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <cstdint>
 #include <fstream>
 #include <map>
 #include <ranges>
@@ -61,6 +65,33 @@ TEST(ReadProjectFile, ReadsFilesAndBundlesWithinItsAccess)
         EXPECT_EQ(readProjectFile(location, scope), content);
         EXPECT_EQ(scope.log, "start " + location + " stop " + location) << "also after a failure";
     }
+}
+
+TEST(ReadProjectFile, SaysWhenThereIsNotEnoughMemory)
+{
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "its allocator ends the process where the usual one throws";
+#endif
+    const test::ScratchFolder scratch;
+    const std::string location = scratch.file("huge.fcpxml");
+    std::ofstream(location).put(' ');
+    std::filesystem::resize_file(location, std::uintmax_t{8} << 30U); // without a block on the disk
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) { // a process of its own for a limit of its own
+        const rlimit limit = {rlim_t{2} << 30U, rlim_t{2} << 30U};
+        ::setrlimit(RLIMIT_AS, &limit);
+        ScopeLog scope;
+        scope.grants = true;
+        EXPECT_EQ(
+            readProjectFile(location, scope),
+            (ProjectFileContent{"", "Cannot read huge.fcpxml: Cannot allocate memory."}));
+        EXPECT_EQ(scope.log, "start " + location + " stop " + location);
+        ::_exit(testing::Test::HasFailure() ? 1 : 0);
+    }
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
 }
 
 TEST(Drops, DeliverTheNewestXmlThatIsThereOrTheOneProjectFile)

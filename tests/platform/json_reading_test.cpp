@@ -63,13 +63,33 @@ TEST(JsonReading, NamesThePlaceOfWhatItRefuses)
     EXPECT_REFUSED(root.list(readCuts), "It cannot be read: it is not a list.");
 }
 
+TEST(JsonReading, KeepsTextsApartHoweverTheyAreWritten)
+{
+    const std::vector<std::string> meant = {"", "\"", "a\"a\"", "plain", "\\\\", "\xc3\xa9", "plain", "\n"};
+    const JsonDocument document = parseJson(
+        "\xef\xbb\xbf[\"\", \"\\\"\", \"a\\\"a\\\"\", \"plain\", \"\\\\\\\\\", \"\\u00e9\", \"pl\\u0061in\", \"\\n\"]");
+    EXPECT_EQ(document.root().list(&JsonValue::text), meant);
+    const JsonDocument alone = parseJson("-12.5");
+    EXPECT_EQ(alone.root().number(), -12.5) << "the document ends with its number";
+}
+
 TEST(JsonReading, RefusesWhatIsNoJson)
 {
     for (const char* json :
          {"", "{\"a\":1,}", "[1 2]", "nul", "[01]", "[1.]", "[NaN]", "[1e400]", "[1e-400]", "[] []", "['a']",
           "[\"\\ud800\"]", "[\"\xc3\"]", "[\"\xed\xa0\x80\"]", "[\"\n\"]", "{1:2}", "// x\n[]"})
         EXPECT_THROW((void)parseJson(json), PlatformError) << json;
-    EXPECT_REFUSED(parseJson("{\n  \"a\" 1}", "It"), "It cannot be read: line 2, column 7: a colon is missing.");
+    EXPECT_REFUSED(
+        parseJson("{\n  \"a\" 1}", "It"),
+        "It cannot be read: line 2, column 7: unexpected number literal; expected ':'.");
+    EXPECT_REFUSED(
+        parseJson("[\"" + std::string(10'000, 'x'), "It"),
+        "It cannot be read: line 1, column 10003: invalid string: missing closing quote.")
+        << "the text itself is left out";
+    EXPECT_REFUSED(
+        parseJson(std::string("[]\0", 3)),
+        "The data cannot be read: line 1, column 3: something follows the end of the data.");
+    EXPECT_THROW((void)parseJson(std::string("1\0 more", 7)), PlatformError);
     EXPECT_NO_THROW((void)parseJson(std::string(256, '[') + std::string(256, ']')));
     EXPECT_REFUSED(
         parseJson(std::string(300'000, '[')),

@@ -42,10 +42,10 @@ private:
 class StoryStage::SessionFileCalls : public FileCalls {
 public:
     explicit SessionFileCalls(StoryStage& stage) : stage_(stage) {}
-    std::ptrdiff_t write(int file, const char* bytes, std::size_t count) override
+    std::ptrdiff_t write(int file, std::span<const std::string_view> parts) override
     {
         if (stage_.sessionStore == "works")
-            return FileCalls::write(file, bytes, count);
+            return FileCalls::write(file, parts);
         errno = EIO;
         return -1;
     }

@@ -27,12 +27,14 @@ struct FaultyCalls : FileCalls {
         return calls++ == failing;
     }
     int open(const std::string& path, int flags) override { return fails() ? -1 : FileCalls::open(path, flags); }
-    std::ptrdiff_t write(int file, const char* bytes, std::size_t count) override
+    std::ptrdiff_t write(int file, std::span<const std::string_view> parts) override
     {
         const bool fault = fails();
-        const std::ptrdiff_t some = FileCalls::write(file, bytes, fault ? count / 2 : count);
+        const std::string_view first = parts.front(); // alone, so that each part can be the one that fails
+        const std::string_view some = first.substr(0, fault ? first.size() / 2 : first.size());
+        const std::ptrdiff_t written = FileCalls::write(file, {&some, 1});
         errno = ENOSPC;
-        return fault ? -1 : some;
+        return fault ? -1 : written;
     }
     int sync(int file) override { return fails() ? -1 : FileCalls::sync(file); }
     int nameFile(int file, const std::string& path) override { return fails() ? -1 : FileCalls::nameFile(file, path); }

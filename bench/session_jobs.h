@@ -1,0 +1,16 @@
+#pragma once
+
+#include "bench/measurements.h"
+#include "bench/target_table.h"
+
+#include <vector>
+
+namespace corvane::bench {
+
+/// Saving after a change of a setting against a bare write of the same bytes, restoring, and the memory of a history;
+/// the files stand in the build folder, so its disk is measured.
+void registerSessionJobs();
+
+[[nodiscard]] std::vector<TargetRow> sessionTargets(const Measurements& measurements);
+
+} // namespace corvane::bench

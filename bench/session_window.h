@@ -1,0 +1,64 @@
+#pragma once
+
+#include "platform/dialogs.h"
+#include "platform/user_defaults.h"
+#include "workspace/content_view.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+
+namespace corvane::bench {
+
+/// How much a measured session holds.
+struct SessionSize {
+    std::size_t cuts; ///< of each revision
+    std::size_t revisions;
+    std::size_t documentBytes; ///< about
+};
+
+/// The parts of a session: a project's document, what is on screen, and revisions whose cuts tile the project.
+struct LargeSession {
+    std::string sourceXML;
+    EditSettings settings;
+    EditHistory history;
+};
+[[nodiscard]] LargeSession largeSession(const SessionSize& size);
+
+/// A window on the sessions in one folder, with a user who never answers.
+class SessionWindow {
+public:
+    explicit SessionWindow(const std::string& folder);
+
+    /// Restores the stored session, and saves it as every restore does. Fails with std::runtime_error where the
+    /// window then says that something went wrong.
+    void appear();
+    /// Changes a setting, which saves. Fails with std::runtime_error where that is refused.
+    void setMainShare(double percent);
+
+    [[nodiscard]] const WorkspaceState& state() const { return view_.state(); }
+
+private:
+    void requireNoComplaint() const;
+
+    struct NoAnswers : Dialogs {
+        std::optional<std::string> chooseProject(const std::string&) override { return std::nullopt; }
+        std::optional<std::string> chooseFolder(const std::string&, const std::string&) override
+        {
+            return std::nullopt;
+        }
+    };
+
+    NoAnswers dialogs_;
+    FileUserDefaults defaults_;
+    SessionStore sessions_;
+    NoBundledApplications services_;
+    XMLInbox inbox_;
+    ContentView view_;
+};
+
+/// Replaces the file in the folder by these bytes with as few calls as a safe replacement can have: one write to a
+/// new file, a sync, a rename and a sync of the folder. Fails with std::runtime_error.
+void writeBare(const std::string& folder, const std::string& name, std::string_view bytes);
+
+} // namespace corvane::bench
