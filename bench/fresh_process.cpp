@@ -1,5 +1,6 @@
 #include "bench/fresh_process.h"
 
+#include "bench/stopwatch.h"
 #include "platform/numbers.h"
 
 #include <fcntl.h>
@@ -9,6 +10,7 @@
 
 #include <array>
 #include <stdexcept>
+#include <vector>
 
 namespace corvane::bench {
 
@@ -72,24 +74,44 @@ private:
     posix_spawn_file_actions_t actions_{};
 };
 
-} // namespace
+/// What a program prints, and when it has closed its output.
+struct Output {
+    std::string text;
+    double seconds = 0;
+};
 
-double secondsInFreshProcess(FreshWork work, const std::string& file)
+/// The first argument is the program.
+Output outputOf(std::vector<std::string> arguments)
 {
-    std::string program = CORVANE_IMPORT_ONCE;
-    std::string mode = work == FreshWork::parse ? "parse" : "import";
-    std::string path = file;
-    const std::array<char*, 4> arguments = {program.data(), mode.data(), path.data(), nullptr};
-
+    const Stopwatch watch;
+    std::vector<char*> pointers;
+    for (std::string& argument : arguments)
+        pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
     Pipe output;
     const FileActions actions(output.writing());
     pid_t child = 0;
     require(
-        posix_spawn(&child, program.c_str(), actions.get(), nullptr, arguments.data(), environ) == 0,
-        "The import's own process cannot be started.");
-    std::string text = output.readAll();
+        posix_spawn(&child, arguments.front().c_str(), actions.get(), nullptr, pointers.data(), environ) == 0,
+        "A process of its own cannot be started.");
+    Output printed = {output.readAll(), watch.seconds()};
     int status = 0;
-    require(waitpid(child, &status, 0) == child && status == 0, "The import's own process failed.");
+    require(waitpid(child, &status, 0) == child && status == 0, "A process of its own failed.");
+    return printed;
+}
+
+} // namespace
+
+double secondsToFirstWindow()
+{
+    const Output output = outputOf({CORVANE_START_ONCE});
+    require(output.text == "painted\n", "The program has painted no window.");
+    return output.seconds;
+}
+
+double secondsInFreshProcess(FreshWork work, const std::string& file)
+{
+    std::string text = outputOf({CORVANE_IMPORT_ONCE, work == FreshWork::parse ? "parse" : "import", file}).text;
     if (!text.empty() && text.back() == '\n')
         text.pop_back();
     const auto nanoseconds = readInteger(text);

@@ -10,4 +10,8 @@ enum class FreshWork { parse, import };
 /// document do not count. Fails with std::runtime_error.
 [[nodiscard]] double secondsInFreshProcess(FreshWork work, const std::string& file);
 
+/// Seconds from the start of the program, on a new account, to its first painted window. Fails with
+/// std::runtime_error.
+[[nodiscard]] double secondsToFirstWindow();
+
 } // namespace corvane::bench

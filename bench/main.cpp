@@ -7,6 +7,7 @@
 #include "bench/measurements.h"
 #include "bench/session_jobs.h"
 #include "bench/target_table.h"
+#include "bench/window_jobs.h"
 
 #include <cstdlib>
 #include <exception>
@@ -34,6 +35,7 @@ int main(int count, char** arguments)
         registerGenerationJobs();
         registerExportJobs();
         registerSessionJobs();
+        registerWindowJobs();
         Measurements measurements;
         benchmark::RunSpecifiedBenchmarks(&measurements);
         std::vector<TargetRow> rows;
@@ -41,6 +43,7 @@ int main(int count, char** arguments)
         append(rows, generationTargets(measurements));
         append(rows, exportTargets(measurements));
         append(rows, sessionTargets(measurements));
+        append(rows, windowTargets(measurements));
         std::cout << '\n';
         printTargets(rows);
     } catch (const std::exception& failure) {

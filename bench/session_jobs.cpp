@@ -20,25 +20,12 @@ constexpr const char* fileFigure = "file bytes";
 constexpr const char* recordsFigure = "records bytes";
 constexpr const char* keptFigure = "kept for saves bytes";
 
-constexpr SessionSize usual = {500, 100, 1'000'000};
 constexpr SessionSize large = {2'000, 500, 10'000'000};
 
 constexpr const char* usualSave = "save, 500 cuts x 100";
 constexpr const char* usualRestore = "restore and save, 500 cuts x 100";
 constexpr const char* largeSave = "save, 2,000 cuts x 500";
 constexpr const char* largeMemory = "history, 2,000 cuts x 500";
-
-/// A folder of its own with the stored session.
-std::string storedSession(const SessionSize& size)
-{
-    const std::string folder = pathIn(CORVANE_BENCH_SESSIONS, std::to_string(size.cuts));
-    makeFolders(folder);
-    const LargeSession session = largeSession(size);
-    SessionEncoder encoder;
-    encoder.setSource(session.sourceXML);
-    replaceFile(pathIn(folder, "session-v1.json"), encoder.encode(session.settings, session.history));
-    return folder;
-}
 
 /// Saving and the bare write take turns, so that whatever slows the disk slows both.
 void measureSave(benchmark::State& state, const SessionSize& size)

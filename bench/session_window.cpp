@@ -62,6 +62,17 @@ LargeSession largeSession(const SessionSize& size)
     return session;
 }
 
+std::string storedSession(const SessionSize& size)
+{
+    const std::string folder = pathIn(CORVANE_BENCH_SESSIONS, std::to_string(size.cuts));
+    makeFolders(folder);
+    const LargeSession session = largeSession(size);
+    SessionEncoder encoder;
+    encoder.setSource(session.sourceXML);
+    replaceFile(pathIn(folder, "session-v1.json"), encoder.encode(session.settings, session.history));
+    return folder;
+}
+
 SessionWindow::SessionWindow(const std::string& folder)
     : defaults_(folder),
       sessions_([folder] { return folder; }),

@@ -25,6 +25,12 @@ struct LargeSession {
 };
 [[nodiscard]] LargeSession largeSession(const SessionSize& size);
 
+/// A session that a morning's work leaves: a file of about 7 MB.
+inline constexpr SessionSize usual = {500, 100, 1'000'000};
+
+/// A folder of its own with the stored session.
+[[nodiscard]] std::string storedSession(const SessionSize& size);
+
 /// A window on the sessions in one folder, with a user who never answers.
 class SessionWindow {
 public:
@@ -37,13 +43,16 @@ public:
     void setMainShare(double percent);
 
     [[nodiscard]] const WorkspaceState& state() const { return view_.state(); }
+    [[nodiscard]] ContentView& view() { return view_; }
+    [[nodiscard]] UserDefaults& defaults() { return defaults_; }
+    [[nodiscard]] XMLInbox& inbox() { return inbox_; }
 
 private:
     void requireNoComplaint() const;
 
     struct NoAnswers : Dialogs {
         std::optional<std::string> chooseProject(const std::string&) override { return std::nullopt; }
-        std::optional<std::string> chooseFolder(const std::string&, const std::string&) override
+        std::optional<std::string> chooseFolder(const std::string&, const std::string&, const std::string&) override
         {
             return std::nullopt;
         }

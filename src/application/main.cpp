@@ -34,7 +34,7 @@ try {
     using namespace corvane;
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName("Corvane");
-    QCoreApplication::setApplicationVersion(CORVANE_SHORT_VERSION);
+    QCoreApplication::setApplicationVersion(CORVANE_VERSION);
     QGuiApplication::setDesktopFileName(QString::fromUtf8(product::desktopID.data(), product::desktopID.size()));
 
     std::vector<std::string> locations = givenLocations(QCoreApplication::arguments());

@@ -37,6 +37,7 @@ private:
     [[nodiscard]] QString socketName() const;
     [[nodiscard]] bool handOverSocket(const std::vector<std::string>& locations) const;
     [[nodiscard]] bool handOverBus(const std::vector<std::string>& locations) const;
+    [[nodiscard]] bool sessionHasBus() const;
     [[nodiscard]] bool claimBus();
     void listen();
     void readRequest(QLocalSocket& socket);

@@ -68,7 +68,6 @@ MainWindow::MainWindow(MainWindowServices services)
     column->addWidget(makeHeader());
     pages_ = new QStackedWidget(page);
     pages_->addWidget(makeEmptyPage());
-    pages_->addWidget(makeLoadedPage());
     column->addWidget(pages_, 1);
     auto* footer = helpLabel(tr("Drop XML anywhere to load a project. Exports a separate project."), page);
     footer->setAlignment(Qt::AlignHCenter);
@@ -149,6 +148,19 @@ QWidget* MainWindow::makeLoadedPage()
     return split_;
 }
 
+/// Made with the first project: an empty window is there sooner without it.
+void MainWindow::showLoadedPage()
+{
+    pages_->addWidget(makeLoadedPage());
+    try {
+        split_->restoreState(QByteArray::fromStdString(services_.defaults.value(splitKey)));
+    } catch (const PlatformError&) {
+        // The usual widths will do.
+    }
+    for (Panel* panel : panels_)
+        panel->refresh(Changes().set());
+}
+
 QWidget* MainWindow::makeSettings()
 {
     auto* area = new QScrollArea(this);
@@ -208,6 +220,8 @@ void MainWindow::refresh(const Changes& changes)
 {
     const auto has = [&changes](Changed what) { return changes.test(static_cast<std::size_t>(what)); };
     const WorkspaceState& state = services_.view.state();
+    if (state.loaded && split_ == nullptr)
+        showLoadedPage();
     for (Panel* panel : panels_)
         panel->refresh(changes);
     menus_->refresh();
@@ -301,7 +315,6 @@ void MainWindow::restorePlace()
 {
     try {
         restoreGeometry(QByteArray::fromStdString(services_.defaults.value(geometryKey)));
-        split_->restoreState(QByteArray::fromStdString(services_.defaults.value(splitKey)));
     } catch (const PlatformError&) {
         return; // a window of the usual size is no loss
     }
@@ -311,7 +324,8 @@ void MainWindow::keepPlace()
 {
     try {
         services_.defaults.setValue(geometryKey, saveGeometry().toStdString());
-        services_.defaults.setValue(splitKey, split_->saveState().toStdString());
+        if (split_ != nullptr)
+            services_.defaults.setValue(splitKey, split_->saveState().toStdString());
     } catch (const PlatformError&) {
         return; // the next window has the usual size
     }

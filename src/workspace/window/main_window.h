@@ -56,6 +56,7 @@ private:
     QWidget* makeHeader();
     QWidget* makeEmptyPage();
     QWidget* makeLoadedPage();
+    void showLoadedPage();
     QWidget* makeSettings();
     QWidget* makeResult();
     void addPanel(Panel* panel, QLayout& column);
