@@ -2,8 +2,10 @@
 
 #include <QFile>
 #include <QLocale>
+#include <QPainter>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QProxyStyle>
+#include <QStyleOption>
 
 namespace corvane::theme {
 
@@ -39,11 +41,42 @@ QPalette palette()
     return colors;
 }
 
+/// Check boxes with a border that can be seen on dark ground.
+class DarkStyle : public QProxyStyle {
+public:
+    using QProxyStyle::QProxyStyle;
+
+    void drawPrimitive(
+        PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override
+    {
+        if (element != PE_IndicatorCheckBox) {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            return;
+        }
+        const bool on = option->state.testFlag(State_On);
+        const bool enabled = option->state.testFlag(State_Enabled);
+        const QRectF box = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(QPen(option->state.testFlag(State_HasFocus) ? warmWhite : QColor(0x8a, 0x85, 0x7e), 1));
+        painter->setBrush(!on ? fieldGrey : enabled ? orange : unusedGrey);
+        painter->drawRoundedRect(box, 3, 3);
+        if (on) {
+            painter->setPen(QPen(QColor(0x1d, 0x10, 0x06), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+            const auto at = [&box](double x, double y) {
+                return QPointF(box.left() + x * box.width(), box.top() + y * box.height());
+            };
+            painter->drawPolyline(QPolygonF({at(0.24, 0.52), at(0.43, 0.72), at(0.78, 0.3)}));
+        }
+        painter->restore();
+    }
+};
+
 } // namespace
 
 void apply(QApplication& application)
 {
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setStyle(new DarkStyle("Fusion"));
     QApplication::setPalette(palette());
     QFile sheet(":/corvane/window.qss");
     if (sheet.open(QFile::ReadOnly))
