@@ -4,8 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include <QHelpEvent>
+#include <QKeySequence>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPushButton>
 
 namespace corvane {
@@ -69,6 +73,32 @@ TEST(Layout, ShowsOrElidesEveryTextAtEverySize)
     gui.view().edit([](WorkspaceState& state) { state.settings.sections[0].end = "half past nine"; });
     for (const QSize size : {QSize(960, 860), QSize(1280, 800), QSize(1920, 1080)})
         expectAllReadable(gui, size);
+}
+
+TEST(Layout, EveryAltKeyMeansOneThing)
+{
+    Gui gui(manyCameras());
+    gui.view().generateRoughEdit();
+    Gui::settle();
+    std::map<QString, QString> keys;
+    const auto take = [&keys](const QString& text) {
+        const QString key = QKeySequence::mnemonic(text).toString();
+        if (!key.isEmpty()) {
+            const bool isNew = keys.emplace(key, text).second;
+            EXPECT_TRUE(isNew) << utf8(key) << ": " << utf8(text) << " and " << utf8(keys[key]);
+        }
+    };
+    for (const QAction* menu : gui.window().menuBar()->actions())
+        take(menu->text());
+    for (const QAbstractButton* button : gui.window().findChildren<QAbstractButton*>()) {
+        if (button->isVisible())
+            take(button->text());
+    }
+    for (const QLabel* label : gui.window().findChildren<QLabel*>()) {
+        if (label->isVisible() && label->buddy() != nullptr && qobject_cast<const ElidedLabel*>(label) == nullptr)
+            take(label->text());
+    }
+    EXPECT_GT(keys.size(), 12U);
 }
 
 TEST(Layout, TabVisitsEverythingOnceInReadingOrder)

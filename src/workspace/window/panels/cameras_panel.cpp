@@ -43,7 +43,7 @@ CamerasPanel::CamerasPanel(ContentView& view, QWidget* parent)
     auto* choices = new QFormLayout;
     choices->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     choices->addRow(labelFor(*main_, tr("&Main camera"), this), main_);
-    choices->addRow(labelFor(*audio_, tr("Continuous a&udio"), this), audio_);
+    choices->addRow(labelFor(*audio_, tr("Co&ntinuous audio"), this), audio_);
     column().addLayout(choices);
     column().addWidget(mainWait_);
     addHeading(tr("Additional cameras"));

@@ -17,9 +17,9 @@ CutPanel::CutPanel(ContentView& view, QWidget* parent)
       table_(new QTableView(this)),
       generate_(new QPushButton(this)),
       back_(new QPushButton(tr("&Back"), this)),
-      forward_(new QPushButton(tr("&Forward"), this)),
+      forward_(new QPushButton(tr("For&ward"), this)),
       position_(new QLabel(this)),
-      export_(new QPushButton(tr("&Export to Final Cut…"), this)),
+      export_(new QPushButton(tr("E&xport to Final Cut…"), this)),
       anotherCamera_(helpLabel(tr("Include another camera."), this)),
       carryOver_(new ElidedLabel({}, this)),
       status_(new QLabel(this)),
@@ -125,7 +125,9 @@ void CutPanel::showButtons()
         button.setEnabled(on);
         button.setToolTip(qt(hint.value_or("")));
     };
-    generate_->setText("&" + qt(primaryButtonText(view_)));
+    QString primary = qt(primaryButtonText(view_));
+    primary.insert(primary.indexOf('g', 0, Qt::CaseInsensitive), '&'); // the same key for both of its texts
+    generate_->setText(primary);
     show(*generate_, enabled.generate, why.generate);
     show(*back_, enabled.back, why.back);
     show(*forward_, enabled.forward, why.forward);

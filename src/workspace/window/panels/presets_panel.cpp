@@ -11,9 +11,9 @@ PresetsPanel::PresetsPanel(ContentView& view, QWidget* parent)
     : Panel(tr("Saved presets"), view, parent),
       picker_(new Picker(this)),
       apply_(new QPushButton(tr("&Apply"), this)),
-      saveAs_(new QPushButton(tr("&Save as…"), this)),
+      saveAs_(new QPushButton(tr("Sa&ve as…"), this)),
       update_(new QPushButton(tr("&Update"), this)),
-      delete_(new QPushButton(tr("&Delete"), this)),
+      delete_(new QPushButton(tr("De&lete"), this)),
       notice_(helpLabel({}, this))
 {
     addHelp(tr("Saves camera balance, shot length ranges, longer holds and angle names on this Mac. Apply restores a "

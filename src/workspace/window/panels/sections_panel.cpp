@@ -11,7 +11,7 @@ namespace corvane {
 
 SectionsPanel::SectionsPanel(ContentView& view, QWidget* parent)
     : Panel(tr("Fixed camera sections"), view, parent),
-      add_(new QPushButton(tr("A&dd section"), this)),
+      add_(new QPushButton(tr("Add sec&tion"), this)),
       rowsColumn_(new QVBoxLayout)
 {
     addHelp(tr("Hold one camera for a prayer, reading or presentation. Use the project's timecodes. Audio continues "
