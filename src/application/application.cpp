@@ -12,11 +12,11 @@ namespace corvane {
 
 namespace {
 
-/// Beside the program where it is installed; in the source tree for a build that was never installed.
+/// Beside the program where it is installed; at the root of the source tree for a build that was not.
 std::vector<std::string> resourceFolders()
 {
     const std::string program = QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString();
-    return {program + "/../share/corvane", CORVANE_INSTALLED_RESOURCES, CORVANE_SOURCE_RESOURCES};
+    return {program + "/../share/corvane", CORVANE_INSTALLED_RESOURCES, program + "/../../../../resources"};
 }
 
 std::string sessionFolder()

@@ -16,6 +16,7 @@ if ! strace -o "$folder/trace" true 2>/dev/null; then
     exit 77
 fi
 mkdir "$folder/sessions"
+export ASAN_OPTIONS=detect_leaks=0 # leaks cannot be looked for while a program is traced
 strace -y -s 0 -o "$folder/trace" -e trace=write,writev,pwrite64,fsync,fdatasync,link,linkat,rename,renameat,renameat2,unlink,unlinkat \
     "$1" "$folder/sessions"
 

@@ -1,0 +1,69 @@
+#!/usr/bin/env bash
+# packaging/check.sh: builds the Debian package, installs it on this machine, uses it and removes it again. Needs root.
+set -euo pipefail
+source "$(dirname "$0")/../scripts/common.sh"
+
+install_packages "${build_packages[@]}" appstream dbus desktop-file-utils dpkg-dev fakeroot libfile-mimeinfo-perl \
+    libglib2.0-bin lintian shared-mime-info xdg-utils
+build release corvane corvane_corvane.1 corvane_changelog
+cd "$root"
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+id=example.corvane.Corvane
+
+expect() { # expect WHAT COMMAND…
+    local what=$1
+    shift
+    if "$@"; then echo "ok: $what"; else echo "Not so: $what ($*)" >&2; exit 1; fi
+}
+
+echo "== A tree of its own"
+DESTDIR=$work/tree cmake --install build/release --prefix /usr >/dev/null
+share=$work/tree/usr/share
+expect "the desktop file is valid" desktop-file-validate "$share/applications/$id.desktop"
+expect "the metainfo is valid" appstreamcli validate --no-net "$share/metainfo/$id.metainfo.xml"
+expect "the MIME type is taken" update-mime-database "$share/mime"
+expect "the bus knows the installed program" grep -qx "Exec=/usr/bin/corvane" "$share/dbus-1/services/$id.service"
+
+echo "== The package"
+(cd build/release && cpack -G DEB >/dev/null)
+package=$(ls -t build/release/packages/*.deb | head -n1)
+expect "lintian finds no error" lintian --fail-on error --allow-root "$package"
+as_root dpkg -i "$package" >/dev/null
+files=$(dpkg -L corvane | while read -r path; do [ -d "$path" ] || echo "$path"; done)
+
+export HOME=$work/home XDG_RUNTIME_DIR=$work/run QT_QPA_PLATFORM=offscreen
+mkdir -p "$HOME"
+mkdir -m700 "$XDG_RUNTIME_DIR"
+unset DISPLAY WAYLAND_DISPLAY XDG_CONFIG_HOME XDG_DATA_HOME DBUS_SESSION_BUS_ADDRESS
+expect "an exported project has our type" \
+    [ "$(xdg-mime query filetype "$root/samples/interview.fcpxml")" = application/x-corvane-fcpxml+xml ]
+
+session=$HOME/.local/share/Corvane/session-v1.json
+holds() { # holds PROJECT: the program has loaded it and saved its session
+    for ((i = 0; i < 100; i++)); do
+        [ -f "$session" ] && base64 -d <<<"$(sed 's/.*"sourceXML":"\([^"]*\)".*/\1/; s,\\/,/,g' "$session")" 2>/dev/null |
+            grep -q "<project name=\"$1\"" && return 0
+        sleep 0.1
+    done
+    return 1
+}
+export -f holds
+export root session id
+dbus-run-session -- bash -c '
+    open() {
+        gdbus call --session --dest $id --object-path /${id//.//} --method org.freedesktop.Application.Open \
+            "[\"file://$root/samples/$1.fcpxml\"]" "{}" >/dev/null
+    }
+    open interview && holds Interview && echo "ok: the bus starts the installed program with the project" || exit 1
+    open sunday-service && holds "Sunday Service" && echo "ok: the running program takes the next one" || exit 1
+    process=$(gdbus call --session --dest org.freedesktop.DBus --object-path /org/freedesktop/DBus \
+        --method org.freedesktop.DBus.GetConnectionUnixProcessID $id | tr -dc "0-9 " | cut -d" " -f2)
+    kill "$process"
+' 2>/dev/null
+
+echo "== Removed"
+as_root dpkg -r corvane >/dev/null
+left=$(while read -r path; do [ ! -e "$path" ] || echo "$path"; done <<<"$files")
+expect "nothing of the program is left" [ -z "$left" ]
+expect "the user's own data are left" [ -f "$session" ]
