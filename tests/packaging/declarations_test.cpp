@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <regex>
 #include <set>
 #include <string>
 
@@ -19,11 +18,20 @@ xml::Document packaged(const std::string& name)
     return xml::Document::parse(readFile(root + "/packaging/" + name));
 }
 
+/// What is written between the tags.
 std::string textOf(xml::Element element)
 {
     std::string written;
     xml::Tree(element).write(written, 0);
-    return std::string(trimmed(std::regex_replace(written, std::regex("<[^>]*>"), "")));
+    std::string text;
+    bool inTag = false;
+    for (const char c : written) {
+        inTag = inTag || c == '<';
+        if (!inTag)
+            text += c;
+        inTag = inTag && c != '>';
+    }
+    return std::string(trimmed(text));
 }
 
 /// The value element of a key in a property list's dictionary.
@@ -42,10 +50,14 @@ std::optional<xml::Element> valueOf(xml::Element dictionary, std::string_view ke
 std::set<std::string> codesInSource()
 {
     const std::string source = readFile(root + "/src/intake/share_receiver.cpp");
-    const std::regex literal(R"re("([ -~]{4})")re");
     std::set<std::string> codes;
-    for (std::sregex_iterator it(source.begin(), source.end(), literal), end; it != end; ++it)
-        codes.insert((*it)[1]);
+    constexpr std::size_t length = 4;
+    for (std::size_t at = source.find('"'); at != std::string::npos; at = source.find('"', at)) {
+        const std::size_t end = source.find('"', at + 1);
+        if (end - at == length + 1)
+            codes.insert(source.substr(at + 1, length));
+        at = end + 1;
+    }
     return codes;
 }
 
