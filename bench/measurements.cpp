@@ -19,6 +19,8 @@ double medianOf(std::vector<double> values)
 
 std::string figureText(const std::string& name, double value)
 {
+    if (name.ends_with("ratio"))
+        return fixed(value, 2) + " x";
     return name.ends_with("bytes") ? fixed(value / 1e6, 2) + " MB" : durationText(value);
 }
 

@@ -14,7 +14,7 @@ namespace corvane::bench {
 inline constexpr int repetitions = 5;
 
 /// The figure that a job gives to SetIterationTime. Its counters are figures too; all figures are seconds, but those
-/// whose names end in "bytes".
+/// whose names end in "bytes" or "ratio".
 inline constexpr std::string_view ownTime = "time";
 
 /// Keeps the figures of a run of the benchmarks, and prints them as they come in.
