@@ -34,7 +34,7 @@ try {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     SingleInstance instance("example.corvane.Corvane.measured");
-    if (!instance.claim({}, [](const std::vector<std::string>&) {}))
+    if (instance.claim({}, [](const std::vector<std::string>&) {}) != SingleInstance::Claim::first)
         return EXIT_FAILURE;
     theme::apply(application);
     installAccessibleWidgets();

@@ -43,7 +43,8 @@ CorvaneApp::CorvaneApp()
           .mainThread = interfaceThread(),
           .busy = [this](const std::string& text) { return busy_.show(text); }}),
       window_(std::make_unique<MainWindow>(MainWindowServices{
-          view_, XMLInbox::shared(), defaults_, resources_, updater_, busy_, showInFileManager,
+          view_, XMLInbox::shared(), defaults_, resources_, updater_, busy_,
+          [this](const std::string& path) { reveal(path); },
           product::BundleInfo{CORVANE_SHORT_VERSION, CORVANE_BUILD}}))
 {
     dialogs_.setParent(window_.get());
@@ -68,6 +69,12 @@ void CorvaneApp::open(const std::vector<std::string>& locations)
         activate();
     else
         openURLs(locations, XMLInbox::shared(), alerts_, [this] { activate(); });
+}
+
+void CorvaneApp::reveal(const std::string& path)
+{
+    if (!showInFileManager(path))
+        alerts_.showAlert("No file manager could be opened.", path);
 }
 
 void CorvaneApp::activate()

@@ -41,6 +41,7 @@ public:
 
 private:
     void activate();
+    void reveal(const std::string& path);
     void showWindow();
 
     FileUserDefaults defaults_;

@@ -40,14 +40,20 @@ try {
     std::vector<std::string> locations = givenLocations(QCoreApplication::arguments());
     SingleInstance instance{std::string(product::desktopID)};
     std::unique_ptr<CorvaneApp> app;
-    const bool first = instance.claim(locations, [&](const std::vector<std::string>& requested) {
+    const auto claim = instance.claim(locations, [&](const std::vector<std::string>& requested) {
         if (app)
             app->open(requested);
         else
             locations.insert(locations.end(), requested.begin(), requested.end());
     });
-    if (!first)
+    if (claim == SingleInstance::Claim::handedOver)
         return 0;
+    if (claim == SingleInstance::Claim::unanswered) {
+        theme::apply(application);
+        ModalAlerts().showAlert(
+            "Corvane is running already, but does not answer.", "Wait until it does, or end it and start again.");
+        return 1;
+    }
     if (SingleInstance::startedByBus())
         instance.awaitFirstRequest();
 

@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-void showInFileManager(const std::string& path)
+bool showInFileManager(const std::string& path)
 {
     const QFileInfo file(QFile::decodeName(path.c_str()));
     const QDBusConnection bus = QDBusConnection::sessionBus();
@@ -20,9 +20,9 @@ void showInFileManager(const std::string& path)
         show << QStringList(QUrl::fromLocalFile(file.absoluteFilePath()).toString()) << QString();
         constexpr int patience = 2000; // milliseconds
         if (bus.call(show, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage)
-            return;
+            return true;
     }
-    QDesktopServices::openUrl(QUrl::fromLocalFile(file.absolutePath()));
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(file.absolutePath()));
 }
 
 } // namespace corvane

@@ -74,27 +74,26 @@ bool SingleInstance::startedByBus()
     return qEnvironmentVariableIsSet("DBUS_STARTER_BUS_TYPE");
 }
 
-bool SingleInstance::claim(const std::vector<std::string>& locations, Requests requests)
+SingleInstance::Claim SingleInstance::claim(const std::vector<std::string>& locations, Requests requests)
 {
     lock_ = std::make_unique<QLockFile>(qtText(runtimeFolder_ + "/" + id_ + ".lock"));
     lock_->setStaleLockTime(0); // a lock is as old as its process, which may run for days
-    if (!lock_->tryLock()) {
-        // The other process holds the lock before it listens: wait until it does.
-        QElapsedTimer waiting;
-        waiting.start();
-        while (waiting.elapsed() < patience) {
-            if (handOverSocket(locations))
-                return false;
-            if (lock_->tryLock())
-                break; // it went away meanwhile
-            QThread::msleep(20);
-        }
+    QElapsedTimer waiting;
+    waiting.start();
+    // The other process holds the lock before it listens: wait until it does. What cannot be locked at all, such as a
+    // folder that takes no files, is no reason not to start.
+    while (!lock_->tryLock() && lock_->error() == QLockFile::LockFailedError) {
+        if (handOverSocket(locations))
+            return Claim::handedOver;
+        if (waiting.elapsed() > patience)
+            return Claim::unanswered; // two programs on one session would overwrite each other's work
+        QThread::msleep(20);
     }
     requests_ = std::move(requests);
     if (!claimBus() && handOverBus(locations))
-        return false;
+        return Claim::handedOver;
     listen();
-    return true;
+    return Claim::first;
 }
 
 bool SingleInstance::handOverSocket(const std::vector<std::string>& locations) const

@@ -24,9 +24,12 @@ public:
     explicit SingleInstance(std::string id);
     ~SingleInstance() override;
 
-    /// True when this process is the first one: it then receives every request, from now on. False when another one
-    /// runs and has taken `locations` over.
-    [[nodiscard]] bool claim(const std::vector<std::string>& locations, Requests requests);
+    enum class Claim {
+        first,      ///< this process receives every request, from now on
+        handedOver, ///< another one runs and has taken the locations over
+        unanswered, ///< another one runs and does not answer
+    };
+    [[nodiscard]] Claim claim(const std::vector<std::string>& locations, Requests requests);
 
     /// True when the bus started this process to handle a request, which is on its way.
     [[nodiscard]] static bool startedByBus();

@@ -26,6 +26,23 @@ std::string wholeNumber(double value)
     return fixed(std::round(value), 0);
 }
 
+const std::string wholeProjectCovered =
+    "Selected cameras cover the whole project, including all fixed camera sections.";
+
+/// The title and the ranges in timecodes; empty without any.
+std::string rangesInWords(const CutEngine& engine, std::string_view title, const std::vector<FrameRange>& ranges)
+{
+    constexpr std::size_t most = 50; // nobody listens longer
+    std::string text;
+    for (std::size_t i = 0; i < std::min(most, ranges.size()); ++i) {
+        text += i == 0 ? std::string(title) : ", ";
+        text += timecodeLabel(engine, ranges[i].start) + " to " + timecodeLabel(engine, ranges[i].end);
+    }
+    if (ranges.size() > most)
+        text += " and " + std::to_string(ranges.size() - most) + " more";
+    return text.empty() ? text : text + ".";
+}
+
 } // namespace
 
 WorkspaceStage stage(const ContentView& view)
@@ -110,8 +127,7 @@ std::string videoGapsText(const ContentView& view)
     const auto gaps = videoGaps(view);
     if (!gaps)
         return "";
-    return gaps->empty() ? "Selected cameras cover the whole project, including all fixed camera sections."
-                         : std::to_string(gaps->size()) + " uncovered video section(s)";
+    return gaps->empty() ? wholeProjectCovered : std::to_string(gaps->size()) + " uncovered video section(s)";
 }
 
 Hints hints(const ContentView& view)
@@ -270,21 +286,15 @@ std::string secondsLabel(double seconds)
 
 std::string stretchesInWords(const CutEngine& engine, const std::vector<FrameRange>& stretches)
 {
-    const auto list = [&engine](std::string_view title, const std::vector<FrameRange>& ranges) {
-        constexpr std::size_t most = 50; // nobody listens longer
-        std::string text;
-        for (std::size_t i = 0; i < std::min(most, ranges.size()); ++i) {
-            text += i == 0 ? std::string(title) : ", ";
-            text += timecodeLabel(engine, ranges[i].start) + " to " + timecodeLabel(engine, ranges[i].end);
-        }
-        if (ranges.size() > most)
-            text += " and " + std::to_string(ranges.size() - most) + " more";
-        return text.empty() ? text : text + ".";
-    };
-    const std::string footage = list("Footage: ", stretches);
-    const std::string gaps =
-        list(footage.empty() ? "No footage: " : " No footage: ", uncoveredStretches(stretches, engine.length));
+    const std::string footage = rangesInWords(engine, "Footage: ", stretches);
+    const std::string gaps = rangesInWords(
+        engine, footage.empty() ? "No footage: " : " No footage: ", uncoveredStretches(stretches, engine.length));
     return footage + gaps;
+}
+
+std::string gapsInWords(const CutEngine& engine, const std::vector<FrameRange>& gaps)
+{
+    return gaps.empty() ? wholeProjectCovered : rangesInWords(engine, "Gaps: ", gaps);
 }
 
 } // namespace corvane

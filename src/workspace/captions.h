@@ -99,5 +99,7 @@ struct AudioChoice {
 [[nodiscard]] std::string secondsLabel(double seconds);
 /// Where there is footage and where there is none, with timecodes: for who cannot see the bar.
 [[nodiscard]] std::string stretchesInWords(const CutEngine& engine, const std::vector<FrameRange>& stretches);
+/// "Gaps: 00:00:30:00 to 00:00:40:00.", or that there is none.
+[[nodiscard]] std::string gapsInWords(const CutEngine& engine, const std::vector<FrameRange>& gaps);
 
 } // namespace corvane

@@ -4,13 +4,12 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
-
 #include <QHelpEvent>
 #include <QKeySequence>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
+#include <map>
 
 namespace corvane {
 namespace {

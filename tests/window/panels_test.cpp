@@ -172,10 +172,15 @@ TEST(CoveragePanel, NamesTheProjectItsBarsAndItsGaps)
     EXPECT_EQ(
         gui.labelled<CoverageBar>("C (Camera 1)")->accessibleDescription(),
         "Footage: 00:00:00:00 to 00:00:30:00. No footage: 00:00:30:00 to 00:00:40:00.");
+    EXPECT_EQ(
+        gui.labelled<CoverageBar>("Selected video gaps")->accessibleDescription(),
+        "Selected cameras cover the whole project, including all fixed camera sections.");
     gui.view().selectMainCamera("C");
     for (const char* other : {"A", "B"})
         gui.view().setCameraIncluded(other, ContentView::Inclusion::excluded);
     EXPECT_NE(gui.withText<QLabel>("1 uncovered video section(s)"), nullptr);
+    EXPECT_EQ(
+        gui.labelled<CoverageBar>("Selected video gaps")->accessibleDescription(), "Gaps: 00:00:30:00 to 00:00:40:00.");
 }
 
 } // namespace

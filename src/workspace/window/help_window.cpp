@@ -75,6 +75,8 @@ CorvaneHelpView::CorvaneHelpView(LoadedManual manual, std::function<void()> clos
         return;
     }
     column->addWidget(makeTopics(), 1);
+    setFocusProxy(query_);
+    query_->setFocus();
     showTopics();
 }
 
@@ -147,7 +149,6 @@ QWidget* CorvaneHelpView::makeNothingMatches()
     title->setProperty("role", "title");
     auto* hint = new QLabel(qt(help_texts::nothingMatchesHint), page);
     hint->setProperty("role", "help");
-    hint->setWordWrap(true);
     auto* all = new QPushButton(qt(help_texts::showAllTopics), page);
     all->setAutoDefault(false);
     connect(all, &QPushButton::clicked, this, [this] { query_->clear(); });
@@ -221,6 +222,8 @@ void CorvaneHelpWindow::show()
         column->addWidget(new CorvaneHelpView(loadedManual(resources_), [window] { window->close(); }, window));
         auto* shortcut = new QShortcut(QKeySequence(QKeySequence::Close), window);
         QObject::connect(shortcut, &QShortcut::activated, window, &QWidget::close);
+        auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), window);
+        QObject::connect(escape, &QShortcut::activated, window, &QWidget::close);
     }
     bringToFront(*window_);
 }

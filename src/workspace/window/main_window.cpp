@@ -52,6 +52,13 @@ protected:
     }
 };
 
+/// A splitter puts what it is given behind what it has; screen readers go through it in that order.
+void keepReadingOrder(QSplitter& split)
+{
+    for (int i = 0; i < split.count(); ++i)
+        split.widget(i)->raise();
+}
+
 } // namespace
 
 MainWindow::MainWindow(MainWindowServices services)
@@ -145,6 +152,7 @@ QWidget* MainWindow::makeLoadedPage()
     split_->setStretchFactor(0, 0);
     split_->setStretchFactor(1, 1);
     split_->setSizes({430, 500});
+    keepReadingOrder(*split_);
     return split_;
 }
 
@@ -192,6 +200,7 @@ QWidget* MainWindow::makeResult()
         resultSplit_->addWidget(panel);
         panels_.push_back(panel);
     }
+    keepReadingOrder(*resultSplit_);
     resultSplit_->setStretchFactor(0, 3);
     resultSplit_->setStretchFactor(1, 1);
     return resultSplit_;

@@ -18,6 +18,8 @@ void BookendsPanel::add(const QString& title, Fields fields)
     auto* enabled = new QCheckBox(title, this);
     auto* camera = new Picker(this);
     auto* length = new Stepper("", {1, 120, 1}, this);
+    for (QWidget* control : {static_cast<QWidget*>(camera), static_cast<QWidget*>(&length->box())})
+        control->setAccessibleDescription(QString(title).remove('&'));
     column().addWidget(enabled);
     auto* choice = new QHBoxLayout;
     choice->addWidget(labelFor(*camera, tr("Camera"), this));

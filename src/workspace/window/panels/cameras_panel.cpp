@@ -115,6 +115,7 @@ void CamerasPanel::addCamera(const ImportedAngle& angle)
     camera.included->setMinimumWidth(1); // a long name is cut off at the right edge, not the panel widened
     camera.included->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     camera.wait = new Stepper(utf8(tr("Wait before returning to this camera")), waitSeconds, camera.holder);
+    camera.wait->box().setAccessibleDescription(label);
     rows->addWidget(camera.included);
     rows->addWidget(camera.wait);
     cameraRows_->addWidget(camera.holder);

@@ -98,17 +98,24 @@ void CoveragePanel::showUse()
         row.bar->setAccessibleName(row.label->text()); // a label's own name for its buddy would lose every "&"
         row.label->setEnabled(used);
         const CameraMark& mark = marks_.of(row.camera);
-        row.bar->show(engine, engine.stretches(row.camera), used ? mark.color : theme::unusedGrey, mark.letter);
+        const auto& stretches = engine.stretches(row.camera);
+        row.bar->show(
+            {engine.length, stretches, used ? mark.color : theme::unusedGrey, mark.letter,
+             qt(stretchesInWords(engine, stretches))});
     }
     const std::string& audio = settings().audio;
     audio_.label->setText(tr("Audio: %1").arg(audio.empty() ? QString() : qt(view_.angleLabel(audio))));
-    audio_.bar->show(engine, engine.audioStretches(audio), theme::mutedBeige, {});
+    const auto& sound = engine.audioStretches(audio);
+    audio_.bar->show({engine.length, sound, theme::mutedBeige, {}, qt(stretchesInWords(engine, sound))});
 }
 
 void CoveragePanel::showGaps()
 {
+    const CutEngine& engine = view_.state().loaded->engine;
     const auto gaps = videoGaps(view_);
-    gaps_.bar->show(view_.state().loaded->engine, gaps.value_or(std::vector<FrameRange>()), theme::orange, {});
+    const std::vector<FrameRange> stretches = gaps.value_or(std::vector<FrameRange>());
+    gaps_.bar->show(
+        {engine.length, stretches, theme::orange, {}, gaps ? qt(gapsInWords(engine, stretches)) : QString()});
     gapsText_->setText(qt(videoGapsText(view_)));
     gapsText_->setVisible(gaps.has_value());
 }

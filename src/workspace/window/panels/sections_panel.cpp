@@ -18,7 +18,12 @@ SectionsPanel::SectionsPanel(ContentView& view, QWidget* parent)
                "unchanged. These sections are restored with your session but are not saved in presets."));
     column().addWidget(add_, 0, Qt::AlignLeft);
     column().addLayout(rowsColumn_);
-    connect(add_, &QPushButton::clicked, this, [this] { view_.addSection(); });
+    connect(add_, &QPushButton::clicked, this, [this] {
+        const std::size_t before = rows_.size();
+        view_.addSection();
+        if (rows_.size() > before)
+            rows_.back().name->setFocus();
+    });
 }
 
 void SectionsPanel::refresh(const Changes& changes)
@@ -107,8 +112,12 @@ void SectionsPanel::connectRow(const Row& row)
     });
     connect(row.remove, &QPushButton::clicked, this, [this, id] {
         const auto& sections = settings().sections;
-        const auto found = std::ranges::find(sections, id, &SectionDraft::id);
-        view_.removeSection(static_cast<std::size_t>(found - sections.begin()));
+        const auto position =
+            static_cast<std::size_t>(std::ranges::find(sections, id, &SectionDraft::id) - sections.begin());
+        view_.removeSection(position);
+        // A text field would take the focus that the row had, and with it the key for Undo.
+        QPushButton* next = rows_.empty() ? add_ : rows_[std::min(position, rows_.size() - 1)].remove;
+        next->setFocus();
     });
 }
 

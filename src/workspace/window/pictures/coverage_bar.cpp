@@ -1,8 +1,6 @@
 #include "workspace/window/pictures/coverage_bar.h"
 
-#include "workspace/captions.h"
 #include "workspace/window/pictures/time_axis.h"
-#include "workspace/window/qt_text.h"
 #include "workspace/window/theme.h"
 
 #include <QEvent>
@@ -18,16 +16,12 @@ CoverageBar::CoverageBar(QWidget* parent) : QWidget(parent)
     setProperty("picture", true);
 }
 
-void CoverageBar::show(
-    const CutEngine& engine, const std::vector<FrameRange>& stretches, const QColor& color, const QString& letter)
+void CoverageBar::show(const Content& content)
 {
-    if (length_ == engine.length && stretches_ == stretches && color_ == color && letter_ == letter)
+    if (content_ == content)
         return;
-    length_ = engine.length;
-    stretches_ = stretches;
-    color_ = color;
-    letter_ = letter;
-    setAccessibleDescription(qt(stretchesInWords(engine, stretches)));
+    content_ = content;
+    setAccessibleDescription(content.words);
     update();
 }
 
@@ -35,13 +29,13 @@ void CoverageBar::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(rect(), theme::fieldGrey);
-    const TimeScale scale(length_, 0, width());
+    const TimeScale scale(content_.length, 0, width());
     QRectF lettered;
-    for (const FrameRange& stretch : stretches_) {
+    for (const FrameRange& stretch : content_.stretches) {
         const double left = scale.x(stretch.start);
         const double right = std::max(scale.x(stretch.end), left + 1); // a frame of footage is seen, too
         const QRectF piece(left, 2, right - left, height() - 4);
-        painter.fillRect(piece, color_);
+        painter.fillRect(piece, content_.color);
         constexpr double roomForLetter = 18;
         if (lettered.isNull() && piece.width() > roomForLetter)
             lettered = piece;
@@ -52,7 +46,7 @@ void CoverageBar::paintEvent(QPaintEvent*)
     letters.setBold(true);
     painter.setFont(letters);
     painter.setPen(QColor(0x16, 0x16, 0x16));
-    painter.drawText(lettered.adjusted(5, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft, letter_);
+    painter.drawText(lettered.adjusted(5, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft, content_.letter);
 }
 
 bool CoverageBar::event(QEvent* event)

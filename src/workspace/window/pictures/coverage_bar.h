@@ -15,19 +15,24 @@ class CoverageBar : public QWidget {
 public:
     explicit CoverageBar(QWidget* parent = nullptr);
 
-    /// Stretches in frames of the engine's project; the letter is written into the first stretch that holds it.
-    void show(
-        const CutEngine& engine, const std::vector<FrameRange>& stretches, const QColor& color, const QString& letter);
+    /// What a bar shows: stretches in frames of a project of `length`, the letter in the first stretch that holds it,
+    /// and the same in words.
+    struct Content {
+        Frames length = 1;
+        std::vector<FrameRange> stretches;
+        QColor color;
+        QString letter;
+        QString words;
+        bool operator==(const Content&) const = default;
+    };
+    void show(const Content& content);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     bool event(QEvent* event) override;
 
 private:
-    Frames length_ = 1;
-    std::vector<FrameRange> stretches_;
-    QColor color_;
-    QString letter_;
+    Content content_;
 };
 
 } // namespace corvane

@@ -43,6 +43,8 @@ void CutStrip::show(const CameraMarks& marks)
     const auto& cuts = view_.state().cuts();
     setAccessibleDescription(
         tr("%1 cuts on %2 cameras. The table below has the same cuts.").arg(cuts.size()).arg(cameras_.size()));
+    if (underMouse())
+        QToolTip::hideText(); // it tells of the edit that was shown before
     update();
 }
 
