@@ -1,0 +1,10 @@
+// Bytes as choices: a document by chance, cut by settings and draws by chance, written and read back.
+
+#include "fuzz/target.h"
+#include "support/random_edit.h"
+
+std::string runFuzzInput(std::string_view bytes)
+{
+    corvane::test::ByteDraws draws(bytes);
+    return corvane::test::makeRandomEdit(draws).broken;
+}

@@ -1,0 +1,25 @@
+#include "fuzz/target.h"
+#include "import/final_cut_import_error.h"
+#include "platform/error.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+
+/// Where the fuzzer, or the program that runs the kept inputs, comes in. Anything but an answer ends the process.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    std::string broken;
+    try {
+        broken = runFuzzInput({reinterpret_cast<const char*>(data), size});
+    } catch (const corvane::FinalCutImportError&) {
+    } catch (const corvane::PlatformError&) {
+    }
+    if (broken.empty())
+        return 0;
+    std::fprintf(stderr, "Broken promise: %s\n", broken.c_str());
+    std::abort();
+}

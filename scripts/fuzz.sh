@@ -1,0 +1,46 @@
+#!/usr/bin/env bash
+# scripts/fuzz.sh SECONDS [TARGET…]: fuzzes each target for so long, one after the other, and goes on where the last run
+# ended. The minimised inputs are kept in fuzz/corpora, a line for each run in fuzz/runs.tsv; what breaks a promise lies
+# in build/fuzz/findings and ends the script with an error.
+set -euo pipefail
+source "$(dirname "$0")/common.sh"
+
+seconds=$1
+shift
+[ $# -gt 0 ] || set -- apple_events documents edits manuals presets sessions timecode
+
+install_packages "${build_packages[@]}" "${test_packages[@]}" "${fuzz_packages[@]}"
+build fuzz "${@/#/fuzz_}"
+cd "$root"
+mkdir -p build/fuzz/findings build/fuzz/logs
+found=0
+for target in "$@"; do
+    corpus=build/fuzz/corpus/$target
+    log=build/fuzz/logs/$target-$(date -u +%Y%m%dT%H%M%S).log
+    kept=fuzz/corpora/$target.tar.xz
+    if [ ! -d "$corpus" ]; then
+        mkdir -p "$corpus"
+        [ ! -f "$kept" ] || tar -xJf "$kept" -C "$corpus"
+    fi
+    dictionary=fuzz/$target.dict
+    options=(-timeout=20 -rss_limit_mb=2048 -max_len=8192 -print_final_stats=1 "-artifact_prefix=build/fuzz/findings/$target-")
+    [ ! -f "$dictionary" ] || options+=("-dict=$dictionary")
+    echo "== Fuzzing $target for $seconds s ($log)"
+    result=ok
+    "build/fuzz/fuzz/fuzz_$target" "${options[@]}" -max_total_time="$seconds" "$corpus" "fuzz/seeds/$target" >"$log" 2>&1 ||
+        { result=finding; found=1; tail -n 30 "$log"; }
+    minimised=$corpus.minimised
+    rm -rf "$minimised"
+    mkdir "$minimised"
+    "build/fuzz/fuzz/fuzz_$target" "${options[@]}" -merge=1 "$minimised" "$corpus" "fuzz/seeds/$target" >"$log.merge" 2>&1 &&
+        rm -rf "$corpus" && mv "$minimised" "$corpus"
+    mkdir -p fuzz/corpora
+    tar -C "$corpus" --sort=name --owner=0 --group=0 --mtime=@0 -cJf "$kept" .
+    last=$(grep -E '^#[0-9]+.*cov: ' "$log" | tail -n 1)
+    field() { sed -n "s/.*$1: \([0-9]*\).*/\1/p" <<<"$last"; }
+    printf '%s\t%s\t%s\t%s\t%s\t%s\t%s\t%s\n' "$(date -u +%Y-%m-%d)" "$target" \
+        "$(sed -n 's/^Done [0-9]* runs in \([0-9]*\) second.*/\1/p' "$log")" \
+        "$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")" "$(field cov)" "$(field ft)" \
+        "$(find "$corpus" -type f | wc -l)" "$result" | tee -a fuzz/runs.tsv
+done
+exit $found

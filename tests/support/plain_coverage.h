@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/xml.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvane::test {
+
+/// Whole numbers of 1/240000 s: the frames of every rate, their halves and the samples of sound at 48 kHz.
+using Ticks = std::int64_t;
+[[nodiscard]] Ticks ticksOf(std::string_view time);
+
+/// What one project frame of an angle shows and plays.
+struct PaintedFrame {
+    bool video = false;
+    bool audio = false;
+    bool operator==(const PaintedFrame&) const = default;
+};
+
+/// Asks for each frame of the project alone, from the angle down to the media, whether some media clip holds it whole:
+/// the plain meaning of coverage, without spans, sorting or rounding. Reads documents of randomDocument().
+[[nodiscard]] std::vector<PaintedFrame> paintedAngle(const xml::Document& document, std::string_view angleID);
+
+} // namespace corvane::test
