@@ -4,8 +4,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
+#include <iostream>
 
 /// Where the fuzzer, or the program that runs the kept inputs, comes in. Anything but an answer ends the process.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
@@ -16,10 +16,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     try {
         broken = runFuzzInput({reinterpret_cast<const char*>(data), size});
     } catch (const corvane::FinalCutImportError&) {
+        return 0;
     } catch (const corvane::PlatformError&) {
+        return 0;
     }
     if (broken.empty())
         return 0;
-    std::fprintf(stderr, "Broken promise: %s\n", broken.c_str());
+    std::cerr << "Broken promise: " << broken << std::endl; // before the process ends
     std::abort();
 }

@@ -146,7 +146,8 @@ const std::string& PieceParts::settings(PieceEnds ends)
     std::string text;
     for (const xml::Element child : clip.root().children())
         appendPart(text, partText(writer_, child));
-    return known.emplace(std::move(text));
+    known = std::move(text);
+    return *known;
 }
 
 const PieceParts::Template& PieceParts::angleSource(const std::string& angle, Mode mode, PieceEnds ends)

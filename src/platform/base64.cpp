@@ -13,13 +13,15 @@ constexpr std::string_view alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmno
 constexpr std::uint32_t highestDigit = 0x3F;
 constexpr std::uint8_t noDigit = 0xFF;
 
-constexpr std::array<std::uint8_t, 256> digitValues = [] {
+consteval std::array<std::uint8_t, 256> valuesByDigit()
+{
     std::array<std::uint8_t, 256> values{};
     values.fill(noDigit);
     for (std::size_t n = 0; n < alphabet.size(); ++n)
         values[static_cast<unsigned char>(alphabet[n])] = static_cast<std::uint8_t>(n);
     return values;
-}();
+}
+constexpr std::array<std::uint8_t, 256> digitValues = valuesByDigit();
 
 std::uint32_t byteAt(std::string_view bytes, std::size_t at)
 {

@@ -46,6 +46,25 @@ struct FreeParser {
     void operator()(xmlParserCtxtPtr parser) const { xmlFreeParserCtxt(parser); }
 };
 
+/// Declares an entity as the library does, but without a place: before it asks the loader below, the library looks
+/// whether the file that an entity names is there.
+void declareEntity(
+    void* parser, const xmlChar* name, int type, const xmlChar* publicID, const xmlChar* systemID, xmlChar* content)
+{
+    xmlSAX2EntityDecl(parser, name, type, publicID, systemID, content);
+    const xmlDoc* document = static_cast<xmlParserCtxtPtr>(parser)->myDoc;
+    if (systemID == nullptr || document == nullptr || document->intSubset == nullptr)
+        return;
+    const bool isParameter = type == XML_EXTERNAL_PARAMETER_ENTITY || type == XML_INTERNAL_PARAMETER_ENTITY;
+    void* declared = isParameter ? document->intSubset->pentities : document->intSubset->entities;
+    auto* entity = static_cast<xmlEntityPtr>(xmlHashLookup(static_cast<xmlHashTablePtr>(declared), name));
+    if (entity == nullptr || entity->URI == nullptr)
+        return;
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): the entity owns it
+    xmlFree(const_cast<xmlChar*>(entity->URI));
+    entity->URI = xmlStrdup(reinterpret_cast<const xmlChar*>(""));
+}
+
 void prepareLibrary()
 {
     static std::once_flag once;
@@ -174,6 +193,7 @@ Document Document::parse(std::string_view bytes)
     FirstFatalError firstError;
     parser->_private = &firstError;
     parser->sax->serror = FirstFatalError::onError;
+    parser->sax->entityDecl = declareEntity;
     const std::shared_ptr<xmlDoc> document(
         xmlCtxtReadMemory(
             parser.get(), bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr,

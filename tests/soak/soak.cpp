@@ -1,0 +1,185 @@
+// soak edits ROUNDS | kills ROUNDS | together ROUNDS: drives the controller for so long and ends with an error at the
+// first thing that is not as it should be. `edits` watches the memory, `kills` ends the process at any moment and
+// restores, `together` lets two processes work on the files of one account.
+
+#include "session/saved_session.h"
+#include "support/documents.h"
+#include "support/test_window.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <charconv>
+#include <csignal>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <set>
+
+namespace {
+
+using namespace corvane;
+using test::TestWindow;
+
+void require(bool kept, const std::string& promise)
+{
+    if (!kept)
+        throw std::runtime_error("Not so: " + promise);
+}
+
+std::string bytesOf(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+/// Kilobytes of memory that the process holds.
+long residentMemory()
+{
+    std::ifstream status("/proc/self/statm");
+    long size = 0;
+    long resident = 0;
+    status >> size >> resident;
+    return resident * ::sysconf(_SC_PAGESIZE) / 1024;
+}
+
+/// One round of a person at work. The history keeps to about `longest` revisions: stepping back and generating drops
+/// what came later.
+void work(TestWindow& window, std::mt19937& random, std::size_t longest)
+{
+    window.view().edit([&](WorkspaceState& state) {
+        state.settings.mainShare = static_cast<double>(10 + random() % 81);
+        state.settings.openingEnabled = random() % 2 == 0;
+        state.settings.openingCamera = "A";
+        state.settings.openingSeconds = static_cast<double>(1 + random() % 9);
+    });
+    for (auto back = window.state().history.items.size() < longest ? random() % 3 : longest / 2; back > 0; --back)
+        window.view().stepBack();
+    window.view().generateRoughEdit();
+    window.view().stepBack();
+    window.view().stepForward();
+    if (random() % 4 == 0) {
+        window.view().addSection();
+        window.view().removeSection(0);
+    }
+    require(!window.state().error, window.state().error.value_or(""));
+    require(!window.state().sessionSaveError, window.state().sessionSaveError.value_or(""));
+}
+
+/// The stored file is a session of the project that validates against it.
+SavedEditSession storedSession(const TestWindow& window)
+{
+    SavedEditSession session = decodeSession(bytesOf(window.sessionFile()));
+    validateSession(session, buildEngine(session.sourceXML));
+    return session;
+}
+
+void edits(int rounds)
+{
+    TestWindow window;
+    window.view().importXML(test::document());
+    std::mt19937 random(1);
+    const int warm = rounds / 10;
+    long before = 0;
+    for (int round = 0; round < rounds; ++round) {
+        work(window, random, 40);
+        if (round == warm)
+            before = residentMemory();
+        if (round % (rounds / 10) == 0)
+            std::cout << "round " << round << ": " << residentMemory() << " kB, history of "
+                      << window.state().history.items.size() << '\n';
+    }
+    require(storedSession(window).settings == window.state().settings, "the last change is stored");
+    const long growth = residentMemory() - before;
+    std::cout << rounds << " rounds, from round " << warm << " on " << growth << " kB more\n";
+    require(growth < 2048, "memory does not grow with the rounds");
+}
+
+void kills(int rounds)
+{
+    TestWindow window;
+    window.view().importXML(test::document());
+    window.view().generateRoughEdit();
+    window.quit();
+    std::mt19937 random(2);
+    std::set<double> shares;
+    for (int round = 0; round < rounds; ++round) {
+        const pid_t child = ::fork();
+        require(child >= 0, "a process can be started");
+        if (child == 0) {
+            std::mt19937 own(static_cast<unsigned>(round));
+            window.start();
+            window.view().windowAppeared();
+            for (;;)
+                work(window, own, 10);
+        }
+        ::usleep(static_cast<useconds_t>(2000 + random() % 60000));
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+        window.start();
+        window.view().windowAppeared();
+        require(!window.state().error, "a restore after a kill says nothing");
+        require(window.state().loaded && !window.state().history.items.empty(), "the session is there after a kill");
+        shares.insert(window.state().settings.mainShare);
+        require(window.names("Corvane").size() == 1, "what was abandoned is taken away");
+        window.quit();
+    }
+    std::cout << rounds << " kills, found " << shares.size() << " different settings again\n";
+}
+
+void together(int rounds)
+{
+    TestWindow window;
+    window.view().importXML(test::document());
+    window.quit();
+    std::vector<pid_t> children;
+    for (unsigned number = 0; number < 2; ++number) {
+        children.push_back(::fork());
+        if (children.back() == 0) {
+            try {
+                std::mt19937 random(number);
+                window.start();
+                window.view().windowAppeared();
+                for (int round = 0; round < rounds; ++round) {
+                    work(window, random, 10);
+                    (void)storedSession(window); // the other's or our own, and whole
+                }
+            } catch (const std::exception& failure) {
+                std::cerr << failure.what() << '\n';
+                ::_exit(1);
+            }
+            ::_exit(0);
+        }
+    }
+    for (const pid_t child : children) {
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        require(status == 0, "both go on to the end");
+    }
+    std::size_t others = 0;
+    for (const std::string& name : window.names("Corvane")) {
+        const SavedEditSession session = decodeSession(bytesOf(window.folder.file("Corvane/" + name)));
+        validateSession(session, buildEngine(session.sourceXML));
+        ++others;
+    }
+    std::cout << "two processes, " << rounds << " rounds each: " << others << " files, every one a session\n";
+}
+
+} // namespace
+
+int main(int count, char** arguments)
+try {
+    const std::string kind = count > 1 ? arguments[1] : "";
+    const std::string_view number = count > 2 ? arguments[2] : "";
+    int rounds = 0;
+    std::from_chars(number.data(), number.data() + number.size(), rounds);
+    if (rounds < 10 || (kind != "edits" && kind != "kills" && kind != "together")) {
+        std::cerr << "soak edits|kills|together ROUNDS (10 or more)\n";
+        return 2;
+    }
+    kind == "edits" ? edits(rounds) : kind == "kills" ? kills(rounds) : together(rounds);
+    return 0;
+} catch (const std::exception& failure) {
+    std::cerr << failure.what() << '\n';
+    return 1;
+}
