@@ -48,7 +48,7 @@ public:
 
     /// A member that must be there.
     [[nodiscard]] JsonValue member(std::string_view name) const&;
-    JsonValue member(std::string_view name) const&& = delete;
+    [[nodiscard]] JsonValue member(std::string_view name) const&& = delete;
 
     /// A member that may be missing, read by `read(const JsonValue&)`: optional("end", Null::…, &JsonValue::number).
     template <class Read>
@@ -118,7 +118,7 @@ public:
     ~JsonDocument();
 
     [[nodiscard]] JsonValue root() const& { return JsonValue(*tree_); }
-    JsonValue root() const&& = delete;
+    [[nodiscard]] JsonValue root() const&& = delete;
 
 private:
     friend JsonDocument parseJson(std::string bytes, std::string_view subject);

@@ -129,7 +129,10 @@ void Tree::write(std::string& out, int level) const
     writeElement(out, root(), level);
 }
 
-ElementWriter::ElementWriter() : buffer_(checked(xmlOutputBufferCreateIO(appendTo, nullptr, &out_, nullptr))) {}
+ElementWriter::ElementWriter()
+    : buffer_(checked(xmlOutputBufferCreateIO(appendTo, nullptr, static_cast<void*>(&out_), nullptr)))
+{
+}
 
 ElementWriter::~ElementWriter()
 {

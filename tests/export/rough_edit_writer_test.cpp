@@ -1,14 +1,11 @@
-#include "engine/cut_generation.h"
 #include "export/carry_over.h"
 #include "export/rough_edit_writer.h"
-#include "import/time_values.h"
 #include "platform/xml_tree.h"
 #include "support/documents.h"
 #include "support/refusals.h"
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <set>
 
 namespace corvane {
@@ -43,55 +40,6 @@ std::vector<std::string> pieces(const std::string& written)
     for (const xml::Element piece : spine.children())
         xml::writeElement(texts.emplace_back(), piece, 0);
     return texts;
-}
-
-/// A reader of the written project that knows nothing of the writer: pieces back to cuts, checked on the way.
-std::vector<Cut> readBack(const CutEngine& engine, const std::string& written, const std::string& audio)
-{
-    const auto frames = [&](xml::Element element, std::string_view name) {
-        return alignedFrames(*element.attribute(name), engine.frameNumerator, engine.frameDenominator);
-    };
-    std::vector<Cut> cuts;
-    const xml::Document document = xml::Document::parse(written);
-    const xml::Element spine = *document.root()->firstChild("project")->firstChild("sequence")->firstChild("spine");
-    for (const xml::Element piece : spine.children()) {
-        const Frames start = frames(piece, "offset") - engine.timelineStart;
-        EXPECT_EQ(frames(piece, "start") - engine.sourceStart, start) << "shows the source at its own place";
-        std::string picture, sound;
-        for (const xml::Element source : piece.children()) {
-            const auto mode = source.attribute("srcEnable").value_or("all");
-            if (source.named("mc-source") && (mode == "all" || mode == "video"))
-                picture += *source.attribute("angleID");
-            if (source.named("mc-source") && (mode == "all" || mode == "audio"))
-                sound += *source.attribute("angleID");
-        }
-        EXPECT_EQ(sound, audio);
-        cuts.push_back({{}, picture, start, frames(piece, "duration")});
-    }
-    return cuts;
-}
-
-TEST(RoughEdit, IsReadBackAsTheCutListThatWasWritten)
-{
-    std::mt19937 random(7);
-    const CutEngine engine = engineWith("");
-    for (int round = 0; round < 50; ++round) {
-        std::set<Frames> starts = {0};
-        while (starts.size() < 1 + random() % 40)
-            starts.insert(static_cast<Frames>(random() % 1000));
-        std::vector<std::pair<std::string, Frames>> list;
-        for (const Frames start : starts)
-            list.emplace_back(random() % 2 == 0 ? "A" : "B", start);
-        std::vector<Cut> cuts = cutsAt(list);
-        const std::string written = roughEditXML(engine, cuts, "B");
-        for (Cut& cut : cuts)
-            cut.id = {};
-        ASSERT_EQ(readBack(engine, written, "B"), cuts);
-        if (cuts.size() > 1) {
-            EXPECT_REFUSED(
-                buildEngine(written), "For this prototype, export a timeline containing one uncut multicam clip.");
-        }
-    }
 }
 
 TEST(RoughEdit, WritesTheProjectUnderANewName)
