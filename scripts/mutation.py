@@ -36,7 +36,7 @@ SWAPS = [
     (r"\bif \((?!const )(.+)\)( \{)?$", r"if (!(\1))\2"), (r"\bwhile \((.+)\)( \{)?$", r"while (!(\1))\2"),
     (r"( = |return )([^;?{]+) \? ", r"\1!(\2) ? "), (r"(?<=[( ])!(?=[\w(])", ""),
     (r"(?<![\w.'])(\d[\d']*)(?![\w.'])", lambda m: str(int(m[1].replace("'", "")) + 1)),
-    (r"(?<![\w.'])(\d+\.\d+)(?![\w.'])", lambda m: repr(float(m[1]) * 1.5)),
+    (r"(?<![\w.'])(\d+\.\d+)(?![\w.'])", lambda m: repr(float(m[1]) * 1.5 or 0.5)),
 ]
 STATEMENT = re.compile(r"(\s+)(?!return|throw|break|continue)"
                        r"(?:\+\+[\w.>\[\]-]+|[\w:.>\[\]*()-]+(?: [-+*]?= .*|\(.*\)));$")
