@@ -113,7 +113,8 @@ TEST(RoughEdit, KeepsFadesAtTheEndsOfTheProjectOnly)
     const std::string fades =
         "<adjust-volume><param><fadeIn duration=\"2s\"/><fadeOut duration=\"2.5s\"/></param></adjust-volume>";
     const CutEngine engine = engineWith(
-        fades + "<mc-source angleID=\"A\"><audio-role-source role=\"r\">" + fades + "</audio-role-source></mc-source>");
+        "<note/>" + fades + "<mc-source angleID=\"A\"><audio-role-source role=\"r\">" + fades +
+        "</audio-role-source></mc-source>");
     const auto texts = pieces(roughEditXML(engine, cutsAt({{"A", 0}, {"B", 400}, {"A", 500}}), "A"));
     const auto count = [](const std::string& text, const std::string& what) {
         int found = 0;
@@ -160,6 +161,9 @@ TEST(RoughEdit, GivesTrackingShapesNewIdsInEveryPiece)
     for (const std::string_view id : ids)
         EXPECT_EQ(id.substr(0, 7), "cvtrack");
     EXPECT_EQ(carryOver(engine).lostTracking, std::vector<std::string>{"title T"});
+    const CutEngine acrossAngles = engineWith(
+        R"(<mc-source angleID="A"><tracking-shape id="a"/></mc-source><mc-source angleID="B"><x tracking="a"/></mc-source>)");
+    EXPECT_EQ(carryOver(acrossAngles).lostTracking, std::vector<std::string>{"angle B"});
     EXPECT_EQ(
         carryOver(engineWith("<filter-video/><adjust-crop/><filter-video/><note/>")).leftOut,
         (std::vector<std::string>{"filter-video", "adjust-crop"}));

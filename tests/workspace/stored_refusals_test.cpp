@@ -81,7 +81,7 @@ void addShapes(
 /// Settings with something in every list, and a revision of them.
 void fillWindow(TestWindow& window)
 {
-    window.view().importXML(document());
+    window.view().importXML(document({angle("A", clip("0s", "40s")) + angle("B", clip("0s", "39s"))}));
     window.view().edit([](WorkspaceState& state) {
         state.settings.returnTimes["B"] = 3;
         state.settings.openingEnabled = state.settings.closingEnabled = true;
@@ -137,6 +137,7 @@ std::vector<Breach> historyBreaches(const Json& good)
         {cuts + "/0", R"({"duration":9223372036854775807})", invalid},
         {cuts + "/0", R"({"angle":"Z"})", invalid},
         {second, R"({"start":)" + secondStart + "}", invalid},
+        {cuts, "[" + patched(good.at(Place(cuts + "/0")), "", R"({"angle":"B","duration":1000})") + "]", invalid},
         {cuts, "[]", "The saved edit history has an incomplete timeline."},
         {cuts, "[" + good.at(Place(cuts + "/0")).dump() + "]", "The saved edit history has an incomplete timeline."},
         {cuts + "/0", R"({"start":0.5})", number},

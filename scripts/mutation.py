@@ -1,0 +1,208 @@
+#!/usr/bin/env python3
+"""Tells what the tests notice when the program is wrong.
+
+Draws lines of five layers, changes each in one small way and runs the tests until one fails. Works on a copy of the
+repository in build/mutation, so nothing that is being edited is ever touched. Interrupt it as you like: with the same
+seed it goes on where the file of results ends, as long as the layers are the same. --again runs the survivors of such
+a file against the tests of today.
+"""
+import argparse
+import collections
+import os
+import pathlib
+import random
+import re
+import resource
+import shutil
+import signal
+import subprocess
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+BUILD = ROOT / "build/mutation"
+COPY, TREE = BUILD / "source", BUILD / "tree"
+LAYERS = ["import", "timecode", "engine", "export", "session"]
+TIMEOUT = 90  # seconds, for a mutant that waits for ever; the longest test takes a quarter of this
+
+# What may stand in for what, in lines whose texts are masked. The spaces around operators are those of clang-format;
+# they keep templates, pointers and references out.
+SWAPS = [
+    (r" < ", " <= "), (r" <= ", " < "), (r" > ", " >= "), (r" >= ", " > "), (r" == ", " != "), (r" != ", " == "),
+    (r"(?<!\0) \+ (?!\0|std::)", " - "), (r" - ", " + "), (r" \* (?=[\w(])", " / "), (r" / ", " * "), (r" % ", " / "),
+    (r" \+= (?!\0)", " -= "), (r" -= ", " += "), (r" && ", " || "), (r" \|\| ", " && "),
+    (r"\+\+", "--"), (r"--", "++"), (r"\btrue\b", "false"), (r"\bfalse\b", "true"),
+    (r"\bmin\b(?=[<(])", "max"), (r"\bmax\b(?=[<(])", "min"), (r"\bfloor\(", "ceil("), (r"\bceil\(", "floor("),
+    (r"\bfront\(\)", "back()"), (r"\bback\(\)", "front()"), (r"\bany_of\(", "all_of("), (r"\ball_of\(", "any_of("),
+    (r"\bupper_bound\(", "lower_bound("), (r"\bcontinue;", "break;"),
+    (r"\bif \((?!const )(.+)\)( \{)?$", r"if (!(\1))\2"), (r"\bwhile \((.+)\)( \{)?$", r"while (!(\1))\2"),
+    (r"( = |return )([^;?{]+) \? ", r"\1!(\2) ? "), (r"(?<=[( ])!(?=[\w(])", ""),
+    (r"(?<![\w.'])(\d[\d']*)(?![\w.'])", lambda m: str(int(m[1].replace("'", "")) + 1)),
+    (r"(?<![\w.'])(\d+\.\d+)(?![\w.'])", lambda m: repr(float(m[1]) * 1.5 or 0.5)),
+]
+STATEMENT = re.compile(r"(\s+)(?!return|throw|break|continue)"
+                       r"(?:\+\+[\w.>\[\]-]+|[\w:.>\[\]*()-]+(?: [-+*]?= .*|\(.*\)));$")
+TEXT = re.compile(r'"(?:\\.|[^"\\])*"|\'(?:\\.|[^\'\\])\'')
+INLINE = re.compile(r"\{ .*; \}$")  # all else in headers declares; a default value there rebuilds half the program
+DECLARATION = re.compile(r"\s*(#|template|namespace|using|static_assert)")
+
+
+def candidates(line, starts):
+    """All changed forms of a line of code; none where only text, a comment or a declaration stands."""
+    texts = TEXT.findall(line)
+    code = TEXT.sub("\0", line).split("//")[0].rstrip()
+    if DECLARATION.match(code):
+        return []
+    found = []
+    for pattern, instead in SWAPS:
+        for match in re.finditer(pattern, code):
+            new = match.expand(instead) if isinstance(instead, str) else instead(match)
+            found.append(code[:match.start()] + new + code[match.end():])
+    if starts and (statement := STATEMENT.match(code)):
+        found.append(statement[1] + ";")
+    return [re.sub("\0", lambda _, left=iter(texts): next(left), form) for form in found]
+
+
+def places():
+    for layer in LAYERS:
+        for path in sorted((COPY / "src" / layer).glob("*.[hc]*")):
+            before = ";"
+            for number, line in enumerate(path.read_text().split("\n")):
+                # A statement alone can go; half of one that goes on over several lines cannot.
+                forms = candidates(line, before.endswith((";", "{", "}", ":", ")", "else")))
+                if forms:
+                    yield path.relative_to(COPY).as_posix(), number, line, forms
+                before = line.split(" //")[0].strip() or ";"
+
+
+def limit():
+    """A mutant may loop for ever, and take memory for ever too. The longest test takes half of this time alone."""
+    resource.setrlimit(resource.RLIMIT_CPU, (20, 20))
+    resource.setrlimit(resource.RLIMIT_AS, (4 << 30, 4 << 30))
+
+
+def run(command, timeout=TIMEOUT):
+    """True when it succeeds in time. A program that hangs goes with all its children."""
+    process = subprocess.Popen(command, cwd=TREE, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                               stderr=subprocess.DEVNULL, start_new_session=True, preexec_fn=limit,
+                               env=dict(os.environ, LOCPATH=str(ROOT / "build/locale")))
+    try:
+        return process.wait(timeout) == 0
+    except subprocess.TimeoutExpired:
+        return False
+    finally:
+        if process.poll() is None:
+            os.killpg(process.pid, signal.SIGKILL)
+            process.wait()
+
+
+def build(target):
+    return run(["ninja", "-j1", target], 900)
+
+
+def tests(layer):
+    """(name, target, command), the cheapest first."""
+    own = f"tests/{layer}/{layer}_tests"
+    yield "replay", "corvane_replay", ["cmake", "-DREPLAY=tests/replay/corvane_replay", "-DANSWERS=mutant.jsonl",
+                                       f"-DKEPT={COPY}/tests/replay/kept", "-P", COPY / "tests/replay/check_kept.cmake"]
+    yield layer, f"{layer}_tests", [own, "--gtest_fail_fast", "--gtest_filter=-*Laws*"]
+    if layer == "engine":
+        yield "laws", "engine_tests", [own, "--gtest_filter=*Laws*"]
+    if layer == "session":
+        yield "saving order", "corvane_save_twice", [COPY / "tests/session/saving_order.sh",
+                                                     "tests/session/corvane_save_twice"]
+    yield "workspace", "workspace_tests", ["tests/workspace/workspace_tests", "--gtest_fail_fast"]
+
+
+def verdict(path, number, original, mutated):
+    """The first test that fails, "survived", or None when it does not compile."""
+    file, layer = COPY / path, path.split("/")[1]
+    whole = file.read_text()
+    lines = whole.split("\n")
+    if lines[number] != original:
+        raise SystemExit(f"{path}:{number + 1} is another line by now")
+    lines[number] = mutated
+    file.write_text("\n".join(lines))
+    try:
+        if path.endswith(".cpp") and not build(f"src/{layer}/libcorvane_{layer}.a"):
+            return None
+        for name, target, command in tests(layer):
+            if not build(target):
+                return None
+            if not run(command):
+                return name
+        return "survived"
+    finally:
+        file.write_text(whole)
+
+
+def make_copy():
+    """Brings the copy up to date. What has changed must pass the tests first."""
+    changed = not (TREE / "build.ninja").exists()
+    names = subprocess.check_output(["git", "ls-files", "-z"], cwd=ROOT, text=True).split("\0")
+    for name in filter(None, names):
+        old, new = ROOT / name, COPY / name
+        new.parent.mkdir(parents=True, exist_ok=True)
+        if old.is_file() and (not new.exists() or new.read_bytes() != old.read_bytes()):
+            shutil.copyfile(old, new)
+            shutil.copymode(old, new)
+            changed = True
+    if not (TREE / "build.ninja").exists():
+        # A mutant may leave a variable unused; that is for the tests to notice, not for the compiler.
+        subprocess.check_call(["cmake", "-G", "Ninja", "-S", COPY, "-B", TREE, "-DCMAKE_BUILD_TYPE=Release",
+                               "-DCMAKE_CXX_FLAGS=-w", "-DCMAKE_CXX_FLAGS_RELEASE=-O1 -DNDEBUG"])
+    for name, target, command in {test[0]: test for layer in LAYERS for test in tests(layer) if changed}.values():
+        if not build(target) or not run(command):
+            raise SystemExit(f"{name} fails before anything is changed")
+
+
+def rows(file):
+    """The rows of a file of results: place, original, mutated, verdict."""
+    return [line.split("\t") for line in file.read_text().splitlines()] if file.exists() else []
+
+
+def again(file):
+    for place, original, mutated, before in rows(file):
+        if before == "survived":
+            path, number = place.split(":")
+            print(place, mutated.strip(), verdict(path, int(number) - 1, original, mutated), sep="\t", flush=True)
+
+
+def draw(count, seed):
+    results = BUILD / f"results-{seed}.tsv"
+    print(f"seed {seed}, results in {results}", flush=True)
+    known = {(place, mutated): caught_by for place, _, mutated, caught_by in rows(results)}
+    chance = random.Random(seed)
+    drawn = list(places())
+    chance.shuffle(drawn)
+    counted = collections.Counter()
+    for path, number, original, forms in drawn:
+        if counted.total() == count:
+            break
+        place, mutated = f"{path}:{number + 1}", chance.choice(forms)
+        if path.endswith(".h") and not INLINE.search(original):
+            continue
+        caught_by = known.get((place, mutated))
+        if caught_by is None:
+            caught_by = verdict(path, number, original, mutated) or "does not compile"
+            with results.open("a") as file:
+                print(place, original, mutated, caught_by, sep="\t", file=file)
+            print(place, caught_by, flush=True)
+        if caught_by != "does not compile":
+            counted[path.split("/")[1], caught_by == "survived"] += 1
+    print("layer\tdrawn\tcaught\tsurvived")
+    for layer in LAYERS:
+        caught, survived = counted[layer, False], counted[layer, True]
+        print(layer, caught + survived, caught, survived, sep="\t")
+
+
+if __name__ == "__main__":
+    options = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    options.add_argument("places", nargs="?", type=int, default=200)
+    options.add_argument("--seed", type=int, default=random.randrange(10**8))
+    options.add_argument("--again", metavar="RESULTS", type=pathlib.Path)
+    chosen = options.parse_args()
+    signal.signal(signal.SIGTERM, signal.default_int_handler)
+    make_copy()
+    if chosen.again:
+        again(chosen.again)
+    else:
+        draw(chosen.places, chosen.seed)
