@@ -1,4 +1,5 @@
 #include "export/export_files.h"
+#include "export/hand_off.h"
 #include "support/failing_files.h"
 #include "support/refusals.h"
 #include "support/scratch_folder.h"
@@ -85,6 +86,17 @@ TEST(ExportFiles, KeepTheDocumentWhenTheRecordFails)
             << failing << " of " << counting.calls();
         EXPECT_EQ(folder.names(), inDocument ? Names{} : Names{"I Corvane.fcpxml"});
     }
+}
+
+TEST(HandOff, SaysWhichErrorAMissingFinalCutIs)
+{
+    NoBundledApplications services;
+    std::optional<ServiceError> told;
+    openInFinalCut(
+        "/a.fcpxml", services, SecurityScope::system(), [](const auto& work) { work(); },
+        [&](const auto& error) { told = error; });
+    const std::string words = "Final Cut Pro could not be found. Your exported files have been saved.";
+    EXPECT_EQ(told, (ServiceError{"Corvane", 1, words}));
 }
 
 } // namespace
