@@ -5,17 +5,10 @@
 set -euo pipefail
 program=$1
 rough_edit=$2
-if ! command -v strace >/dev/null; then
-    echo "SKIPPED: strace is not installed"
-    exit 77
-fi
+source "$(dirname "$0")/../support/strace.sh"
+skip_unless_traceable
 home=$(realpath "$(mktemp -d)")
 trap 'rm -rf "$home"' EXIT
-if ! strace -o "$home/trace" true 2>/dev/null; then
-    echo "SKIPPED: strace may not trace a process here"
-    exit 77
-fi
-
 mkdir -m700 "$home/run" "$home/work" "$home/exports"
 for name in secret.xml secret.dtd secret.mov; do echo "the secret" >"$home/$name"; done
 cat >"$home/work/project.fcpxml" <<END

@@ -5,16 +5,10 @@
 # traced.
 set -euo pipefail
 
-if ! command -v strace >/dev/null; then
-    echo "SKIPPED: strace is not installed, so the order of the calls was not looked at."
-    exit 77
-fi
+source "$(dirname "$0")/../support/strace.sh"
+skip_unless_traceable
 folder=$(realpath "$(mktemp -d ./saving-order-XXXXXX)")
 trap 'rm -rf "$folder"' EXIT
-if ! strace -o "$folder/trace" true 2>/dev/null; then
-    echo "SKIPPED: strace may not trace a process here, so the order of the calls was not looked at."
-    exit 77
-fi
 mkdir "$folder/sessions"
 export ASAN_OPTIONS=detect_leaks=0 # leaks cannot be looked for while a program is traced
 strace -y -s 0 -o "$folder/trace" -e trace=write,writev,pwrite64,fsync,fdatasync,link,linkat,rename,renameat,renameat2,unlink,unlinkat \
