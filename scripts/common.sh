@@ -7,6 +7,7 @@ test_packages=(libgtest-dev locales strace xz-utils
     dbus libglib2.0-bin xvfb openbox at-spi2-core python3-pyatspi)
 bench_packages=(libbenchmark-dev)
 check_packages=(clang-format-19 cppcheck)
+deep_check_packages=(clang-19 clang-tidy-19)
 fuzz_packages=(clang-19 libclang-rt-19-dev)
 
 # step NAME COMMAND…: silent while it goes well.

@@ -55,8 +55,8 @@ void declareEntity(
     const xmlDoc* document = static_cast<xmlParserCtxtPtr>(parser)->myDoc;
     if (systemID == nullptr || document == nullptr || document->intSubset == nullptr)
         return;
-    const bool isParameter = type == XML_EXTERNAL_PARAMETER_ENTITY || type == XML_INTERNAL_PARAMETER_ENTITY;
-    void* declared = isParameter ? document->intSubset->pentities : document->intSubset->entities;
+    void* declared =
+        type == XML_EXTERNAL_PARAMETER_ENTITY ? document->intSubset->pentities : document->intSubset->entities;
     auto* entity = static_cast<xmlEntityPtr>(xmlHashLookup(static_cast<xmlHashTablePtr>(declared), name));
     if (entity == nullptr || entity->URI == nullptr)
         return;

@@ -53,6 +53,8 @@ void work(TestWindow& window, std::mt19937& random, std::size_t longest)
         state.settings.openingCamera = "A";
         state.settings.openingSeconds = static_cast<double>(1 + random() % 9);
     });
+    while (!window.state().settings.sections.empty())
+        window.view().removeSection(0); // of a round that was cut short
     for (auto back = window.state().history.items.size() < longest ? random() % 3 : longest / 2; back > 0; --back)
         window.view().stepBack();
     window.view().generateRoughEdit();
@@ -72,6 +74,22 @@ SavedEditSession storedSession(const TestWindow& window)
     SavedEditSession session = decodeSession(bytesOf(window.sessionFile()));
     validateSession(session, buildEngine(session.sourceXML));
     return session;
+}
+
+/// Runs the task in a process of its own, which ends there and takes nothing away from this one.
+pid_t inChild(const std::function<void()>& task)
+{
+    const pid_t child = ::fork();
+    require(child >= 0, "a process can be started");
+    if (child != 0)
+        return child;
+    try {
+        task();
+    } catch (const std::exception& failure) {
+        std::cerr << failure.what() << '\n';
+        ::_exit(1);
+    }
+    ::_exit(0);
 }
 
 void edits(int rounds)
@@ -105,18 +123,18 @@ void kills(int rounds)
     std::mt19937 random(2);
     std::set<double> shares;
     for (int round = 0; round < rounds; ++round) {
-        const pid_t child = ::fork();
-        require(child >= 0, "a process can be started");
-        if (child == 0) {
+        const pid_t child = inChild([&] {
             std::mt19937 own(static_cast<unsigned>(round));
             window.start();
             window.view().windowAppeared();
             for (;;)
                 work(window, own, 10);
-        }
+        });
         ::usleep(static_cast<useconds_t>(2000 + random() % 60000));
         ::kill(child, SIGKILL);
-        ::waitpid(child, nullptr, 0);
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        require(WIFSIGNALED(status), "the process works until it is killed");
         window.start();
         window.view().windowAppeared();
         require(!window.state().error, "a restore after a kill says nothing");
@@ -135,22 +153,15 @@ void together(int rounds)
     window.quit();
     std::vector<pid_t> children;
     for (unsigned number = 0; number < 2; ++number) {
-        children.push_back(::fork());
-        if (children.back() == 0) {
-            try {
-                std::mt19937 random(number);
-                window.start();
-                window.view().windowAppeared();
-                for (int round = 0; round < rounds; ++round) {
-                    work(window, random, 10);
-                    (void)storedSession(window); // the other's or our own, and whole
-                }
-            } catch (const std::exception& failure) {
-                std::cerr << failure.what() << '\n';
-                ::_exit(1);
+        children.push_back(inChild([&] {
+            std::mt19937 random(number);
+            window.start();
+            window.view().windowAppeared();
+            for (int round = 0; round < rounds; ++round) {
+                work(window, random, 10);
+                (void)storedSession(window); // the other's or our own, and whole
             }
-            ::_exit(0);
-        }
+        }));
     }
     for (const pid_t child : children) {
         int status = 0;

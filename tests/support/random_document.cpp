@@ -49,7 +49,6 @@ public:
             compounds += "<media id=\"c" + std::to_string(number) + "\"><sequence><spine>" + clips(1, number + 1) +
                          "</spine></sequence></media>";
         const std::string clip = multicamClip(angleCount);
-        const std::string format = rational(1, false);
         return joined(
             {R"(<?xml version="1.0" encoding="UTF-8"?><!DOCTYPE fcpxml><fcpxml version="1.11"><resources>)",
              "<format id=\"r1\" frameDuration=\"",
