@@ -1,7 +1,9 @@
 #include "support/plain_coverage.h"
 
 #include <charconv>
+#include <optional>
 #include <stdexcept>
+#include <utility>
 
 namespace corvane::test {
 
@@ -20,51 +22,70 @@ struct Interval {
     Ticks from, to;
 };
 
-class Painter {
-public:
-    explicit Painter(xml::Element resources) : resources_(resources) {}
+/// An element as its attributes say it, with what is inside.
+struct Plain {
+    Ticks start = 0;
+    Ticks shift = 0; ///< from the parent's time to its own
+    std::optional<Ticks> duration;
+    PaintedFrame shows; ///< by itself
+    PaintedFrame passes = {true, true};
+    std::vector<Plain> inside;
+};
 
-    /// What the element gives of an interval of its parent's time.
-    [[nodiscard]] PaintedFrame shown(xml::Element element, Interval outside) const
+/// What it gives of an interval of its parent's time.
+PaintedFrame shown(const Plain& plain, Interval outside)
+{
+    const Interval here = {outside.from + plain.shift, outside.to + plain.shift};
+    if (plain.duration && (here.from < plain.start || here.to > plain.start + *plain.duration))
+        return {};
+    PaintedFrame shows = plain.shows;
+    for (const Plain& child : plain.inside) {
+        const PaintedFrame more = shown(child, here);
+        shows = {shows.video || more.video, shows.audio || more.audio};
+    }
+    return {shows.video && plain.passes.video, shows.audio && plain.passes.audio};
+}
+
+class Reader {
+public:
+    explicit Reader(xml::Element resources) : resources_(resources) {}
+
+    [[nodiscard]] std::vector<Plain> childrenOf(xml::Element parent) const
     {
-        const std::string kind = element.name();
-        if (element.attribute("enabled") == "0")
-            return {};
-        const Ticks start = ticksOf(element.attribute("start").value_or("0s"));
-        const Ticks shift = start - ticksOf(element.attribute("offset").value_or("0s"));
-        const Interval inside = {outside.from + shift, outside.to + shift};
-        const bool isMedia = kind == "asset-clip" || kind == "audio" || kind == "video";
-        auto duration = element.attribute("duration");
-        PaintedFrame shows;
-        if (isMedia) {
-            const xml::Element asset = resource("asset", *element.attribute("ref"));
-            if (!duration)
-                duration = asset.attribute("duration");
-            shows.video = kind != "audio" && asset.attribute("hasVideo") == "1";
-            shows.audio = kind != "video" && asset.attribute("hasAudio") == "1";
+        std::vector<Plain> all;
+        for (const xml::Element child : parent.children()) {
+            if (!child.named("transition") && child.attribute("enabled") != "0")
+                all.push_back(read(child));
         }
-        if (duration && (inside.from < start || inside.to > start + ticksOf(*duration)))
-            return {};
-        for (const xml::Element child : element.children())
-            add(shows, child, inside);
-        if (kind == "ref-clip") {
-            const xml::Element compound = resource("media", *element.attribute("ref"));
-            for (const xml::Element child : compound.firstChild("sequence")->children())
-                add(shows, child, inside);
-        }
-        const std::string_view mode = element.attribute("srcEnable").value_or("all");
-        shows.video = shows.video && mode != "audio" && mode != "none";
-        shows.audio = shows.audio && mode != "video" && mode != "none";
-        return shows;
+        return all;
     }
 
 private:
-    void add(PaintedFrame& shows, xml::Element child, Interval inside) const
+    [[nodiscard]] Plain read(xml::Element element) const
     {
-        if (child.named("transition"))
-            return;
-        const PaintedFrame more = shown(child, inside);
-        shows = {shows.video || more.video, shows.audio || more.audio};
+        const std::string kind = element.name();
+        Plain plain;
+        plain.start = ticksOf(element.attribute("start").value_or("0s"));
+        plain.shift = plain.start - ticksOf(element.attribute("offset").value_or("0s"));
+        auto duration = element.attribute("duration");
+        if (kind == "asset-clip" || kind == "audio" || kind == "video") {
+            const xml::Element asset = resource("asset", *element.attribute("ref"));
+            if (!duration)
+                duration = asset.attribute("duration");
+            plain.shows.video = kind != "audio" && asset.attribute("hasVideo") == "1";
+            plain.shows.audio = kind != "video" && asset.attribute("hasAudio") == "1";
+        }
+        if (duration)
+            plain.duration = ticksOf(*duration);
+        const std::string_view mode = element.attribute("srcEnable").value_or("all");
+        plain.passes = {mode != "audio" && mode != "none", mode != "video" && mode != "none"};
+        plain.inside = childrenOf(element);
+        if (kind == "ref-clip") {
+            const xml::Element compound = resource("media", *element.attribute("ref"));
+            for (Plain& child : childrenOf(*compound.firstChild("sequence")))
+                plain.inside.push_back(std::move(child));
+        }
+        return plain;
     }
 
     [[nodiscard]] xml::Element resource(std::string_view kind, std::string_view id) const
@@ -102,15 +123,15 @@ std::vector<PaintedFrame> paintedAngle(const xml::Document& document, std::strin
     const xml::Element clip = *sequence.firstChild("spine")->firstChild("mc-clip");
     const xml::Element multicam = *resources.firstChild("media")->firstChild("multicam");
     const Ticks first = ticksOf(*clip.attribute("start")) - ticksOf(*multicam.attribute("tcStart"));
-    const Painter painter(resources);
     std::vector<PaintedFrame> frames(static_cast<std::size_t>(ticksOf(*clip.attribute("duration")) / frame));
     for (const xml::Element angle : multicam.children()) {
         if (angle.attribute("angleID") != angleID)
             continue;
+        const std::vector<Plain> clips = Reader(resources).childrenOf(angle);
         for (std::size_t number = 0; number < frames.size(); ++number) {
             const Ticks from = first + static_cast<Ticks>(number) * frame;
-            for (const xml::Element child : angle.children()) {
-                const PaintedFrame more = painter.shown(child, {from, from + frame});
+            for (const Plain& child : clips) {
+                const PaintedFrame more = shown(child, {from, from + frame});
                 frames[number] = {frames[number].video || more.video, frames[number].audio || more.audio};
             }
         }

@@ -20,8 +20,9 @@ std::string brokenCoverage(const CutEngine& engine)
     };
     for (const auto& [angle, stretches] : engine.coverage) {
         const auto painted = paintedAngle(engine.source->document, angle);
+        const auto& audible = engine.audioStretches(angle);
         for (Frames frame = 0; frame < engine.length; ++frame) {
-            const PaintedFrame found = {holds(stretches, frame), holds(engine.audioStretches(angle), frame)};
+            const PaintedFrame found = {holds(stretches, frame), holds(audible, frame)};
             if (found != painted[static_cast<std::size_t>(frame)])
                 return "frame " + std::to_string(frame) + " of angle " + angle + " is covered as its clips say";
         }
