@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # scripts/fuzz.sh SECONDS [TARGET…]: fuzzes each target for so long, one after the other, and goes on where the last run
-# ended. The minimised inputs are kept in fuzz/corpora, a line for each run in fuzz/runs.tsv; what breaks a promise lies
-# in build/fuzz/findings and ends the script with an error.
+# ended. The minimised inputs are kept in fuzz/corpora, a line for each run in fuzz/runs.tsv (seconds of the clock, and
+# of a processor); what breaks a promise lies in build/fuzz/findings and ends the script with an error.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
@@ -14,6 +14,8 @@ build fuzz "${@/#/fuzz_}"
 cd "$root"
 mkdir -p build/fuzz/findings build/fuzz/logs
 found=0
+# Of the children that have ended.
+processor_seconds() { awk -v ticks="$(getconf CLK_TCK)" '{ print int(($16 + $17) / ticks) }' "/proc/$$/stat"; }
 for target in "$@"; do
     corpus=build/fuzz/corpus/$target
     log=build/fuzz/logs/$target-$(date -u +%Y%m%dT%H%M%S).log
@@ -27,8 +29,10 @@ for target in "$@"; do
     [ ! -f "$dictionary" ] || options+=("-dict=$dictionary")
     echo "== Fuzzing $target for $seconds s ($log)"
     result=ok
+    before=$(processor_seconds)
     "build/fuzz/fuzz/fuzz_$target" "${options[@]}" -max_total_time="$seconds" "$corpus" "fuzz/seeds/$target" >"$log" 2>&1 ||
         { result=finding; found=1; tail -n 30 "$log"; }
+    used=$(($(processor_seconds) - before))
     minimised=$corpus.minimised
     rm -rf "$minimised"
     mkdir "$minimised"
@@ -38,9 +42,9 @@ for target in "$@"; do
     tar -C "$corpus" --sort=name --owner=0 --group=0 --mtime=@0 -cJf "$kept" .
     last=$(grep -E '^#[0-9]+.*cov: ' "$log" | tail -n 1)
     field() { sed -n "s/.*$1: \([0-9]*\).*/\1/p" <<<"$last"; }
-    printf '%s\t%s\t%s\t%s\t%s\t%s\t%s\t%s\n' "$(date -u +%Y-%m-%d)" "$target" \
+    printf '%s\t%s\t%s\t%s\t%s\t%s\t%s\t%s\t%s\n' "$(date -u +%Y-%m-%d)" "$target" \
         "$(sed -n 's/^Done [0-9]* runs in \([0-9]*\) second.*/\1/p' "$log")" \
         "$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")" "$(field cov)" "$(field ft)" \
-        "$(find "$corpus" -type f | wc -l)" "$result" | tee -a fuzz/runs.tsv
+        "$(find "$corpus" -type f | wc -l)" "$result" "$used" | tee -a fuzz/runs.tsv
 done
 exit $found
