@@ -4,7 +4,8 @@
 Draws lines of five layers, changes each in one small way and runs the tests until one fails. Works on a copy of the
 repository in build/mutation, so nothing that is being edited is ever touched. Interrupt it as you like: with the same
 seed it goes on where the file of results ends, as long as the layers are the same. --again runs the survivors of such
-a file against the tests of today.
+a file against the tests of today. --all runs every test of each and names all that fail: a test that never stands alone
+there is one that others stand in for.
 """
 import argparse
 import collections
@@ -16,6 +17,7 @@ import resource
 import shutil
 import signal
 import subprocess
+import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build/mutation"
@@ -42,6 +44,7 @@ STATEMENT = re.compile(r"(\s+)(?!return|throw|break|continue)"
                        r"(?:\+\+[\w.>\[\]-]+|[\w:.>\[\]*()-]+(?: [-+*]?= .*|\(.*\)));$")
 TEXT = re.compile(r'"(?:\\.|[^"\\])*"|\'(?:\\.|[^\'\\])\'')
 INLINE = re.compile(r"\{ .*; \}$")  # all else in headers declares; a default value there rebuilds half the program
+FAILED = re.compile(r"^\[  FAILED  \] ([\w/.]+)(?:,| \()", re.M)
 DECLARATION = re.compile(r"\s*(#|template|namespace|using|static_assert)")
 
 
@@ -79,9 +82,9 @@ def limit():
     resource.setrlimit(resource.RLIMIT_AS, (4 << 30, 4 << 30))
 
 
-def run(command, timeout=TIMEOUT):
+def run(command, timeout=TIMEOUT, output=subprocess.DEVNULL):
     """True when it succeeds in time. A program that hangs goes with all its children."""
-    process = subprocess.Popen(command, cwd=TREE, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+    process = subprocess.Popen(command, cwd=TREE, stdin=subprocess.DEVNULL, stdout=output,
                                stderr=subprocess.DEVNULL, start_new_session=True, preexec_fn=limit,
                                env=dict(os.environ, LOCPATH=str(ROOT / "build/locale")))
     try:
@@ -112,8 +115,17 @@ def tests(layer):
     yield "workspace", "workspace_tests", ["tests/workspace/workspace_tests", "--gtest_fail_fast"]
 
 
-def verdict(path, number, original, mutated):
-    """The first test that fails, "survived", or None when it does not compile."""
+def failures(name, command):
+    """The tests of a test program that fail by name; the program's own name when it does not say which."""
+    with tempfile.TemporaryFile("w+") as output:
+        if run([part for part in command if part != "--gtest_fail_fast"], output=output):
+            return []
+        output.seek(0)
+        return sorted({f"{name} {test}" for test in FAILED.findall(output.read())}) or [name]
+
+
+def verdict(path, number, original, mutated, every=False):
+    """The first test that fails (or every one), "survived", or None when it does not compile."""
     file, layer = COPY / path, path.split("/")[1]
     whole = file.read_text()
     lines = whole.split("\n")
@@ -124,12 +136,15 @@ def verdict(path, number, original, mutated):
     try:
         if path.endswith(".cpp") and not build(f"src/{layer}/libcorvane_{layer}.a"):
             return None
+        failed = []
         for name, target, command in tests(layer):
             if not build(target):
                 return None
-            if not run(command):
+            if every:
+                failed += failures(name, command)
+            elif not run(command):
                 return name
-        return "survived"
+        return ", ".join(failed) or "survived"
     finally:
         file.write_text(whole)
 
@@ -166,7 +181,7 @@ def again(file):
             print(place, mutated.strip(), verdict(path, int(number) - 1, original, mutated), sep="\t", flush=True)
 
 
-def draw(count, seed):
+def draw(count, seed, every):
     results = BUILD / f"results-{seed}.tsv"
     print(f"seed {seed}, results in {results}", flush=True)
     known = {(place, mutated): caught_by for place, _, mutated, caught_by in rows(results)}
@@ -182,7 +197,7 @@ def draw(count, seed):
             continue
         caught_by = known.get((place, mutated))
         if caught_by is None:
-            caught_by = verdict(path, number, original, mutated) or "does not compile"
+            caught_by = verdict(path, number, original, mutated, every) or "does not compile"
             with results.open("a") as file:
                 print(place, original, mutated, caught_by, sep="\t", file=file)
             print(place, caught_by, flush=True)
@@ -198,6 +213,7 @@ if __name__ == "__main__":
     options = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     options.add_argument("places", nargs="?", type=int, default=200)
     options.add_argument("--seed", type=int, default=random.randrange(10**8))
+    options.add_argument("--all", action="store_true")
     options.add_argument("--again", metavar="RESULTS", type=pathlib.Path)
     chosen = options.parse_args()
     signal.signal(signal.SIGTERM, signal.default_int_handler)
@@ -205,4 +221,4 @@ if __name__ == "__main__":
     if chosen.again:
         again(chosen.again)
     else:
-        draw(chosen.places, chosen.seed)
+        draw(chosen.places, chosen.seed, chosen.all)
