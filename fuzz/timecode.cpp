@@ -5,7 +5,7 @@
 #include "fuzz/target.h"
 #include "import/final_cut_import_error.h"
 #include "import/time_values.h"
-#include "support/byte_draws.h"
+#include "fuzz/byte_draws.h"
 
 #include <array>
 

@@ -1,11 +1,11 @@
-#include "support/random_edit.h"
+#include "fuzz/edits/random_edit.h"
 
 #include "engine/cut_generation.h"
 #include "export/rough_edit_writer.h"
 #include "import/final_cut_import_error.h"
-#include "support/plain_coverage.h"
-#include "support/random_document.h"
-#include "support/written_edit.h"
+#include "fuzz/edits/plain_coverage.h"
+#include "fuzz/edits/random_document.h"
+#include "fuzz/edits/written_edit.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/byte_draws.h"
+#include "fuzz/byte_draws.h"
 
 #include <string>
 

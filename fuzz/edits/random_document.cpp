@@ -1,4 +1,4 @@
-#include "support/random_document.h"
+#include "fuzz/edits/random_document.h"
 
 #include <array>
 #include <initializer_list>

@@ -1,4 +1,4 @@
-#include "support/plain_coverage.h"
+#include "fuzz/edits/plain_coverage.h"
 
 #include <charconv>
 #include <optional>

@@ -1,7 +1,7 @@
-#include "support/written_edit.h"
+#include "fuzz/edits/written_edit.h"
 
 #include "platform/xml_tree.h"
-#include "support/plain_coverage.h"
+#include "fuzz/edits/plain_coverage.h"
 
 #include <algorithm>
 #include <map>

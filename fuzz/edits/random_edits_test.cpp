@@ -1,4 +1,4 @@
-#include "support/random_edit.h"
+#include "fuzz/edits/random_edit.h"
 
 #include <gtest/gtest.h>
 
