@@ -3,7 +3,7 @@
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 build_packages=(g++ cmake ninja-build pkg-config libxml2-dev libicu-dev nlohmann-json3-dev qt6-base-dev)
-test_packages=(libgtest-dev locales strace xz-utils
+test_packages=(libgtest-dev locales python3 strace xz-utils
     dbus libglib2.0-bin xvfb openbox at-spi2-core python3-pyatspi)
 bench_packages=(libbenchmark-dev)
 check_packages=(clang-format-19 cppcheck)
@@ -50,8 +50,12 @@ build() {
     local preset=$1
     shift
     cd "$root" || exit 1
-    [ -f "build/$preset/build.ninja" ] || step "Configuring ($preset)" cmake --preset "$preset"
-    step "Building ($preset)" cmake --build --preset "$preset" ${1:+--target "$@"}
+    local first=
+    if [ ! -f "build/$preset/build.ninja" ]; then
+        step "Configuring ($preset)" cmake --preset "$preset"
+        first=", which takes some minutes the first time"
+    fi
+    step "Building ($preset)$first" cmake --build --preset "$preset" ${1:+--target "$@"}
 }
 
 # A locale with a decimal comma, for the test that numbers never pass through it. It stays inside the build folder.
