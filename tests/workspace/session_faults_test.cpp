@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <set>
 
 namespace corvane {
 namespace {
@@ -150,45 +149,6 @@ TEST(SessionFaults, AreToldOfFullDisksLimitsAndForbiddenFolders)
     EXPECT_EQ(readFile(store.sessionFileURL()), first);
     EXPECT_EQ(window.names("small"), Names{"session-v1.json"});
     ::umount(window.folder.file("small").c_str());
-}
-
-TEST(SessionFaults, LeaveTheOldOrTheNewSessionWhenTheProcessIsKilled)
-{
-    TestWindow window;
-    window.view().importXML(document());
-    window.view().generateRoughEdit();
-    window.quit();
-    std::mt19937 random(3);
-    std::set<double> shares;
-    for (int round = 0; round < 200; ++round) {
-        int begun[2];
-        ASSERT_EQ(::pipe(begun), 0);
-        const pid_t child = ::fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
-            window.start();
-            window.view().windowAppeared();
-            (void)!::write(begun[1], "", 1);
-            for (int n = 0;; ++n)
-                window.view().edit(
-                    [&](WorkspaceState& state) { state.settings.mainShare = 10 + (7 * round + n) % 80; });
-        }
-        char byte = 0;
-        ASSERT_EQ(::read(begun[0], &byte, 1), 1);
-        ::close(begun[0]);
-        ::close(begun[1]);
-        ::usleep(static_cast<useconds_t>(random() % 15000));
-        ::kill(child, SIGKILL);
-        ::waitpid(child, nullptr, 0);
-        window.start();
-        window.view().windowAppeared();
-        ASSERT_EQ(window.state().error, std::nullopt) << round;
-        ASSERT_NE(window.state().loaded, nullptr);
-        shares.insert(window.state().settings.mainShare);
-        ASSERT_EQ(window.names("Corvane"), Names{"session-v1.json"}) << "what was abandoned is taken away";
-        window.quit();
-    }
-    EXPECT_GT(shares.size(), 5U) << "the kills hit different moments";
 }
 
 } // namespace

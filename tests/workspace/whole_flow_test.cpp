@@ -160,39 +160,5 @@ TEST(WholeFlow, ReadsASessionWrittenByHand)
     EXPECT_EQ(window.state().history.items.front()->id.text(), "ABCDEF00-0000-4000-8000-00000000000A");
 }
 
-TEST(WholeFlow, StoresPresetsSortedAndRefusesClashes)
-{
-    TestWindow window;
-    window.view().importXML(document());
-    const auto save = [&](const std::string& name) {
-        window.view().beginSavePreset();
-        window.view().edit([&](WorkspaceState& state) { state.presetName = name; });
-        window.view().savePreset(ContentView::PresetSave::asNew);
-    };
-    for (const char* name : {"Service 10", " service 9 ", "Alpha"})
-        save(name);
-    std::vector<std::string> names;
-    for (const EditPreset& preset : window.view().storedPresets())
-        names.push_back(preset.name);
-    EXPECT_EQ(names, (Names{"Alpha", "service 9", "Service 10"}));
-    EXPECT_EQ(window.state().presetNotice, "Saved Alpha.");
-    save("ALPHA ");
-    EXPECT_EQ(
-        window.state().error,
-        "A preset with that name already exists. Choose it and use Update, or save with another name.");
-    window.view().edit([](WorkspaceState& state) { state.settings.mainShare = 35; });
-    window.view().savePreset(ContentView::PresetSave::update);
-    EXPECT_EQ(window.view().chosenPresetRecord()->mainShare, 35);
-    window.view().deletePreset();
-    EXPECT_EQ(window.state().presetNotice, "Deleted Alpha. Your current editing settings are unchanged.");
-    EXPECT_EQ(window.view().storedPresets().size(), 2U);
-    std::string& stored = window.defaults.values["Corvane.savedPresets.v1"];
-    stored = replaced(stored, "\"weight\":5.0", "\"weight\":11");
-    const std::string before = stored;
-    save("New");
-    EXPECT_EQ(window.state().error, "The saved presets could not be read. Your existing saved data has been kept.");
-    EXPECT_EQ(stored, before);
-}
-
 } // namespace
 } // namespace corvane
