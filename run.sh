@@ -21,5 +21,4 @@ echo "There is no display: making a rough edit without the window."
 project=$(realpath -- "${1:-$root/samples/sunday-service.fcpxml}")
 build release corvane_rough_edit
 mkdir -p "$root/exports"
-cd "$root"
-exec build/release/examples/corvane_rough_edit "$project" exports
+exec "$root/build/release/examples/corvane_rough_edit" "$project" "$root/exports"

@@ -61,7 +61,8 @@ void printProject(const ImportedProject& project, const CutEngine& engine)
 void printUsage(const ImportedProject& project, const CutEngine& engine, const std::vector<Cut>& cuts)
 {
     const UsageByCamera usage = cameraUsage(cuts);
-    std::cout << "\nActual camera usage (" << cuts.size() << " cuts)\n"
+    std::cout << "\nActual camera usage (" << cuts.size() << (cuts.size() == 1 ? " cut" : " cuts")
+              << ")\n"
               << std::setw(30) << "Camera" << std::setw(16) << "Screen time" << std::setw(10) << "Share" << "Shots\n";
     for (const ImportedAngle& angle : videoAngles(project, engine)) {
         const auto found = usage.find(angle.id);
@@ -77,10 +78,13 @@ void printCarryOver(const CutEngine& engine)
         std::cout << title;
         for (const std::string& name : names)
             std::cout << (&name == &names.front() ? " " : ", ") << name;
-        std::cout << (names.empty() ? " nothing" : "") << "\n";
+        std::cout << "\n";
     };
     const CarryOver left = carryOver(engine);
-    list("\nOf the multicam clip not carried over:", left.leftOut);
+    if (left.leftOut.empty())
+        std::cout << "\nAll that the multicam clip has is carried over.\n";
+    else
+        list("\nOf the multicam clip not carried over:", left.leftOut);
     if (!left.lostTracking.empty())
         list("Follow a shape that is not in their own angle any more:", left.lostTracking);
 }
