@@ -61,8 +61,7 @@ void printProject(const ImportedProject& project, const CutEngine& engine)
 void printUsage(const ImportedProject& project, const CutEngine& engine, const std::vector<Cut>& cuts)
 {
     const UsageByCamera usage = cameraUsage(cuts);
-    std::cout << "\nActual camera usage (" << cuts.size() << (cuts.size() == 1 ? " cut" : " cuts")
-              << ")\n"
+    std::cout << "\nActual camera usage (" << cuts.size() << (cuts.size() == 1 ? " cut" : " cuts") << ")\n"
               << std::setw(30) << "Camera" << std::setw(16) << "Screen time" << std::setw(10) << "Share" << "Shots\n";
     for (const ImportedAngle& angle : videoAngles(project, engine)) {
         const auto found = usage.find(angle.id);

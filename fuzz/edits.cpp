@@ -1,7 +1,7 @@
 // Bytes as choices: a document by chance, cut by settings and draws by chance, written and read back.
 
-#include "fuzz/target.h"
 #include "fuzz/edits/random_edit.h"
+#include "fuzz/target.h"
 
 std::string runFuzzInput(std::string_view bytes)
 {

@@ -2,10 +2,10 @@
 
 #include "timecode/timecode.h"
 
+#include "fuzz/byte_draws.h"
 #include "fuzz/target.h"
 #include "import/final_cut_import_error.h"
 #include "import/time_values.h"
-#include "fuzz/byte_draws.h"
 
 #include <array>
 

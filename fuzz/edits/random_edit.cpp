@@ -2,10 +2,10 @@
 
 #include "engine/cut_generation.h"
 #include "export/rough_edit_writer.h"
-#include "import/final_cut_import_error.h"
 #include "fuzz/edits/plain_coverage.h"
 #include "fuzz/edits/random_document.h"
 #include "fuzz/edits/written_edit.h"
+#include "import/final_cut_import_error.h"
 
 #include <algorithm>
 

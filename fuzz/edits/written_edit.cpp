@@ -1,7 +1,7 @@
 #include "fuzz/edits/written_edit.h"
 
-#include "platform/xml_tree.h"
 #include "fuzz/edits/plain_coverage.h"
+#include "platform/xml_tree.h"
 
 #include <algorithm>
 #include <map>
