@@ -35,10 +35,10 @@ TEST(Locale, NeverReachesANumber)
     EXPECT_NE(before.find("0.04 seconds"), std::string::npos) << before;
     ASSERT_NE(std::setlocale(LC_ALL, "de_DE.UTF-8"), nullptr) << "run ./test.sh once: it generates the locale";
     char comma[8];
-    std::snprintf(comma, sizeof comma, "%.1f", 0.5);
+    ASSERT_EQ(std::snprintf(comma, sizeof comma, "%.1f", 0.5), 3);
     EXPECT_STREQ(comma, "0,5") << "the locale took";
     EXPECT_EQ(everyText(), before);
-    std::setlocale(LC_ALL, "C");
+    EXPECT_NE(std::setlocale(LC_ALL, "C"), nullptr);
 }
 
 } // namespace

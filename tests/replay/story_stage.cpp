@@ -32,7 +32,7 @@ private:
 class StoryStage::StoredPresets : public UserDefaults {
 public:
     explicit StoredPresets(StoryStage& stage) : stage_(stage) {}
-    std::string value(const std::string&) const override { return stage_.presets; }
+    [[nodiscard]] std::string value(const std::string&) const override { return stage_.presets; }
     void setValue(const std::string&, std::string_view bytes) override { stage_.presets = bytes; }
 
 private:
@@ -58,7 +58,7 @@ private:
 class StoryStage::StagedServices : public WorkspaceServices {
 public:
     explicit StagedServices(StoryStage& stage) : stage_(stage) {}
-    std::optional<std::string> application(const std::string&) const override
+    [[nodiscard]] std::optional<std::string> application(const std::string&) const override
     {
         return stage_.finalCut == "missing" ? std::nullopt : std::optional<std::string>("Final Cut");
     }

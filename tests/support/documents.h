@@ -41,7 +41,7 @@ inline std::string refClip(const std::string& ref, const std::string& more = "")
 
 struct Parts {
     std::string angles = angle("A", clip("0s", "40s")) + angle("B", clip("0s", "40s"));
-    std::string resources = {}; ///< beside the assets; NOLINT(readability-redundant-string-init): may be left out
+    std::string resources = {}; ///< beside the assets; NOLINT(readability-redundant-*): may be left out
     std::string inClip = R"(<mc-source angleID="A" srcEnable="all"/>)"; ///< children of the mc-clip
 };
 

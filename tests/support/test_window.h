@@ -33,7 +33,7 @@ struct AnsweringDialogs : Dialogs {
 struct MemoryDefaults : UserDefaults {
     std::map<std::string, std::string> values;
 
-    std::string value(const std::string& key) const override
+    [[nodiscard]] std::string value(const std::string& key) const override
     {
         const auto found = values.find(key);
         return found == values.end() ? "" : found->second;
@@ -47,7 +47,7 @@ struct WaitingFinalCut : WorkspaceServices {
     std::vector<std::string> opened;
     std::vector<Report> reports;
 
-    std::optional<std::string> application(const std::string& identifier) const override
+    [[nodiscard]] std::optional<std::string> application(const std::string& identifier) const override
     {
         return installed && identifier == "com.apple.FinalCut" ? std::optional<std::string>("Final Cut") : std::nullopt;
     }

@@ -58,7 +58,7 @@ QString CutTableModel::text(const Cut& cut, int column) const
 
 QString CutTableModel::tip(std::size_t row) const
 {
-    const QString label = text(shown_->cuts[row], camera);
+    QString label = text(shown_->cuts[row], camera);
     if (view_.state().preview != shown_)
         return label;
     const auto reason = shotEndReason(view_, asked_, row);

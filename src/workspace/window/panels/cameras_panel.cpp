@@ -75,6 +75,7 @@ void CamerasPanel::refresh(const Changes& changes)
     if (!view_.state().loaded || !(has(changes, Changed::loaded) || has(changes, Changed::settings)))
         return;
     std::vector<Picker::Entry> mains;
+    mains.reserve(cameras_.size());
     for (const Camera& camera : cameras_)
         mains.push_back({camera.id, view_.angleLabel(camera.id)});
     main_->show(mains, settings().mainCamera);
