@@ -182,9 +182,13 @@ TEST(GenerationLaws, EveryCutListOfManyRandomEditsKeepsEveryPromise)
             uncoveredVideoSections(engine, cameras, inputs.opening, inputs.closing, inputs.fixedSections);
         const auto gaps = uncoveredStretches(report.covered, engine.length);
         std::string broken;
+        const std::int64_t& endsAtSection = trace[static_cast<std::size_t>(GenerationEvent::endsAtSection)];
+        const std::int64_t before = endsAtSection;
         try {
             const auto cuts = generateCuts(engine, inputs, sources);
             broken = gaps.empty() ? brokenPromise(given, cuts) : "what is cut is covered";
+            if (inputs.fixedSections.empty() && endsAtSection != before)
+                broken = "where there are no sections, no shot ends at one";
             longLists += cuts.size() >= 20 ? 1U : 0U;
         } catch (const FinalCutImportError& refusal) {
             const std::string gap = gaps.empty() ? "none" : fixed(engine.seconds(gaps[0].start), 2);

@@ -132,6 +132,7 @@ TEST(Walker, KeepsOneWalkOfACompoundClip)
     const auto spans = walker.walk(*twice.root()->firstChild("ref-clip"), "A");
     EXPECT_EQ(spans.size(), std::size_t{1} << 18U);
     EXPECT_EQ(spans.back(), (Span{0, 1, true, false}));
+    EXPECT_GE(walker.visits(), 2 * 18);
     EXPECT_LE(walker.visits(), 5 * 18);
     // A level deeper the kept walk does not fit below level 39 any more; many more uses are refused.
     const auto deeper = levelled(2, 19);
