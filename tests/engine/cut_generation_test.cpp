@@ -166,6 +166,8 @@ TEST(GenerateFromSettings, TakesTheSettingsOnScreenAndTellsTheFirstThingWrong)
     settings.openingCamera = "B"; // kept on screen, but not enabled
     settings.closingEnabled = true;
     settings.closingCamera = "D";
+    settings.frequencies = {{"D", 3}};
+    settings.returnTimes = {{"B", 2}};
     const GenerationInputs inputs = generationInputs(project, engine, settings);
     EXPECT_EQ(inputs.mainShare, 0.7);
     EXPECT_EQ(inputs.otherCameras, (std::vector<std::string>{"D", "B"})); // the order of the angles
@@ -173,6 +175,8 @@ TEST(GenerateFromSettings, TakesTheSettingsOnScreenAndTellsTheFirstThingWrong)
     EXPECT_EQ(inputs.otherRange, (ShotLengthRange{4, 8}));
     EXPECT_EQ(inputs.opening, std::nullopt);
     EXPECT_EQ(inputs.closing, (BookendShot{"D", 15}));
+    EXPECT_EQ(inputs.frequencies, settings.frequencies);
+    EXPECT_EQ(inputs.returnTimes, settings.returnTimes);
 
     settings.mainShare = 5;
     settings.sections = {{{}, "", "A", "00:00:02:00", "late"}, {{}, "", "A", "00:00:02:25", "later"}};

@@ -48,7 +48,7 @@ TEST(ImportRefusals, TellWhatToExportInstead)
              {"duration=\"40s\" tcStart", "tcStart", missingTime},
              {"duration=\"40s\" tcStart", "duration=\"4Os\" tcStart", "The export contains an invalid time value: 4Os"},
              {"frameDuration=\"100/2500s\"", "frameDuration=\"0/25s\"", noPositiveTimes},
-             {"duration=\"40s\" tcStart", "duration=\"-1s\" tcStart", noPositiveTimes},
+             {"duration=\"40s\" tcStart", "duration=\"0s\" tcStart", noPositiveTimes},
              {"angleID=\"B\"", "", "A camera angle is missing its identifier."},
              {"angleID=\"B\"", "angleID=\"A\"", twoAngles},
              {angle("B", clip("0s", "40s")), "", twoAngles},
@@ -133,22 +133,25 @@ TEST(ImportRefusals, ComeInTheOrderOfTheDocument)
 
 TEST(ImportRefusals, StopAtFortyLevelsAndAtCircles)
 {
-    const auto spines = [](int levels) {
-        std::string open, close;
-        for (int n = 0; n < levels; ++n) {
-            open += "<spine>";
-            close += "</spine>";
-        }
-        return document({.angles = angle("A", open + close) + angle("B", "")});
+    const auto inSpines = [](int levels, std::string inside = "") {
+        for (; levels > 0; --levels)
+            inside = "<spine>" + inside + "</spine>";
+        return inside;
     };
-    EXPECT_NO_THROW((void)loadProject(spines(40)));
-    EXPECT_REFUSED(loadProject(spines(41)), "Camera A contains excessively nested clips.");
-    const auto withCompounds = [](const std::string& resources) {
-        return document({.angles = angle("A", refClip("c0")) + angle("B", ""), .resources = resources});
+    const auto with = [](const std::string& contents, const std::string& resources = "") {
+        return document({.angles = angle("A", contents) + angle("B", ""), .resources = resources});
     };
-    EXPECT_REFUSED(loadProject(withCompounds(compound("c0", refClip("c0")))), circular);
-    EXPECT_REFUSED(loadProject(withCompounds(compound("c0", refClip("c1")) + compound("c1", refClip("c0")))), circular);
-    EXPECT_REFUSED(loadProject(withCompounds("<media id=\"c0\"/>" + compound("c0", ""))), circular);
+    const std::string nested = "Camera A contains excessively nested clips.";
+    EXPECT_NO_THROW((void)loadProject(with(inSpines(40))));
+    EXPECT_REFUSED(loadProject(with(inSpines(41))), nested);
+    const std::string deep = compound("c0", inSpines(20) + refClip("c1")) + compound("c1", "");
+    EXPECT_NO_THROW((void)loadProject(with(refClip("c0") + inSpines(10, refClip("c0")), deep)));
+    EXPECT_REFUSED(loadProject(with(refClip("c0") + inSpines(25, refClip("c0")), deep)), nested);
+
+    const std::string use = refClip("c0");
+    EXPECT_REFUSED(loadProject(with(use, compound("c0", refClip("c0")))), circular);
+    EXPECT_REFUSED(loadProject(with(use, compound("c0", refClip("c1")) + compound("c1", refClip("c0")))), circular);
+    EXPECT_REFUSED(loadProject(with(use, "<media id=\"c0\"/>" + compound("c0", ""))), circular);
 }
 
 } // namespace

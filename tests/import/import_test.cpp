@@ -62,6 +62,13 @@ TEST(Import, CountsClipsInsideContainersButNotDisabledOnes)
     const std::string two = compound("c", clip("0s", "1s") + clip("0s", "1s"));
     EXPECT_EQ(firstAngle(refClip("c") + refClip("c"), two).clipCount, 4);
     EXPECT_EQ(firstAngle(refClip("c"), compound("c", clip("0s", "1s") + refClip("c"))).clipCount, 1);
+    const auto clipThen = [](const std::string& id, const std::string& next) {
+        return compound(id, clip("0s", "1s") + refClip(next));
+    };
+    EXPECT_EQ(
+        firstAngle(refClip("c") + refClip("d"), clipThen("c", "d") + clipThen("d", "e") + clipThen("e", "c")).clipCount,
+        6)
+        << "each way into a circle goes around it once";
     EXPECT_EQ(firstAngle(refClip("c") + refClip("none") + "<ref-clip/>", compound("c", "")).clipCount, 0);
 }
 

@@ -123,7 +123,7 @@ TEST(SessionFaults, AreToldOfFullDisksLimitsAndForbiddenFolders)
     inProcess([&] {
         const rlimit limit = {512, 512};
         ::setrlimit(RLIMIT_FSIZE, &limit);
-        ::signal(SIGXFSZ, SIG_IGN);
+        EXPECT_NE(::signal(SIGXFSZ, SIG_IGN), SIG_ERR);
         expectRefused("File too large");
     });
     if (::geteuid() != 0)
