@@ -119,6 +119,8 @@ std::vector<PaintedFrame> paintedAngle(const xml::Document& document, std::strin
     const xml::Element root = *document.root();
     const xml::Element resources = *root.firstChild("resources");
     const Ticks frame = ticksOf(*resources.firstChild("format")->attribute("frameDuration"));
+    if (frame <= 0)
+        throw std::logic_error("a frame lasts some time");
     const xml::Element sequence = *root.firstChild("project")->firstChild("sequence");
     const xml::Element clip = *sequence.firstChild("spine")->firstChild("mc-clip");
     const xml::Element multicam = *resources.firstChild("media")->firstChild("multicam");

@@ -108,6 +108,34 @@ TEST(RoughEdit, SharesOutWhatIsConnectedAndMarked)
 </mc-clip>)");
 }
 
+TEST(RoughEdit, TakesPictureAndSoundFromTheSourcesThatHaveThem)
+{
+    const auto texts = pieces(roughEditXML(
+        engineWith(R"(<mc-source angleID="A" srcEnable="none"><audio-role-source role="none"/><x n="none"/></mc-source>
+            <mc-source angleID="A" srcEnable="audio"><audio-role-source role="sound"/><x n="sound"/></mc-source>
+            <mc-source angleID="A" srcEnable="video"><audio-role-source role="picture"/><x n="picture"/></mc-source>
+            <mc-source angleID="B" srcEnable="none"><audio-role-source role="B"/><x n="B"/></mc-source>)"),
+        cutsAt({{"A", 0}, {"B", 500}}), "A"));
+    EXPECT_NE(
+        texts[0].find(R"(
+  <mc-source angleID="A" srcEnable="all">
+    <audio-role-source role="sound"/>
+    <x n="picture"/>
+  </mc-source>)"),
+        std::string::npos)
+        << texts[0];
+    EXPECT_NE(
+        texts[1].find(R"(
+  <mc-source angleID="B" srcEnable="video">
+    <x n="B"/>
+  </mc-source>
+  <mc-source angleID="A" srcEnable="audio">
+    <audio-role-source role="sound"/>
+  </mc-source>)"),
+        std::string::npos)
+        << texts[1];
+}
+
 TEST(RoughEdit, KeepsFadesAtTheEndsOfTheProjectOnly)
 {
     const std::string fades =

@@ -142,7 +142,7 @@ public:
     }
 
 private:
-    [[nodiscard]] Picker& picker() const { return *static_cast<Picker*>(object()); }
+    [[nodiscard]] Picker& picker() const { return *qobject_cast<Picker*>(object()); } // it was made for one
     [[nodiscard]] QString chosen() const { return picker().currentText(); }
 
     mutable std::map<int, QAccessible::Id> entries_;

@@ -41,7 +41,7 @@ void ProjectFileDialog::accept()
 {
     const QStringList chosen = selectedFiles();
     if (chosen.size() == 1 && isBundle(QFileInfo(chosen.front())))
-        QDialog::accept();
+        QDialog::accept(); // NOLINT(bugprone-parent-virtual-call): past the chooser, which would look into the folder
     else
         QFileDialog::accept();
 }
@@ -94,7 +94,7 @@ QString FileDialogs::lastFolder(const std::string& key, const std::string& other
     } catch (const PlatformError&) {
         folder.clear(); // where the last time was is no reason to refuse this time
     }
-    const QString last = QFile::decodeName(folder.c_str());
+    QString last = QFile::decodeName(folder.c_str());
     if (!last.isEmpty() && QDir(last).exists())
         return last;
     return otherwise.empty() ? QDir::homePath() : QFile::decodeName(otherwise.c_str());

@@ -65,7 +65,7 @@ LoadedManual loadedManual(const Resources& resources)
     }
 }
 
-CorvaneHelpView::CorvaneHelpView(LoadedManual manual, std::function<void()> close, QWidget* parent)
+CorvaneHelpView::CorvaneHelpView(LoadedManual manual, const std::function<void()>& close, QWidget* parent)
     : QWidget(parent), manual_(std::move(manual))
 {
     auto* column = new QVBoxLayout(this);

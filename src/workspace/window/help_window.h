@@ -25,7 +25,7 @@ using LoadedManual = std::variant<CorvaneManual, std::string>;
 class CorvaneHelpView : public QWidget {
     Q_OBJECT
 public:
-    CorvaneHelpView(LoadedManual manual, std::function<void()> close, QWidget* parent = nullptr);
+    CorvaneHelpView(LoadedManual manual, const std::function<void()>& close, QWidget* parent = nullptr);
 
 private:
     QWidget* makeHeader(const std::function<void()>& close);

@@ -182,8 +182,7 @@ void CutStrip::mousePressEvent(QMouseEvent* event)
 
 bool CutStrip::event(QEvent* event)
 {
-    if (event->type() == QEvent::ToolTip) {
-        const auto* help = static_cast<QHelpEvent*>(event);
+    if (const auto* help = dynamic_cast<QHelpEvent*>(event); help != nullptr && help->type() == QEvent::ToolTip) {
         const auto cut = cutAt(help->pos());
         QToolTip::showText(help->globalPos(), cut ? facts(*cut) : QString(), this);
         return true;
