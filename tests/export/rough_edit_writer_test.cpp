@@ -191,7 +191,7 @@ TEST(RoughEdit, GivesTrackingShapesNewIdsInEveryPiece)
     EXPECT_EQ(carryOver(engine).lostTracking, std::vector<std::string>{"title T"});
     const CutEngine acrossAngles = engineWith(
         R"(<mc-source angleID="A"><tracking-shape id="a"/><y id="s"/></mc-source>
-            <mc-source angleID="B"><x tracking="a"/></mc-source><title name="T" tracking="s"/>)");
+            <mc-source angleID="B"><x tracking="a"/></mc-source><title name="T"><z tracking="s"/></title>)");
     EXPECT_EQ(carryOver(acrossAngles).lostTracking, std::vector<std::string>{"angle B"});
     EXPECT_EQ(
         carryOver(engineWith("<filter-video/><adjust-crop/><filter-video/><note/>")).leftOut,

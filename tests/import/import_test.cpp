@@ -151,6 +151,9 @@ TEST(Walker, KeepsOneWalkOfACompoundClip)
     EXPECT_REFUSED(
         AngleMediaWalker(media).walk(*twice.root()->firstChild("ref-clip"), "A", {}, 2),
         "Camera A contains excessively nested clips.");
+    EXPECT_REFUSED(
+        AngleMediaWalker(media).walk(*twice.root()->firstChild("ref-clip"), "A", {"c0"}),
+        "Camera A contains a missing or circular compound clip reference.");
     const auto wide = levelled(9, 12);
     const MediaResources wideMedia(*wide.root());
     EXPECT_REFUSED(

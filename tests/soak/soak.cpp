@@ -9,6 +9,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <csignal>
 #include <fstream>
@@ -97,13 +99,13 @@ void edits(int rounds)
     TestWindow window;
     window.view().importXML(test::document());
     std::mt19937 random(1);
-    const int warm = rounds / 10;
+    const int warm = std::max(1, rounds / 10);
     long before = 0;
     for (int round = 0; round < rounds; ++round) {
         work(window, random, 40);
         if (round == warm)
             before = residentMemory();
-        if (round % (rounds / 10) == 0)
+        if (round % warm == 0)
             std::cout << "round " << round << ": " << residentMemory() << " kB, history of "
                       << window.state().history.items.size() << '\n';
     }
@@ -151,9 +153,9 @@ void together(int rounds)
     TestWindow window;
     window.view().importXML(test::document());
     window.quit();
-    std::vector<pid_t> children;
-    for (unsigned number = 0; number < 2; ++number) {
-        children.push_back(inChild([&] {
+    std::array<pid_t, 2> children{};
+    for (unsigned number = 0; number < children.size(); ++number) {
+        children[number] = inChild([&] {
             std::mt19937 random(number);
             window.start();
             window.view().windowAppeared();
@@ -161,7 +163,7 @@ void together(int rounds)
                 work(window, random, 10);
                 (void)storedSession(window); // the other's or our own, and whole
             }
-        }));
+        });
     }
     for (const pid_t child : children) {
         int status = 0;
