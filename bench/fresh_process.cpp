@@ -85,6 +85,7 @@ Output outputOf(std::vector<std::string> arguments)
 {
     const Stopwatch watch;
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size() + 1);
     for (std::string& argument : arguments)
         pointers.push_back(argument.data());
     pointers.push_back(nullptr);

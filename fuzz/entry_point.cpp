@@ -22,6 +22,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     if (broken.empty())
         return 0;
-    std::cerr << "Broken promise: " << broken << std::endl; // before the process ends
+    std::cerr << "Broken promise: " << broken << '\n';
     std::abort();
 }

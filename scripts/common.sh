@@ -6,8 +6,7 @@ build_packages=(g++ cmake ninja-build pkg-config libxml2-dev libicu-dev nlohmann
 test_packages=(libgtest-dev locales python3 strace xz-utils
     dbus libglib2.0-bin xvfb openbox at-spi2-core python3-pyatspi)
 bench_packages=(libbenchmark-dev)
-check_packages=(clang-format-19 cppcheck)
-deep_check_packages=(clang-19 clang-tidy-19)
+check_packages=(clang-19 clang-format-19 clang-tidy-19 cppcheck)
 fuzz_packages=(clang-19 libclang-rt-19-dev)
 
 # step NAME COMMAND…: silent while it goes well.

@@ -14,7 +14,7 @@ namespace corvane {
 namespace {
 
 using Range = std::optional<ShotLengthRange>;
-constexpr Frames projectLength = 25 * 3600 * 700;
+constexpr Frames projectLength = Frames{25} * 3600 * 700;
 
 struct LongEdit {
     std::vector<Cut> cuts;

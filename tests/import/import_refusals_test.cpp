@@ -30,7 +30,6 @@ struct Change {
 
 TEST(ImportRefusals, TellWhatToExportInstead)
 {
-    const std::string wholeProject = document().substr(document().find("<project"));
     for (const auto& [from, to, message] : std::vector<Change>{
              {"</fcpxml>", "</xml>",
               "The XML cannot be read: line 12, column 177: Opening and ending tag mismatch: fcpxml line 3 and xml"},

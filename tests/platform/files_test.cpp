@@ -70,11 +70,13 @@ TEST(NewFiles, LeaveNothingWhenTheDiskOrTheProcessEnds)
             if (round == 0) {
                 const rlimit limit = {1 << 20, 1 << 20};
                 ::setrlimit(RLIMIT_FSIZE, &limit);
-                ::signal(SIGXFSZ, SIG_IGN);
+                if (::signal(SIGXFSZ, SIG_IGN) == SIG_ERR)
+                    ::_exit(1);
             }
             try {
                 writeNewFile(folder.file("edit"), megabytes);
             } catch (const PlatformError&) {
+                ::_exit(2);
             }
             ::_exit(0);
         }

@@ -69,7 +69,7 @@ TEST(Timecode, LabelsBelowZeroAndBeyondADay)
 {
     EXPECT_EQ(timecodeText(-1, 1, 25, FrameCount::nonDrop), "-00:00:00:01");
     EXPECT_EQ(timecodeText(-1800, 1001, 30000, FrameCount::dropFrame), "-00:01:00;02");
-    EXPECT_EQ(timecodeText(25 * 3600 * 100, 1, 25, FrameCount::nonDrop), "100:00:00:00");
+    EXPECT_EQ(timecodeText(Frames{25} * 3600 * 100, 1, 25, FrameCount::nonDrop), "100:00:00:00");
     EXPECT_EQ(timecodeText(1800, 1001, 30000, FrameCount::nonDrop), "00:01:00:00");
     EXPECT_EQ(timecodeText(3, 7, 3, FrameCount::nonDrop), "00:00:03:00") << "slower than a frame a second";
 }
