@@ -52,7 +52,22 @@ void SessionStore::keepAsPrevious(std::string_view bytes)
     own_ = read_;
 }
 
-void SessionStore::keepAside(const std::string& path)
+void SessionStore::changePlaces(std::string_view bytes)
+{
+    const std::string path = sessionFileURL();
+    const std::string previous = previousFileURL();
+    const std::string copy = keepAside(path);
+    try {
+        replaceFile(path, {&bytes, 1}, calls_);
+    } catch (...) {
+        calls_.unlink(copy);
+        throw;
+    }
+    own_ = stampOf(path);
+    (void)calls_.renameOver(copy, previous); // or the copy stays where it is
+}
+
+std::string SessionStore::keepAside(const std::string& path)
 {
     const std::string bytes = readFile(path);
     for (int n = 1;; ++n) {
@@ -62,7 +77,7 @@ void SessionStore::keepAside(const std::string& path)
             continue;
         writeNewFile(kept, bytes, calls_);
         own_ = stampOf(path);
-        return;
+        return kept;
     }
 }
 

@@ -34,9 +34,13 @@ public:
     void writePrevious(std::span<const std::string_view> parts);
     /// Keeps the stored file itself, of which `bytes` were read, as the previous one.
     void keepAsPrevious(std::string_view bytes);
+    /// The previous session, of which `bytes` were read, becomes the stored one, and the stored one the previous. At
+    /// every moment both are in some file. Fails with PlatformError and has then changed neither.
+    void changePlaces(std::string_view bytes);
 
 private:
-    void keepAside(const std::string& path);
+    /// Copies the file to one beside it and returns the copy's path.
+    std::string keepAside(const std::string& path);
 
     std::function<std::string()> folder_;
     FileCalls& calls_;

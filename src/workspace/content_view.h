@@ -193,7 +193,14 @@ private:
 
     void saveSession();
     void restoreSession();
-    void restoreFrom(std::string bytes);
+    struct StoredSession {
+        std::shared_ptr<const LoadedDocument> loaded;
+        EditSettings settings;
+        EditHistory history;
+    };
+    /// Reads and validates; nothing is shown yet.
+    [[nodiscard]] StoredSession readSession(std::string bytes) const;
+    void show(StoredSession session);
     void keepReplacedSession();
 
     [[nodiscard]] std::vector<EditPreset> decodePresetsOrCloseSheet();

@@ -34,7 +34,7 @@ void ContentView::restoreSession()
         auto bytes = services_.sessions.read();
         if (!bytes)
             return;
-        restoreFrom(std::move(*bytes));
+        show(readSession(std::move(*bytes)));
         services_.sessions.accept();
     } catch (const std::exception& failure) {
         storedSessionRefused_ = true;
@@ -42,18 +42,24 @@ void ContentView::restoreSession()
     }
 }
 
-/// Shows the stored session, or throws and has changed nothing.
-void ContentView::restoreFrom(std::string bytes)
+ContentView::StoredSession ContentView::readSession(std::string bytes) const
 {
     const auto sign = services_.busy("Restoring the session…");
     SavedEditSession session = decodeSession(std::move(bytes));
     auto [imported, engine] = loadProject(session.sourceXML);
     validateSession(session, engine);
-    show(std::make_shared<LoadedDocument>(
-        LoadedDocument{std::move(session.sourceXML), std::move(imported), std::move(engine)}));
+    return {
+        std::make_shared<LoadedDocument>(
+            LoadedDocument{std::move(session.sourceXML), std::move(imported), std::move(engine)}),
+        std::move(session.settings), std::move(session.history)};
+}
+
+void ContentView::show(StoredSession session)
+{
+    show(std::move(session.loaded));
     state_.history = std::move(session.history);
     state_.restoredSettings = session.settings;
-    state_.settings = session.settings;
+    state_.settings = std::move(session.settings);
     const SharedRevision current = state_.history.currentRevision();
     state_.preview = current && current->settings == state_.settings ? current : nullptr;
     state_.status = "Restored your last session from its saved XML snapshot. Import a fresh XML if the Final Cut "
@@ -89,16 +95,13 @@ void ContentView::reopenPreviousSession()
 {
     edit([this](WorkspaceState& state) {
         try {
-            std::string bytes = readFile(services_.sessions.previousFileURL());
-            const std::shared_ptr<const LoadedDocument> replaced = state.loaded;
-            const EditSettings settings = state.settings;
-            const EditHistory history = state.history;
-            restoreFrom(std::move(bytes));
-            if (replaced && !history.items.empty()) {
-                SessionEncoder encoder;
-                encoder.setSource(replaced->sourceXML);
-                services_.sessions.writePrevious(encoder.encode(settings, history));
+            const std::string bytes = readFile(services_.sessions.previousFileURL());
+            StoredSession session = readSession(bytes);
+            if (state.loaded && !state.history.items.empty()) {
+                services_.sessions.write(encoder_.encode(state.settings, state.history));
+                services_.sessions.changePlaces(bytes);
             }
+            show(std::move(session));
         } catch (const std::exception& failure) {
             fail(notRestored + failure.what());
             return;

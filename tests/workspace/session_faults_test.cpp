@@ -1,3 +1,4 @@
+#include "session/saved_session.h"
 #include "support/documents.h"
 #include "support/test_window.h"
 
@@ -8,6 +9,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <set>
 
 namespace corvane {
 namespace {
@@ -72,6 +74,39 @@ TEST(SessionFaults, KeepTheOldFileWhicheverCallFails)
     }
     EXPECT_GT(refused, 8);
     EXPECT_EQ(window.state().sessionSaveError, std::nullopt) << "the next save that works clears the line";
+}
+
+TEST(SessionFaults, KeepBothSessionsWhicheverCallFailsWhileTheyChangePlaces)
+{
+    int calls = 0;
+    for (int failing = 0; failing <= calls; ++failing) {
+        FaultyCalls faulty;
+        TestWindow window;
+        window.sessionCalls = &faulty;
+        window.start();
+        for (const char* name : {"Concert", "Other"}) {
+            window.view().importXML(replaced(document(), "Concert", name));
+            window.view().generateRoughEdit();
+        }
+        faulty.calls = 0;
+        faulty.failing = failing;
+        window.view().reopenPreviousSession();
+        calls = faulty.calls;
+        const bool refused = window.state().error.has_value();
+        EXPECT_EQ(window.state().loaded->imported.name, refused ? "Other" : "Concert") << failing;
+        EXPECT_EQ(window.state().history.items.size(), 1U);
+        faulty.failing = -1;
+        window.restart();
+        std::set<std::string> found = {window.state().loaded->imported.name};
+        EXPECT_TRUE(found.contains(refused ? "Other" : "Concert")) << failing;
+        for (const std::string& file : window.names("Corvane")) {
+            if (file != "session-v1.json")
+                found.insert(
+                    importProject(decodeSession(readFile(window.folder.file("Corvane/" + file))).sourceXML).name);
+        }
+        EXPECT_EQ(found, (std::set<std::string>{"Concert", "Other"})) << failing;
+    }
+    EXPECT_GT(calls, 15);
 }
 
 TEST(SessionFaults, TellWhatStandsInTheWay)
