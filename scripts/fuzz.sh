@@ -7,12 +7,13 @@ source "$(dirname "$0")/common.sh"
 
 seconds=$1
 shift
-[ $# -gt 0 ] || set -- apple_events documents edits manuals presets sessions timecode
+[ $# -gt 0 ] || set -- apple_events documents edits manuals presets sessions timecode work
 
 install_packages "${build_packages[@]}" "${test_packages[@]}" "${fuzz_packages[@]}"
 build fuzz "${@/#/fuzz_}"
 cd "$root"
 mkdir -p build/fuzz/findings build/fuzz/logs
+[ ! -d /dev/shm ] || export TMPDIR=/dev/shm # where files cost nothing
 found=0
 # Of the children that have ended.
 processor_seconds() { awk -v ticks="$(getconf CLK_TCK)" '{ print int(($16 + $17) / ticks) }' "/proc/$$/stat"; }
