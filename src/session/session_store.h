@@ -25,6 +25,8 @@ public:
     [[nodiscard]] std::optional<std::string> read();
     /// What was read last is on screen now: saving may replace it.
     void accept() { own_ = read_; }
+    /// The stored file holds what is nowhere else: saving copies it aside first.
+    void disown() { own_.reset(); }
 
     /// Replaces the file by the parts. Fails with PlatformError; the old file then stays.
     void write(std::span<const std::string_view> parts);

@@ -87,6 +87,7 @@ void ContentView::keepReplacedSession()
                 services_.sessions.keepAsPrevious(*bytes);
         }
     } catch (const std::exception& failure) {
+        services_.sessions.disown();
         keepingFailed_ = std::string("The previous session could not be kept: ") + failure.what();
     }
 }

@@ -1,3 +1,4 @@
+#include "session/saved_session.h"
 #include "support/documents.h"
 #include "support/test_window.h"
 #include "workspace/captions.h"
@@ -122,6 +123,9 @@ TEST(WholeFlow, SaysWhenAReplacedSessionCannotBeKept)
     EXPECT_EQ(
         window.state().sessionSaveError, "The previous session could not be kept: Cannot write session-v1 "
                                          "(previous).json: Is a directory.");
+    const SavedEditSession kept = decodeSession(readFile(window.folder.file("Corvane/session-v1 (kept).json")));
+    EXPECT_EQ(kept.sourceXML, document());
+    EXPECT_EQ(kept.history.items.size(), 1U) << "the replaced session is in no other file";
 }
 
 TEST(WholeFlow, KeepsASessionFileThatIsNotItsOwn)
