@@ -2,9 +2,21 @@
 # scripts/fuzz.sh SECONDS [TARGET…]: fuzzes each target for so long, one after the other, and goes on where the last run
 # ended. The minimised inputs are kept in fuzz/corpora, a line for each run in fuzz/runs.tsv (seconds of the clock, and
 # of a processor); what breaks a promise lies in build/fuzz/findings and ends the script with an error.
+# scripts/fuzz.sh sums: a table of all runs so far.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
+if [ "$1" = sums ]; then
+    echo "| target | seconds | of a processor | executions | coverage | features | inputs kept | findings |"
+    echo "|---|---:|---:|---:|---:|---:|---:|---:|"
+    # Before processors were watched, runs had half of one or more.
+    awk -F'\t' 'NR > 1 { seconds[$2] += $3; processor[$2] += $9 ? $9 : $3 / 2; runs[$2] += $4; found[$2] += $8 != "ok"
+                         coverage[$2] = $5; features[$2] = $6; kept[$2] = $7 }
+        END { for (target in runs) printf "| %s | %d | %d | %d | %d | %d | %d | %d |\n", target, seconds[target],
+              processor[target], runs[target], coverage[target], features[target], kept[target], found[target] }' \
+        "$root/fuzz/runs.tsv" | sort
+    exit
+fi
 seconds=$1
 shift
 [ $# -gt 0 ] || set -- apple_events documents edits manuals presets sessions timecode work
