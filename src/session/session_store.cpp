@@ -2,6 +2,7 @@
 
 #include "platform/error.h"
 
+#include <filesystem>
 #include <utility>
 
 namespace corvane {
@@ -67,18 +68,31 @@ void SessionStore::changePlaces(std::string_view bytes)
     (void)calls_.renameOver(copy, previous); // or the copy stays where it is
 }
 
-std::string SessionStore::keepAside(const std::string& path)
+std::string SessionStore::freeName() const
 {
-    const std::string bytes = readFile(path);
     for (int n = 1;; ++n) {
         const std::string number = n == 1 ? "" : " " + std::to_string(n);
-        const std::string kept = pathIn(folder_(), "session-v1 (kept" + number + ").json");
-        if (somethingNamed(kept))
-            continue;
-        writeNewFile(kept, bytes, calls_);
-        own_ = stampOf(path);
+        std::string name = pathIn(folder_(), "session-v1 (kept" + number + ").json");
+        if (!somethingNamed(name))
+            return name;
+    }
+}
+
+std::string SessionStore::keepAside(const std::string& path)
+{
+    std::string kept = freeName();
+    std::string bytes;
+    try {
+        bytes = readFile(path);
+    } catch (const PlatformError&) {
+        // It cannot be copied, but it can take another name. A folder is nobody's session and stays.
+        if (std::filesystem::is_directory(path) || calls_.renameToNew(path, kept) != 0)
+            throw;
         return kept;
     }
+    writeNewFile(kept, bytes, calls_);
+    own_ = stampOf(path);
+    return kept;
 }
 
 } // namespace corvane

@@ -41,7 +41,9 @@ public:
     void changePlaces(std::string_view bytes);
 
 private:
-    /// Copies the file to one beside it and returns the copy's path.
+    /// The first of "session-v1 (kept).json", "session-v1 (kept 2).json" and so on that is not taken.
+    [[nodiscard]] std::string freeName() const;
+    /// Copies the file to one beside it, or renames it where it cannot be read; returns the path of what is kept.
     std::string keepAside(const std::string& path);
 
     std::function<std::string()> folder_;

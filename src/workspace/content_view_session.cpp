@@ -78,8 +78,9 @@ void ContentView::show(std::shared_ptr<const LoadedDocument> loaded)
 /// Called before another project takes the window: generated edits, on screen or only stored, are kept.
 void ContentView::keepReplacedSession()
 {
+    const bool hasEdits = state_.loaded && !state_.history.items.empty();
     try {
-        if (state_.loaded && !state_.history.items.empty()) {
+        if (hasEdits) {
             services_.sessions.writePrevious(encoder_.encode(state_.settings, state_.history));
         } else if (!state_.loaded && !storedSessionRefused_) {
             const auto bytes = services_.sessions.read();
@@ -87,8 +88,14 @@ void ContentView::keepReplacedSession()
                 services_.sessions.keepAsPrevious(*bytes);
         }
     } catch (const std::exception& failure) {
-        services_.sessions.disown();
         keepingFailed_ = std::string("The previous session could not be kept: ") + failure.what();
+        try {
+            if (hasEdits)
+                services_.sessions.write(encoder_.encode(state_.settings, state_.history));
+        } catch (const std::exception&) {
+            // Then it is the disk; the last state that it took is kept.
+        }
+        services_.sessions.disown();
     }
 }
 
@@ -96,9 +103,13 @@ void ContentView::reopenPreviousSession()
 {
     edit([this](WorkspaceState& state) {
         try {
+            if (!somethingNamed(services_.sessions.previousFileURL())) {
+                fail("There is no previous project to reopen.");
+                return;
+            }
             const std::string bytes = readFile(services_.sessions.previousFileURL());
             StoredSession session = readSession(bytes);
-            if (state.loaded && !state.history.items.empty()) {
+            if (state.loaded) {
                 services_.sessions.write(encoder_.encode(state.settings, state.history));
                 services_.sessions.changePlaces(bytes);
             }

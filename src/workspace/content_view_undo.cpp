@@ -27,12 +27,14 @@ void ContentView::bringBack(const RemovedSection& removed)
     sections.insert(sections.begin() + static_cast<std::ptrdiff_t>(position), removed.section);
 }
 
+/// Where that fails it can be tried again.
 void ContentView::bringBack(const EditPreset& deleted)
 {
     try {
         std::vector<EditPreset> presets = decodePresets(services_.defaults.value(presetsKey));
         if (std::ranges::any_of(presets, [&](const EditPreset& other) { return sameName(other.name, deleted.name); })) {
             fail("A preset with that name already exists. Choose it and use Update, or save with another name.");
+            state_.undoable = deleted;
             return;
         }
         presets.push_back(deleted);
@@ -41,6 +43,7 @@ void ContentView::bringBack(const EditPreset& deleted)
         state_.presetNotice = "Saved " + deleted.name + ".";
     } catch (const std::exception& failure) {
         fail(failure.what());
+        state_.undoable = deleted;
     }
 }
 

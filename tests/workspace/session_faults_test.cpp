@@ -109,6 +109,22 @@ TEST(SessionFaults, KeepBothSessionsWhicheverCallFailsWhileTheyChangePlaces)
     EXPECT_GT(calls, 15);
 }
 
+TEST(SessionFaults, KeepAnEditWhoseSaveFailedWhenAnotherProjectComes)
+{
+    FaultyCalls calls;
+    TestWindow window;
+    window.sessionCalls = &calls;
+    window.start();
+    window.view().importXML(document());
+    calls.failing = calls.calls;
+    window.view().generateRoughEdit();
+    ASSERT_NE(window.state().sessionSaveError, std::nullopt);
+    std::filesystem::create_directory(window.folder.file("Corvane/session-v1 (previous).json"));
+    window.view().importXML(replaced(document(), "Concert", "Other"));
+    const std::string kept = readFile(window.folder.file("Corvane/session-v1 (kept).json"));
+    EXPECT_EQ(decodeSession(kept).history.items.size(), 1U);
+}
+
 TEST(SessionFaults, TellWhatStandsInTheWay)
 {
     TestWindow window;
@@ -170,6 +186,17 @@ TEST(SessionFaults, AreToldOfFullDisksLimitsAndForbiddenFolders)
         expectRefused("Permission denied");
         ASSERT_EQ(::seteuid(0), 0);
         ::chmod(window.folder.file("Corvane").c_str(), 0755);
+    });
+    inProcess([&] { // of another user, who may not read the session
+        ::chmod(window.folder.file("Corvane").c_str(), 0777);
+        ::chmod(window.sessionFile().c_str(), 0);
+        ASSERT_EQ(::seteuid(65534), 0);
+        window.restart();
+        EXPECT_NE(window.state().error, std::nullopt);
+        window.view().importXML(document());
+        EXPECT_EQ(window.state().sessionSaveError, std::nullopt);
+        EXPECT_EQ(window.names("Corvane"), (Names{"session-v1 (kept).json", "session-v1.json"}));
+        ASSERT_EQ(::seteuid(0), 0);
     });
     std::filesystem::create_directory(window.folder.file("small"));
     if (::mount("tmpfs", window.folder.file("small").c_str(), "tmpfs", 0, "size=16k") != 0)

@@ -60,6 +60,7 @@ TEST(Undo, BringsADeletedPresetBackUnlessItsNameIsTakenBy)
         window.state().error,
         "A preset with that name already exists. Choose it and use Update, or save with another name.");
     EXPECT_EQ(view.storedPresets().size(), 1U);
+    EXPECT_EQ(undoText(view), "Undo Delete Preset") << "it can be tried again under another name";
 }
 
 TEST(ShotFacts, TellWhyShotsEnd)

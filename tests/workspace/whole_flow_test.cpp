@@ -91,10 +91,17 @@ TEST(WholeFlow, ReportsToAWindowThatIsGoneAreDropped)
 TEST(WholeFlow, KeepsWhatAnImportReplacesAndBringsItBack)
 {
     TestWindow window;
+    window.view().reopenPreviousSession();
+    EXPECT_EQ(window.state().error, "There is no previous project to reopen.");
     window.view().importXML(document());
     window.view().generateRoughEdit();
     const std::vector<Cut> cuts = window.state().cuts();
     window.view().importXML(replaced(document(), "Concert", "Other"));
+    window.view().addSection();
+    window.view().reopenPreviousSession();
+    window.view().reopenPreviousSession();
+    EXPECT_EQ(window.state().settings.sections.size(), 1U) << "settings are work too";
+    window.view().removeSection(0);
     window.view().generateRoughEdit();
     EXPECT_EQ(window.names("Corvane"), (Names{"session-v1 (previous).json", "session-v1.json"}));
     window.view().reopenPreviousSession();
