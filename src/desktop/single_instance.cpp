@@ -164,13 +164,18 @@ void SingleInstance::readRequest(QLocalSocket& socket)
     if (!stream.commitTransaction())
         return; // the rest is on its way
     socket.write("1");
+    socket.flush();
     receive(locationsOf(uris));
 }
 
 void SingleInstance::receive(const std::vector<std::string>& locations)
 {
-    received_ = true;
-    requests_(locations);
+    // Later, so that the answer goes first: reading a project can take longer than who asks has patience.
+    const auto handle = [this, locations] {
+        received_ = true;
+        requests_(locations);
+    };
+    QMetaObject::invokeMethod(this, handle, Qt::QueuedConnection);
 }
 
 void SingleInstance::awaitFirstRequest()
