@@ -60,6 +60,11 @@ TEST(StepBox, ShowsWhatStandsBetweenItsStepsAndGivesOnlySteps)
     type(box, "47");
     EXPECT_EQ(chosen, 50);
     EXPECT_EQ(box.text(), "50");
+    box.selectAll();
+    QTest::keyClicks(&box, "88");
+    EXPECT_EQ(chosen, 50) << "not while it is typed";
+    QTest::keyClick(&box, Qt::Key_G, Qt::ControlModifier);
+    EXPECT_EQ(chosen, 90) << "before a menu's key does its work";
     setByAssistance(box, 123);
     EXPECT_EQ(chosen, 120);
     box.show(600);

@@ -142,6 +142,11 @@ TEST(PresetsPanel, SavesAppliesUpdatesAndDeletes)
     EXPECT_FALSE(gui.state().showSavePreset);
     EXPECT_FALSE(sheet->isVisible());
     gui.click("Save as…");
+    gui.account.inbox.setXMLData(threeCameras);
+    Gui::settle();
+    EXPECT_FALSE(sheet->isVisible()) << "other settings would be saved than those that were to be named";
+    EXPECT_FALSE(gui.state().showSavePreset);
+    gui.click("Save as…");
     QTest::keyClicks(sheet->focusWidget(), " Sermon ");
     QTest::keyClick(sheet->focusWidget(), Qt::Key_Return);
     EXPECT_FALSE(sheet->isVisible());

@@ -238,8 +238,8 @@ void MainWindow::refresh(const Changes& changes)
         pages_->setCurrentIndex(state.loaded ? 1 : 0);
     if (has(Changed::loaded) || has(Changed::settings))
         orderTabsByLayout(*centralWidget());
-    if (has(Changed::presets) || has(Changed::view))
-        savePreset_->refresh();
+    if (has(Changed::presets) || has(Changed::view) || has(Changed::loaded))
+        savePreset_->refresh(changes);
     if (has(Changed::alerts))
         alerts_->refresh();
     if (!has(Changed::view))

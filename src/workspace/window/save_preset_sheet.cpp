@@ -38,9 +38,11 @@ SavePresetSheet::SavePresetSheet(ContentView& view, QWidget* parent)
     });
 }
 
-void SavePresetSheet::refresh()
+void SavePresetSheet::refresh(const Changes& changes)
 {
     const WorkspaceState& state = view_.state();
+    if (isVisible() && changes.test(static_cast<std::size_t>(Changed::loaded)))
+        reject();
     if (utf8(name_->text()) != state.presetName)
         name_->setText(qt(state.presetName));
     save_->setEnabled(enabling(view_).save);

@@ -14,7 +14,8 @@ class SavePresetSheet : public QDialog {
 public:
     SavePresetSheet(ContentView& view, QWidget* parent);
 
-    void refresh();
+    /// Another project closes it: the settings to be named are not on screen any more.
+    void refresh(const Changes& changes);
     void reject() override;
 
 private:

@@ -37,6 +37,7 @@ QLabel* Panel::addHeading(const QString& text)
 QLabel* helpLabel(const QString& text, QWidget* parent)
 {
     auto* label = new QLabel(text, parent);
+    label->setTextFormat(Qt::PlainText); // names of people's own stand in it
     label->setWordWrap(true);
     label->setProperty("role", "help");
     return label;

@@ -5,6 +5,7 @@
 #include "workspace/window/qt_text.h"
 #include "workspace/window/theme.h"
 
+#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <algorithm>
 #include <cmath>
@@ -41,6 +42,16 @@ void StepBox::stepBy(int steps)
 QString StepBox::textFromValue(double value) const
 {
     return qt(shortNumber(value, theme::decimalSign()));
+}
+
+/// A key of a menu works on what is shown: what is still being typed counts first.
+bool StepBox::event(QEvent* event)
+{
+    const bool handled = QDoubleSpinBox::event(event);
+    if (event->type() == QEvent::ShortcutOverride && !event->isAccepted() &&
+        (dynamic_cast<QKeyEvent*>(event)->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0)
+        interpretText();
+    return handled;
 }
 
 void StepBox::settle(double value)

@@ -23,6 +23,8 @@ public:
     void stepBy(int steps) override;
     [[nodiscard]] QString textFromValue(double value) const override;
 
+    bool event(QEvent* event) override;
+
 signals:
     /// A person, or what assists one, chose a step.
     void chosen(double value);

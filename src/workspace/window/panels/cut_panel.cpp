@@ -35,6 +35,7 @@ void CutPanel::arrange()
     carryOver_->setProperty("role", "help");
     saveError_->setProperty("role", "warning");
     for (QLabel* line : {status_, saveError_}) {
+        line->setTextFormat(Qt::PlainText);
         line->setWordWrap(true);
         line->setTextInteractionFlags(Qt::TextSelectableByMouse);
     }
