@@ -46,6 +46,7 @@ int main(int count, char** arguments)
         append(rows, windowTargets(measurements));
         std::cout << '\n';
         printTargets(rows);
+        endToolkit();
     } catch (const std::exception& failure) {
         std::cerr << failure.what() << '\n';
         return EXIT_FAILURE;

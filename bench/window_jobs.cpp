@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <algorithm>
 #include <filesystem>
+#include <memory>
 #include <stdexcept>
 
 namespace corvane::bench {
@@ -22,17 +23,23 @@ constexpr const char* tickName = "slider tick, 500 cuts x 100";
 constexpr const char* showName = "generate and show 5,000 cuts";
 constexpr const char* lateFigure = "p95";
 
-/// The toolkit, once, without a display.
+std::unique_ptr<QApplication>& toolkit()
+{
+    static std::unique_ptr<QApplication> application;
+    return application;
+}
+
+/// Once, without a display.
 void startToolkit()
 {
-    if (QCoreApplication::instance() != nullptr)
+    if (toolkit())
         return;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     static int count = 1;
     static std::string name = "corvane_bench";
     static char* arguments = name.data();
-    static QApplication application(count, &arguments);
-    theme::apply(application);
+    toolkit() = std::make_unique<QApplication>(count, &arguments);
+    theme::apply(*toolkit());
 }
 
 /// The main window over a controller on a folder.
@@ -125,6 +132,11 @@ void measureShow(benchmark::State& state)
 }
 
 } // namespace
+
+void endToolkit()
+{
+    toolkit().reset();
+}
 
 void registerWindowJobs()
 {
