@@ -61,7 +61,10 @@ void SessionStore::changePlaces(std::string_view bytes)
     try {
         replaceFile(path, {&bytes, 1}, calls_);
     } catch (...) {
-        calls_.unlink(copy);
+        if (somethingNamed(path))
+            calls_.unlink(copy);
+        else
+            (void)calls_.renameToNew(copy, path); // it was renamed, not copied
         throw;
     }
     own_ = stampOf(path);
