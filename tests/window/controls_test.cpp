@@ -62,6 +62,8 @@ TEST(StepBox, ShowsWhatStandsBetweenItsStepsAndGivesOnlySteps)
     EXPECT_EQ(box.text(), "50");
     box.selectAll();
     QTest::keyClicks(&box, "88");
+    QTest::keyClick(&box, Qt::Key_Control, Qt::ControlModifier);
+    QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(chosen, 50) << "not while it is typed";
     QTest::keyClick(&box, Qt::Key_G, Qt::ControlModifier);
     EXPECT_EQ(chosen, 90) << "before a menu's key does its work";

@@ -48,9 +48,12 @@ QString StepBox::textFromValue(double value) const
 bool StepBox::event(QEvent* event)
 {
     const bool handled = QDoubleSpinBox::event(event);
-    if (event->type() == QEvent::ShortcutOverride && !event->isAccepted() &&
-        (dynamic_cast<QKeyEvent*>(event)->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0)
-        interpretText();
+    if (event->type() == QEvent::ShortcutOverride && !event->isAccepted()) { // nor is it a key of the field itself
+        const auto* key = dynamic_cast<QKeyEvent*>(event);
+        const bool withOther = key->key() != Qt::Key_Control && key->key() != Qt::Key_Alt;
+        if (withOther && (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0)
+            interpretText();
+    }
     return handled;
 }
 
