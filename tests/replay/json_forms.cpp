@@ -1,6 +1,7 @@
 #include "replay/json_forms.h"
 
 #include "platform/base64.h"
+#include "session/record_reading.h"
 
 #include <limits>
 
@@ -122,10 +123,8 @@ GenerationInputs generationInputs(const Json& json)
 
 std::vector<Cut> cuts(const Json& json)
 {
-    std::vector<Cut> list;
-    for (const Json& cut : json)
-        list.push_back({identifier(cut.at("id")), cut.at("angle"), cut.at("start"), cut.at("duration")});
-    return list;
+    const JsonDocument document = parseJson(json.dump());
+    return document.root().list(readCut);
 }
 
 std::vector<FrameRange> ranges(const Json& json)
@@ -181,34 +180,12 @@ Json json(const CutEngine& engine)
 
 Json presetForm(const EditPreset& preset)
 {
-    const auto rows = [](const auto& list, const char* key, auto member) -> Json {
-        if (!list)
-            return nullptr;
-        Json forms = Json::array();
-        for (const auto& row : *list)
-            forms.push_back({{"angleName", row.angleName}, {key, row.*member}});
-        return forms;
-    };
-    const auto bookendForm = [](const std::optional<PresetBookend>& shot) -> Json {
-        return shot ? Json{{"angleName", shot->angleName}, {"seconds", shot->seconds}} : Json(nullptr);
-    };
-    return {
-        {"id", preset.id.text()},
-        {"name", preset.name},
-        {"mainShare", preset.mainShare},
-        {"averageShot", preset.averageShot},
-        {"doubleMain", preset.doubleMain},
-        {"mainAngleName", preset.mainAngleName},
-        {"otherAngleNames", preset.otherAngleNames},
-        {"audioAngleName", preset.audioAngleName},
-        {"returnTimes", rows(preset.returnTimes, "seconds", &PresetReturnTime::seconds)},
-        {"frequencies", rows(preset.frequencies, "weight", &PresetFrequency::weight)},
-        {"opening", bookendForm(preset.opening)},
-        {"closing", bookendForm(preset.closing)},
-        {"mainMinimum", orNull(preset.mainMinimum)},
-        {"mainMaximum", orNull(preset.mainMaximum)},
-        {"otherMinimum", orNull(preset.otherMinimum)},
-        {"otherMaximum", orNull(preset.otherMaximum)}};
+    Json form = Json::parse(encodePresets({preset})).front();
+    for (const char* key :
+         {"returnTimes", "frequencies", "opening", "closing", "mainMinimum", "mainMaximum", "otherMinimum",
+          "otherMaximum"})
+        form.emplace(key, nullptr); // where it is absent
+    return form;
 }
 
 IdentifierSource countedIdentifiers()

@@ -3,9 +3,6 @@
 #include "session/presets.h"
 #include "workspace/captions.h"
 
-#include <fstream>
-#include <iterator>
-
 namespace corvane::replay {
 
 namespace {
@@ -27,9 +24,9 @@ Json place(const std::vector<EditPreset>& presets, const std::string& id)
     return nullptr;
 }
 
-Json fields(const StoryStage& stage, const ContentView& window)
+Json fields(StoryStage& stage)
 {
-    const WorkspaceState& state = window.state();
+    const WorkspaceState& state = stage.account.state();
     Json cuts = Json::array();
     for (const Cut& cut : state.cuts())
         cuts.push_back({cut.angle, cut.start, cut.duration});
@@ -51,7 +48,7 @@ Json fields(const StoryStage& stage, const ContentView& window)
         {"imported", state.loaded ? Json(state.loaded->imported.name) : Json(nullptr)},
         {"engine", state.loaded ? Json(state.loaded->engine.length) : Json(nullptr)},
         {"cuts", cuts},
-        {"chosenPreset", place(window.storedPresets(), state.chosenPreset)}};
+        {"chosenPreset", place(stage.window().storedPresets(), state.chosenPreset)}};
 }
 
 Json derived(const ContentView& window)
@@ -91,12 +88,6 @@ Json derived(const ContentView& window)
         {"usage", usage}};
 }
 
-std::string contents(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
 /// Number of the last step of that kind whose bytes are still there, or null.
 Json givenBy(const Json& steps, std::size_t done, const char* kind, const std::string& stored)
 {
@@ -107,11 +98,11 @@ Json givenBy(const Json& steps, std::size_t done, const char* kind, const std::s
     return nullptr;
 }
 
-Json sessionForm(const StoryStage& stage, const ContentView& window, const std::string& stored)
+Json sessionForm(StoryStage& stage, const std::string& stored)
 {
     const Json session = Json::parse(stored);
     Json settings = session.at("settings");
-    const bool shown = settings == Json::parse(encodedSettings(window.state().settings));
+    const bool shown = settings == Json::parse(encodedSettings(stage.account.state().settings));
     for (Json& section : settings["sections"])
         section.erase("id");
     return {
@@ -135,36 +126,38 @@ Json presetForms(const std::string& stored)
     return forms;
 }
 
-Json storedThings(const StoryStage& stage, const ContentView& window, const Json& steps, std::size_t done)
+Json storedThings(StoryStage& stage, const Json& steps, std::size_t done)
 {
-    const bool exists = std::filesystem::exists(stage.sessionPath());
-    const std::string session = exists ? contents(stage.sessionPath()) : "";
+    const bool exists = somethingNamed(stage.account.sessionFile());
+    const std::string session = exists ? readFile(stage.account.sessionFile()) : "";
     const Json sessionFrom = exists ? givenBy(steps, done, "replaceSession", session) : Json(nullptr);
-    Json folders;
-    for (const char* folder : {"out", "other"}) {
-        std::set<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(stage.path(folder)))
-            names.insert(entry.path().filename());
-        folders[folder] = names;
-    }
     return {
-        {"session", exists && sessionFrom.is_null() ? sessionForm(stage, window, session) : Json(nullptr)},
+        {"session", exists && sessionFrom.is_null() ? sessionForm(stage, session) : Json(nullptr)},
         {"sessionFrom", sessionFrom},
-        {"presets", presetForms(stage.presets)},
-        {"presetsFrom", givenBy(steps, done, "replacePresets", stage.presets)},
-        {"folders", folders}};
+        {"presets", presetForms(stage.presets())},
+        {"presetsFrom", givenBy(steps, done, "replacePresets", stage.presets())},
+        {"folders", {{"out", stage.account.names("out")}, {"other", stage.account.names("other")}}}};
+}
+
+Json fileNames(const std::vector<std::string>& paths)
+{
+    Json names = Json::array();
+    for (const std::string& path : paths)
+        names.push_back(std::filesystem::path(path).filename());
+    return names;
 }
 
 } // namespace
 
-Json snapshot(const StoryStage& stage, const ContentView& window, const Json& steps, std::size_t done)
+Json snapshot(StoryStage& stage, const Json& steps, std::size_t done)
 {
-    return {{"fields", fields(stage, window)},
-            {"derived", derived(window)},
-            {"stored", storedThings(stage, window, steps, done)},
-            {"drawsUsed", stage.drawsUsed},
-            {"asked", stage.asked},
-            {"opened", stage.opened}};
+    return {
+        {"fields", fields(stage)},
+        {"derived", derived(stage.window())},
+        {"stored", storedThings(stage, steps, done)},
+        {"drawsUsed", stage.drawsUsed},
+        {"asked", stage.account.dialogs.asked > 0 && steps[done].at("do") == "exportRoughEdit"},
+        {"opened", fileNames(stage.account.finalCut.opened)}};
 }
 
 } // namespace corvane::replay

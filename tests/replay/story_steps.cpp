@@ -76,43 +76,75 @@ void choosePreset(StoryStage& stage, const Json& step)
 void deliver(StoryStage& stage, const Json& step)
 {
     if (step.contains("xmlData"))
-        stage.inbox.setXMLData(stage.document(step.at("xmlData")));
+        stage.account.inbox.setXMLData(stage.document(step.at("xmlData")));
     else if (step.contains("url"))
-        stage.inbox.setURL(stage.paths({step.at("url")}).front());
+        stage.account.inbox.setURL(stage.file(step.at("url")));
     else
-        stage.inbox.setImportError(step.at("importError").get<std::string>());
+        stage.account.inbox.setImportError(step.at("importError").get<std::string>());
 }
 
 void restart(StoryStage& stage, const Json& step)
 {
-    stage.newWindow();
+    stage.account.quit();
+    stage.account.finalCut.reports.clear();
+    stage.account.start();
     if (!step.at("arrived").is_null())
         deliver(stage, step.at("arrived"));
     stage.window().windowAppeared();
 }
 
-void exportEdit(StoryStage& stage, const Json& step)
+void answerDialog(StoryStage& stage, const Json& path)
 {
-    stage.answer = step.at("folder");
-    stage.finalCut = step.at("finalCut");
-    stage.window().exportRoughEdit();
+    stage.account.dialogs.answer = path.is_null() ? std::nullopt : std::optional(stage.file(path));
 }
 
-void finalCutReports(StoryStage& stage, const Json& step)
+void chooseProjectFile(StoryStage& stage, const Json& step)
 {
-    if (stage.waitingReports.empty())
+    answerDialog(stage, step.at("file"));
+    stage.window().chooseProjectFile();
+}
+
+void report(StoryStage& stage, std::size_t number, const Json& error)
+{
+    auto& waiting = stage.account.finalCut.reports;
+    if (number >= waiting.size())
         return;
-    const auto report = stage.waitingReports.front();
-    stage.waitingReports.erase(stage.waitingReports.begin());
-    const Json& error = step.at("error");
-    report(error.is_null() ? std::nullopt : std::optional(ServiceError{"", 0, error}));
+    const auto answer = waiting[number];
+    waiting.erase(waiting.begin() + static_cast<std::ptrdiff_t>(number));
+    answer(error.is_null() ? std::nullopt : std::optional(ServiceError{"", 0, error}));
+}
+
+void exportEdit(StoryStage& stage, const Json& step)
+{
+    answerDialog(stage, step.at("folder"));
+    const Json& finalCut = step.at("finalCut");
+    stage.account.finalCut.installed = finalCut != "missing";
+    const std::size_t waiting = stage.account.finalCut.reports.size();
+    stage.window().exportRoughEdit();
+    if (finalCut == "found")
+        report(stage, waiting, nullptr);
+    else if (finalCut.is_object())
+        report(stage, waiting, finalCut.at("refuses"));
+}
+
+void handleDroppedFiles(StoryStage& stage, const Json& step)
+{
+    std::vector<std::string> files;
+    for (const std::string name : step.at("files"))
+        files.push_back(stage.file(name));
+    stage.window().handleDroppedFiles(files);
 }
 
 void replaceSession(StoryStage& stage, const Json& step)
 {
-    std::filesystem::remove(stage.sessionPath());
+    std::filesystem::remove(stage.account.sessionFile());
     if (!step.at("data").is_null())
-        std::ofstream(stage.sessionPath(), std::ios::binary) << bytes(step.at("data"));
+        std::ofstream(stage.account.sessionFile(), std::ios::binary) << bytes(step.at("data"));
+}
+
+std::string placeOf(StoryStage& stage, const Json& step)
+{
+    return stage.path(step.at("folder").get<std::string>() + "/" + step.at("name").get<std::string>());
 }
 
 const std::map<std::string, Step> steps = {
@@ -121,18 +153,9 @@ const std::map<std::string, Step> steps = {
     {"importXML",
      [](StoryStage& stage, const Json& step) { stage.window().importXML(stage.document(step.at("document"))); }},
     {"openProjectFile",
-     [](StoryStage& stage, const Json& step) {
-         stage.window().openProjectFile(stage.paths({step.at("file")}).front());
-     }},
-    {"chooseProjectFile",
-     [](StoryStage& stage, const Json& step) {
-         stage.answer = step.at("file");
-         if (!stage.answer.is_null())
-             (void)stage.paths({stage.answer});
-         stage.window().chooseProjectFile();
-     }},
-    {"handleDroppedFiles",
-     [](StoryStage& stage, const Json& step) { stage.window().handleDroppedFiles(stage.paths(step.at("files"))); }},
+     [](StoryStage& stage, const Json& step) { stage.window().openProjectFile(stage.file(step.at("file"))); }},
+    {"chooseProjectFile", chooseProjectFile},
+    {"handleDroppedFiles", handleDroppedFiles},
     {"inbox", deliver},
     {"selectMainCamera", [](StoryStage& stage, const Json& step) { stage.window().selectMainCamera(step.at("id")); }},
     {"setCameraIncluded",
@@ -179,29 +202,21 @@ const std::map<std::string, Step> steps = {
              step.at("updating") ? ContentView::PresetSave::update : ContentView::PresetSave::asNew);
      }},
     {"exportRoughEdit", exportEdit},
-    {"finalCutReports", finalCutReports},
+    {"finalCutReports", [](StoryStage& stage, const Json& step) { report(stage, 0, step.at("error")); }},
     {"dismissError", [](StoryStage& stage, const Json&) { stage.window().dismissError(); }},
     {"sessionStore", [](StoryStage& stage, const Json& step) { stage.sessionStore = step.at("state"); }},
     {"replaceSession", replaceSession},
-    {"replacePresets", [](StoryStage& stage, const Json& step) { stage.presets = bytes(step.at("data")); }},
-    {"placeFile",
-     [](StoryStage& stage, const Json& step) {
-         std::ofstream(stage.path(step.at("folder").get<std::string>() + "/" + step.at("name").get<std::string>()))
-             << "a file";
-     }},
-    {"removeFile",
-     [](StoryStage& stage, const Json& step) {
-         std::filesystem::remove(
-             stage.path(step.at("folder").get<std::string>() + "/" + step.at("name").get<std::string>()));
-     }},
+    {"replacePresets", [](StoryStage& stage, const Json& step) { stage.presets() = bytes(step.at("data")); }},
+    {"placeFile", [](StoryStage& stage, const Json& step) { std::ofstream(placeOf(stage, step)) << "a file"; }},
+    {"removeFile", [](StoryStage& stage, const Json& step) { std::filesystem::remove(placeOf(stage, step)); }},
 };
 
 } // namespace
 
 void runStep(StoryStage& stage, const Json& step)
 {
-    stage.asked = false;
-    stage.opened.clear();
+    stage.account.dialogs.asked = 0;
+    stage.account.finalCut.opened.clear();
     steps.at(step.at("do"))(stage, step);
 }
 
@@ -212,10 +227,10 @@ Json answerStory(const Json& request)
     Json snapshots = Json::array();
     for (std::size_t done = 0; done < all.size(); ++done) {
         runStep(stage, all[done]);
-        snapshots.push_back(snapshot(stage, stage.window(), all, done));
+        snapshots.push_back(snapshot(stage, all, done));
     }
     std::string text = snapshots.dump();
-    const std::string scratch = stage.scratch();
+    const std::string& scratch = stage.account.folder.path();
     for (std::size_t at = text.find(scratch); at != std::string::npos; at = text.find(scratch, at))
         text.replace(at, scratch.size(), "{scratch}");
     return {{"snapshots", Json::parse(text)}};

@@ -24,10 +24,11 @@ public:
 
     [[nodiscard]] const std::string& path() const { return path_; }
     [[nodiscard]] std::string file(const std::string& name) const { return path_ + "/" + name; }
-    [[nodiscard]] std::vector<std::string> names() const
+    /// Of everything in the folder, or in one inside it, in order.
+    [[nodiscard]] std::vector<std::string> names(const std::string& inside = "") const
     {
         std::vector<std::string> all;
-        for (const auto& entry : std::filesystem::directory_iterator(path_))
+        for (const auto& entry : std::filesystem::directory_iterator(file(inside)))
             all.push_back(entry.path().filename().string());
         std::ranges::sort(all);
         return all;

@@ -76,6 +76,8 @@ public:
     CountingScope scope;
     XMLInbox inbox;
     FileCalls* sessionCalls = &FileCalls::system();
+    std::function<std::string()> sessionFolder = [this] { return folder.file("Corvane"); };
+    UniformDraws draws = [this] { return std::uniform_real_distribution<double>(0, 1)(random_); };
 
     TestWindow()
     {
@@ -86,7 +88,7 @@ public:
 
     void start()
     {
-        sessions_ = std::make_unique<SessionStore>([this] { return folder.file("Corvane"); }, *sessionCalls);
+        sessions_ = std::make_unique<SessionStore>(sessionFolder, *sessionCalls);
         view_ = std::make_unique<ContentView>(WorkspaceServicesInUse{
             .dialogs = dialogs,
             .defaults = defaults,
@@ -95,7 +97,7 @@ public:
             .services = finalCut,
             .inbox = inbox,
             .mainThread = [](const std::function<void()>& work) { work(); },
-            .draws = [this] { return std::uniform_real_distribution<double>(0, 1)(random_); }});
+            .draws = draws});
     }
     void quit() { view_.reset(); }
     void restart()
@@ -108,14 +110,7 @@ public:
     ContentView& view() { return *view_; }
     const WorkspaceState& state() { return view_->state(); }
     [[nodiscard]] std::string sessionFile() const { return folder.file("Corvane/session-v1.json"); }
-    [[nodiscard]] std::vector<std::string> names(const std::string& inFolder) const
-    {
-        std::vector<std::string> all;
-        for (const auto& entry : std::filesystem::directory_iterator(folder.file(inFolder)))
-            all.push_back(entry.path().filename().string());
-        std::ranges::sort(all);
-        return all;
-    }
+    [[nodiscard]] std::vector<std::string> names(const std::string& inFolder) const { return folder.names(inFolder); }
 
 private:
     std::mt19937 random_{7};
