@@ -72,18 +72,18 @@ TEST(ExportFiles, StandBesideEarlierOnes)
 TEST(ExportFiles, KeepTheDocumentWhenTheRecordFails)
 {
     const ScratchFolder whole;
-    FailingFiles counting(-1);
+    FailingFiles counting;
     (void)writeExportFiles(whole.path(), "<a/>", "record", "I", counting);
-    for (int failing = 0; failing < counting.calls(); ++failing) {
+    for (int failing = 0; failing < counting.calls; ++failing) {
         const ScratchFolder folder;
         FailingFiles calls(failing, EDQUOT);
-        const bool inDocument = failing < counting.calls() / 2; // the record takes one short write more
+        const bool inDocument = failing < counting.calls / 2; // the record takes one short write more
         EXPECT_REFUSED(
             writeExportFiles(folder.path(), "<a/>", "record", "I", calls),
             inDocument ? "Cannot write I Corvane.fcpxml: Disk quota exceeded."
                        : "The XML was saved as I Corvane.fcpxml, but the settings record could not be saved: Cannot "
                          "write I Corvane.settings.txt: Disk quota exceeded.")
-            << failing << " of " << counting.calls();
+            << failing << " of " << counting.calls;
         EXPECT_EQ(folder.names(), inDocument ? Names{} : Names{"I Corvane.fcpxml"});
     }
 }

@@ -1,11 +1,10 @@
 #include "intake/pasteboard_rule.h"
 #include "intake/project_file.h"
+#include "support/child_process.h"
 #include "support/scratch_folder.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <cstdint>
 #include <fstream>
@@ -76,22 +75,18 @@ TEST(ReadProjectFile, SaysWhenThereIsNotEnoughMemory)
     const std::string location = scratch.file("huge.fcpxml");
     std::ofstream(location).put(' ');
     std::filesystem::resize_file(location, std::uintmax_t{8} << 30U); // without a block on the disk
-    const pid_t child = ::fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) { // a process of its own for a limit of its own
+    const pid_t child = test::startChild([&] {
         const rlimit limit = {rlim_t{2} << 30U, rlim_t{2} << 30U};
         ::setrlimit(RLIMIT_AS, &limit);
         ScopeLog scope;
         scope.grants = true;
-        EXPECT_EQ(
-            readProjectFile(location, scope),
-            (ProjectFileContent{"", "Cannot read huge.fcpxml: Cannot allocate memory."}));
-        EXPECT_EQ(scope.log, "start " + location + " stop " + location);
-        ::_exit(testing::Test::HasFailure() ? 1 : 0);
-    }
-    int status = -1;
-    ::waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0);
+        const ProjectFileContent content = readProjectFile(location, scope);
+        if (content.error != "Cannot read huge.fcpxml: Cannot allocate memory.")
+            throw std::runtime_error(content.error.value_or("It was read."));
+        if (scope.log != "start " + location + " stop " + location)
+            throw std::runtime_error(scope.log);
+    });
+    EXPECT_EQ(test::statusOf(child), 0);
 }
 
 TEST(Drops, DeliverTheNewestXmlThatIsThereOrTheOneProjectFile)

@@ -2,11 +2,11 @@
 #include "intake/share_receiver.h"
 #include "platform/apple_event_bytes.h"
 #include "platform/error.h"
+#include "support/failing_files.h"
 #include "support/scratch_folder.h"
 
 #include <gtest/gtest.h>
 
-#include <cerrno>
 #include <cstdlib>
 #include <ranges>
 
@@ -17,15 +17,8 @@ using Code = FourCharacterCode;
 using D = AppleEventDescriptor;
 using Texts = std::vector<std::string>;
 
-/// A system without a home folder, whose disk is full when the folder number `failing` (from 0) is made.
-struct BadDay : ApplicationSupport, FileCalls {
-    int failing = 0, calls = 0;
+struct NoHome : ApplicationSupport {
     std::string folder() override { throw PlatformError("There is no home."); }
-    int makeFolder(const std::string& path) override
-    {
-        errno = ENOSPC;
-        return calls++ == failing ? -1 : FileCalls::makeFolder(path);
-    }
 };
 
 struct AlertLog : Alerts {
@@ -167,17 +160,18 @@ TEST(ShareReceiver, MakesAFolderOrTellsWhyNot)
         EXPECT_EQ(asset.folder, scratch.file(std::string(folder) + "/Corvane/Incoming/" + id));
         EXPECT_TRUE(std::filesystem::is_directory(asset.folder));
     }
-    BadDay badDay;
-    FinalCutShareReceiver homeless(std::nullopt, randomIdentifiers(), badDay);
+    NoHome noHome;
+    test::FailingFiles disk(0);
+    FinalCutShareReceiver homeless(std::nullopt, randomIdentifiers(), noHome);
     EXPECT_EQ(make(homeless), D::text("-10000 There is no home."));
     writeNewFile(scratch.file("file"), "");
     FinalCutShareReceiver blocked(scratch.file("file/Incoming"));
     EXPECT_EQ(make(blocked), D::text("-10000 Cannot make file: File exists."));
-    FinalCutShareReceiver full(scratch.file("a/b"), [] { return Identifier(); }, badDay, badDay);
+    FinalCutShareReceiver full(scratch.file("a/b"), [] { return Identifier(); }, noHome, disk);
     for (const std::string folder : {"a", "b", "00000000-0000-0000-0000-000000000000"}) {
         EXPECT_EQ(make(full), D::text("-10000 Cannot make " + folder + ": No space left on device."));
         EXPECT_TRUE(full.assets().empty());
-        badDay.failing = badDay.calls + 1; // the next attempt comes one folder further
+        disk.failing = disk.calls + 1; // the next attempt comes one folder further
     }
 }
 

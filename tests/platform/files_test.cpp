@@ -1,12 +1,11 @@
 #include "platform/error.h"
+#include "support/child_process.h"
 #include "support/failing_files.h"
 #include "support/refusals.h"
 #include "support/scratch_folder.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <csignal>
 #include <random>
@@ -22,17 +21,18 @@ TEST(NewFiles, AppearWholeOrNotAtAllWhicheverCallFails)
     for (const bool nameless : {true, false}) {
         for (int failing = 0;; ++failing) {
             const ScratchFolder folder;
-            FailingFiles calls(failing, ENOSPC, nameless);
+            FailingFiles calls(failing);
+            calls.nameless = nameless;
             try {
                 writeNewFile(folder.file("edit"), "twelve bytes", calls);
                 EXPECT_EQ(readFile(folder.file("edit")), "twelve bytes");
                 EXPECT_EQ(folder.names(), Names{"edit"});
-                ASSERT_EQ(calls.calls(), failing) << "no call failed";
+                ASSERT_EQ(calls.calls, failing) << "no call failed";
                 ASSERT_GT(failing, 6);
                 break;
             } catch (const PlatformError& error) {
                 EXPECT_STREQ(error.what(), "Cannot write edit: No space left on device.");
-                EXPECT_EQ(folder.names(), Names{}) << calls.log().back();
+                EXPECT_EQ(folder.names(), Names{}) << failing;
             }
         }
     }
@@ -46,7 +46,8 @@ TEST(NewFiles, NeverReplaceAnything)
     std::filesystem::create_directory(folder.file("folder"));
     for (const bool nameless : {true, false}) {
         for (const std::string name : {"file", "link", "folder"}) {
-            FailingFiles calls(-1, 0, nameless);
+            FailingFiles calls;
+            calls.nameless = nameless;
             EXPECT_REFUSED(writeNewFile(folder.file(name), "new", calls), "Cannot write " + name + ": File exists.");
             EXPECT_TRUE(somethingNamed(folder.file(name)));
         }
@@ -64,27 +65,19 @@ TEST(NewFiles, LeaveNothingWhenTheDiskOrTheProcessEnds)
     std::mt19937 random(1);
     int whole = 0;
     for (int round = 0; round < 60; ++round) {
-        const pid_t child = ::fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
+        const pid_t child = startChild([&] {
             if (round == 0) {
                 const rlimit limit = {1 << 20, 1 << 20};
                 ::setrlimit(RLIMIT_FSIZE, &limit);
-                if (::signal(SIGXFSZ, SIG_IGN) == SIG_ERR)
-                    ::_exit(1);
+                EXPECT_NE(::signal(SIGXFSZ, SIG_IGN), SIG_ERR);
             }
-            try {
-                writeNewFile(folder.file("edit"), megabytes);
-            } catch (const PlatformError&) {
-                ::_exit(2);
-            }
-            ::_exit(0);
-        }
+            writeNewFile(folder.file("edit"), megabytes);
+        });
         if (round > 0) {
             ::usleep(static_cast<useconds_t>(random() % 30000));
             ::kill(child, SIGKILL);
         }
-        ::waitpid(child, nullptr, 0);
+        statusOf(child);
         if (somethingNamed(folder.file("edit"))) {
             ASSERT_EQ(readFile(folder.file("edit")).size(), megabytes.size());
             std::filesystem::remove(folder.file("edit"));

@@ -3,11 +3,9 @@
 // restores, `together` lets two processes work on the files of one account.
 
 #include "session/saved_session.h"
+#include "support/child_process.h"
 #include "support/documents.h"
 #include "support/test_window.h"
-
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -15,24 +13,19 @@
 #include <csignal>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <set>
 
 namespace {
 
 using namespace corvane;
+using test::startChild;
+using test::statusOf;
 using test::TestWindow;
 
 void require(bool kept, const std::string& promise)
 {
     if (!kept)
         throw std::runtime_error("Not so: " + promise);
-}
-
-std::string bytesOf(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
 /// Kilobytes of memory that the process holds.
@@ -73,25 +66,9 @@ void work(TestWindow& window, std::mt19937& random, std::size_t longest)
 /// The stored file is a session of the project that validates against it.
 SavedEditSession storedSession(const TestWindow& window)
 {
-    SavedEditSession session = decodeSession(bytesOf(window.sessionFile()));
+    SavedEditSession session = decodeSession(readFile(window.sessionFile()));
     validateSession(session, buildEngine(session.sourceXML));
     return session;
-}
-
-/// Runs the task in a process of its own, which ends there and takes nothing away from this one.
-pid_t inChild(const std::function<void()>& task)
-{
-    const pid_t child = ::fork();
-    require(child >= 0, "a process can be started");
-    if (child != 0)
-        return child;
-    try {
-        task();
-    } catch (const std::exception& failure) {
-        std::cerr << failure.what() << '\n';
-        ::_exit(1);
-    }
-    ::_exit(0);
 }
 
 void edits(int rounds)
@@ -125,7 +102,7 @@ void kills(int rounds)
     std::mt19937 random(2);
     std::set<double> shares;
     for (int round = 0; round < rounds; ++round) {
-        const pid_t child = inChild([&] {
+        const pid_t child = startChild([&] {
             std::mt19937 own(static_cast<unsigned>(round));
             window.start();
             window.view().windowAppeared();
@@ -134,9 +111,7 @@ void kills(int rounds)
         });
         ::usleep(static_cast<useconds_t>(2000 + random() % 60000));
         ::kill(child, SIGKILL);
-        int status = 0;
-        ::waitpid(child, &status, 0);
-        require(WIFSIGNALED(status), "the process works until it is killed");
+        require(WIFSIGNALED(statusOf(child)), "the process works until it is killed");
         window.start();
         window.view().windowAppeared();
         require(!window.state().error, "a restore after a kill says nothing");
@@ -155,7 +130,7 @@ void together(int rounds)
     window.quit();
     std::array<pid_t, 2> children{};
     for (unsigned number = 0; number < children.size(); ++number) {
-        children[number] = inChild([&] {
+        children[number] = startChild([&] {
             std::mt19937 random(number);
             window.start();
             window.view().windowAppeared();
@@ -165,14 +140,11 @@ void together(int rounds)
             }
         });
     }
-    for (const pid_t child : children) {
-        int status = 0;
-        ::waitpid(child, &status, 0);
-        require(status == 0, "both go on to the end");
-    }
+    for (const pid_t child : children)
+        require(statusOf(child) == 0, "both go on to the end");
     std::size_t others = 0;
     for (const std::string& name : window.names("Corvane")) {
-        const SavedEditSession session = decodeSession(bytesOf(window.folder.file("Corvane/" + name)));
+        const SavedEditSession session = decodeSession(readFile(window.folder.file("Corvane/" + name)));
         validateSession(session, buildEngine(session.sourceXML));
         ++others;
     }

@@ -1,12 +1,12 @@
 #include "session/saved_session.h"
+#include "support/child_process.h"
 #include "support/documents.h"
+#include "support/failing_files.h"
 #include "support/test_window.h"
 
 #include <gtest/gtest.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <csignal>
 #include <set>
@@ -17,37 +17,9 @@ namespace {
 using namespace test;
 using Names = std::vector<std::string>;
 
-/// The call number `failing` fails; a write first writes a part.
-struct FaultyCalls : FileCalls {
-    int failing = -1;
-    int calls = 0;
-
-    bool fails()
-    {
-        errno = ENOSPC;
-        return calls++ == failing;
-    }
-    int open(const std::string& path, int flags) override { return fails() ? -1 : FileCalls::open(path, flags); }
-    std::ptrdiff_t write(int file, std::span<const std::string_view> parts) override
-    {
-        const bool fault = fails();
-        const std::string_view first = parts.front(); // alone, so that each part can be the one that fails
-        const std::string_view some = first.substr(0, fault ? first.size() / 2 : first.size());
-        const std::ptrdiff_t written = FileCalls::write(file, {&some, 1});
-        errno = ENOSPC;
-        return fault ? -1 : written;
-    }
-    int sync(int file) override { return fails() ? -1 : FileCalls::sync(file); }
-    int nameFile(int file, const std::string& path) override { return fails() ? -1 : FileCalls::nameFile(file, path); }
-    int renameOver(const std::string& from, const std::string& to) override
-    {
-        return fails() ? -1 : FileCalls::renameOver(from, to);
-    }
-};
-
 TEST(SessionFaults, KeepTheOldFileWhicheverCallFails)
 {
-    FaultyCalls calls;
+    FailingFiles calls;
     TestWindow window;
     window.sessionCalls = &calls;
     window.start();
@@ -80,7 +52,7 @@ TEST(SessionFaults, KeepBothSessionsWhicheverCallFailsWhileTheyChangePlaces)
 {
     int calls = 0;
     for (int failing = 0; failing <= calls; ++failing) {
-        FaultyCalls faulty;
+        FailingFiles faulty;
         TestWindow window;
         window.sessionCalls = &faulty;
         window.start();
@@ -111,7 +83,7 @@ TEST(SessionFaults, KeepBothSessionsWhicheverCallFailsWhileTheyChangePlaces)
 
 TEST(SessionFaults, KeepAnEditWhoseSaveFailedWhenAnotherProjectComes)
 {
-    FaultyCalls calls;
+    FailingFiles calls;
     TestWindow window;
     window.sessionCalls = &calls;
     window.start();
@@ -144,18 +116,14 @@ TEST(SessionFaults, TellWhatStandsInTheWay)
     EXPECT_FALSE(somethingNamed(window.folder.file("Corvane/elsewhere"))) << "a link is not followed";
 }
 
-/// Runs `work` in a process of its own, so that its limits and its user are its own too.
 void inProcess(const std::function<void()>& work)
 {
-    const pid_t child = ::fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
+    const pid_t child = startChild([&] {
         work();
-        ::_exit(testing::Test::HasFailure() ? 1 : 0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0);
+        if (testing::Test::HasFailure())
+            throw std::runtime_error("as above");
+    });
+    EXPECT_EQ(statusOf(child), 0);
 }
 
 TEST(SessionFaults, AreToldOfFullDisksLimitsAndForbiddenFolders)
