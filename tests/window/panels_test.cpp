@@ -78,6 +78,14 @@ TEST(PacingPanel, CouplesTheBoundsAndMovesInSteps)
     EXPECT_NE(gui.withText<QLabel>("Target screen time: Main 75% · Other cameras combined 25%"), nullptr);
     gui.click("Randomly double main camera holds");
     EXPECT_TRUE(gui.settings().doubleMain);
+
+    auto* typedIn = gui.labelled<StepBox>("Minimum: 5 sec");
+    typedIn->setFocus();
+    typedIn->selectAll();
+    QTest::keyClicks(typedIn, "88");
+    gui.account.inbox.setXMLData(threeCameras);
+    typedIn->clearFocus();
+    EXPECT_EQ(gui.settings().mainMinimum, 5) << "what was half typed for another project does not count";
 }
 
 TEST(BookendsPanel, WritesBothShots)

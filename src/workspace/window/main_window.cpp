@@ -1,6 +1,7 @@
 #include "workspace/window/main_window.h"
 
 #include "platform/error.h"
+#include "workspace/window/controls/step_box.h"
 #include "workspace/window/drop_view.h"
 #include "workspace/window/mime_pasteboard.h"
 #include "workspace/window/panels/bookends_panel.h"
@@ -231,6 +232,9 @@ void MainWindow::refresh(const Changes& changes)
     const WorkspaceState& state = services_.view.state();
     if (state.loaded && split_ == nullptr)
         showLoadedPage();
+    auto* typedIn = has(Changed::loaded) ? qobject_cast<StepBox*>(focusWidget()) : nullptr;
+    if (typedIn != nullptr)
+        typedIn->forgetTyping(); // it was meant for the project that was there
     for (Panel* panel : panels_)
         panel->refresh(changes);
     menus_->refresh();

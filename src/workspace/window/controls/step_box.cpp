@@ -6,6 +6,7 @@
 #include "workspace/window/theme.h"
 
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QSignalBlocker>
 #include <algorithm>
 #include <cmath>
@@ -30,6 +31,11 @@ void StepBox::show(double value)
         return; // what is just being typed stays
     const QSignalBlocker blocker(this);
     setValue(value);
+}
+
+void StepBox::forgetTyping()
+{
+    lineEdit()->setText(textFromValue(value()));
 }
 
 void StepBox::stepBy(int steps)

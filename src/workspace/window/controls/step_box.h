@@ -20,6 +20,9 @@ public:
     /// Shows the value; chosen is not told.
     void show(double value);
 
+    /// What is half typed goes; the value is shown again.
+    void forgetTyping();
+
     void stepBy(int steps) override;
     [[nodiscard]] QString textFromValue(double value) const override;
 
