@@ -2,7 +2,7 @@
 
 #include <charconv>
 #include <optional>
-#include <stdexcept>
+#include <set>
 #include <utility>
 
 namespace corvane::test {
@@ -46,29 +46,69 @@ PaintedFrame shown(const Plain& plain, Interval outside)
     return {shows.video && plain.passes.video, shows.audio && plain.passes.audio};
 }
 
+using References = std::set<std::string_view>; ///< on the way to an element
+
+bool isMedia(const std::string& kind)
+{
+    return kind == "asset-clip" || kind == "audio" || kind == "video";
+}
+
 class Reader {
 public:
-    explicit Reader(xml::Element resources) : resources_(resources) {}
+    explicit Reader(const xml::Document& document) : root_(*document.root()), resources_(*root_.firstChild("resources"))
+    {
+    }
 
-    [[nodiscard]] std::vector<Plain> childrenOf(xml::Element parent) const
+    [[nodiscard]] xml::Element root() const { return root_; }
+    [[nodiscard]] xml::Element multicam() const { return *resources_.firstChild("media")->firstChild("multicam"); }
+    [[nodiscard]] Ticks frame() const { return ticksOf(*resources_.firstChild("format")->attribute("frameDuration")); }
+
+    [[nodiscard]] xml::Element angle(std::string_view id) const
+    {
+        for (const xml::Element angle : multicam().children()) {
+            if (angle.attribute("angleID") == id)
+                return angle;
+        }
+        throw std::logic_error("no angle " + std::string(id));
+    }
+
+    [[nodiscard]] std::vector<Plain> childrenOf(xml::Element parent, const References& visited = {}) const
     {
         std::vector<Plain> all;
         for (const xml::Element child : parent.children()) {
-            if (!child.named("transition") && child.attribute("enabled") != "0")
-                all.push_back(read(child));
+            const bool isRead = !child.named("transition") && !child.named("audition");
+            if (isRead && child.attribute("enabled") != "0")
+                all.push_back(read(child, visited));
         }
         return all;
     }
 
+    [[nodiscard]] std::int64_t clipsIn(xml::Element element, References visited = {}) const
+    {
+        if (element.attribute("enabled") == "0")
+            return 0;
+        if (isMedia(element.name()))
+            return 1;
+        std::vector<xml::Element> inside;
+        for (const xml::Element child : element.children())
+            inside.push_back(child);
+        if (element.named("ref-clip") && visited.insert(*element.attribute("ref")).second)
+            inside.push_back(*resource("media", *element.attribute("ref")).firstChild("sequence"));
+        std::int64_t clips = 0;
+        for (const xml::Element each : inside)
+            clips += clipsIn(each, visited);
+        return clips;
+    }
+
 private:
-    [[nodiscard]] Plain read(xml::Element element) const
+    [[nodiscard]] Plain read(xml::Element element, References visited) const
     {
         const std::string kind = element.name();
         Plain plain;
         plain.start = ticksOf(element.attribute("start").value_or("0s"));
         plain.shift = plain.start - ticksOf(element.attribute("offset").value_or("0s"));
         auto duration = element.attribute("duration");
-        if (kind == "asset-clip" || kind == "audio" || kind == "video") {
+        if (isMedia(kind)) {
             const xml::Element asset = resource("asset", *element.attribute("ref"));
             if (!duration)
                 duration = asset.attribute("duration");
@@ -79,10 +119,12 @@ private:
             plain.duration = ticksOf(*duration);
         const std::string_view mode = element.attribute("srcEnable").value_or("all");
         plain.passes = {mode != "audio" && mode != "none", mode != "video" && mode != "none"};
-        plain.inside = childrenOf(element);
+        if (kind == "ref-clip" && !visited.insert(*element.attribute("ref")).second)
+            throw Circle();
+        plain.inside = childrenOf(element, visited);
         if (kind == "ref-clip") {
             const xml::Element compound = resource("media", *element.attribute("ref"));
-            for (Plain& child : childrenOf(*compound.firstChild("sequence")))
+            for (Plain& child : childrenOf(*compound.firstChild("sequence"), visited))
                 plain.inside.push_back(std::move(child));
         }
         return plain;
@@ -97,6 +139,7 @@ private:
         throw std::logic_error("no " + std::string(kind) + " " + std::string(id));
     }
 
+    xml::Element root_;
     xml::Element resources_;
 };
 
@@ -116,29 +159,29 @@ Ticks ticksOf(std::string_view time)
 
 std::vector<PaintedFrame> paintedAngle(const xml::Document& document, std::string_view angleID)
 {
-    const xml::Element root = *document.root();
-    const xml::Element resources = *root.firstChild("resources");
-    const Ticks frame = ticksOf(*resources.firstChild("format")->attribute("frameDuration"));
+    const Reader reader(document);
+    const Ticks frame = reader.frame();
     if (frame <= 0)
         throw std::logic_error("a frame lasts some time");
-    const xml::Element sequence = *root.firstChild("project")->firstChild("sequence");
+    const xml::Element sequence = *reader.root().firstChild("project")->firstChild("sequence");
     const xml::Element clip = *sequence.firstChild("spine")->firstChild("mc-clip");
-    const xml::Element multicam = *resources.firstChild("media")->firstChild("multicam");
-    const Ticks first = ticksOf(*clip.attribute("start")) - ticksOf(*multicam.attribute("tcStart"));
+    const Ticks first = ticksOf(*clip.attribute("start")) - ticksOf(*reader.multicam().attribute("tcStart"));
     std::vector<PaintedFrame> frames(static_cast<std::size_t>(ticksOf(*clip.attribute("duration")) / frame));
-    for (const xml::Element angle : multicam.children()) {
-        if (angle.attribute("angleID") != angleID)
-            continue;
-        const std::vector<Plain> clips = Reader(resources).childrenOf(angle);
-        for (std::size_t number = 0; number < frames.size(); ++number) {
-            const Ticks from = first + static_cast<Ticks>(number) * frame;
-            for (const Plain& child : clips) {
-                const PaintedFrame more = shown(child, {from, from + frame});
-                frames[number] = {frames[number].video || more.video, frames[number].audio || more.audio};
-            }
+    const std::vector<Plain> clips = reader.childrenOf(reader.angle(angleID));
+    for (std::size_t number = 0; number < frames.size(); ++number) {
+        const Ticks from = first + static_cast<Ticks>(number) * frame;
+        for (const Plain& child : clips) {
+            const PaintedFrame more = shown(child, {from, from + frame});
+            frames[number] = {frames[number].video || more.video, frames[number].audio || more.audio};
         }
     }
     return frames;
+}
+
+std::int64_t countedClips(const xml::Document& document, std::string_view angleID)
+{
+    const Reader reader(document);
+    return reader.clipsIn(reader.angle(angleID));
 }
 
 } // namespace corvane::test

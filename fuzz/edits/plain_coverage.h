@@ -3,6 +3,7 @@
 #include "platform/xml.h"
 
 #include <cstdint>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,8 +21,17 @@ struct PaintedFrame {
     bool operator==(const PaintedFrame&) const = default;
 };
 
+/// A reference to a compound clip that stands inside it, or among the clips connected to another reference to it.
+struct Circle : std::logic_error {
+    Circle() : std::logic_error("a compound clip leads to itself") {}
+};
+
 /// Asks for each frame of the project alone, from the angle down to the media, whether some media clip holds it whole:
-/// the plain meaning of coverage, without spans, sorting or rounding. Reads documents of randomDocument().
+/// the plain meaning of coverage, without spans, sorting or rounding. Reads documents of randomDocument(); throws
+/// Circle where there is one.
 [[nodiscard]] std::vector<PaintedFrame> paintedAngle(const xml::Document& document, std::string_view angleID);
+
+/// The angle's media clips one by one, those of a compound clip at each of its uses.
+[[nodiscard]] std::int64_t countedClips(const xml::Document& document, std::string_view angleID);
 
 } // namespace corvane::test

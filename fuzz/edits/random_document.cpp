@@ -125,14 +125,14 @@ private:
 
     std::string clip(int depth, std::int64_t compound)
     {
-        constexpr std::array<std::string_view, 9> kinds = {"asset-clip", "asset-clip", "video",     "audio",   "gap",
-                                                           "spine",      "clip",       "sync-clip", "ref-clip"};
+        constexpr std::array<std::string_view, 10> kinds = {
+            "asset-clip", "asset-clip", "video", "audio", "gap", "spine", "clip", "sync-clip", "ref-clip", "audition"};
         constexpr std::array<std::string_view, 4> assets = {"av", "v", "a", "lost"};
         std::string kind(draws_.anyOf(kinds));
         if (isFault(20))
             kind = draws_.oneIn(2) ? "title" : "transition";
-        if (kind == "ref-clip" && compound == compoundCount)
-            kind = "gap"; // in the last compound clip
+        if ((kind == "ref-clip" && compound == compoundCount) || (kind == "audition" && depth == 0))
+            kind = "gap"; // in the last compound clip, and where auditions are refused
         const bool isMedia = kind == "asset-clip" || kind == "video" || kind == "audio";
         std::string text = "<" + kind + " ";
         if (isMedia)

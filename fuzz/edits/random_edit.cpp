@@ -30,6 +30,29 @@ std::string brokenCoverage(const CutEngine& engine)
     return "";
 }
 
+std::string brokenCounts(const LoadedProject& project)
+{
+    for (const ImportedAngle& angle : project.imported.angles) {
+        if (angle.clipCount != countedClips(project.engine.source->document, angle.id))
+            return "angle " + angle.id + " has as many clips as can be counted";
+    }
+    return "";
+}
+
+/// Of a document in which a compound clip is said to lead to itself, or to nothing.
+std::string brokenRefusal(const std::string& source)
+{
+    const xml::Document document = xml::Document::parse(source);
+    try {
+        const xml::Element resources = *document.root()->firstChild("resources");
+        for (const xml::Element angle : resources.firstChild("media")->firstChild("multicam")->children())
+            (void)paintedAngle(document, *angle.attribute("angleID"));
+    } catch (const Circle&) {
+        return "";
+    }
+    return "what leads in a circle has a circle";
+}
+
 std::optional<ShotLengthRange> randomRange(ByteDraws& draws)
 {
     if (draws.oneIn(3))
@@ -96,8 +119,9 @@ RandomEdit makeRandomEdit(ByteDraws& draws)
     const std::string source = randomDocument(draws);
     RandomEdit made;
     try {
-        const CutEngine engine = loadProject(source).engine;
-        made.broken = brokenCoverage(engine);
+        const LoadedProject project = loadProject(source);
+        const CutEngine& engine = project.engine;
+        made.broken = brokenCoverage(engine) + brokenCounts(project);
         if (!made.broken.empty())
             return made;
         const GenerationInputs inputs = randomInputs(draws, engine);
@@ -117,6 +141,8 @@ RandomEdit makeRandomEdit(ByteDraws& draws)
             made.broken = brokenReimport(engine, written, cuts);
     } catch (const FinalCutImportError& refusal) {
         made.refusal = refusal.what();
+        if (made.refusal.ends_with("circular compound clip reference."))
+            made.broken = brokenRefusal(source);
     }
     return made;
 }

@@ -17,6 +17,9 @@ constexpr int deepestLevel = 39;
 /// About a hundred megabytes of spans made by using compound clips again and again.
 constexpr std::size_t mostCopiedSpans = 4'000'000;
 
+/// Under a second of looking for circles.
+constexpr std::int64_t mostSearchSteps = 10'000'000;
+
 bool isAllowed(std::string_view elementName)
 {
     constexpr std::array<std::string_view, 10> allowed = {"asset-clip", "audio", "video", "clip",  "sync-clip",
@@ -27,7 +30,7 @@ bool isAllowed(std::string_view elementName)
 } // namespace
 
 AngleMediaWalker::AngleMediaWalker(const MediaResources& resources)
-    : resources_(resources), compounds_(resources.mediaCount())
+    : resources_(resources), compounds_(resources.mediaCount()), uses_(resources.mediaCount())
 {
 }
 
@@ -37,6 +40,12 @@ const std::vector<AngleMediaWalker::Span>& AngleMediaWalker::walk(
     angleName_ = angleName;
     path_ = visited;
     spans_.clear();
+    inside_.reset();
+    uses_.leaveAll();
+    for (const std::string_view reference : visited) {
+        if (const MediaEntry* media = resources_.media(reference))
+            uses_.enterConnected(media->index);
+    }
     deepest_ = depth;
     append(element, depth);
     return spans_;
@@ -65,18 +74,15 @@ void AngleMediaWalker::append(xml::Element element, int depth)
     const std::size_t firstSpan = spans_.size();
     if (isMediaClip(kind))
         appendMedia(element, clip, start, duration);
-    else if (
-        kind == "ref-clip" && (!clip.ref || path_.contains(*clip.ref) || resources_.media(clip.ref) == nullptr ||
-                               !resources_.media(clip.ref)->element.firstChild("sequence")))
-        refuse(" contains a missing or circular compound clip reference.");
     const bool opensCompound = kind == "ref-clip";
     if (opensCompound)
-        path_.insert(*clip.ref);
+        enterCompound(clip);
     for (const xml::Element child : element.children()) {
         if (isAllowed(child.plainName()))
             append(child, depth + 1);
     }
     if (opensCompound) {
+        uses_.leaveConnected();
         appendCompound(clip, depth + 1);
         path_.erase(*clip.ref);
     }
@@ -117,14 +123,27 @@ void AngleMediaWalker::appendMedia(
         {start, start + *duration, kind != "audio" && asset->hasVideo, kind != "video" && asset->hasAudio});
 }
 
+/// The reference counts as visited from here on, also for the clips connected to it.
+void AngleMediaWalker::enterCompound(const ClipAttributes& clip)
+{
+    const MediaEntry* media = clip.ref ? resources_.media(clip.ref) : nullptr;
+    if (media == nullptr || path_.contains(*clip.ref) || !media->element.firstChild("sequence"))
+        refuse(" contains a missing or circular compound clip reference.");
+    path_.insert(*clip.ref);
+    if (inside_)
+        uses_.add(*inside_, media->index);
+    uses_.enterConnected(media->index);
+}
+
 void AngleMediaWalker::appendCompound(const ClipAttributes& clip, int depth)
 {
     const MediaEntry& media = *resources_.media(clip.ref);
     Compound& compound = compounds_[media.index];
-    if (compound.walked) {
+    if (compound.walked && !leadsInACircle(media.index)) {
         appendCopy(compound, depth);
         return;
     }
+    const auto insideBefore = std::exchange(inside_, media.index);
     const int deepestBefore = std::exchange(deepest_, depth - 1);
     const std::size_t firstSpan = spans_.size();
     for (const xml::Element child : media.element.firstChild("sequence")->children()) {
@@ -134,6 +153,7 @@ void AngleMediaWalker::appendCompound(const ClipAttributes& clip, int depth)
     compound.spans.assign(spans_.begin() + static_cast<std::ptrdiff_t>(firstSpan), spans_.end());
     compound.levels = deepest_ - depth;
     compound.walked = true;
+    inside_ = insideBefore;
     deepest_ = std::max(deepest_, deepestBefore);
 }
 
@@ -144,9 +164,23 @@ void AngleMediaWalker::appendCopy(const Compound& compound, int depth)
     deepest_ = std::max(deepest_, depth + compound.levels);
     copiedSpans_ += compound.spans.size();
     if (copiedSpans_ > mostCopiedSpans)
-        refuse(" uses compound clips inside each other too many times to be read. Break apart these compound clips in "
-               "Final Cut and export XML again.");
+        refuseRepetition();
     spans_.insert(spans_.end(), compound.spans.begin(), compound.spans.end());
+}
+
+/// The walk then finds the place and refuses it.
+bool AngleMediaWalker::leadsInACircle(std::size_t compound)
+{
+    const bool leads = uses_.leadToConnected(compound);
+    if (uses_.steps() > mostSearchSteps)
+        refuseRepetition();
+    return leads;
+}
+
+void AngleMediaWalker::refuseRepetition() const
+{
+    refuse(" uses compound clips inside each other too many times to be read. Break apart these compound clips in "
+           "Final Cut and export XML again.");
 }
 
 void AngleMediaWalker::mapIntoParent(

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "import/clip_attributes.h"
+#include "import/compound_uses.h"
 #include "import/media_resources.h"
 
 #include <cstddef>
@@ -39,8 +40,9 @@ public:
     [[nodiscard]] std::int64_t visits() const { return visits_; }
 
 private:
-    /// A compound clip that was walked without a refusal. It holds itself nowhere, so its spans are the same
-    /// wherever it is used; only its depth has to be looked at again.
+    /// A compound clip that was walked without a refusal. It holds itself nowhere, so its spans are the same wherever
+    /// it is used; only its depth has to be looked at again, and whether it leads back to a reference that it is
+    /// connected to.
     struct Compound {
         bool walked = false;
         std::vector<Span> spans; ///< in the time of its sequence
@@ -49,8 +51,11 @@ private:
 
     void append(xml::Element element, int depth);
     void appendMedia(xml::Element element, const ClipAttributes& clip, double start, std::optional<double>& duration);
+    void enterCompound(const ClipAttributes& clip);
     void appendCompound(const ClipAttributes& clip, int depth);
     void appendCopy(const Compound& compound, int depth);
+    [[nodiscard]] bool leadsInACircle(std::size_t compound);
+    [[noreturn]] void refuseRepetition() const;
     void refuseUnsupportedSettings(xml::Element element, const ClipAttributes& clip) const;
     void mapIntoParent(
         std::size_t from, const ClipAttributes& clip, double offset, double start, std::optional<double> duration);
@@ -58,6 +63,8 @@ private:
 
     const MediaResources& resources_;
     std::vector<Compound> compounds_; ///< by MediaEntry::index
+    CompoundUses uses_;
+    std::optional<std::size_t> inside_; ///< the innermost compound clip that is being walked
     std::string_view angleName_;
     VisitedReferences path_;
     std::vector<Span> spans_; ///< of the walk that is under way

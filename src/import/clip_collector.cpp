@@ -17,7 +17,7 @@ constexpr std::int64_t mostRepeatedVisits = 10'000'000;
 } // namespace
 
 ClipCollector::ClipCollector(const MediaResources& resources)
-    : resources_(resources), compounds_(resources.mediaCount())
+    : resources_(resources), compounds_(resources.mediaCount()), uses_(resources.mediaCount())
 {
 }
 
@@ -55,8 +55,34 @@ void ClipCollector::visit(xml::Element element)
         refuse();
     if (isMediaClip(element.plainName()))
         addClip(element);
-    else if (element.attribute("enabled") != "0")
-        stack_.push_back({element, element.children().begin(), nullptr});
+    else if (element.attribute("enabled") != "0") {
+        stack_.push_back({element, element.children().begin()});
+        if (element.named("ref-clip"))
+            visitReference(element);
+    }
+}
+
+/// The reference counts as visited from here on, also for the clips connected to it; what it refers to comes after
+/// them.
+void ClipCollector::visitReference(xml::Element element)
+{
+    const auto ref = element.attribute("ref");
+    const MediaEntry* media = ref ? resources_.media(ref) : nullptr;
+    if (media == nullptr)
+        return;
+    if (const Frame* user = innermostCompound())
+        uses_.add(user->media->index, media->index);
+    Compound& compound = compounds_[media->index];
+    if (compound.open) {
+        // A compound clip that holds itself directly leaves the same reference out whichever way leads into it.
+        if (path_.back() != media)
+            markCircular();
+        return;
+    }
+    compound.open = true;
+    path_.push_back(media);
+    uses_.enterConnected(media->index);
+    stack_.back().refers = media;
 }
 
 void ClipCollector::addClip(xml::Element clip)
@@ -96,14 +122,15 @@ void ClipCollector::refuse() const
 
 void ClipCollector::leave(const Frame& frame)
 {
-    if (frame.media == nullptr) {
-        if (frame.element.named("ref-clip"))
-            enterCompound(frame.element.attribute("ref"));
+    if (frame.refers != nullptr) {
+        uses_.leaveConnected();
+        enterCompound(*frame.refers);
         return;
     }
+    if (frame.media == nullptr)
+        return;
+    close(*frame.media);
     Compound& compound = compounds_[frame.media->index];
-    compound.open = false;
-    path_.pop_back();
     if (compound.walked)
         --repeating_;
     compound.walked = true;
@@ -115,34 +142,46 @@ void ClipCollector::leave(const Frame& frame)
     compound.countedInAngle = angleNumber_;
 }
 
-void ClipCollector::enterCompound(std::optional<std::string_view> ref)
+void ClipCollector::enterCompound(const MediaEntry& media)
 {
-    const MediaEntry* media = ref ? resources_.media(ref) : nullptr;
-    if (media == nullptr)
-        return;
-    Compound& compound = compounds_[media->index];
-    if (compound.open) {
-        // A compound clip that holds itself directly leaves the same reference out whichever way leads into it.
-        if (path_.back() != media)
-            markCircular();
-        return;
-    }
-    if (compound.countedInAngle == angleNumber_) {
+    Compound& compound = compounds_[media.index];
+    if (isKnown(media)) {
         addCount(compound.count);
+        close(media);
         return;
     }
-    compound.open = true;
-    path_.push_back(media);
     if (compound.walked)
         ++repeating_;
-    stack_.push_back({media->element, media->element.children().begin(), media, clips_.count});
+    stack_.push_back({media.element, media.element.children().begin(), &media, nullptr, clips_.count});
+}
+
+void ClipCollector::close(const MediaEntry& media)
+{
+    compounds_[media.index].open = false;
+    path_.pop_back();
+}
+
+/// A kept count holds where nothing in the compound clip is left out that was not left out then.
+bool ClipCollector::isKnown(const MediaEntry& media)
+{
+    if (compounds_[media.index].countedInAngle != angleNumber_)
+        return false;
+    const bool leads = uses_.leadToConnected(media.index);
+    if (uses_.steps() > mostRepeatedVisits)
+        refuse();
+    return !leads;
+}
+
+ClipCollector::Frame* ClipCollector::innermostCompound()
+{
+    const auto inner =
+        std::find_if(stack_.rbegin(), stack_.rend(), [](const Frame& frame) { return frame.media != nullptr; });
+    return inner == stack_.rend() ? nullptr : &*inner;
 }
 
 void ClipCollector::markCircular()
 {
-    const auto inner =
-        std::find_if(stack_.rbegin(), stack_.rend(), [](const Frame& frame) { return frame.media != nullptr; });
-    if (inner != stack_.rend())
+    if (Frame* inner = innermostCompound())
         inner->circular = true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "import/compound_uses.h"
 #include "import/media_resources.h"
 
 #include <cstdint>
@@ -21,7 +22,7 @@ struct AngleClips {
 /// Collects the clips of the angles of one document, through gaps, spines and compound clips. Everything but the
 /// count is the same however often a compound clip is used, so each is walked once for an angle and its count kept:
 /// compound clips that each use the next one several times cost no more than their size. Only compound clips that
-/// use each other in a circle are walked anew, up to a limit; beyond it the angle is refused.
+/// lead back to a reference on the way to them are walked anew, up to a limit; beyond it the angle is refused.
 class ClipCollector {
 public:
     explicit ClipCollector(const MediaResources& resources);
@@ -50,7 +51,8 @@ private:
     struct Frame {
         xml::Element element; ///< its children are being visited
         xml::ElementIterator next;
-        const MediaEntry* media; ///< set where the children are the sequences of a compound clip
+        const MediaEntry* media = nullptr;  ///< set where the children are the sequences of a compound clip
+        const MediaEntry* refers = nullptr; ///< set for a reference that opened this compound clip
         std::int64_t countBefore = 0;
         bool circular = false; ///< a reference was left out that another way into this compound clip would follow
     };
@@ -58,13 +60,18 @@ private:
     void visit(xml::Element element);
     void addClip(xml::Element clip);
     void addCount(std::int64_t clips);
+    void visitReference(xml::Element element);
     void leave(const Frame& frame);
-    void enterCompound(std::optional<std::string_view> ref);
+    void enterCompound(const MediaEntry& media);
+    void close(const MediaEntry& media);
+    [[nodiscard]] bool isKnown(const MediaEntry& media);
+    [[nodiscard]] Frame* innermostCompound();
     void markCircular();
     [[noreturn]] void refuse() const;
 
     const MediaResources& resources_;
-    std::vector<Compound> compounds_;     ///< by MediaEntry::index
+    std::vector<Compound> compounds_; ///< by MediaEntry::index
+    CompoundUses uses_;
     std::vector<Frame> stack_;            ///< explicit: compound clips nest without limit here
     std::vector<const MediaEntry*> path_; ///< the compound clips that are open, outermost first
     std::set<std::string_view> missing_;

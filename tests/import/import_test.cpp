@@ -72,6 +72,31 @@ TEST(Import, CountsClipsInsideContainersButNotDisabledOnes)
     EXPECT_EQ(firstAngle(refClip("c") + refClip("none") + "<ref-clip/>", compound("c", "")).clipCount, 0);
 }
 
+/// A reference counts as visited for the clips connected to it too, whatever was walked and kept before.
+TEST(Import, TakesAReferenceAsVisitedForItsConnectedClips)
+{
+    const std::string two = compound("c", clip("0s", "1s") + clip("0s", "1s"));
+    const std::string resources = two + compound("holds c", refClip("c") + clip("0s", "1s"));
+    const auto connected = [](const std::string& to, const std::string& inside) {
+        return "<ref-clip ref=\"" + to + "\">" + inside + "</ref-clip>";
+    };
+    const auto count = [&](const std::string& contents) { return firstAngle(contents, resources).clipCount; };
+    EXPECT_EQ(count(connected("c", refClip("c"))), 2);
+    EXPECT_EQ(count(connected("c", refClip("holds c"))), 3);
+    EXPECT_EQ(count(refClip("holds c") + connected("c", refClip("holds c")) + refClip("holds c")), 9);
+    EXPECT_EQ(count(connected("holds c", refClip("c"))), 5);
+    EXPECT_EQ(count(connected("c", "<audition>" + connected("holds c", refClip("c")) + "</audition>")), 3);
+
+    const std::string circular = "Camera A contains a missing or circular compound clip reference.";
+    EXPECT_NO_THROW(engineWith(refClip("holds c") + connected("holds c", refClip("c")) + refClip("c"), resources));
+    EXPECT_REFUSED(engineWith(connected("c", refClip("c")), resources), circular);
+    EXPECT_REFUSED(engineWith(connected("c", refClip("holds c")) + refClip("holds c"), resources), circular);
+    EXPECT_REFUSED(engineWith(refClip("holds c") + connected("c", refClip("holds c")), resources), circular);
+    EXPECT_REFUSED(
+        engineWith(refClip("d"), resources + compound("d", refClip("holds c") + connected("c", refClip("holds c")))),
+        circular);
+}
+
 TEST(Import, LeavesOutTheClipsOfADisabledAngle)
 {
     const std::string bytes = document(
