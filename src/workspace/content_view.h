@@ -123,7 +123,8 @@ public:
     void windowAppeared();
     void importXML(const std::string& data);
     void openProjectFile(const std::string& location);
-    void handleDroppedFiles(const std::vector<std::string>& locations);
+    /// True when it is one project file, and the drop is taken; reading it may fail all the same.
+    bool handleDroppedFiles(const std::vector<std::string>& locations);
     void chooseProjectFile();
     void reopenPreviousSession();
 

@@ -47,16 +47,19 @@ void ContentView::openProjectFile(const std::string& location)
     });
 }
 
-void ContentView::handleDroppedFiles(const std::vector<std::string>& locations)
+bool ContentView::handleDroppedFiles(const std::vector<std::string>& locations)
 {
-    edit([this, locations](WorkspaceState&) {
-        if (locations.size() != 1 || locations.front().find("://") != std::string::npos)
+    const bool isFile = locations.size() == 1 && locations.front().starts_with('/');
+    const bool isProject = isFile && projectFileKind(locations.front());
+    edit([=, this](WorkspaceState&) {
+        if (!isFile)
             fail("Drop one Final Cut XML file or bundle at a time.");
-        else if (!projectFileKind(locations.front()))
+        else if (!isProject)
             fail(std::string(chooseProjectFileText));
         else
             openProjectFile(locations.front());
     });
+    return isProject;
 }
 
 void ContentView::chooseProjectFile()

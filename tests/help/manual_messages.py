@@ -25,6 +25,8 @@ EXCEPTIONS = {
     "Your first pass. Your rules.": "the line under the title of the help window",
     "Search the manual": "stands in the field above the topics",
     "Search help topics and their contents": "the tip of that field",
+    "Return to the previous rough edit and its settings": "the tip of the Back button",
+    "Restore the next rough edit and its settings": "the tip of the Forward button",
     "topics · Available offline": "the count of the topics",
     "Try a word such as audio, frequency, timecode or export.": "advice already",
     "Corvane Import": "the name of files that another program writes",

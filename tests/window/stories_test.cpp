@@ -9,6 +9,7 @@
 #include <QClipboard>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QListWidget>
 #include <QMimeData>
 #include <QTableView>
 #include <QTextBrowser>
@@ -73,8 +74,10 @@ TEST(Story, FromADropToAnExportAndARestart)
     gui.click("Generate rough edit");
     gui.click("Shuffle rough edit");
     EXPECT_NE(gui.withText<QLabel>("Edit 2 of 2"), nullptr);
+    EXPECT_EQ(gui.withText<>("Back")->toolTip(), "Return to the previous rough edit and its settings");
     gui.click("Back");
     EXPECT_NE(gui.withText<QLabel>("Edit 1 of 2"), nullptr);
+    EXPECT_EQ(gui.withText<>("Forward")->toolTip(), "Restore the next rough edit and its settings");
     gui.click("Forward");
     gui.account.finalCut.installed = false;
     gui.account.dialogs.answer = gui.account.folder.file("exports");
@@ -125,11 +128,15 @@ TEST(Story, RefusalsAreAlertsOneAfterTheOther)
     const std::unique_ptr<QMimeData> note(files({text}));
     EXPECT_FALSE(drop(*zone, *note));
     expectAlert(gui, "Drop one project from Final Cut’s browser, or one .fcpxml file or .fcpxmld bundle.");
-    drop(gui.window(), *note);
+    EXPECT_FALSE(drop(gui.window(), *note));
     expectAlert(gui, "Choose a .fcpxml file or .fcpxmld bundle.");
     const std::unique_ptr<QMimeData> two(files({text, text}));
-    drop(gui.window(), *two);
-    expectAlert(gui, "Drop one Final Cut XML file or bundle at a time.");
+    QMimeData link;
+    link.setUrls({QUrl("mailto:a.fcpxml")});
+    for (const QMimeData* data : {two.get(), &link}) {
+        EXPECT_FALSE(drop(gui.window(), *data));
+        expectAlert(gui, "Drop one Final Cut XML file or bundle at a time.");
+    }
 
     gui.view().importXML("<fcpxml/>");
     gui.account.inbox.setXMLData(document()); // arrives behind the alert
@@ -156,14 +163,18 @@ TEST(DropView, LightsUpForWhatItTakes)
     QDragLeaveEvent leave;
     QApplication::sendEvent(zone, &leave);
     EXPECT_FALSE(zone->dropActive());
-    QMimeData plain;
-    plain.setText("words");
-    QDragEnterEvent words(QPoint(5, 5), Qt::CopyAction, &plain, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(zone, &words);
-    EXPECT_FALSE(words.isAccepted() || zone->dropActive());
+    QMimeData link;
+    link.setUrls({QUrl("https://corvane.example/a.fcpxml")});
+    QDragEnterEvent other(QPoint(5, 5), Qt::CopyAction, &link, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(zone, &other);
+    EXPECT_FALSE(zone->dropActive() || gui.state().dropTargeted);
     EXPECT_TRUE(drop(*zone, dragged));
     EXPECT_NE(gui.state().loaded, nullptr) << "the newest version that has data";
     EXPECT_FALSE(gui.state().dropTargeted);
+    gui.view().addSection();
+    Gui::settle();
+    for (const QWidget* each : gui.window().findChildren<QWidget*>())
+        EXPECT_TRUE(!each->acceptDrops() || !each->isVisible() || each == zone) << each->metaObject()->className() << " keeps files";
 }
 
 TEST(CutPanel, TheStripAndTheTableShowEachOther)
@@ -204,6 +215,12 @@ TEST(Help, IsOneSheetAndOneWindowAndSearches)
     EXPECT_TRUE(query->text().isEmpty());
     QTest::keyClicks(query, "TIMECODE");
     EXPECT_FALSE(sheet->findChild<QTextBrowser*>()->toPlainText().isEmpty());
+    auto* topics = sheet->findChild<QListWidget*>();
+    const QString found = topics->currentItem()->text();
+    const QRect row = topics->visualItemRect(topics->currentItem());
+    QTest::mouseClick(topics->viewport(), Qt::LeftButton, {}, row.center());
+    query->clear();
+    EXPECT_EQ(topics->currentItem()->text(), found) << "who clicks a topic keeps it when the search ends";
     QTest::mouseClick(gui.withText<>("Close", sheet), Qt::LeftButton);
     EXPECT_FALSE(gui.state().showingHelp);
     const auto helpWindows = [] {

@@ -81,6 +81,8 @@ void CorvaneAboutWindow::show()
         column->addWidget(new CorvaneAboutView(bundle_, openManual_, [window] { window->close(); }, window));
         auto* shortcut = new QShortcut(QKeySequence(QKeySequence::Close), window);
         QObject::connect(shortcut, &QShortcut::activated, window, &QWidget::close);
+        window->adjustSize();
+        centreOnScreen(*window);
     }
     bringToFront(*window_);
 }

@@ -132,12 +132,14 @@ QWidget* CorvaneHelpView::makeTopics()
     split->setStretchFactor(1, 1);
     split->setSizes({260, 640});
     connect(query_, &QLineEdit::textChanged, this, &CorvaneHelpView::search);
-    connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
-        if (row < 0)
+    const auto select = [this](const QListWidgetItem* item) {
+        if (item == nullptr)
             return;
-        state_.selectedID = utf8(list_->item(row)->data(Qt::UserRole).toString());
+        state_.selectedID = utf8(item->data(Qt::UserRole).toString());
         showPage(listTopics(std::get<CorvaneManual>(manual_), state_));
-    });
+    };
+    connect(list_, &QListWidget::currentItemChanged, this, select);
+    connect(list_, &QListWidget::itemClicked, this, select); // also the one that is shown already
     return split;
 }
 
@@ -224,6 +226,7 @@ void CorvaneHelpWindow::show()
         QObject::connect(shortcut, &QShortcut::activated, window, &QWidget::close);
         auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), window);
         QObject::connect(escape, &QShortcut::activated, window, &QWidget::close);
+        centreOnScreen(*window);
     }
     bringToFront(*window_);
 }
@@ -236,6 +239,13 @@ void bringToFront(QWidget& window)
         window.show();
     window.raise();
     window.activateWindow();
+}
+
+void centreOnScreen(QWidget& window)
+{
+    QRect place({}, window.size());
+    place.moveCenter(window.screen()->availableGeometry().center());
+    window.move(place.topLeft());
 }
 
 } // namespace corvane

@@ -62,4 +62,7 @@ private:
 /// Brings a window to the front and gives it the keyboard.
 void bringToFront(QWidget& window);
 
+/// Puts a window that was not shown yet into the middle of its screen.
+void centreOnScreen(QWidget& window);
+
 } // namespace corvane

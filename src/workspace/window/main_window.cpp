@@ -45,6 +45,7 @@ protected:
         constexpr double lineWidth = 3;
         constexpr double dash = 10;
         QPen pen(theme::orange, lineWidth);
+        pen.setCapStyle(Qt::FlatCap); // any other makes the dashes longer
         pen.setDashPattern({dash / lineWidth, dash / lineWidth});
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
@@ -287,7 +288,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {
     if (!event->mimeData()->hasUrls())
         return;
-    setDropTargeted(true);
+    setDropTargeted(!MimePasteboard(*event->mimeData()).fileURLs().empty());
     event->setDropAction(Qt::CopyAction);
     event->accept();
 }
@@ -307,8 +308,7 @@ void MainWindow::dropEvent(QDropEvent* event)
 {
     setDropTargeted(false);
     event->setDropAction(Qt::CopyAction);
-    event->accept();
-    services_.view.handleDroppedFiles(MimePasteboard(*event->mimeData()).locations());
+    event->setAccepted(services_.view.handleDroppedFiles(MimePasteboard(*event->mimeData()).locations()));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

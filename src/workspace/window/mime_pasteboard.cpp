@@ -21,7 +21,7 @@ std::vector<std::string> MimePasteboard::types() const
     std::vector<std::string> types;
     for (const QString& format : data_.formats())
         types.push_back(utf8(format));
-    if (data_.hasUrls())
+    if (!fileURLs().empty())
         types.emplace_back(fileURLPasteboardType);
     return types;
 }

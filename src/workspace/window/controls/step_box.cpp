@@ -21,6 +21,7 @@ StepBox::StepBox(Range range, QWidget* parent) : QDoubleSpinBox(parent), step_(r
     setKeyboardTracking(false);
     setAlignment(Qt::AlignRight);
     setAccelerated(true);
+    lineEdit()->setAcceptDrops(false); // files are for the window
     letScrollingPass(*this);
     connect(this, &QDoubleSpinBox::valueChanged, this, &StepBox::settle);
 }

@@ -19,6 +19,7 @@ TimecodeField::TimecodeField(const QString& label, Problem problem, QWidget* par
     column->addWidget(name);
     column->addWidget(edit_);
     column->addWidget(complaint_);
+    edit_->setAcceptDrops(false); // files are for the window
     edit_->setPlaceholderText("HH:MM:SS:FF");
     complaint_->setWordWrap(true);
     complaint_->setProperty("role", "complaint");

@@ -76,6 +76,7 @@ SectionsPanel::Row SectionsPanel::makeRow(const SectionDraft& draft)
         new TimecodeField(tr("Start"), problem, holder),
         new TimecodeField(tr("End"), problem, holder),
         new QPushButton(tr("Remove"), holder)};
+    row.name->setAcceptDrops(false); // files are for the window
     row.name->setPlaceholderText(tr("Section name (optional)"));
     row.name->setAccessibleName(tr("Section name (optional)"));
     auto* rows = new QVBoxLayout(holder);
