@@ -19,6 +19,7 @@
 #include <limits>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace corvane {
 
@@ -96,19 +97,6 @@ private:
     OpenText text_;
     std::unique_ptr<icu::BreakIterator> characters_;
 };
-
-std::unique_ptr<icu::Collator> makeNameOrder()
-{
-    UErrorCode status = U_ZERO_ERROR;
-    std::unique_ptr<icu::Collator> order(icu::Collator::createInstance(icu::Locale::getRoot(), status));
-    require(status);
-    order->setStrength(icu::Collator::SECONDARY); // letters, then accents; not case
-    order->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
-    order->setAttribute(UCOL_ALTERNATE_HANDLING, UCOL_NON_IGNORABLE, status); // blanks are characters
-    order->setAttribute(UCOL_NORMALIZATION_MODE, UCOL_ON, status);
-    require(status);
-    return order;
-}
 
 /// What is left for a search: no case, no marks on letters. Composed again, so that a Korean syllable is one
 /// character and not the beginning of another.
@@ -209,11 +197,36 @@ std::string lowerCased(std::string_view text)
     return lower;
 }
 
-std::strong_ordering standardCompare(std::string_view a, std::string_view b)
+struct NameOrder::Collator {
+    std::unique_ptr<icu::Collator> rules;
+};
+
+NameOrder::NameOrder(const std::string& language)
 {
-    static const std::unique_ptr<const icu::Collator> order = makeNameOrder();
     UErrorCode status = U_ZERO_ERROR;
-    const UCollationResult result = order->compareUTF8(piece(a), piece(b), status);
+    const icu::Locale locale = language.empty() ? icu::Locale::getRoot() : icu::Locale(language.c_str());
+    std::unique_ptr<icu::Collator> rules(icu::Collator::createInstance(locale, status));
+    require(status);
+    rules->setStrength(icu::Collator::SECONDARY); // letters, then accents; not case
+    rules->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
+    rules->setAttribute(UCOL_ALTERNATE_HANDLING, UCOL_NON_IGNORABLE, status); // blanks are characters
+    rules->setAttribute(UCOL_NORMALIZATION_MODE, UCOL_ON, status);
+    require(status);
+    collator_ = std::make_unique<const Collator>(Collator{std::move(rules)});
+}
+
+NameOrder::~NameOrder() = default;
+
+std::string NameOrder::usersLanguage()
+{
+    const icu::Locale& locale = icu::Locale::getDefault();
+    return std::string_view(locale.getVariant()) == "POSIX" ? "" : locale.getName();
+}
+
+std::strong_ordering NameOrder::operator()(std::string_view a, std::string_view b) const
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const UCollationResult result = collator_->rules->compareUTF8(piece(a), piece(b), status);
     require(status);
     return result == UCOL_EQUAL ? a <=> b : result <=> UCOL_EQUAL; // bytes of UTF-8 sort as code points
 }

@@ -2,6 +2,7 @@
 
 #include <compare>
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -26,9 +27,25 @@ void appendCharacter(std::string& text, char32_t character);
 /// The text in Unicode's lower case, of no language: "İ" becomes an i with a dot above, whoever is asking.
 [[nodiscard]] std::string lowerCased(std::string_view text);
 
-/// How people sort names: case does not count, accents little, runs of digits as numbers, blanks as characters. Only
-/// the same text is equal, so that a sort comes out the same on every run.
-[[nodiscard]] std::strong_ordering standardCompare(std::string_view a, std::string_view b);
+/// How people sort names: by the letters of their language, case does not count, accents little, runs of digits as
+/// numbers, blanks as characters. Only the same text is equal, so that a sort comes out the same on every run.
+class NameOrder {
+public:
+    /// `language` as "sv" or "de_AT"; empty for an order of no language. The usual one is that of the user's account.
+    explicit NameOrder(const std::string& language = usersLanguage());
+    NameOrder(const NameOrder&) = delete;
+    NameOrder& operator=(const NameOrder&) = delete;
+    ~NameOrder();
+
+    [[nodiscard]] std::strong_ordering operator()(std::string_view a, std::string_view b) const;
+
+    /// Empty where the account has none ("C" and "POSIX").
+    [[nodiscard]] static std::string usersLanguage();
+
+private:
+    struct Collator;
+    std::unique_ptr<const Collator> collator_;
+};
 
 /// How people search: the query stands in the text, case and accents aside on both sides. Blanks count as written; an
 /// empty query is in every text.

@@ -123,8 +123,9 @@ bool sameName(std::string_view a, std::string_view b)
 
 void sortPresets(std::vector<EditPreset>& presets)
 {
+    const NameOrder order;
     std::ranges::stable_sort(
-        presets, [](const EditPreset& a, const EditPreset& b) { return standardCompare(a.name, b.name) < 0; });
+        presets, [&order](const EditPreset& a, const EditPreset& b) { return order(a.name, b.name) < 0; });
 }
 
 EditPreset makePreset(

@@ -24,10 +24,14 @@ TEST(TextRules, NamesSortAsPeopleSortThem)
         "",         " z",        "007",     "7",    "07a",       "10",         "Alpha",      "alpha",
         "álpha",    "alpha 1",   "alphA-1", "Beta", "service 9", "Service 9a", "Service 10", "service 010b",
         "Service2", "Service10", "Zoë",     "zz",   "α",         "日"};
+    const NameOrder order("");
     for (std::size_t a = 0; a < sorted.size(); ++a) {
         for (std::size_t b = 0; b < sorted.size(); ++b)
-            EXPECT_EQ(standardCompare(sorted[a], sorted[b]), a <=> b) << sorted[a] << " and " << sorted[b];
+            EXPECT_EQ(order(sorted[a], sorted[b]), a <=> b) << sorted[a] << " and " << sorted[b];
     }
+    EXPECT_TRUE(order("Ängel", "Zebra") < 0);
+    EXPECT_TRUE(NameOrder("sv_SE")("Ängel", "Zebra") > 0);
+    EXPECT_TRUE(NameOrder()("alpha", "Beta") < 0) << "whatever the language, and where there is none";
 }
 
 TEST(TextRules, SearchPassesOverCaseAndAccents)
