@@ -119,6 +119,8 @@ QWidget* CorvaneHelpView::makeTopics()
     count_->setProperty("role", "help");
     list_ = new QListWidget(left);
     list_->setAccessibleName(tr("Topics"));
+    list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list_->setWordWrap(true);
     for (QWidget* each : {static_cast<QWidget*>(query_), static_cast<QWidget*>(count_)})
         column->addWidget(each);
     column->addWidget(list_, 1);
