@@ -77,7 +77,7 @@ TEST(ExportFiles, KeepTheDocumentWhenTheRecordFails)
     for (int failing = 0; failing < counting.calls; ++failing) {
         const ScratchFolder folder;
         FailingFiles calls(failing, EDQUOT);
-        const bool inDocument = failing < counting.calls / 2; // the record takes one short write more
+        const bool inDocument = failing < counting.calls / 2;
         EXPECT_REFUSED(
             writeExportFiles(folder.path(), "<a/>", "record", "I", calls),
             inDocument ? "Cannot write I Corvane.fcpxml: Disk quota exceeded."

@@ -31,8 +31,8 @@ struct FailingFiles : FileCalls {
     {
         const bool fault = fails();
         const std::string_view first = parts.front();
-        const bool half = fault || (parts.size() == 1 && first.size() > 1);
-        const std::string_view some = first.substr(0, half ? first.size() / 2 : first.size());
+        const std::size_t most = parts.size() == 1 && first.size() > 1 ? first.size() - 1 : first.size();
+        const std::string_view some = first.substr(0, fault ? first.size() / 2 : most);
         const std::ptrdiff_t written = FileCalls::write(file, {&some, 1});
         errno = error;
         return fault ? -1 : written;

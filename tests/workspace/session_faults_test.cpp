@@ -81,6 +81,29 @@ TEST(SessionFaults, KeepBothSessionsWhicheverCallFailsWhileTheyChangePlaces)
     EXPECT_GT(calls, 15);
 }
 
+TEST(SessionFaults, KeepAnothersFileOnceWhicheverCallFails)
+{
+    int calls = 0;
+    for (int failing = 0; failing <= calls; ++failing) {
+        FailingFiles faulty;
+        TestWindow window;
+        window.sessionCalls = &faulty;
+        window.start();
+        window.view().importXML(document());
+        const std::string_view anothers = "another process was here";
+        replaceFile(window.sessionFile(), {&anothers, 1});
+        faulty.calls = 0;
+        faulty.failing = failing;
+        window.view().generateRoughEdit();
+        calls = faulty.calls;
+        faulty.failing = -1;
+        window.view().generateRoughEdit();
+        EXPECT_EQ(window.names("Corvane"), (Names{"session-v1 (kept).json", "session-v1.json"})) << failing;
+        EXPECT_EQ(readFile(window.folder.file("Corvane/session-v1 (kept).json")), anothers) << failing;
+    }
+    EXPECT_GT(calls, 15);
+}
+
 TEST(SessionFaults, KeepAnEditWhoseSaveFailedWhenAnotherProjectComes)
 {
     FailingFiles calls;
