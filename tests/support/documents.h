@@ -52,7 +52,7 @@ inline std::string document(const Parts& parts = {})
 <fcpxml version="1.11"><resources>
 <format id="r1" frameDuration="100/2500s" width="1920" height="1080" colorSpace="1-1-1 (Rec. 709)"/>
 <asset id="av" name="Both" duration="40s" hasVideo="1" hasAudio="1"><media-rep src="file:///av.mov"/>
-<metadata><md key="com.apple.proapps.mio.cameraName" value="Camera 1"/></metadata></asset>
+<metadata><any/><md key="com.apple.proapps.mio.cameraName" value="Camera 1"/></metadata></asset>
 <asset id="v" name="Picture" duration="40s" hasVideo="1" src="file:///v.mov"/>
 <asset id="a" name="Sound" duration="40s" hasAudio="1" src="file:///a.wav"/>
 <asset id="lost" name="Lost" duration="40s" hasVideo="1"><media-rep src=""/></asset>
