@@ -105,6 +105,8 @@ TEST(Hints, SayWhyAButtonCannotBePressed)
 {
     TestWindow window;
     ContentView& view = window.view();
+    view.importXML(document({angle("A", clip("0s", "40s")) + angle("B", "")}));
+    EXPECT_EQ(window.state().error, "Include at least two video angles in your multicam.");
     EXPECT_EQ(hints(view).generate, "Import a project first.");
     view.importXML(document());
     EXPECT_EQ(hints(view).generate, std::nullopt);
