@@ -17,12 +17,20 @@ namespace {
 using namespace test;
 using Names = std::vector<std::string>;
 
+/// A window whose calls for its session can be made to fail.
+struct FaultyWindow : TestWindow {
+    FailingFiles calls;
+    FaultyWindow()
+    {
+        sessionCalls = &calls;
+        start();
+    }
+};
+
 TEST(SessionFaults, KeepTheOldFileWhicheverCallFails)
 {
-    FailingFiles calls;
-    TestWindow window;
-    window.sessionCalls = &calls;
-    window.start();
+    FaultyWindow window;
+    FailingFiles& calls = window.calls;
     window.view().importXML(document());
     window.view().generateRoughEdit();
     int refused = 0;
@@ -52,10 +60,8 @@ TEST(SessionFaults, KeepBothSessionsWhicheverCallFailsWhileTheyChangePlaces)
 {
     int calls = 0;
     for (int failing = 0; failing <= calls; ++failing) {
-        FailingFiles faulty;
-        TestWindow window;
-        window.sessionCalls = &faulty;
-        window.start();
+        FaultyWindow window;
+        FailingFiles& faulty = window.calls;
         for (const char* name : {"Concert", "Other"}) {
             window.view().importXML(replaced(document(), "Concert", name));
             window.view().generateRoughEdit();
@@ -85,10 +91,8 @@ TEST(SessionFaults, KeepAnothersFileOnceWhicheverCallFails)
 {
     int calls = 0;
     for (int failing = 0; failing <= calls; ++failing) {
-        FailingFiles faulty;
-        TestWindow window;
-        window.sessionCalls = &faulty;
-        window.start();
+        FaultyWindow window;
+        FailingFiles& faulty = window.calls;
         window.view().importXML(document());
         const std::string_view anothers = "another process was here";
         replaceFile(window.sessionFile(), {&anothers, 1});
@@ -106,10 +110,8 @@ TEST(SessionFaults, KeepAnothersFileOnceWhicheverCallFails)
 
 TEST(SessionFaults, KeepAnEditWhoseSaveFailedWhenAnotherProjectComes)
 {
-    FailingFiles calls;
-    TestWindow window;
-    window.sessionCalls = &calls;
-    window.start();
+    FaultyWindow window;
+    FailingFiles& calls = window.calls;
     window.view().importXML(document());
     calls.failing = calls.calls;
     window.view().generateRoughEdit();
