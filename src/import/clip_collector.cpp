@@ -70,7 +70,8 @@ void ClipCollector::visitReference(xml::Element element)
     const MediaEntry* media = ref ? resources_.media(ref) : nullptr;
     if (media == nullptr)
         return;
-    if (const Frame* user = innermostCompound())
+    const Frame* user = innermostCompound();
+    if (user != nullptr && !compounds_[user->media->index].walked)
         uses_.add(user->media->index, media->index);
     Compound& compound = compounds_[media->index];
     if (compound.open) {

@@ -2,6 +2,14 @@
 
 namespace corvane {
 
+void CompoundUses::add(std::size_t user, std::size_t used)
+{
+    if (compounds_[used].lastUser == user)
+        return;
+    compounds_[used].lastUser = user;
+    compounds_[user].used.push_back(used);
+}
+
 void CompoundUses::enterConnected(std::size_t compound)
 {
     ++compounds_[compound].connected;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace corvane {
@@ -13,8 +14,8 @@ class CompoundUses {
 public:
     explicit CompoundUses(std::size_t compounds) : compounds_(compounds) {}
 
-    /// Something in `user` refers to `used`.
-    void add(std::size_t user, std::size_t used) { compounds_[user].used.push_back(used); }
+    /// Something in `user` refers to `used`. What repeats itself one after the other is kept once.
+    void add(std::size_t user, std::size_t used);
 
     /// The connected clips of a reference to it are walked from here on; leaveConnected() ends the innermost one.
     void enterConnected(std::size_t compound);
@@ -30,6 +31,7 @@ public:
 private:
     struct Compound {
         std::vector<std::size_t> used;
+        std::optional<std::size_t> lastUser;
         int connected = 0;     ///< references whose connected clips are being walked
         std::int64_t seen = 0; ///< in that search
     };
