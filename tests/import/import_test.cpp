@@ -47,6 +47,12 @@ TEST(Import, TakesAReferenceAsVisitedForItsConnectedClips)
     EXPECT_REFUSED(engineWith(connected("c", refClip("holds c")) + refClip("holds c"), resources), circular);
     EXPECT_REFUSED(engineWith(refClip("holds c") + connected("c", refClip("holds c")), resources), circular);
     EXPECT_REFUSED(
+        engineWith(
+            refClip("holds c") + connected("d", refClip("holds c") + connected("c", refClip("holds c"))),
+            resources + compound("d", "")),
+        circular)
+        << "not found by the first search, among the clips of d";
+    EXPECT_REFUSED(
         engineWith(refClip("d"), resources + compound("d", refClip("holds c") + connected("c", refClip("holds c")))),
         circular);
 }
@@ -118,9 +124,10 @@ TEST(Walker, KeepsOneWalkOfACompoundClip)
     EXPECT_REFUSED(
         AngleMediaWalker(media).walk(*twice.root()->firstChild("ref-clip"), "A", {}, 2),
         "Camera A contains excessively nested clips.");
-    EXPECT_REFUSED(
-        AngleMediaWalker(media).walk(*twice.root()->firstChild("ref-clip"), "A", {"c0"}),
-        "Camera A contains a missing or circular compound clip reference.");
+    for (const char* onTheWay : {"c0", "c9"})
+        EXPECT_REFUSED(
+            walker.walk(*twice.root()->firstChild("ref-clip"), "A", {onTheWay}),
+            "Camera A contains a missing or circular compound clip reference.");
     const auto wide = levelled(9, 12);
     const MediaResources wideMedia(*wide.root());
     EXPECT_REFUSED(AngleMediaWalker(wideMedia).walk(*wide.root()->firstChild("ref-clip"), "A"), tooManyUses);

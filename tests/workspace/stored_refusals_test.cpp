@@ -83,7 +83,9 @@ void fillWindow(TestWindow& window)
 {
     window.view().importXML(document({angle("A", clip("0s", "40s")) + angle("B", clip("0s", "39s"))}));
     window.view().edit([](WorkspaceState& state) {
+        state.settings.mainShare = 65;
         state.settings.averageShot = 12;
+        state.settings.doubleMain = true;
         state.settings.returnTimes["B"] = 3;
         state.settings.openingEnabled = state.settings.closingEnabled = true;
         state.settings.openingSeconds = state.settings.closingSeconds = 2;
@@ -289,7 +291,8 @@ TEST(StoredPresets, AreLeftByteForByteWhicheverRuleTheyBreak)
     const std::string chosen = window.view().storedPresets().front().id.text();
     const Faults faults = presetFaults(good);
     ASSERT_GT(faults.size(), 70U);
-    EXPECT_EQ(Json::parse(good)[0]["averageShot"], 12);
+    const Json saved = Json::parse(good)[0];
+    EXPECT_TRUE(saved["mainShare"] == 65 && saved["averageShot"] == 12 && saved["doubleMain"] == true) << good;
 
     for (const auto& [bad, reason] : faults) {
         stored = bad;

@@ -117,6 +117,14 @@ TEST(WholeFlow, KeepsWhatAnImportReplacesAndBringsItBack)
     window.view().reopenPreviousSession();
     EXPECT_EQ(window.state().loaded->imported.name, "Other");
     EXPECT_EQ(window.names("Corvane"), (Names{"session-v1 (previous).json", "session-v1.json"}));
+    // What cannot be read does not take the place of what can.
+    window.quit();
+    const std::string_view garbage = "{";
+    replaceFile(window.sessionFile(), {&garbage, 1});
+    window.start();
+    window.view().importXML(document());
+    window.view().reopenPreviousSession();
+    EXPECT_EQ(window.state().loaded->imported.name, "Third");
 }
 
 TEST(WholeFlow, SaysWhenAReplacedSessionCannotBeKept)
