@@ -21,7 +21,6 @@ void CompoundUses::leaveConnected()
 {
     --compounds_[connected_.back()].connected;
     connected_.pop_back();
-    ++search_;
 }
 
 void CompoundUses::leaveAll()

@@ -39,7 +39,7 @@ private:
     std::vector<Compound> compounds_;
     std::vector<std::size_t> connected_;
     std::vector<std::size_t> toSearch_;
-    std::int64_t search_ = 1; ///< what a search has seen in vain need not be searched again until something changes
+    std::int64_t search_ = 1; ///< what a search has seen in vain need not be searched again until one more is entered
     std::int64_t steps_ = 0;
 };
 
