@@ -79,6 +79,8 @@ TEST(OneDoor, LetsEditsOfObserversWaitTheirTurn)
     window.view().edit([](WorkspaceState& state) { state.settings.mainShare = 20; });
     EXPECT_EQ(seen, (std::vector<double>{20, 25, 30}));
     window.view().stopObserving(token);
+    window.view().edit([](WorkspaceState& state) { state.settings.doubleMain = true; });
+    EXPECT_EQ(seen.size(), 3U);
     EXPECT_THROW(
         window.view().edit([](WorkspaceState& state) {
             state.settings.mainShare = 90;
@@ -122,6 +124,11 @@ TEST(OneDoor, LetsDeliveriesWaitWhileADialogIsOpen)
     EXPECT_EQ(window.names("exports").front(), "Concert Corvane.fcpxml");
     EXPECT_EQ(window.state().loaded->imported.name, "Arrived");
     EXPECT_EQ(window.inbox.xmlData(), std::nullopt);
+    window.quit();
+    window.inbox.setXMLData(replaced(document(), "Concert", "Early"));
+    window.start();
+    window.view().windowAppeared();
+    EXPECT_EQ(window.state().loaded->imported.name, "Early") << "it arrived before there was a window";
 }
 
 TEST(Captions, FollowTheState)
@@ -143,6 +150,13 @@ TEST(Captions, FollowTheState)
         videoGapsText(window.view()), "Selected cameras cover the whole project, including all fixed camera sections.");
     window.view().edit([](WorkspaceState& state) { state.settings.sections = {{{}, "", "B", "0:0:0:0", "0:0:1:0"}}; });
     EXPECT_EQ(coverageLabel(window.view(), "B"), "B (Camera 1)") << "used by a fixed section";
+    window.view().edit([](WorkspaceState& state) {
+        state.settings.sections.clear();
+        state.settings.closingEnabled = true;
+        state.settings.closingCamera = "B";
+    });
+    EXPECT_EQ(coverageLabel(window.view(), "B"), "B (Camera 1)") << "used by the closing shot";
+    window.view().edit([](WorkspaceState& state) { state.settings.closingEnabled = false; });
     window.view().selectMainCamera("B");
     window.view().edit([](WorkspaceState& state) { state.settings.otherCameras.clear(); });
     EXPECT_EQ(videoGapsText(window.view()), "1 uncovered video section(s)");

@@ -24,12 +24,14 @@ TEST(Undo, BringsARemovedSectionBackToItsPlace)
     view.addSection();
     const auto both = window.state().settings.sections;
     EXPECT_EQ(undoText(view), std::nullopt);
-    view.removeSection(0);
-    EXPECT_EQ(window.state().settings.sections.size(), 1U);
-    EXPECT_EQ(undoText(view), "Undo Remove Section");
-    view.undo();
-    EXPECT_EQ(window.state().settings.sections, both);
-    EXPECT_EQ(undoText(view), std::nullopt);
+    for (const std::size_t position : {0U, 1U}) {
+        view.removeSection(position);
+        EXPECT_EQ(window.state().settings.sections, std::vector<SectionDraft>{both[1 - position]});
+        EXPECT_EQ(undoText(view), "Undo Remove Section");
+        view.undo();
+        EXPECT_EQ(window.state().settings.sections, both);
+        EXPECT_EQ(undoText(view), std::nullopt);
+    }
 
     view.removeSection(1);
     view.importXML(document());
@@ -131,6 +133,13 @@ TEST(Words, TellCoverageAndWhatIsLeftBehind)
     EXPECT_EQ(stretchesInWords(engine, {}), "No footage: 00:00:00:00 to 00:00:40:00.");
     EXPECT_EQ(projectLine(view, ","), "Concert · 25 frames a second · 00:00:00:00 to 00:00:40:00");
     EXPECT_EQ(carryOverLine(engine), std::nullopt);
+    EXPECT_EQ(
+        carryOverLine(buildEngine(document(
+            {.inClip = "<filter-video/><adjust-crop/><mc-source angleID=\"A\"><tracking-shape id=\"a\"/></mc-source>"
+                       "<title name=\"T\"><y tracking=\"a\"/></title>"}))),
+        "Not carried over from the multicam clip: filter-video, adjust-crop. Following a shape of another clip: "
+        "title T.");
+    EXPECT_EQ(angleFacts(window.state().loaded->imported.angles[0]), "Camera 1 · 2 clips · 0 gaps");
     EXPECT_EQ(timecodeProblem(view, "00:00:01:00"), std::nullopt);
     EXPECT_NE(timecodeProblem(view, "00:00:01:25"), std::nullopt);
 }
