@@ -174,7 +174,8 @@ TEST(DropView, LightsUpForWhatItTakes)
     gui.view().addSection();
     Gui::settle();
     for (const QWidget* each : gui.window().findChildren<QWidget*>())
-        EXPECT_TRUE(!each->acceptDrops() || !each->isVisible() || each == zone) << each->metaObject()->className() << " keeps files";
+        EXPECT_TRUE(!each->acceptDrops() || !each->isVisible() || each == zone)
+            << each->metaObject()->className() << " keeps files";
 }
 
 TEST(CutPanel, TheStripAndTheTableShowEachOther)
