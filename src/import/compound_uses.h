@@ -33,7 +33,7 @@ private:
         std::vector<std::size_t> used;
         std::optional<std::size_t> lastUser;
         int connected = 0;     ///< references whose connected clips are being walked
-        std::int64_t seen = 0; ///< in that search
+        std::int64_t seen = 0; ///< by the search of this number
     };
 
     std::vector<Compound> compounds_;
