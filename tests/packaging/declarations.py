@@ -1,0 +1,43 @@
+#!/usr/bin/env python3
+"""declarations.py ROOT: the bundle declares what Final Cut looks for in a program that it may share to."""
+import pathlib
+import plistlib
+import re
+import sys
+import xml.etree.ElementTree as xml
+
+root = pathlib.Path(sys.argv[1])
+bundle = root / "packaging/macos"
+faults = []
+
+
+def expect(true, fault):
+    if not true:
+        faults.append(fault)
+
+
+# The scripting definition has every code that the receiver answers; commands are known by two codes in one.
+defined = {element.get("code") for element in xml.parse(bundle / "Corvane.sdef").iter()} - {None}
+answered = set(re.findall('"([^"]{4})"', (root / "src/intake/share_receiver.cpp").read_text()))
+# The grammar of object specifiers and events, and the standard command that reads a property.
+grammar = {"----", "want", "seld", "from", "form", "prop", "obj ", "core", "getd"}
+for code in sorted(answered - grammar):
+    expect(code in defined or any(len(each) == 8 and each.endswith(code) for each in defined), f"{code!r} is not defined")
+for code in "aset pnam locn lbry meta dopt aslc asfd asbn ashm ashd".split():
+    expect(code in defined & answered, f"{code!r} is not both defined and answered")
+
+declared = plistlib.loads((bundle / "Info.plist.in").read_bytes())
+for key, value in {"com.apple.proapps.MediaAssetProtocol": {}, "NSAppleScriptEnabled": True,
+                   "NSHighResolutionCapable": True, "OSAScriptingDefinition": "Corvane.sdef"}.items():
+    expect(declared.get(key) == value, f"{key} is not {value!r}")
+types = declared["CFBundleDocumentTypes"]
+expect(sorted(extension for each in types for extension in each["CFBundleTypeExtensions"]) == ["fcpxml", "fcpxmld"],
+       "the types of documents are not the two of Final Cut")
+for each in types:
+    expect((each["CFBundleTypeRole"], each["LSHandlerRank"]) == ("Viewer", "Alternate"), "Final Cut is not the owner")
+rights = plistlib.loads((bundle / "Corvane.entitlements").read_bytes())
+expect(rights == {"com.apple.security.app-sandbox": True, "com.apple.security.files.user-selected.read-write": True},
+       "the rights are not the sandbox and the files that the user chooses")
+
+print(*faults or [f"{len(answered)} codes and {len(types)} types of documents, all declared"], sep="\n")
+sys.exit(1 if faults else 0)
