@@ -54,6 +54,21 @@ Json audioSourcePlace(const CutEngine& engine)
 
 } // namespace
 
+const std::map<std::string, double EditSettings::*> numberFields = {
+    {"mainShare", &EditSettings::mainShare},           {"averageShot", &EditSettings::averageShot},
+    {"mainMinimum", &EditSettings::mainMinimum},       {"mainMaximum", &EditSettings::mainMaximum},
+    {"otherMinimum", &EditSettings::otherMinimum},     {"otherMaximum", &EditSettings::otherMaximum},
+    {"openingSeconds", &EditSettings::openingSeconds}, {"closingSeconds", &EditSettings::closingSeconds}};
+const std::map<std::string, bool EditSettings::*> switchFields = {
+    {"doubleMain", &EditSettings::doubleMain},
+    {"openingEnabled", &EditSettings::openingEnabled},
+    {"closingEnabled", &EditSettings::closingEnabled}};
+const std::map<std::string, std::string EditSettings::*> textFields = {
+    {"mainCamera", &EditSettings::mainCamera},
+    {"audio", &EditSettings::audio},
+    {"openingCamera", &EditSettings::openingCamera},
+    {"closingCamera", &EditSettings::closingCamera}};
+
 double number(const Json& json)
 {
     constexpr double infinity = std::numeric_limits<double>::infinity();
@@ -77,24 +92,15 @@ Identifier identifier(const Json& text)
 EditSettings settings(const Json& json)
 {
     EditSettings settings;
-    settings.mainShare = number(json.at("mainShare"));
-    settings.averageShot = number(json.at("averageShot"));
-    settings.mainMinimum = number(json.at("mainMinimum"));
-    settings.mainMaximum = number(json.at("mainMaximum"));
-    settings.otherMinimum = number(json.at("otherMinimum"));
-    settings.otherMaximum = number(json.at("otherMaximum"));
-    settings.mainCamera = json.at("mainCamera");
+    for (const auto& [name, field] : numberFields)
+        settings.*field = number(json.at(name));
+    for (const auto& [name, field] : switchFields)
+        settings.*field = json.at(name);
+    for (const auto& [name, field] : textFields)
+        settings.*field = json.at(name);
     settings.otherCameras = json.at("otherCameras").get<std::set<std::string>>();
     settings.frequencies = numbersByCamera(json.at("frequencies"));
     settings.returnTimes = numbersByCamera(json.at("returnTimes"));
-    settings.audio = json.at("audio");
-    settings.doubleMain = json.at("doubleMain");
-    settings.openingEnabled = json.at("openingEnabled");
-    settings.openingCamera = json.at("openingCamera");
-    settings.openingSeconds = number(json.at("openingSeconds"));
-    settings.closingEnabled = json.at("closingEnabled");
-    settings.closingCamera = json.at("closingCamera");
-    settings.closingSeconds = number(json.at("closingSeconds"));
     for (const Json& section : json.at("sections"))
         settings.sections.push_back(
             {identifier(section.at("id")), section.at("name"), section.at("camera"), section.at("start"),

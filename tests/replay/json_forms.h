@@ -8,6 +8,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,6 +22,11 @@ using Json = nlohmann::json;
 [[nodiscard]] double number(const Json& json);
 [[nodiscard]] std::string bytes(const Json& base64);
 [[nodiscard]] Identifier identifier(const Json& text);
+
+/// The settings that stand for themselves, by the names that cases give them.
+extern const std::map<std::string, double EditSettings::*> numberFields;
+extern const std::map<std::string, bool EditSettings::*> switchFields;
+extern const std::map<std::string, std::string EditSettings::*> textFields;
 
 [[nodiscard]] EditSettings settings(const Json& json);
 [[nodiscard]] GenerationInputs generationInputs(const Json& json);

@@ -10,23 +10,8 @@ namespace {
 
 using Step = void (*)(StoryStage&, const Json&);
 
-const std::map<std::string, double EditSettings::*> bounds = {
-    {"mainMinimum", &EditSettings::mainMinimum},
-    {"mainMaximum", &EditSettings::mainMaximum},
-    {"otherMinimum", &EditSettings::otherMinimum},
-    {"otherMaximum", &EditSettings::otherMaximum}};
-const std::map<std::string, double EditSettings::*> numbers = {
-    {"aShare", &EditSettings::mainShare},
-    {"openingSeconds", &EditSettings::openingSeconds},
-    {"closingSeconds", &EditSettings::closingSeconds}};
-const std::map<std::string, bool EditSettings::*> switches = {
-    {"doubleMain", &EditSettings::doubleMain},
-    {"openingEnabled", &EditSettings::openingEnabled},
-    {"closingEnabled", &EditSettings::closingEnabled}};
-const std::map<std::string, std::string EditSettings::*> cameras = {
-    {"audioAngle", &EditSettings::audio},
-    {"openingCamera", &EditSettings::openingCamera},
-    {"closingCamera", &EditSettings::closingCamera}};
+/// The settings that stories call by other names.
+const std::map<std::string, std::string> otherNames = {{"aShare", "mainShare"}, {"audioAngle", "audio"}};
 const std::map<std::string, bool WorkspaceState::*> viewSwitches = {
     {"showSavePreset", &WorkspaceState::showSavePreset},
     {"showingHelp", &WorkspaceState::showingHelp},
@@ -39,15 +24,16 @@ const std::map<std::string, std::string SectionDraft::*> sectionFields = {
 
 void setField(StoryStage& stage, const Json& step)
 {
-    const std::string field = step.at("field");
+    const std::string name = step.at("field");
+    const std::string field = otherNames.contains(name) ? otherNames.at(name) : name;
     const Json& value = step.at("value");
     stage.window().edit([&](WorkspaceState& state) {
-        if (numbers.contains(field))
-            state.settings.*numbers.at(field) = number(value);
-        else if (switches.contains(field))
-            state.settings.*switches.at(field) = value.get<bool>();
-        else if (cameras.contains(field))
-            state.settings.*cameras.at(field) = value.get<std::string>();
+        if (numberFields.contains(field))
+            state.settings.*numberFields.at(field) = number(value);
+        else if (switchFields.contains(field))
+            state.settings.*switchFields.at(field) = value.get<bool>();
+        else if (textFields.contains(field))
+            state.settings.*textFields.at(field) = value.get<std::string>();
         else if (viewSwitches.contains(field))
             state.*viewSwitches.at(field) = value.get<bool>();
         else
@@ -166,7 +152,7 @@ const std::map<std::string, Step> steps = {
     {"set", setField},
     {"setBound",
      [](StoryStage& stage, const Json& step) {
-         stage.window().setBound(bounds.at(step.at("field")), number(step.at("value")));
+         stage.window().setBound(numberFields.at(step.at("field")), number(step.at("value")));
      }},
     {"setReturnTime",
      [](StoryStage& stage, const Json& step) {
