@@ -89,5 +89,26 @@ TEST(NewFiles, LeaveNothingWhenTheDiskOrTheProcessEnds)
     std::cout << whole << " of 60 writes were whole before the kill\n";
 }
 
+TEST(AbandonedFiles, GoWhenTheirProcessIsGone)
+{
+    const ScratchFolder folder;
+    const pid_t gone = startChild([] {});
+    statusOf(gone);
+    const std::string prefix = ".corvane-";
+    Names others = {
+        prefix + std::to_string(::getpid()) + "-a",
+        prefix + "-1-a",
+        prefix + "0-a",
+        prefix + "99999999999-a",
+        prefix + "a",
+        "session-v1.json"};
+    std::ranges::sort(others);
+    for (const std::string& name : others)
+        writeNewFile(folder.file(name), "");
+    writeNewFile(folder.file(prefix + std::to_string(gone) + "-a"), "");
+    removeAbandonedFiles(folder.path());
+    EXPECT_EQ(folder.names(), others);
+}
+
 } // namespace
 } // namespace corvane

@@ -73,6 +73,9 @@ TEST(SessionFaults, KeepBothSessionsWhicheverCallFailsWhileTheyChangePlaces)
         const bool refused = window.state().error.has_value();
         EXPECT_EQ(window.state().loaded->imported.name, refused ? "Other" : "Concert") << failing;
         EXPECT_EQ(window.state().history.items.size(), 1U);
+        if (refused) {
+            EXPECT_EQ(window.names("Corvane"), (Names{"session-v1 (previous).json", "session-v1.json"})) << failing;
+        }
         faulty.failing = -1;
         window.restart();
         std::set<std::string> found = {window.state().loaded->imported.name};
