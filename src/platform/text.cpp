@@ -10,12 +10,10 @@
 #include <unicode/stringpiece.h>
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
-#include <unicode/ustring.h>
 #include <unicode/utext.h>
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <limits>
 #include <memory>
 #include <string>
@@ -35,25 +33,6 @@ struct CloseText {
     void operator()(UText* text) const { utext_close(text); }
 };
 using OpenText = std::unique_ptr<UText, CloseText>;
-
-bool isAscii(char c)
-{
-    return static_cast<unsigned char>(c) < 0x80;
-}
-
-/// The number of ASCII characters before the first other one, found eight at a time: most texts are all ASCII.
-std::size_t asciiAtStart(std::string_view text)
-{
-    std::size_t count = 0;
-    for (std::uint64_t eight = 0; text.size() - count >= sizeof eight; count += sizeof eight) {
-        std::memcpy(&eight, text.data() + count, sizeof eight);
-        if ((eight & 0x8080808080808080) != 0)
-            break;
-    }
-    while (count < text.size() && isAscii(text[count]))
-        ++count;
-    return count;
-}
 
 /// The text as far as ICU's 32-bit indices reach: no name and no timecode is that long.
 icu::StringPiece piece(std::string_view text)
@@ -121,27 +100,6 @@ std::string searchForm(std::string_view text)
 }
 
 } // namespace
-
-bool isWellFormed(std::string_view text)
-{
-    while (true) {
-        text.remove_prefix(asciiAtStart(text));
-        if (text.empty())
-            return true;
-        const auto ascii = std::ranges::find_if(text, isAscii);
-        const std::string_view others = text.substr(0, static_cast<std::size_t>(ascii - text.begin()));
-        UErrorCode status = U_ZERO_ERROR;
-        u_strFromUTF8(nullptr, 0, nullptr, others.data(), piece(others).size(), &status);
-        if (status != U_BUFFER_OVERFLOW_ERROR) // which says that only the room is missing
-            return false;
-        text.remove_prefix(others.size());
-    }
-}
-
-void appendCharacter(std::string& text, char32_t character)
-{
-    icu::UnicodeString(static_cast<UChar32>(character)).toUTF8String(text);
-}
 
 std::string_view trimmed(std::string_view text)
 {

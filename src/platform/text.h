@@ -9,12 +9,6 @@
 /// The rules of text that Unicode decides. Texts are UTF-8; malformed bytes count as one character each.
 namespace corvane {
 
-/// Whether the text is UTF-8 throughout.
-[[nodiscard]] bool isWellFormed(std::string_view text);
-
-/// Adds a character, which is no half of a surrogate pair.
-void appendCharacter(std::string& text, char32_t character);
-
 /// The text without the white space and line breaks at both ends (Unicode's White_Space).
 [[nodiscard]] std::string_view trimmed(std::string_view text);
 
