@@ -68,16 +68,19 @@ TEST(OneDoor, LetsEditsOfObserversWaitTheirTurn)
 {
     TestWindow window;
     window.view().importXML(document());
-    std::vector<double> seen;
+    std::vector<double> seen, order;
     const int token = window.view().observe([&](const Changes&) {
-        seen.push_back(window.state().settings.mainShare);
-        if (window.state().settings.mainShare < 30) {
+        const double told = window.state().settings.mainShare;
+        seen.push_back(told);
+        if (told < 30) {
             window.view().edit([](WorkspaceState& state) { state.settings.mainShare += 5; });
-            EXPECT_EQ(window.state().settings.mainShare, seen.back()) << "not while others are still told";
+            window.view().edit([&, told](WorkspaceState&) { order.push_back(told); });
+            EXPECT_EQ(window.state().settings.mainShare, told) << "not while others are still told";
         }
     });
     window.view().edit([](WorkspaceState& state) { state.settings.mainShare = 20; });
     EXPECT_EQ(seen, (std::vector<double>{20, 25, 30}));
+    EXPECT_EQ(order, (std::vector<double>{20, 25}));
     window.view().stopObserving(token);
     window.view().edit([](WorkspaceState& state) { state.settings.doubleMain = true; });
     EXPECT_EQ(seen.size(), 3U);
@@ -131,6 +134,22 @@ TEST(OneDoor, LetsDeliveriesWaitWhileADialogIsOpen)
     EXPECT_EQ(window.state().loaded->imported.name, "Early") << "it arrived before there was a window";
 }
 
+TEST(OneDoor, KeepsAccessToAnExportUntilFinalCutReports)
+{
+    TestWindow window;
+    window.view().importXML(document());
+    window.view().generateRoughEdit();
+    window.dialogs.answer = window.folder.file("exports");
+    window.view().exportRoughEdit();
+    EXPECT_EQ(window.scope.held, 1);
+    window.finalCut.reports.front()(std::nullopt);
+    EXPECT_EQ(window.scope.held, 0);
+    window.view().exportRoughEdit();
+    window.restart();
+    window.finalCut.reports.back()(std::nullopt); // to a window that is gone
+    EXPECT_NE(window.state().status.find("Restored"), std::string::npos);
+}
+
 TEST(Captions, FollowTheState)
 {
     TestWindow window;
@@ -156,7 +175,16 @@ TEST(Captions, FollowTheState)
         state.settings.closingCamera = "B";
     });
     EXPECT_EQ(coverageLabel(window.view(), "B"), "B (Camera 1)") << "used by the closing shot";
-    window.view().edit([](WorkspaceState& state) { state.settings.closingEnabled = false; });
+    window.view().edit([](WorkspaceState& state) {
+        state.settings.openingEnabled = true;
+        state.settings.openingCamera = state.settings.closingCamera = "A";
+    });
+    EXPECT_EQ(coverageLabel(window.view(), "B"), "B (Camera 1) (excluded)");
+    window.view().edit([](WorkspaceState& state) {
+        state.settings.openingEnabled = state.settings.closingEnabled = false;
+        state.settings.openingCamera = state.settings.closingCamera = "B";
+    });
+    EXPECT_EQ(coverageLabel(window.view(), "B"), "B (Camera 1) (excluded)");
     window.view().selectMainCamera("B");
     window.view().edit([](WorkspaceState& state) { state.settings.otherCameras.clear(); });
     EXPECT_EQ(videoGapsText(window.view()), "1 uncovered video section(s)");

@@ -123,6 +123,17 @@ TEST(SessionFaults, KeepAnEditWhoseSaveFailedWhenAnotherProjectComes)
     window.view().importXML(replaced(document(), "Concert", "Other"));
     const std::string kept = readFile(window.folder.file("Corvane/session-v1 (kept).json"));
     EXPECT_EQ(decodeSession(kept).history.items.size(), 1U);
+
+    FaultyWindow again;
+    again.view().importXML(document());
+    again.view().generateRoughEdit();
+    again.view().importXML(replaced(document(), "Concert", "Other"));
+    again.calls.failing = again.calls.calls;
+    again.view().generateRoughEdit();
+    ASSERT_NE(again.state().sessionSaveError, std::nullopt);
+    again.view().reopenPreviousSession();
+    const std::string replacedOne = readFile(again.folder.file("Corvane/session-v1 (previous).json"));
+    EXPECT_EQ(decodeSession(replacedOne).history.items.size(), 1U);
 }
 
 TEST(SessionFaults, TellWhatStandsInTheWay)
