@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 namespace corvane {
 namespace {
 
@@ -137,10 +139,14 @@ TEST(OneDoor, LetsDeliveriesWaitWhileADialogIsOpen)
 TEST(OneDoor, KeepsAccessToAnExportUntilFinalCutReports)
 {
     TestWindow window;
-    window.view().importXML(document());
+    const std::string bundle = window.folder.file("Concert.fcpxmld/");
+    std::filesystem::create_directory(bundle);
+    std::ofstream(bundle + "Info.fcpxml") << document();
+    window.view().openProjectFile(bundle);
     window.view().generateRoughEdit();
     window.dialogs.answer = window.folder.file("exports");
     window.view().exportRoughEdit();
+    EXPECT_EQ(window.dialogs.firstFolder, window.folder.path()) << "beside the bundle, not in it";
     EXPECT_EQ(window.scope.held, 1);
     window.finalCut.reports.front()(std::nullopt);
     EXPECT_EQ(window.scope.held, 0);

@@ -26,8 +26,10 @@ TEST(ReplacedSessions, AreKeptAndBroughtBack)
     window.view().removeSection(0);
     window.view().generateRoughEdit();
     EXPECT_EQ(window.names("Corvane"), (Names{"session-v1 (previous).json", "session-v1.json"}));
+    window.view().edit([](WorkspaceState& state) { state.chosenPreset = state.presetNotice = "of the other project"; });
     window.view().reopenPreviousSession();
     EXPECT_EQ(window.state().loaded->imported.name, "Concert");
+    EXPECT_EQ(window.state().chosenPreset + window.state().presetNotice, "");
     EXPECT_EQ(window.state().cuts(), cuts);
     window.view().reopenPreviousSession();
     EXPECT_EQ(window.state().loaded->imported.name, "Other") << "what it replaced became the previous one";
