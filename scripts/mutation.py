@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
 """Tells what the tests notice when the program is wrong.
 
-Draws lines of five layers, changes each in one small way and runs the tests until one fails. Works on a copy of the
-repository in build/mutation, so nothing that is being edited is ever touched. Interrupt it as you like: with the same
-seed it goes on where the file of results ends, as long as the layers are the same. --again runs the survivors of such
-a file against the tests of today. --all runs every test of each and names all that fail: a test that never stands alone
-there is one that others stand in for.
+Draws lines of five layers, or of those that are named, changes each in one small way and runs the tests until one
+fails. Works on a copy of the repository in build/mutation, so nothing that is being edited is ever touched. Interrupt
+it as you like: with the same seed it goes on where the file of results ends, as long as the layers are the same.
+--again runs the survivors of such a file against the tests of today. --all runs every test of each and names all that
+fail: a test that never stands alone there is one that others stand in for.
 """
 import argparse
 import collections
@@ -22,7 +22,7 @@ import tempfile
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build/mutation"
 COPY, TREE = BUILD / "source", BUILD / "tree"
-LAYERS = ["import", "timecode", "engine", "export", "session"]
+USUAL_LAYERS = ["import", "timecode", "engine", "export", "session"]
 TIMEOUT = 90  # seconds, for a mutant that waits for ever; the longest test takes a quarter of this
 
 # What may stand in for what, in lines whose texts are masked. The spaces around operators are those of clang-format;
@@ -64,8 +64,8 @@ def candidates(line, starts):
     return [re.sub("\0", lambda _, left=iter(texts): next(left), form) for form in found]
 
 
-def places():
-    for layer in LAYERS:
+def places(layers):
+    for layer in layers:
         for path in sorted((COPY / "src" / layer).glob("*.[hc]*")):
             before = ";"
             for number, line in enumerate(path.read_text().split("\n")):
@@ -115,7 +115,10 @@ def tests(layer):
     if layer == "session":
         yield "saving order", "corvane_save_twice", [COPY / "tests/session/saving_order.sh",
                                                      "tests/session/corvane_save_twice"]
-    yield "workspace", "workspace_tests", ["tests/workspace/workspace_tests", "--gtest_fail_fast"]
+    if layer != "workspace":
+        yield "workspace", "workspace_tests", ["tests/workspace/workspace_tests", "--gtest_fail_fast"]
+    else:
+        yield "window", "window_tests", ["tests/window/window_tests", "--gtest_fail_fast"]
 
 
 def failures(name, command):
@@ -152,7 +155,7 @@ def verdict(path, number, original, mutated, every=False):
         file.write_text(whole)
 
 
-def make_copy():
+def make_copy(layers):
     """Brings the copy up to date. What has changed must pass the tests first."""
     changed = not (TREE / "build.ninja").exists()
     names = subprocess.check_output(["git", "ls-files", "-z"], cwd=ROOT, text=True).split("\0")
@@ -167,7 +170,7 @@ def make_copy():
         # A mutant may leave a variable unused; that is for the tests to notice, not for the compiler.
         subprocess.check_call(["cmake", "-G", "Ninja", "-S", COPY, "-B", TREE, "-DCMAKE_BUILD_TYPE=Release",
                                "-DCMAKE_CXX_FLAGS=-w", "-DCMAKE_CXX_FLAGS_RELEASE=-O1 -DNDEBUG"])
-    for name, target, command in {test[0]: test for layer in LAYERS for test in tests(layer) if changed}.values():
+    for name, target, command in {test[0]: test for layer in layers for test in tests(layer) if changed}.values():
         if not build(target) or not run(command):
             raise SystemExit(f"{name} fails before anything is changed")
 
@@ -184,12 +187,12 @@ def again(file):
             print(place, mutated.strip(), verdict(path, int(number) - 1, original, mutated), sep="\t", flush=True)
 
 
-def draw(count, seed, every):
+def draw(layers, count, seed, every):
     results = BUILD / f"results-{seed}.tsv"
     print(f"seed {seed}, results in {results}", flush=True)
     known = {(place, mutated): caught_by for place, _, mutated, caught_by in rows(results)}
     chance = random.Random(seed)
-    drawn = list(places())
+    drawn = list(places(layers))
     chance.shuffle(drawn)
     counted = collections.Counter()
     for path, number, original, forms in drawn:
@@ -207,7 +210,7 @@ def draw(count, seed, every):
         if caught_by != "does not compile":
             counted[path.split("/")[1], caught_by == "survived"] += 1
     print("layer\tdrawn\tcaught\tsurvived")
-    for layer in LAYERS:
+    for layer in layers:
         caught, survived = counted[layer, False], counted[layer, True]
         print(layer, caught + survived, caught, survived, sep="\t")
 
@@ -217,11 +220,13 @@ if __name__ == "__main__":
     options.add_argument("places", nargs="?", type=int, default=200)
     options.add_argument("--seed", type=int, default=random.randrange(10**8))
     options.add_argument("--all", action="store_true")
+    options.add_argument("--layer", action="append", metavar="NAME", help="a folder of src that has tests of its own")
     options.add_argument("--again", metavar="RESULTS", type=pathlib.Path)
     chosen = options.parse_args()
     signal.signal(signal.SIGTERM, signal.default_int_handler)
-    make_copy()
+    layers = chosen.layer or USUAL_LAYERS
+    make_copy(layers)
     if chosen.again:
         again(chosen.again)
     else:
-        draw(chosen.places, chosen.seed, chosen.all)
+        draw(layers, chosen.places, chosen.seed, chosen.all)
