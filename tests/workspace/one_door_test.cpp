@@ -150,7 +150,10 @@ TEST(OneDoor, KeepsAccessToAnExportUntilFinalCutReports)
     EXPECT_EQ(window.scope.held, 1);
     window.finalCut.reports.front()(std::nullopt);
     EXPECT_EQ(window.scope.held, 0);
+    window.view().importXML(document());
+    window.view().generateRoughEdit();
     window.view().exportRoughEdit();
+    EXPECT_EQ(window.dialogs.firstFolder, "") << "this project came without a file";
     window.restart();
     window.finalCut.reports.back()(std::nullopt); // to a window that is gone
     EXPECT_NE(window.state().status.find("Restored"), std::string::npos);

@@ -146,6 +146,9 @@ TEST(Words, TellCoverageAndWhatIsLeftBehind)
         "Not carried over from the multicam clip: filter-video, adjust-crop. Following a shape of another clip: "
         "title T.");
     EXPECT_EQ(angleFacts(window.state().loaded->imported.angles[0]), "Camera 1 · 2 clips · 0 gaps");
+    view.importXML(
+        document({angle("A", clip("0s", "20s") + "<gap duration=\"20s\"/>") + angle("B", clip("0s", "40s"))}));
+    EXPECT_EQ(angleFacts(window.state().loaded->imported.angles[0]), "Camera 1 · 1 clip · 1 gap");
     EXPECT_EQ(timecodeProblem(view, "00:00:01:00"), std::nullopt);
     EXPECT_NE(timecodeProblem(view, "00:00:01:25"), std::nullopt);
 }
