@@ -13,7 +13,7 @@ namespace {
 using namespace test;
 using Json = nlohmann::ordered_json;
 
-/// The stored document with one value in another's place, and the end of the sentence that says what is wrong with it.
+/// The stored document with one value in another's place, and how the complaint about it begins.
 struct Breach {
     std::string place; ///< of what is replaced, as a JSON pointer
     Json value;
@@ -27,15 +27,10 @@ std::string broken(const std::string& good, const Breach& breach)
     return document.dump();
 }
 
-/// Settings that an edit can be made of, and that edit.
+/// An imported project with an edit.
 void fillWindow(TestWindow& window)
 {
     window.view().importXML(document());
-    window.view().edit([](WorkspaceState& state) {
-        state.settings.mainShare = 65;
-        state.settings.averageShot = 12;
-        state.settings.doubleMain = true;
-    });
     window.view().generateRoughEdit();
 }
 
