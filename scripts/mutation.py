@@ -113,8 +113,7 @@ def tests(layer):
     if layer == "engine":
         yield "laws", "engine_tests", [own, "--gtest_filter=*Laws*"]
     if layer == "session":
-        yield "saving order", "corvane_save_twice", [COPY / "tests/session/saving_order.sh",
-                                                     "tests/session/corvane_save_twice"]
+        yield "saving order", "corvane_soak", [COPY / "tests/soak/saving_order.sh", "tests/soak/corvane_soak"]
     if layer != "workspace":
         yield "workspace", "workspace_tests", ["tests/workspace/workspace_tests", "--gtest_fail_fast"]
     else:

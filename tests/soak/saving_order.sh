@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# saving_order.sh SOAK: runs a few rounds of edits under strace and holds the order of the calls of every save against
+# the only one that leaves the old or the new file whole when the power fails: every byte on the disk before the file
+# takes the session's name, and the folder on the disk before the old file goes. Ends with 77, which is "skipped", where
+# nothing can be traced.
+set -euo pipefail
+
+source "$(dirname "$0")/../support/strace.sh"
+skip_unless_traceable
+folder=$(realpath "$(mktemp -d ./saving-order-XXXXXX)")
+trap 'rm -rf "$folder"' EXIT
+export ASAN_OPTIONS=detect_leaks=0 # leaks cannot be looked for while a program is traced
+TMPDIR=$folder strace -y -s 0 -o "$folder/trace" \
+    -e trace=write,writev,pwrite64,fsync,fdatasync,link,linkat,rename,renameat,renameat2,unlink,unlinkat \
+    "$1" edits 10
+
+# One letter for each call on the session's folder that succeeded.
+order=$(awk '
+    !/\/Corvane[\/>]/ || / = -1 /      { next }
+    /^p?write/                         { printf "w"; next }  # bytes
+    /^f(data)?sync/                    { printf "%s", /\/Corvane>/ ? "S" : "s"; next }  # folder, file
+    /^(rename|renameat|renameat2)\(.*session-v1\.json/ { printf "R"; next }  # takes the name of the session
+    /^(link|rename)/                   { printf "n"; next }  # takes a name of its own
+    /^unlink/                          { printf "u"; next }  # the old file goes; at the end the last one too
+' "$folder/trace")
+saves=$(tr -cd R <<<"$order" | wc -c)
+
+if ! [[ $order =~ ^(w+sn?RSu?)+u*$ ]] || [ "$saves" -lt 20 ]; then
+    echo "$saves saves made these calls: $order; expected of each: write…, sync, name, rename, sync of the folder, unlink." >&2
+    cat "$folder/trace" >&2
+    exit 1
+fi
+echo "$saves saves: $order"
