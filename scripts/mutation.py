@@ -106,6 +106,8 @@ def tests(layer):
     own = f"tests/{layer}/{layer}_tests"
     yield "replay", "corvane_replay", ["cmake", "-DREPLAY=tests/replay/corvane_replay", "-DANSWERS=mutant.jsonl",
                                        f"-DKEPT={COPY}/tests/replay/kept", "-P", COPY / "tests/replay/check_kept.cmake"]
+    for rules in sorted((COPY / "tests/replay/rules").glob("*_rules.py")):
+        yield rules.stem, "corvane_replay", ["python3", "-B", rules, "tests/replay/corvane_replay"]
     if layer != "session": # the workspace tests it
         yield layer, f"{layer}_tests", [own, "--gtest_fail_fast", "--gtest_filter=-*Laws*"]
     if layer in ("import", "engine", "export"):

@@ -3,7 +3,6 @@
 #include "engine/validation.h"
 #include "import/final_cut_import_error.h"
 #include "platform/numbers.h"
-#include "support/engine_builder.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +16,6 @@
 namespace corvane {
 namespace {
 
-using namespace test;
 constexpr std::uint64_t seed = 7'340'033; // of the first case; each further case has the next
 constexpr std::uint64_t caseCount = 120'000;
 
@@ -64,13 +62,17 @@ std::optional<ShotLengthRange> randomRange(Chance& chance)
 /// Everything by chance, within what validation accepts.
 Case randomCase(Chance& chance)
 {
-    const std::array<FrameDuration, 4> rates = {{{1001, 24000}, {1, 25}, {1001, 30000}, {1, 60}}};
-    const FrameDuration rate = chance.anyOf(rates);
-    const Frames length = (200 + chance.below(600)) * rate.denominator / rate.numerator;
+    const std::array<std::array<std::int64_t, 2>, 4> rates = {{{1001, 24000}, {1, 25}, {1001, 30000}, {1, 60}}};
+    const auto [numerator, denominator] = chance.anyOf(rates);
+    const Frames length = (200 + chance.below(600)) * denominator / numerator;
     std::vector<std::string> cameras = {"A", "B", "C", "D", "E", "F"};
     cameras.resize(static_cast<std::size_t>(2 + chance.below(5)));
-    Case made = {engineOf(rate, {{"unused", {{0, length}}}}), {}, 0, length};
+    Case made = {{}, {}, 0, length};
     auto& [engine, inputs, freeStart, freeEnd] = made;
+    engine.frameNumerator = numerator;
+    engine.frameDenominator = denominator;
+    engine.length = length;
+    engine.coverage["unused"] = {{0, length}};
     inputs.mainShare = chance.between(0.1, 0.9);
     inputs.averageShot = chance.between(4, 12);
     inputs.mainCamera = cameras[0];

@@ -1,6 +1,5 @@
 #include "engine/coverage_report.h"
 #include "engine/cut_generation.h"
-#include "support/engine_builder.h"
 
 #include <gtest/gtest.h>
 
@@ -27,7 +26,11 @@ struct LongEdit {
         const std::vector<FrameRange> whole = {{0, projectLength}};
         std::mt19937_64 bits(20'110'503);
         const auto draw = [&] { return static_cast<double>(bits() >> 11) * 0x1p-53; };
-        const CutEngine engine = test::engineOf(25, {{"A", whole}, {"B", whole}, {"C", whole}});
+        CutEngine engine;
+        engine.frameNumerator = 1;
+        engine.frameDenominator = 25;
+        engine.length = projectLength;
+        engine.coverage = {{"A", whole}, {"B", whole}, {"C", whole}};
         cuts = generateCuts(engine, inputs, {draw, [] { return Identifier{}; }, nullptr});
         cuts.pop_back(); // the end of the project cuts it short
         usage = cameraUsage(cuts);

@@ -82,41 +82,5 @@ TEST(RoughEdit, KeepsEveryByteOfMeaning)
     EXPECT_NO_THROW((void)xml::Document::parse(written));
 }
 
-TEST(RoughEdit, RefusesWhatItCannotWriteFaithfully)
-{
-    const std::string invalid = "The cut list contains invalid timing or unavailable footage.";
-    const std::string notContinuous =
-        "This audio angle does not cover the whole project. Choose a continuous audio angle.";
-    const std::string missingTime = "The export contains a missing or invalid time value.";
-    const CutEngine engine = engineWith(R"(<mc-source angleID="A"/>)");
-    const auto whole = cutsAt({{"A", 0}, {"B", 500}});
-    EXPECT_NO_THROW((void)roughEditXML(engine, whole)) << "the engine's own audio angle";
-    EXPECT_REFUSED(roughEditXML(engine, whole, ""), notContinuous);
-    EXPECT_REFUSED(roughEditXML(engine, {}, "A"), "Generate a rough edit first.");
-    const auto changed = [&](std::size_t cut, Frames start, Frames duration, const std::string& angle = "A") {
-        std::vector<Cut> cuts = whole;
-        cuts[cut] = {{}, angle, start, duration};
-        return cuts;
-    };
-    for (const auto& cuts :
-         {changed(0, 1, 499), changed(0, 0, 0), changed(1, 499, 501), changed(1, 501, 499), changed(1, 500, 501),
-          changed(1, 500, 500, "C"), changed(1, 500, std::numeric_limits<Frames>::max())})
-        EXPECT_REFUSED(roughEditXML(engine, cuts, "A"), invalid);
-    EXPECT_REFUSED(roughEditXML(engine, changed(1, 500, 499), "A"), "The cut list does not cover the entire project.");
-
-    const auto refusalOf = [&](const std::string& inClip, const std::string& message) {
-        EXPECT_REFUSED(roughEditXML(engineWith(inClip), whole, "A"), message) << inClip;
-    };
-    refusalOf(R"(<mc-source angleID="A"><adjust-volume><fadeIn/></adjust-volume></mc-source>)", missingTime);
-    refusalOf("<marker start=\"x\"/><title offset=\"y\"/>", missingTime);
-    refusalOf("<title offset=\"ys\"/><marker/>", "The export contains an invalid time value: ys");
-    refusalOf("<marker start=\"0.5s\"/>", "Invalid XML time: 0.5s");
-    refusalOf("<keyword duration=\"1/3s\"/>", "This prototype needs timing aligned to the project frame rate.");
-    refusalOf("<marker start=\"40000000s\"/>", "This time value exceeds the prototype's supported range.");
-    EXPECT_REFUSED(
-        roughEditXML(buildEngine(replaced(document(), " version=\"1.11\"", "")), whole, "A"),
-        "The source project does not name its FCPXML version. Export XML from Final Cut again.");
-}
-
 } // namespace
 } // namespace corvane

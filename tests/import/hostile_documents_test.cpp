@@ -66,33 +66,6 @@ TEST(HostileDocuments, AreRefusedByTheParsersLimits)
     EXPECT_NE(message(replaced(document(), "<mc-source", deep + "<mc-source")), "");
 }
 
-TEST(HostileDocuments, TellWhereTheyAreBroken)
-{
-    EXPECT_EQ(message(""), "The XML cannot be read: line 1, column 1: Document is empty");
-    EXPECT_EQ(
-        message("<a>\n<b></a>"),
-        "The XML cannot be read: line 2, column 8: Opening and ending tag mismatch: b line 2 and a");
-    EXPECT_NE(
-        message(replaced(
-                    document(), "Concert",
-                    "Con\xff"
-                    "cert"))
-            .find("line 11"),
-        std::string::npos);
-    EXPECT_EQ(message("<x:fcpxml/>"), "This file is not a Final Cut XML export.") << "an undeclared prefix is no error";
-}
-
-TEST(HostileDocuments, MayBeUtf16)
-{
-    std::string wide = "\xff\xfe";
-    for (const char c : replaced(document(), "encoding=\"UTF-8\"", "encoding=\"UTF-16\"")) {
-        wide += c;
-        wide += '\0';
-    }
-    EXPECT_EQ(loadProject(wide).imported, loadProject(document()).imported);
-    EXPECT_NE(message(wide.substr(0, wide.size() / 2)), "");
-}
-
 TEST(HostileDocuments, MayHoldTimesOfAnySize)
 {
     const std::string huge = "9223372036854775807";
@@ -108,9 +81,6 @@ TEST(HostileDocuments, MayHoldTimesOfAnySize)
             }
         }
     }
-    EXPECT_EQ(
-        message(document({.angles = angle("A", clip("0s", "1e308s", "start=\"1e308s\"")) + angle("B", "")})),
-        "Invalid angle timing.");
 }
 
 TEST(HostileDocuments, MayEndAnywhere)

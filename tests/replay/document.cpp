@@ -13,28 +13,6 @@ namespace corvane::replay {
 
 namespace {
 
-/// The case's draws from their beginning; the list starts again at its end.
-class ScriptedDraws {
-public:
-    explicit ScriptedDraws(const Json& draws)
-    {
-        for (const Json& draw : draws)
-            draws_.push_back(number(draw));
-    }
-    [[nodiscard]] GenerationSources sources()
-    {
-        GenerationSources sources;
-        sources.draws = [this] { return draws_[used_++ % draws_.size()]; };
-        sources.identifiers = countedIdentifiers();
-        return sources;
-    }
-    [[nodiscard]] std::size_t used() const { return used_; }
-
-private:
-    std::vector<double> draws_;
-    std::size_t used_ = 0;
-};
-
 /// Everything computed from one document whose engine could be built.
 class DocumentAnswer {
 public:
@@ -72,9 +50,12 @@ private:
     template <class Generation>
     Json generated(const Generation& generation, std::optional<std::vector<Cut>>* kept)
     {
-        ScriptedDraws draws(request_.at("draws"));
+        std::size_t used = 0;
+        GenerationSources sources;
+        sources.draws = [&] { return number(request_.at("draws").at(used++ % request_.at("draws").size())); };
+        sources.identifiers = countedIdentifiers();
         Json answer = attempt([&]() -> Json {
-            const std::vector<Cut> cuts = generation(draws.sources());
+            const std::vector<Cut> cuts = generation(sources);
             if (kept != nullptr)
                 *kept = cuts;
             Json list = Json::array();
@@ -82,7 +63,7 @@ private:
                 list.push_back({{"angle", cut.angle}, {"start", cut.start}, {"duration", cut.duration}});
             return {{"cuts", list}};
         });
-        answer["drawsUsed"] = draws.used();
+        answer["drawsUsed"] = used;
         return answer;
     }
 

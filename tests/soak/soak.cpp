@@ -96,8 +96,7 @@ void edits(int rounds)
 void kills(int rounds)
 {
     TestWindow window;
-    window.view().importXML(test::document());
-    window.view().generateRoughEdit();
+    window.importAndGenerate(test::document());
     window.quit();
     std::mt19937 random(2);
     std::set<double> shares;

@@ -107,6 +107,17 @@ public:
         view_->windowAppeared();
     }
 
+    void importAndGenerate(const std::string& xml)
+    {
+        view_->importXML(xml);
+        view_->generateRoughEdit();
+    }
+    /// An edit of nothing but settings.
+    void set(std::function<void(EditSettings&)> change)
+    {
+        view_->edit([change = std::move(change)](WorkspaceState& state) { change(state.settings); });
+    }
+
     ContentView& view() { return *view_; }
     const WorkspaceState& state() { return view_->state(); }
     [[nodiscard]] std::string sessionFile() const { return folder.file("Corvane/session-v1.json"); }

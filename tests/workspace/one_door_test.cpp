@@ -75,16 +75,16 @@ TEST(OneDoor, LetsEditsOfObserversWaitTheirTurn)
         const double told = window.state().settings.mainShare;
         seen.push_back(told);
         if (told < 30) {
-            window.view().edit([](WorkspaceState& state) { state.settings.mainShare += 5; });
+            window.set([](auto& edit) { edit.mainShare += 5; });
             window.view().edit([&, told](WorkspaceState&) { order.push_back(told); });
             EXPECT_EQ(window.state().settings.mainShare, told) << "not while others are still told";
         }
     });
-    window.view().edit([](WorkspaceState& state) { state.settings.mainShare = 20; });
+    window.set([](auto& edit) { edit.mainShare = 20; });
     EXPECT_EQ(seen, (std::vector<double>{20, 25, 30}));
     EXPECT_EQ(order, (std::vector<double>{20, 25}));
     window.view().stopObserving(token);
-    window.view().edit([](WorkspaceState& state) { state.settings.doubleMain = true; });
+    window.set([](auto& edit) { edit.doubleMain = true; });
     EXPECT_EQ(seen.size(), 3U);
     EXPECT_THROW(
         window.view().edit([](WorkspaceState& state) {
@@ -116,8 +116,7 @@ TEST(OneDoor, ShowsEveryAlertTheEarlierFirst)
 TEST(OneDoor, LetsDeliveriesWaitWhileADialogIsOpen)
 {
     TestWindow window;
-    window.view().importXML(document());
-    window.view().generateRoughEdit();
+    window.importAndGenerate(document());
     window.dialogs.answer = window.folder.file("exports");
     window.dialogs.meanwhile = [&] {
         window.inbox.setXMLData(replaced(document(), "Concert", "Arrived"));
@@ -150,8 +149,7 @@ TEST(OneDoor, KeepsAccessToAnExportUntilFinalCutReports)
     EXPECT_EQ(window.scope.held, 1);
     window.finalCut.reports.front()(std::nullopt);
     EXPECT_EQ(window.scope.held, 0);
-    window.view().importXML(document());
-    window.view().generateRoughEdit();
+    window.importAndGenerate(document());
     window.view().exportRoughEdit();
     EXPECT_EQ(window.dialogs.firstFolder, "") << "this project came without a file";
     window.restart();
@@ -164,8 +162,7 @@ TEST(Captions, FollowTheState)
     TestWindow window;
     window.view().importXML(document(
         {.angles = angle("A", clip("0s", "40s")) + angle("B", clip("0s", "20s")) + angle("C", clip("0s", "40s"))}));
-    EditSettings expected = window.state().settings;
-    window.view().edit([](WorkspaceState& state) { state.settings.frequencies = {{"B", 2}}; });
+    window.set([](auto& edit) { edit.frequencies = {{"B", 2}}; });
     EXPECT_EQ(frequencyPercent(window.view(), "B"), 29);
     EXPECT_EQ(frequencyPercent(window.view(), "C"), 71) << "5 where there is no entry";
     EXPECT_EQ(audioChoices(window.view())[1].label, "B (Camera 1) (has gaps)");
@@ -176,26 +173,19 @@ TEST(Captions, FollowTheState)
     EXPECT_FALSE(frequenciesMatter(window.view()));
     EXPECT_EQ(
         videoGapsText(window.view()), "Selected cameras cover the whole project, including all fixed camera sections.");
-    window.view().edit([](WorkspaceState& state) { state.settings.sections = {{{}, "", "B", "0:0:0:0", "0:0:1:0"}}; });
-    EXPECT_EQ(coverageLabel(window.view(), "B"), "B (Camera 1)") << "used by a fixed section";
-    window.view().edit([](WorkspaceState& state) {
-        state.settings.sections.clear();
-        state.settings.closingEnabled = true;
-        state.settings.closingCamera = "B";
-    });
-    EXPECT_EQ(coverageLabel(window.view(), "B"), "B (Camera 1)") << "used by the closing shot";
-    window.view().edit([](WorkspaceState& state) {
-        state.settings.openingEnabled = true;
-        state.settings.openingCamera = state.settings.closingCamera = "A";
-    });
-    EXPECT_EQ(coverageLabel(window.view(), "B"), "B (Camera 1) (excluded)");
-    window.view().edit([](WorkspaceState& state) {
-        state.settings.openingEnabled = state.settings.closingEnabled = false;
-        state.settings.openingCamera = state.settings.closingCamera = "B";
-    });
-    EXPECT_EQ(coverageLabel(window.view(), "B"), "B (Camera 1) (excluded)");
+    const auto labelOfB = [&window](const std::function<void(EditSettings&)>& change) {
+        window.set(change);
+        return coverageLabel(window.view(), "B");
+    };
+    const std::string inUse = "B (Camera 1)", excluded = inUse + " (excluded)";
+    EXPECT_EQ(labelOfB([](auto& edit) { edit.sections = {{{}, "", "B", "0:0:0:0", "0:0:1:0"}}; }), inUse);
+    EXPECT_EQ(labelOfB([](auto& edit) { edit.sections.clear(), edit.closingCamera = "B"; }), excluded);
+    EXPECT_EQ(labelOfB([](auto& edit) { edit.closingEnabled = true; }), inUse);
+    EXPECT_EQ(labelOfB([](auto& edit) { edit.openingEnabled = true, edit.closingCamera = "A"; }), excluded);
+    EXPECT_EQ(labelOfB([](auto& edit) { edit.openingCamera = "B"; }), inUse);
+    EXPECT_EQ(labelOfB([](auto& edit) { edit.openingEnabled = false; }), excluded);
     window.view().selectMainCamera("B");
-    window.view().edit([](WorkspaceState& state) { state.settings.otherCameras.clear(); });
+    window.set([](auto& edit) { edit.otherCameras.clear(); });
     EXPECT_EQ(videoGapsText(window.view()), "1 uncovered video section(s)");
     EXPECT_TRUE(asksForAnotherCamera(window.view()));
 }

@@ -15,8 +15,7 @@ TEST(ReplacedSessions, AreKeptAndBroughtBack)
     TestWindow window;
     window.view().reopenPreviousSession();
     EXPECT_EQ(window.state().error, "There is no previous project to reopen.");
-    window.view().importXML(document());
-    window.view().generateRoughEdit();
+    window.importAndGenerate(document());
     const std::vector<Cut> cuts = window.state().cuts();
     window.view().importXML(replaced(document(), "Concert", "Other"));
     window.view().addSection();
@@ -54,8 +53,7 @@ TEST(ReplacedSessions, AreKeptAndBroughtBack)
 TEST(ReplacedSessions, AreCopiedWhenTheirPlaceCannotBeHad)
 {
     TestWindow window;
-    window.view().importXML(document());
-    window.view().generateRoughEdit();
+    window.importAndGenerate(document());
     std::filesystem::create_directory(window.folder.file("Corvane/session-v1 (previous).json"));
     window.view().importXML(replaced(document(), "Concert", "Other"));
     EXPECT_EQ(window.state().loaded->imported.name, "Other") << "the import goes on";
@@ -74,8 +72,7 @@ TEST(ReplacedSessions, MayBeOfAnotherProcess)
     put("garbage");
     window.view().windowAppeared();
     EXPECT_EQ(readFile(window.sessionFile()), "garbage");
-    window.view().importXML(document());
-    window.view().generateRoughEdit();
+    window.importAndGenerate(document());
     put("another process was here");
     window.view().generateRoughEdit();
     window.view().generateRoughEdit();

@@ -31,14 +31,13 @@ TEST(SessionFaults, KeepTheOldFileWhicheverCallFails)
 {
     FaultyWindow window;
     FailingFiles& calls = window.calls;
-    window.view().importXML(document());
-    window.view().generateRoughEdit();
+    window.importAndGenerate(document());
     int refused = 0;
     for (int failing = 0;; ++failing) {
         const std::string before = readFile(window.sessionFile());
         calls.calls = 0;
         calls.failing = failing;
-        window.view().edit([&](WorkspaceState& state) { state.settings.mainShare = 10 + failing; });
+        window.set([&](auto& edit) { edit.mainShare = 10 + failing; });
         if (calls.calls <= failing)
             break; // no call was left to fail
         if (!window.state().sessionSaveError) {
@@ -63,8 +62,7 @@ TEST(SessionFaults, KeepBothSessionsWhicheverCallFailsWhileTheyChangePlaces)
         FaultyWindow window;
         FailingFiles& faulty = window.calls;
         for (const char* name : {"Concert", "Other"}) {
-            window.view().importXML(replaced(document(), "Concert", name));
-            window.view().generateRoughEdit();
+            window.importAndGenerate(replaced(document(), "Concert", name));
         }
         faulty.calls = 0;
         faulty.failing = failing;
@@ -125,8 +123,7 @@ TEST(SessionFaults, KeepAnEditWhoseSaveFailedWhenAnotherProjectComes)
     EXPECT_EQ(decodeSession(kept).history.items.size(), 1U);
 
     FaultyWindow again;
-    again.view().importXML(document());
-    again.view().generateRoughEdit();
+    again.importAndGenerate(document());
     again.view().importXML(replaced(document(), "Concert", "Other"));
     again.calls.failing = again.calls.calls;
     again.view().generateRoughEdit();

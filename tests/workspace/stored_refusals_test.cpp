@@ -5,8 +5,6 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include <limits>
-
 namespace corvane {
 namespace {
 
@@ -30,8 +28,7 @@ std::string broken(const std::string& good, const Breach& breach)
 /// An imported project with an edit.
 void fillWindow(TestWindow& window)
 {
-    window.view().importXML(document());
-    window.view().generateRoughEdit();
+    window.importAndGenerate(document());
 }
 
 void savePreset(TestWindow& window, const std::string& name)
@@ -46,23 +43,10 @@ TEST(StoredSessions, AreLeftByteForByteWhenTheyCannotBeRestored)
     TestWindow window;
     fillWindow(window);
     const std::string good = readFile(window.sessionFile());
-    const std::string revision = "/history/items/0";
-    const std::string invalid = "The saved session contains invalid settings. Its stored data has been kept.";
     const std::vector<Breach> breaches = {
         {"/settings", 0, "The session cannot be read: settings is not an object."},
-        {revision + "/cuts/0/start", 0.5,
-         "The session cannot be read: history.items[0].cuts[0].start is not a whole number."},
         {"/sourceXML", base64Encoded("<fcpxml/>"), "Export one project from Final Cut Pro"},
-        {"/version", 2, "The saved session could not be read. Its stored data has been kept."},
-        {"/settings/mainShare", 90.1, invalid},
-        {"/settings/averageShot", 20.1, invalid},
-        {revision + "/settings/returnTimes", {{"B", 600.1}}, invalid},
-        {revision + "/settings/mainCamera", "Z", "The saved session's cameras do not match its XML snapshot."},
-        {revision + "/settings/audio", "", "This audio angle does not cover the whole project."},
-        {revision + "/cuts/0/duration", 0, "The saved edit history contains invalid cuts."},
-        {revision + "/cuts/1/duration", std::numeric_limits<Frames>::max(),
-         "The saved edit history contains invalid cuts."},
-        {revision + "/cuts", Json::array(), "The saved edit history has an incomplete timeline."}};
+        {"/history/items/0/cuts", Json::array(), "The saved edit history has an incomplete timeline."}};
     std::vector<std::pair<std::string, std::string>> faults = {
         {"", "The session cannot be read: line 1, column 1"},
         {good.substr(0, good.size() / 2), "The session cannot be read: line 1"}};

@@ -1,0 +1,86 @@
+#!/usr/bin/env python3
+"""import_rules.py REPLAY: what an import refuses, in which order, and how often it counts the clips of an angle."""
+import sys
+
+from asking import angle, answered_by, clip, compound, document, project, ref, refusal
+
+MISSING_TIME = "The export contains a missing or invalid time value."
+PLACE = "Invalid angle timing."
+TRANSITION = "Camera A contains an unsupported clip type: transition."
+CIRCULAR = "Camera A contains a missing or circular compound clip reference."
+NESTED = "Camera A contains excessively nested clips."
+TOO_MANY = ("Camera A uses compound clips inside each other too many times to be read. "
+            "Break apart these compound clips in Final Cut and export XML again.")
+
+
+def imports(name, xml, expected):
+    """The refusal, or the number of clips in angle A."""
+    def read(answer):
+        said = refusal(answer["import"]) or refusal(answer["engine"])
+        return said or answer["import"]["angles"][0]["clipCount"]
+    project(name, read, expected, xml)
+
+
+def angle_a(name, contents, expected, resources=""):
+    imports(name, document(angle("A", contents) + angle("B"), resources=resources), expected)
+
+
+def spines(levels, contents=""):
+    return "<spine>" * levels + contents + "</spine>" * levels
+
+
+# The first refusal counts: the summary's before the engine's, an earlier angle's before a later one's.
+bad = document(angle("A", "<transition/>") + angle("B"))
+imports("the clip in the project before what an angle holds", bad.replace('name="MC"', 'enabled="0"'),
+        "Speed changes, split audio and disabled main multicam clips are not supported yet.")
+imports("the summary before all else", bad.replace('angleID="B"', ""), "A camera angle is missing its identifier.")
+imports("the frame duration before the angles", bad.replace("100/2500s", "0.04s"), "Invalid XML time: 0.04s")
+far = '<clip offset="1e12s" duration="1s"><video ref="av"/></clip>'
+for a, b, expected in [
+        ("<transition/>", clip("x", "1s"), MISSING_TIME),  # the summary's of a later angle
+        (far, "<transition/>", PLACE),
+        ("<transition/>", far, TRANSITION),
+        (far + "<transition/>", "", TRANSITION)]:  # a clip before the place of one before it
+    imports(f"{a} and {b}", document(angle("A", a) + angle("B", b) + angle("C", "<audition/>")), expected)
+angle_a("times before the asset", '<clip start="x"/>', MISSING_TIME)
+angle_a("a place beyond all numbers", clip("0s", "1e308s", 'start="1e308s"'), PLACE)
+
+angle_a("forty levels", spines(40), 0)
+angle_a("forty-one levels", spines(41), NESTED)
+deep = compound("c0", spines(20, ref("c1"))) + compound("c1", "")
+angle_a("thirty levels with a compound clip", ref("c0") + spines(10, ref("c0")), 0, deep)
+angle_a("forty-five levels with a compound clip", ref("c0") + spines(25, ref("c0")), NESTED, deep)
+
+angle_a("a compound clip in itself", ref("c0"), CIRCULAR, compound("c0", ref("c0")))
+angle_a("two in each other", ref("c0"), CIRCULAR, compound("c0", ref("c1")) + compound("c1", ref("c0")))
+angle_a("only the first media of a name counts", ref("c0"), CIRCULAR, '<media id="c0"/>' + compound("c0", ""))
+everyone = "".join(ref(f"c{n}") for n in range(16))
+angle_a("sixteen in each other have more ways than anyone can walk", ref("c0"), TOO_MANY,
+        "".join(compound(f"c{n}", everyone) for n in range(16)))
+
+# A reference counts as visited for the clips connected to it too, whatever was walked and kept before.
+resources = "".join(compound(name, contents) for name, contents in {
+    "c": clip("0s", "1s") * 2, "w": ref("c") + clip("0s", "1s"), "d": "", "e": ref("w") + ref("c", ref("w"))}.items())
+for contents, expected in {
+        ref("w") + ref("w", ref("c")) + ref("c"): 10,
+        ref("w", ref("c")): 5,
+        ref("c", "<audition>" + ref("w", ref("c")) + "</audition>"): 3,
+        ref("c", ref("c")): CIRCULAR,
+        ref("c", ref("w")) + ref("w"): CIRCULAR,
+        ref("w") + ref("c", ref("w")): CIRCULAR,
+        ref("w") + ref("c", ref("w")) + ref("w"): CIRCULAR,
+        ref("w") + ref("d", ref("w") + ref("c", ref("w"))): CIRCULAR,
+        ref("e"): CIRCULAR}.items():
+    angle_a("connected: " + contents, contents, expected, resources)
+
+# Where a document is broken.
+imports("nothing", "", "The XML cannot be read: line 1, column 1: Document is empty")
+imports("a wrong end", "<a>\n<b></a>",
+        "The XML cannot be read: line 2, column 8: Opening and ending tag mismatch: b line 2 and a")
+imports("an undeclared prefix is no error", "<x:fcpxml/>", "This file is not a Final Cut XML export.")
+imports("bad UTF-8", document().encode().replace(b"Concert", b"Con\xffcert"),
+        "The XML cannot be read: line 6, column 35: Input is not proper UTF-8, indicate encoding ! "
+        "Bytes: 0xFF 0x63 0x65 0x72")
+imports("UTF-16", document().replace("UTF-8", "UTF-16").encode("utf-16"), 1)
+
+answered_by(sys.argv[1])
