@@ -45,7 +45,7 @@ const std::vector<std::string>& projects()
             {.angles = angle("C", whole) + angle("D", clip("0s", "12s") + clip("14s", "26s")) + angle("E", whole)}),
         test::document(
             {.angles = angle("F", clip("0s", "39s")) + angle("B", clip("1s", "39s")) + angle("G", whole) +
-                       angle("sound", clip("0s", "40s", "", "", "a"))}),
+                       angle("sound", clip("0s", "40s", "a"))}),
         "<fcpxml/>"};
     return all;
 }

@@ -15,26 +15,29 @@ using Span = AngleMediaWalker::Span;
 const std::string tooManyUses = "Camera A uses compound clips inside each other too many times to be read. Break apart "
                                 "these compound clips in Final Cut and export XML again.";
 
-/// The resources of compound clips "c0" to the last level, each of which uses the next one so many times. The last
-/// holds `last`.
-std::string levelled(int uses, int levels, const std::string& last)
+const std::string useOfFirst = "<ref-clip ref=\"c0\"/>";
+
+/// Compound clips "c0" to the last level, each of which uses the next one so many times. The last one holds a clip from
+/// 3 s to 4 s.
+std::string levelled(int uses, int levels)
 {
     std::string resources;
-    for (int n = 0; n < levels; ++n) {
-        std::string contents;
-        for (int use = 0; use < uses; ++use)
-            contents += refClip("c" + std::to_string(n + 1));
-        resources += compound("c" + std::to_string(n), contents);
+    for (int n = 0; n <= levels; ++n) {
+        std::string contents = n < levels ? "" : clip("3s", "1s");
+        for (int use = 0; use < uses && n < levels; ++use)
+            contents += "<ref-clip ref=\"c" + std::to_string(n + 1) + "\"/>";
+        resources +=
+            "<media id=\"c" + std::to_string(n) + "\"><sequence><spine>" + contents + "</spine></sequence></media>";
     }
-    return resources + compound("c" + std::to_string(levels), last);
+    return resources;
 }
 
-/// A document of nothing but these resources and a clip that uses the first one.
+/// A document of nothing but these and a clip that uses the first one.
 struct Compounds {
-    explicit Compounds(const std::string& resources)
+    Compounds(int uses, int levels)
         : document(xml::Document::parse(
-              "<resources><asset id=\"av\" hasVideo=\"1\" src=\"x\" duration=\"1s\"/>" + resources + refClip("c0") +
-              "</resources>"))
+              "<resources><asset id=\"av\" hasVideo=\"1\" src=\"x\" duration=\"9s\"/>" + levelled(uses, levels) +
+              useOfFirst + "</resources>"))
     {
     }
     xml::Document document;
@@ -45,7 +48,7 @@ struct Compounds {
 TEST(ClipCollector, WalksEachCompoundClipOnce)
 {
     // The count doubles at every level, the work does not.
-    const Compounds doubled(levelled(2, 40, clip("3s", "1s")));
+    const Compounds doubled(2, 40);
     ClipCollector collector(doubled.media);
     collector.begin(*doubled.document.root(), "A");
     collector.add(doubled.use);
@@ -54,9 +57,8 @@ TEST(ClipCollector, WalksEachCompoundClipOnce)
     EXPECT_EQ(clips.firstOffset, 3);
     EXPECT_LE(collector.visits(), 5 * 40);
     const auto count = [](int levels) {
-        return importProject(document(
-                                 {.angles = angle("A", refClip("c0")) + angle("B", ""),
-                                  .resources = levelled(2, levels, clip("3s", "1s"))}))
+        return importProject(
+                   document({.angles = angle("A", useOfFirst) + angle("B", ""), .resources = levelled(2, levels)}))
             .angles.front()
             .clipCount;
     };
@@ -67,15 +69,15 @@ TEST(ClipCollector, WalksEachCompoundClipOnce)
 TEST(Walker, KeepsOneWalkOfACompoundClip)
 {
     const std::string tooDeep = "Camera A contains excessively nested clips.";
-    const Compounds twice(levelled(2, 18, clip("0s", "1s")));
+    const Compounds twice(2, 18);
     AngleMediaWalker walker(twice.media);
     const auto spans = walker.walk(twice.use, "A");
     EXPECT_EQ(spans.size(), std::size_t{1} << 18U);
-    EXPECT_EQ(spans.back(), (Span{0, 1, true, false}));
+    EXPECT_EQ(spans.back(), (Span{3, 4, true, false}));
     EXPECT_GE(walker.visits(), 2 * 18);
     EXPECT_LE(walker.visits(), 5 * 18);
     // A level deeper the kept walk does not fit below level 39 any more; many more uses are refused.
-    const Compounds deeper(levelled(2, 19, clip("0s", "1s")));
+    const Compounds deeper(2, 19);
     EXPECT_REFUSED(AngleMediaWalker(deeper.media).walk(deeper.use, "A"), tooDeep);
     EXPECT_NO_THROW((void)AngleMediaWalker(twice.media).walk(twice.use, "A", {}, 1));
     EXPECT_REFUSED(AngleMediaWalker(twice.media).walk(twice.use, "A", {}, 2), tooDeep);
@@ -83,7 +85,7 @@ TEST(Walker, KeepsOneWalkOfACompoundClip)
         EXPECT_REFUSED(
             walker.walk(twice.use, "A", {onTheWay}),
             "Camera A contains a missing or circular compound clip reference.");
-    const Compounds wide(levelled(9, 12, clip("0s", "1s")));
+    const Compounds wide(9, 12);
     EXPECT_REFUSED(AngleMediaWalker(wide.media).walk(wide.use, "A"), tooManyUses);
 }
 

@@ -4,18 +4,17 @@
 
 #include <map>
 #include <string>
-#include <utility>
-#include <vector>
 
 namespace corvane {
 namespace {
 
-TEST(TextRules, LowerCaseIsUnicodesOwn)
+TEST(TextRules, LowerCaseIsUnicodesOwnAndNothingIsLost)
 {
     const std::map<std::string, std::string> lower = {
         {"", ""}, {"Sunday 10", "sunday 10"}, {"ΣΑΣ", "σας"}, {"İI", "i̇i"}, {"ẞⅣ𐐀", "ßⅳ𐐨"}, {"A\xff\xc3", "a\xff\xc3"}};
     for (const auto& [text, expected] : lower)
         EXPECT_EQ(lowerCased(text), expected) << text;
+    EXPECT_EQ(trimmed("\xff x "), "\xff x") << "what is no text is left as it is";
 }
 
 TEST(TextRules, NamesSortByTheUsersLanguage)

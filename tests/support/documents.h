@@ -13,30 +13,15 @@ inline std::string replaced(std::string text, std::string_view from, std::string
     return at == std::string::npos ? "nothing to replace" : text.replace(at, from.size(), to);
 }
 
-/// <asset-clip> of `ref` from `offset` on, `more` attributes and children as they stand.
-inline std::string clip(
-    const std::string& offset, const std::string& duration, const std::string& more = "",
-    const std::string& children = "", const std::string& ref = "av")
+inline std::string clip(const std::string& offset, const std::string& duration, const std::string& asset = "av")
 {
-    return "<asset-clip ref=\"" + ref + "\" offset=\"" + offset + "\" duration=\"" + duration + "\" " + more + ">" +
-           children + "</asset-clip>";
+    return "<asset-clip ref=\"" + asset + "\" offset=\"" + offset + "\" duration=\"" + duration + "\"/>";
 }
 
 /// An angle whose id is its name.
 inline std::string angle(const std::string& name, const std::string& contents)
 {
     return "<mc-angle name=\"" + name + "\" angleID=\"" + name + "\">" + contents + "</mc-angle>";
-}
-
-/// A compound clip's media with one spine.
-inline std::string compound(const std::string& id, const std::string& contents)
-{
-    return "<media id=\"" + id + "\"><sequence><spine>" + contents + "</spine></sequence></media>";
-}
-
-inline std::string refClip(const std::string& ref, const std::string& more = "")
-{
-    return "<ref-clip ref=\"" + ref + "\" " + more + "/>";
 }
 
 struct Parts {

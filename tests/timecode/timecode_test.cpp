@@ -5,16 +5,6 @@
 namespace corvane {
 namespace {
 
-CutEngine engineAt(std::int64_t numerator, std::int64_t denominator, bool dropFrame = false, Frames timelineStart = 0)
-{
-    CutEngine engine;
-    engine.frameNumerator = numerator;
-    engine.frameDenominator = denominator;
-    engine.dropFrame = dropFrame;
-    engine.timelineStart = timelineStart;
-    return engine;
-}
-
 /// A clock that is advanced frame by frame and skips the dropped labels, as the standard describes it.
 struct Clock {
     int nominal, dropped;
@@ -52,7 +42,10 @@ TEST(Timecode, CountsLikeAClockForADay)
     // 2002/60000 is 29.97 in other terms; 24000/1001 and 1/30 know no drop-frame though it is asked for.
     for (const Rate& rate :
          {Rate{1001, 30000, 30, 2}, {1001, 60000, 60, 4}, {2002, 60000, 30, 2}, {1001, 24000, 24, 0}, {1, 30, 30, 0}}) {
-        const CutEngine engine = engineAt(rate.numerator, rate.denominator, true);
+        CutEngine engine;
+        engine.frameNumerator = rate.numerator;
+        engine.frameDenominator = rate.denominator;
+        engine.dropFrame = true;
         Clock clock{rate.nominal, rate.dropped};
         for (Frames frame = 0; clock.hours < 24; ++frame, clock.tick()) {
             const std::string label = clock.label();

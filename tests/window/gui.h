@@ -33,8 +33,9 @@ public:
     ResourceFolders resources{{CORVANE_RESOURCES}};
     std::vector<std::string> revealed;
 
-    explicit Gui(const std::string& xml = "")
+    explicit Gui(const std::string& xml = "", const MemoryDefaults& kept = MemoryDefaults())
     {
+        account.defaults.values = kept.values;
         window_ = std::make_unique<MainWindow>(MainWindowServices{
             account.view(),
             account.inbox,

@@ -263,25 +263,11 @@ TEST(About, LeadsToTheManualAndCloses)
 
 TEST(MainWindow, RemembersItsPlace)
 {
-    MemoryDefaults kept;
-    {
-        Gui gui;
-        gui.window().resize(1111, 777);
-        gui.window().close();
-        kept.values = gui.account.defaults.values;
-    }
-    Gui other;
-    other.account.defaults.values = kept.values;
-    MainWindow again(
-        {other.view(),
-         other.account.inbox,
-         other.account.defaults,
-         other.resources,
-         other.updater,
-         other.busy,
-         [](const std::string&) {},
-         {}});
-    EXPECT_EQ(again.size(), QSize(1111, 777));
+    Gui gui;
+    gui.window().resize(1111, 777);
+    gui.window().close();
+    Gui again("", gui.account.defaults);
+    EXPECT_EQ(again.window().size(), QSize(1111, 777));
 }
 
 } // namespace

@@ -140,11 +140,12 @@ TEST(Words, TellCoverageAndWhatIsLeftBehind)
     EXPECT_EQ(projectLine(view, ","), "Concert · 25 frames a second · 00:00:00:00 to 00:00:40:00");
     EXPECT_EQ(carryOverLine(engine), std::nullopt);
     EXPECT_EQ(
-        carryOverLine(buildEngine(document(
-            {.inClip = "<filter-video/><adjust-crop/><mc-source angleID=\"A\"><tracking-shape id=\"a\"/></mc-source>"
-                       "<title name=\"T\"><y tracking=\"a\"/></title>"}))),
+        carryOverLine(buildEngine(document({.inClip = R"(<filter-video/><adjust-crop/><filter-video/><note/>
+                <mc-source angleID="A"><tracking-shape id="a"/><y id="s"/></mc-source>
+                <mc-source angleID="B"><x tracking="a"/></mc-source>
+                <title name="T"><y tracking="a"/></title><title name="U"><z tracking="s"/></title>)"}))),
         "Not carried over from the multicam clip: filter-video, adjust-crop. Following a shape of another clip: "
-        "title T.");
+        "angle B, title T.");
     EXPECT_EQ(angleFacts(window.state().loaded->imported.angles[0]), "Camera 1 · 2 clips · 0 gaps");
     view.importXML(
         document({angle("A", clip("0s", "20s") + "<gap duration=\"20s\"/>") + angle("B", clip("0s", "40s"))}));
