@@ -85,8 +85,7 @@ def limit():
 def run(command, timeout=TIMEOUT, output=subprocess.DEVNULL):
     """True when it succeeds in time. A program that hangs goes with all its children."""
     process = subprocess.Popen(command, cwd=TREE, stdin=subprocess.DEVNULL, stdout=output,
-                               stderr=subprocess.DEVNULL, start_new_session=True, preexec_fn=limit,
-                               env=dict(os.environ, LOCPATH=str(ROOT / "build/locale")))
+                               stderr=subprocess.DEVNULL, start_new_session=True, preexec_fn=limit)
     try:
         return process.wait(timeout) == 0
     except subprocess.TimeoutExpired:

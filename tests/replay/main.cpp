@@ -1,7 +1,9 @@
 // Reads cases, one JSON object a line, on standard input and writes what the program answers, one a line, on standard
-// output. It knows no expected answer: whoever runs it before and after a change sees what the change did.
+// output. It knows no expected answer: whoever runs it before and after a change sees what the change did. It may be
+// given a locale for numbers, which must change nothing.
 #include "replay/kinds.h"
 
+#include <clocale>
 #include <iostream>
 #include <map>
 #include <string>
@@ -19,8 +21,12 @@ const std::map<std::string, Json (*)(const Json&)> kinds = {
 
 } // namespace
 
-int main()
+int main(int count, char** arguments)
 {
+    if (count > 1 && std::setlocale(LC_NUMERIC, arguments[1]) == nullptr) {
+        std::cerr << "There is no locale " << arguments[1] << ": run ./test.sh once, it generates that of the tests.\n";
+        return 2;
+    }
     std::ios::sync_with_stdio(false);
     for (std::string line; std::getline(std::cin, line);) {
         if (line.empty())

@@ -73,6 +73,10 @@ for contents, expected in {
         ref("e"): CIRCULAR}.items():
     angle_a("connected: " + contents, contents, expected, resources)
 
+# Names count as they are written, with their prefixes.
+angle_a("prefixes", '<x:gap xmlns:x="u"/>', "Camera A contains an unsupported clip type: x:gap.")
+imports("prefixes of attributes", document(angle("A", clip("9s", "1s", 'xmlns:x="u" x:offset="y"')) + angle("B")), 1)
+
 # Where a document is broken.
 imports("nothing", "", "The XML cannot be read: line 1, column 1: Document is empty")
 imports("a wrong end", "<a>\n<b></a>",
