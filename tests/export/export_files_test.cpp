@@ -23,13 +23,13 @@ TEST(ExportNames, EndAtTenThousand)
 
 TEST(ExportNames, LoseWholeCharactersWhereTheFileSystemHasNoRoom)
 {
-    std::string days;
+    std::string days = "x";
     for (int n = 0; n < 100; ++n)
         days += "日";
     const ScratchFolder folder;
     for (int n = 0; n < 2; ++n)
         (void)writeExportFiles(folder.path(), "xml", "text", days);
-    const std::string kept = days.substr(0, std::size_t{76} * 3) + " Corvane";
+    const std::string kept = days.substr(0, 1 + std::size_t{75} * 3) + " Corvane";
     EXPECT_EQ(
         folder.names(),
         (Names{kept + " 2.fcpxml", kept + " 2.settings.txt", kept + ".fcpxml", kept + ".settings.txt"}));

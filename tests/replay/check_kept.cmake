@@ -1,4 +1,5 @@
-# Run with -P: the program's answers, in a LOCALE if one is given, to the kept cases must be the kept ones, byte for byte.
+# Run with -P: the program's answers to the kept cases, in a LOCALE if one is given, must be the kept ones, byte for
+# byte.
 execute_process(
     COMMAND "${REPLAY}" ${LOCALE} INPUT_FILE "${KEPT}/cases.jsonl" OUTPUT_FILE "${ANSWERS}" RESULT_VARIABLE result)
 if(NOT result EQUAL 0)

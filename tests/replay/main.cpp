@@ -1,6 +1,6 @@
 // Reads cases, one JSON object a line, on standard input and writes what the program answers, one a line, on standard
 // output. It knows no expected answer: whoever runs it before and after a change sees what the change did. It may be
-// given a locale for numbers, which must change nothing.
+// given a locale to work in, which must change nothing.
 #include "replay/kinds.h"
 
 #include <clocale>
@@ -23,10 +23,11 @@ const std::map<std::string, Json (*)(const Json&)> kinds = {
 
 int main(int count, char** arguments)
 {
-    if (count > 1 && std::setlocale(LC_NUMERIC, arguments[1]) == nullptr) {
+    if (count > 1 && std::setlocale(LC_ALL, arguments[1]) == nullptr) {
         std::cerr << "There is no locale " << arguments[1] << ": run ./test.sh once, it generates that of the tests.\n";
         return 2;
     }
+    std::setlocale(LC_MESSAGES, "C"); // the system's own words are its own
     std::ios::sync_with_stdio(false);
     for (std::string line; std::getline(std::cin, line);) {
         if (line.empty())

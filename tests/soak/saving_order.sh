@@ -15,8 +15,8 @@ TMPDIR=$folder strace -y -s 0 -o "$folder/trace" \
     "$1" edits 10
 
 # One letter for each call on the session's folder that succeeded.
-order=$(awk '
-    !/\/Corvane[\/>]/ || / = -1 /      { next }
+order=$(awk -v scratch="$folder/" '
+    index($0, scratch) == 0 || !/\/Corvane[\/>]/ || / = -1 / { next }
     /^p?write/                         { printf "w"; next }  # bytes
     /^f(data)?sync/                    { printf "%s", /\/Corvane>/ ? "S" : "s"; next }  # folder, file
     /^(rename|renameat|renameat2)\(.*session-v1\.json/ { printf "R"; next }  # takes the name of the session
@@ -25,8 +25,9 @@ order=$(awk '
 ' "$folder/trace")
 saves=$(tr -cd R <<<"$order" | wc -c)
 
-if ! [[ $order =~ ^(w+sn?RSu?)+u*$ ]] || [ "$saves" -lt 20 ]; then
-    echo "$saves saves made these calls: $order; expected of each: write…, sync, name, rename, sync of the folder, unlink." >&2
+if ! [[ $order =~ ^(w+sn?RSu?)+u*$ ]] || [ "$saves" -lt 20 ]; then # a round saves more than twice
+    echo "$saves saves made these calls: $order" >&2
+    echo "Expected of each: write…, sync, name, rename, sync of the folder, unlink." >&2
     cat "$folder/trace" >&2
     exit 1
 fi

@@ -13,9 +13,6 @@ namespace {
 
 using namespace test;
 
-const std::string threeCameras =
-    document({angle("A", clip("0s", "40s")) + angle("B", clip("0s", "40s")) + angle("C", clip("0s", "30s"))});
-
 TEST(Accessibility, EveryControlHasANameARoleAndWhatItShows)
 {
     Gui gui(threeCameras);

@@ -104,6 +104,9 @@ private:
     std::unique_ptr<MainWindow> window_;
 };
 
+inline const std::string threeCameras =
+    document({angle("A", clip("0s", "40s")) + angle("B", clip("0s", "40s")) + angle("C", clip("0s", "30s"))});
+
 /// Sixteen cameras whose names no window shows whole.
 inline std::string manyCameras()
 {

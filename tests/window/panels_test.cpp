@@ -15,9 +15,6 @@ namespace {
 
 using namespace test;
 
-const std::string threeCameras =
-    document({angle("A", clip("0s", "40s")) + angle("B", clip("0s", "40s")) + angle("C", clip("0s", "30s"))});
-
 void choose(Picker& picker, const QString& entry)
 {
     picker.setFocus();

@@ -141,7 +141,7 @@ TEST(Words, TellCoverageAndWhatIsLeftBehind)
     EXPECT_EQ(carryOverLine(engine), std::nullopt);
     EXPECT_EQ(
         carryOverLine(buildEngine(document({.inClip = R"(<filter-video/><adjust-crop/><filter-video/><note/>
-                <mc-source angleID="A"><tracking-shape id="a"/><y id="s"/></mc-source>
+                <mc-source angleID="A"><tracking-shape id="a"/><x tracking="a"/><y id="s"/></mc-source>
                 <mc-source angleID="B"><x tracking="a"/></mc-source>
                 <title name="T"><y tracking="a"/></title><title name="U"><z tracking="s"/></title>)"}))),
         "Not carried over from the multicam clip: filter-video, adjust-crop. Following a shape of another clip: "

@@ -26,8 +26,8 @@ def case(name, kind, read, expected, **members):
 
 # Documents: 25 frames a second, an asset "av" with picture and sound, a multicam clip of the given angles.
 
-def clip(offset, duration, more="", children="", ref="av"):
-    return f'<asset-clip ref="{ref}" offset="{offset}" duration="{duration}" {more}>{children}</asset-clip>'
+def clip(offset, duration, more=""):
+    return f'<asset-clip ref="av" offset="{offset}" duration="{duration}" {more}/>'
 
 
 def angle(name, contents=""):
@@ -74,13 +74,17 @@ def project(name, read, expected, xml, draws=(0.5,), settings=None, **more):
 
 def answered_by(program):
     lines = "".join(json.dumps(asked) + "\n" for asked, _, _ in cases)
-    answers = subprocess.run([program], input=lines, stdout=subprocess.PIPE, text=True, check=True,
-                             env=dict(os.environ, LC_ALL="C")).stdout.splitlines()
+    replay = subprocess.run([program], input=lines, stdout=subprocess.PIPE, encoding="utf-8",
+                            env=dict(os.environ, LC_ALL="C"))
+    answers = replay.stdout.split("\n")[:-1]
     faults = 0
-    for answer, (asked, read, expected) in zip(answers, cases, strict=True):
-        given = read(json.loads(answer))
+    for answer, (asked, read, expected) in zip(answers, cases):
+        try:
+            given = read(json.loads(answer))
+        except (KeyError, TypeError):  # it was refused earlier than expected
+            given = answer
         if given != expected:
             faults += 1
             print(f"{asked['case']}\n  gives  {given}\n  not    {expected}")
-    print(f"{len(cases)} cases, {faults} answered in another way")
-    sys.exit(1 if faults else 0)
+    print(f"{len(answers)} of {len(cases)} cases were answered, {faults} of them in another way")
+    sys.exit(1 if faults or replay.returncode or len(answers) < len(cases) else 0)

@@ -69,7 +69,7 @@ names("//", "__ Corvane.fcpxml")
 names("", "Project Corvane.fcpxml")
 names("  ", "   Corvane.fcpxml")
 names("x" * 150, "x" * 100 + " Corvane.fcpxml")
-names("e\u0301" * 150, "e\u0301" * 76 + " Corvane.fcpxml")
+names("x" + "e\u0301" * 150, "x" + "e\u0301" * 75 + " Corvane.fcpxml")
 names("👨‍👩‍👧" * 100, "👨‍👩‍👧" * 12 + " Corvane.fcpxml")
 names("I", "I Corvane 3.fcpxml", "I Corvane.settings.txt", "I Corvane 2.fcpxml")
 

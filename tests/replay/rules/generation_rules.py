@@ -1,36 +1,39 @@
 #!/usr/bin/env python3
-"""generation_rules.py REPLAY: how long shots last, which camera comes, what is refused, and how people type timecode."""
+"""generation_rules.py REPLAY: how long shots last, which camera comes, what is refused, how timecode is typed."""
 import sys
 
 from asking import angle, answered_by, case, clip, document, filmed, project, refusal
 
 
+def between(lower, upper):
+    return {"lower": lower, "upper": upper}
+
+
 def generates(name, expected, xml, draw=0.5, **changed):
-    """The refusal, or the beginning of the cuts when every draw is this one. A holds for 125 frames, B for 100."""
+    """The refusal, or the cuts when every draw is this one; their beginning where it ends with a comma. A holds for 125
+    frames, B for 100."""
     inputs = {"mainShare": 0.5, "averageShot": 10, "mainCamera": "A", "otherCameras": ["B"], "doubleMain": False,
-              "mainRange": [5, 5], "otherRange": [4, 4], "opening": None, "closing": None, "frequencies": {},
-              "fixedSections": [], "returnTimes": {}, **changed}
-    for key in ("mainRange", "otherRange"):
-        inputs[key] = inputs[key] and dict(zip(("lower", "upper"), inputs[key]))
+              "mainRange": between(5, 5), "otherRange": between(4, 4), "opening": None, "closing": None,
+              "frequencies": {}, "fixedSections": [], "returnTimes": {}, **changed}
 
     def read(answer):
         answer = answer["generateRaw"]
-        cuts = answer.get("cuts", [])[:len(expected.split(", "))]
-        return refusal(answer) or ", ".join(
-            f"{cut['angle']} {cut['start']}-{cut['start'] + cut['duration']}" for cut in cuts)
+        cuts = ", ".join(f"{cut['angle']} {cut['start']}-{cut['start'] + cut['duration']}"
+                         for cut in answer.get("cuts", []))
+        return refusal(answer) or cuts[:len(expected) if expected.endswith(",") else None]
     project(name, read, expected, xml, [draw], raw=inputs)
 
 
 # Lengths from the ranges and the share.
 for name, main, other, share, average, draw, expected in [
-        ("half a frame rounds away from zero", None, None, 0.5, 14, 0, "A 0-263, B 263-526"),
-        ("towards the average where the other has no range", [4, 8], None, 0.5, 5, 0.5, "A 0-113, B 113-238"),
-        ("the same for the other cameras", None, [4, 8], 0.5, 5, 0.5, "A 0-125, B 125-238"),
-        ("skewed by share", [6, 18], [3, 7], 0.75, 10, 0.5, "A 0-388, B 388-476"),
-        ("mean at most at 0.9", [4, 8], [10, 12], 0.5, 10, 1 / 512, "A 0-150, B 150-400"),
-        ("mean at least at 0.1", [20, 40], [1, 3], 0.5, 10, 0.5, "A 0-501, B 501-572"),
-        ("shortest rounded up", [4.01, 8.03], [4.01, 8.03], 0.5, 10, 0, "A 0-101, B 101-202"),
-        ("longest rounded down", [4.01, 8.03], [4.01, 8.03], 0.5, 10, 1, "A 0-200, B 200-400")]:
+        ("half a frame rounds away from zero", None, None, 0.5, 14, 0, "A 0-263, B 263-526,"),
+        ("towards the average where the other has no range", between(4, 8), None, 0.5, 5, 0.5, "A 0-113, B 113-238,"),
+        ("the same for the other cameras", None, between(4, 8), 0.5, 5, 0.5, "A 0-125, B 125-238,"),
+        ("skewed by share", between(6, 18), between(3, 7), 0.75, 10, 0.5, "A 0-388, B 388-476,"),
+        ("mean at most at 0.9", between(4, 8), between(10, 12), 0.5, 10, 1 / 512, "A 0-150, B 150-400,"),
+        ("mean at least at 0.1", between(20, 40), between(1, 3), 0.5, 10, 0.5, "A 0-501, B 501-572,"),
+        ("shortest rounded up", between(4.01, 8.03), between(4.01, 8.03), 0.5, 10, 0, "A 0-101, B 101-202,"),
+        ("longest rounded down", between(4.01, 8.03), between(4.01, 8.03), 0.5, 10, 1, "A 0-200, B 200-400,")]:
     generates(name, expected, document(filmed("80s"), "80s"), draw, mainShare=share, averageShot=average,
               mainRange=main, otherRange=other)
 generates("a frame longer than any nominal shot", "A 0-1, B 1-2, A 2-3", document(filmed("90s"), "90s", frame="30s"),
@@ -60,8 +63,8 @@ generates("a wait that prevents a change", "Minimum return times prevent a camer
           "current camera has no footage there. Reduce a return time or include another camera.", late,
           returnTimes={"B": 60})
 generates("a range without a whole frame", "The shot range must contain at least one full frame.", late,
-          otherRange=[5.01, 5.01], returnTimes={"B": 60})
-generates("a range without a whole frame, not drawn", "A 0-125", document(filmed("5s"), "5s"), otherRange=[5.01, 5.01])
+          otherRange=between(5.01, 5.01), returnTimes={"B": 60})
+generates("a range without a whole frame, not drawn", "A 0-125", document(filmed("5s"), "5s"), otherRange=between(5.01, 5.01))
 
 # The first rule that is broken tells: the last is broken first, and stays so.
 broken = {"opening": {"angle": "A", "seconds": 2}, "closing": {"angle": "B", "seconds": 4},
@@ -77,7 +80,7 @@ for expected, change in {
         "The opening and closing shots are longer than the project. Reduce their lengths.":
             {"opening": {"angle": "D", "seconds": 120}},
         "Opening and closing lengths must be between 1 and 120 seconds.": {"closing": {"angle": "D", "seconds": 121}},
-        "Shot lengths must be between 1 and 120 seconds.": {"otherRange": [0, 4]},
+        "Shot lengths must be between 1 and 120 seconds.": {"otherRange": between(0, 4)},
         "Camera frequency must be between 1 and 10.": {"frequencies": {"D": 0}},
         "Choose a main camera and at least one additional video angle.": {"mainShare": 0.95},
         "Minimum return times must be between 0 and 600 seconds.": {"returnTimes": {"D": -1}}}.items():

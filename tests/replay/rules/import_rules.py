@@ -16,8 +16,7 @@ TOO_MANY = ("Camera A uses compound clips inside each other too many times to be
 def imports(name, xml, expected):
     """The refusal, or the number of clips in angle A."""
     def read(answer):
-        said = refusal(answer["import"]) or refusal(answer["engine"])
-        return said or answer["import"]["angles"][0]["clipCount"]
+        return refusal(answer["engine"]) or answer["import"]["angles"][0]["clipCount"]
     project(name, read, expected, xml)
 
 
@@ -65,6 +64,8 @@ for contents, expected in {
         ref("w") + ref("w", ref("c")) + ref("c"): 10,
         ref("w", ref("c")): 5,
         ref("c", "<audition>" + ref("w", ref("c")) + "</audition>"): 3,
+        ref("w") + ref("c", "<audition>" + ref("w") + "</audition>") + ref("w"): 9,
+        ref("c", "<audition>" + ref("w") + "</audition>") + ref("w"): 6,
         ref("c", ref("c")): CIRCULAR,
         ref("c", ref("w")) + ref("w"): CIRCULAR,
         ref("w") + ref("c", ref("w")): CIRCULAR,
@@ -86,5 +87,7 @@ imports("bad UTF-8", document().encode().replace(b"Concert", b"Con\xffcert"),
         "The XML cannot be read: line 6, column 35: Input is not proper UTF-8, indicate encoding ! "
         "Bytes: 0xFF 0x63 0x65 0x72")
 imports("UTF-16", document().replace("UTF-8", "UTF-16").encode("utf-16"), 1)
+imports("UTF-16 that is cut off", "<fcpxml>".encode("utf-16")[:-3],
+        "The XML cannot be read: line 1, column 7: Couldn't find end of Start Tag fcpxm line 1")
 
 answered_by(sys.argv[1])

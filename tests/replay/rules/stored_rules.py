@@ -8,13 +8,14 @@ from asking import SETTINGS, answered_by, case, document, encoded, project, refu
 IDENTIFIER = "8ea1e1d8-10e5-4872-9FF6-759FE19A759B"
 revision = {"id": IDENTIFIER, "created": 0, "settings": SETTINGS, "cuts": [
     {"id": IDENTIFIER[:-1] + "AB"[n], "angle": "AB"[n], "start": 500 * n, "duration": 500} for n in range(2)]}
-stored = json.dumps({
-    "version": 1, "other": [{}], "settings": {**SETTINGS, "audio": "B", "returnTimes": {"A": 7}},
-    "history": {"items": [revision], "index": 0}, "sourceXML": encoded(document())})
+# The settings on screen stand first. Where the edit's own are to be changed, those on screen have other values.
+on_screen = {**SETTINGS, "mainCamera": "B", "otherCameras": ["A"], "audio": "B", "returnTimes": {"A": 7}}
+stored = json.dumps({"version": 1, "other": [{}], "settings": on_screen,
+                     "history": {"items": [revision], "index": 0}, "sourceXML": encoded(document())})
 
 
 def session(old, new, expected=""):
-    """The refusal of the stored session with one text in another's place; nothing if it can be restored."""
+    """The refusal of the stored session with a text in the first place of another; nothing if it can be restored."""
     if old not in stored:
         sys.exit(f"no session has {old}")
     project(f"{new[:40]} for {old[:40]}", lambda answer: refusal(answer["session-validate"]), expected, document(),
@@ -27,7 +28,7 @@ session('"duration": 500', '"duration": 5e2')
 session('"index": 0', '"index": 0.0')
 session('"mainShare": 70', '"mainShare": 7E+1')
 session('{"version": 1', '\ufeff{"version": 2, "version": 1')
-session('"mainCamera": "A"', '"mainCamera": "\\u0041"')
+session('"mainCamera": "B"', '"mainCamera": "\\u0042"')
 session('"history"', '"h\\u0069story"')
 for number in ["1.9", "true", "1e300", "9223372036854775808", "-9223372036854775809", '"1"', "[1]", "null"]:
     session('"start": 0', '"start": ' + number,
@@ -38,7 +39,7 @@ for old, new, complaint in [
         ('"mainShare": 70', '"mainShare": "70"', "settings.mainShare is not a number."),
         ('{"A": 7}', '{"Cam 1": []}', 'settings.returnTimes["Cam 1"] is not a number.'),
         ("false", "1", "settings.doubleMain is neither true nor false."),
-        ('"mainCamera": "A"', '"mainCamera": 0', "settings.mainCamera is not a text."),
+        ('"mainCamera": "B"', '"mainCamera": 0', "settings.mainCamera is not a text."),
         (IDENTIFIER, "8", "history.items[0].id is not an identifier."),
         (IDENTIFIER, "{EA1E1D8-10E5-4872-9FF6-759FE19A759}", "history.items[0].id is not an identifier."),
         (IDENTIFIER, "8ea1e1d8-10e5-4872-9FF6-759FE19A759G", "history.items[0].id is not an identifier."),
@@ -46,6 +47,7 @@ for old, new, complaint in [
         (encoded(document()), "AP8", "sourceXML is not Base64 text."),
         (encoded(document()), "Zg=", "sourceXML is not Base64 text."),
         (encoded(document()), "Zm9=v", "sourceXML is not Base64 text."),
+        (encoded(document()), "Zm\u00e9", "sourceXML is not Base64 text."),
         (encoded(document()), "Zm8=Zm8=", "sourceXML is not Base64 text.")]:
     session(old, new, "The session cannot be read: " + complaint)
 
@@ -60,7 +62,7 @@ session('"mainCamera": "A"', '"mainCamera": "Z"', "The saved session's cameras d
 session('"audio": "A"', '"audio": ""',
         "This audio angle does not cover the whole project. Choose a continuous audio angle.")
 session('"duration": 500', '"duration": 0', INVALID_CUTS)
-session('"duration": 500', '"duration": 9223372036854775807', INVALID_CUTS)
+session('"duration": 500}]', '"duration": 9223372036854775807}]', INVALID_CUTS)
 session('"duration": 500}]', '"duration": 499}]', "The saved edit history has an incomplete timeline.")
 
 
