@@ -44,6 +44,8 @@ TEST(RoughEdit, KeepsEveryByteOfMeaning)
     std::string source = document({.resources = element, .inClip = "<metadata>" + element + "</metadata>"});
     source = replaced(
         replaced(source, "<fcpxml ", "<fcpxml xmlns:y=\"v\" "), "<library", "<library xmlns:q=\"n\" xmlns:z=\"w\"");
+    const std::string clipTag = "<mc-clip xmlns:m=\"a&amp;b\" xmlns=\"d\" m:n=\"1\" ref=\"mc\"";
+    source = replaced(source, "<mc-clip ref=\"mc\"", clipTag);
     source = replaced(source, "<spine>", "<y:other/><z:other/>and text<spine>");
     const std::string written = roughEditXML(buildEngine(source), {{{}, "A", 0, 500}, {{}, "B", 500, 500}}, "A");
     std::size_t copies = 0;
@@ -51,6 +53,7 @@ TEST(RoughEdit, KeepsEveryByteOfMeaning)
         ++copies;
     EXPECT_EQ(copies, 3U) << written;
     EXPECT_NE(written.find("<y:other"), std::string::npos);
+    EXPECT_NE(written.find(clipTag), written.rfind(clipTag)) << "on every piece";
     for (const char* space : {"xmlns:q=\"n\"", "xmlns:z=\"w\""})
         EXPECT_NE(written.find(space), std::string::npos) << "declared by what is left out, even if only texts use it";
     EXPECT_NE(written.find("and text<spine>"), std::string::npos);

@@ -64,7 +64,8 @@ generates("a wait that prevents a change", "Minimum return times prevent a camer
           returnTimes={"B": 60})
 generates("a range without a whole frame", "The shot range must contain at least one full frame.", late,
           otherRange=between(5.01, 5.01), returnTimes={"B": 60})
-generates("a range without a whole frame, not drawn", "A 0-125", document(filmed("5s"), "5s"), otherRange=between(5.01, 5.01))
+generates("a range without a whole frame, not drawn", "A 0-125", document(filmed("5s"), "5s"),
+          otherRange=between(5.01, 5.01))
 
 # The first rule that is broken tells: the last is broken first, and stays so.
 broken = {"opening": {"angle": "A", "seconds": 2}, "closing": {"angle": "B", "seconds": 4},
