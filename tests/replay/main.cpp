@@ -4,6 +4,7 @@
 #include "replay/kinds.h"
 
 #include <clocale>
+#include <exception>
 #include <iostream>
 #include <map>
 #include <string>
@@ -22,12 +23,12 @@ const std::map<std::string, Json (*)(const Json&)> kinds = {
 } // namespace
 
 int main(int count, char** arguments)
-{
-    if (count > 1 && std::setlocale(LC_ALL, arguments[1]) == nullptr) {
+try {
+    // The system's own words are not translated: a full disk is told of in the same way everywhere.
+    if (count > 1 && !(std::setlocale(LC_ALL, arguments[1]) && std::setlocale(LC_MESSAGES, "C"))) {
         std::cerr << "There is no locale " << arguments[1] << ": run ./test.sh once, it generates that of the tests.\n";
         return 2;
     }
-    std::setlocale(LC_MESSAGES, "C"); // the system's own words are its own
     std::ios::sync_with_stdio(false);
     for (std::string line; std::getline(std::cin, line);) {
         if (line.empty())
@@ -39,4 +40,7 @@ int main(int count, char** arguments)
         std::cout << answer.dump() << '\n';
     }
     return 0;
+} catch (const std::exception& failure) {
+    std::cerr << failure.what() << '\n';
+    return 1;
 }

@@ -46,7 +46,7 @@ angle_a("a place beyond all numbers", clip("0s", "1e308s", 'start="1e308s"'), PL
 
 angle_a("forty levels", spines(40), 0)
 angle_a("forty-one levels", spines(41), NESTED)
-deep = compound("c0", spines(20, ref("c1"))) + compound("c1", "")
+deep = compound("c0", spines(20) + ref("c1")) + compound("c1", "")
 angle_a("thirty levels with a compound clip", ref("c0") + spines(10, ref("c0")), 0, deep)
 angle_a("forty-five levels with a compound clip", ref("c0") + spines(25, ref("c0")), NESTED, deep)
 
