@@ -78,6 +78,14 @@ for contents, expected in {
 angle_a("prefixes", '<x:gap xmlns:x="u"/>', "Camera A contains an unsupported clip type: x:gap.")
 angle_a("prefixes of attributes", clip("9s", "1s").replace("ref", 'xmlns:x="u" x:offset="y" ref'), 1)
 
+# A circle that only the count walks, as coverage passes over auditions, leaves out another reference on each way in.
+def auditioned(contents):
+    return f'<gap duration="1s"><audition>{contents}</audition></gap>'
+
+
+angle_a("both ways into a circle", ref("p") + ref("q"), 4,
+        compound("p", clip("0s", "1s") + auditioned(ref("q"))) + compound("q", clip("0s", "1s") + auditioned(ref("p"))))
+
 # Where a document is broken.
 imports("nothing", "", "The XML cannot be read: line 1, column 1: Document is empty")
 imports("a wrong end", "<a>\n<b></a>",
