@@ -140,11 +140,13 @@ TEST(Words, TellCoverageAndWhatIsLeftBehind)
     EXPECT_EQ(projectLine(view, ","), "Concert · 25 frames a second · 00:00:00:00 to 00:00:40:00");
     EXPECT_EQ(carryOverLine(engine), std::nullopt);
     EXPECT_EQ(
-        carryOverLine(buildEngine(document({.inClip = R"(<filter-video/><adjust-crop/><filter-video/><note/>
+        carryOverLine(
+            buildEngine(document({.inClip = R"(<filter-video/><adjust-crop/><filter-video/><note/><x:mark xmlns:x="u"/>
                 <mc-source angleID="A"><tracking-shape id="a"/><x tracking="a"/><y id="s"/></mc-source>
                 <mc-source angleID="B"><x tracking="a"/></mc-source>
                 <title name="T"><y tracking="a"/></title><title name="U"><z tracking="s"/></title>)"}))),
-        "Not carried over from the multicam clip: filter-video, adjust-crop. Following a shape of another clip: "
+        "Not carried over from the multicam clip: filter-video, adjust-crop, x:mark. Following a shape of another "
+        "clip: "
         "angle B, title T.");
     EXPECT_EQ(angleFacts(window.state().loaded->imported.angles[0]), "Camera 1 · 2 clips · 0 gaps");
     view.importXML(

@@ -59,7 +59,8 @@ angle_a("sixteen in each other have more ways than anyone can walk", ref("c0"), 
 
 # A reference counts as visited for the clips connected to it too, whatever was walked and kept before.
 resources = "".join(compound(name, contents) for name, contents in {
-    "c": clip("0s", "1s") * 2, "w": ref("c") + clip("0s", "1s"), "d": "", "e": ref("w") + ref("c", ref("w"))}.items())
+    "c": clip("0s", "1s") * 2, "w": ref("c") + clip("0s", "1s"), "d": "", "e": ref("w") + ref("c", ref("w")),
+    "both": ref("d"), "ways": ref("d"), "m": ref("w") + ref("both") + ref("ways")}.items())
 for contents, expected in {
         ref("w") + ref("w", ref("c")) + ref("c"): 10,
         ref("w", ref("c")): 5,
@@ -71,6 +72,7 @@ for contents, expected in {
         ref("w") + ref("c", ref("w")): CIRCULAR,
         ref("w") + ref("c", ref("w")) + ref("w"): CIRCULAR,
         ref("w") + ref("d", ref("w") + ref("c", ref("w"))): CIRCULAR,
+        ref("m") + ref("c", ref("m")): CIRCULAR,  # by the first of three ways, two of which end in the same place
         ref("e"): CIRCULAR}.items():
     angle_a("connected: " + contents, contents, expected, resources)
 
