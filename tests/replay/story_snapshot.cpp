@@ -17,11 +17,8 @@ Json settingsForm(const EditSettings& settings)
 
 Json place(const std::vector<EditPreset>& presets, const std::string& id)
 {
-    for (std::size_t n = 0; n < presets.size(); ++n) {
-        if (presets[n].id.text() == id)
-            return n;
-    }
-    return nullptr;
+    const auto found = std::ranges::find(presets, id, [](const EditPreset& preset) { return preset.id.text(); });
+    return found == presets.end() ? Json(nullptr) : Json(found - presets.begin());
 }
 
 Json fields(StoryStage& stage)

@@ -35,8 +35,7 @@ struct MemoryDefaults : UserDefaults {
 
     [[nodiscard]] std::string value(const std::string& key) const override
     {
-        const auto found = values.find(key);
-        return found == values.end() ? "" : found->second;
+        return values.contains(key) ? values.at(key) : "";
     }
     void setValue(const std::string& key, std::string_view bytes) override { values[key] = bytes; }
 };

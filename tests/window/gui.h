@@ -96,8 +96,7 @@ public:
     QMessageBox* alert()
     {
         settle();
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        return box;
+        return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     }
 
 private:
