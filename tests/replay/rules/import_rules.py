@@ -2,7 +2,7 @@
 """import_rules.py REPLAY: what an import refuses, in which order, and how often it counts the clips of an angle."""
 import sys
 
-from asking import angle, answered_by, clip, compound, document, project, ref, refusal
+from asking import angle, answered_by, case, clip, compound, document, project, ref, refusal
 
 MISSING_TIME = "The export contains a missing or invalid time value."
 PLACE = "Invalid angle timing."
@@ -99,5 +99,9 @@ imports("bad UTF-8", document().encode().replace(b"Concert", b"Con\xffcert"),
 imports("UTF-16", document().replace("UTF-8", "UTF-16").encode("utf-16"), 1)
 imports("UTF-16 that is cut off", "<fcpxml>".encode("utf-16")[:-3],
         "The XML cannot be read: line 1, column 7: Couldn't find end of Start Tag fcpxm line 1")
+
+case("seconds with a plus sign", "values", lambda answer: [refusal(each) or each for each in answer["parseSeconds"][1:]],
+     [1.5, 1.5, *(f"The export contains an invalid time value: {text}" for text in ("++1s", "+-1s", "+s"))],
+     secondsTexts=["+1.5s", "+3/+2s", "++1s", "+-1s", "+s"], frameNumerator=1, frameDenominator=25, frames=[], texts=[])
 
 answered_by(sys.argv[1])
