@@ -146,8 +146,7 @@ TEST(Words, TellCoverageAndWhatIsLeftBehind)
                 <mc-source angleID="B"><x tracking="a"/></mc-source>
                 <title name="T"><y tracking="a"/></title><title name="U"><z tracking="s"/></title>)"}))),
         "Not carried over from the multicam clip: filter-video, adjust-crop, x:mark. Following a shape of another "
-        "clip: "
-        "angle B, title T.");
+        "clip: angle B, title T.");
     EXPECT_EQ(angleFacts(window.state().loaded->imported.angles[0]), "Camera 1 · 2 clips · 0 gaps");
     view.importXML(
         document({angle("A", clip("0s", "20s") + "<gap duration=\"20s\"/>") + angle("B", clip("0s", "40s"))}));
