@@ -15,6 +15,8 @@ function(corvane_layer name)
         PUBLIC ${layer_targets} ${layer_TOOLKIT} PRIVATE corvane_settings ${layer_LIBRARIES})
     if(layer_TOOLKIT)
         set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    else()
+        target_precompile_headers(${target} REUSE_FROM corvane_precompiled)
     endif()
 
     set(stamp "${CMAKE_CURRENT_BINARY_DIR}/includes-checked")

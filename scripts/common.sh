@@ -1,4 +1,5 @@
-# Sourced by the commands in the root of the repository. A step that fails says which it was and shows its output.
+# Sourced by the commands in the root of the repository. A step that fails says which it was, shows its output and, where
+# the reason is the machine's, says in a sentence what to do.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
@@ -6,20 +7,66 @@ build_packages=(g++ cmake ninja-build pkg-config libxml2-dev libicu-dev nlohmann
 test_packages=(libgtest-dev locales python3 strace xz-utils
     dbus libglib2.0-bin xvfb openbox at-spi2-core python3-pyatspi)
 bench_packages=(libbenchmark-dev)
-check_packages=(clang-19 clang-format-19 clang-tidy-19 cppcheck)
+check_packages=(clang-19 clang-format-19 clang-tidy-19 cppcheck libc++-19-dev libc++abi-19-dev)
 fuzz_packages=(clang-19 libclang-rt-19-dev)
+upstreams="a C++20 compiler (GCC 12 or Clang 19, or later), CMake 3.25, Ninja, pkg-config, libxml2 2.9.14, ICU 72, \
+nlohmann-json 3.11 and Qt 6.4 (its base: Widgets, D-Bus, Network)"
 
-# step NAME COMMAND…: silent while it goes well.
+give_up() {
+    printf '%s\n' "$*" >&2
+    exit 1
+}
+
+# Shows that something is going on: on a terminal the last line of the log and the seconds on one line that changes, else
+# a line every half minute. Runs beside the step, which so stays the one that Ctrl+C reaches.
+watch_log() {
+    local log=$1 start=$SECONDS line said=0 columns
+    columns=$(tput cols 2>/dev/null || echo 80)
+    while sleep 1 && kill -0 $$ 2>/dev/null; do
+        line=$(tail -n 1 "$log" 2>/dev/null | tr '\r' '\n' | tail -n 1 | tr -d '\000-\037')
+        if [ -t 1 ]; then
+            line="   ${line:0:$((columns - 16))} ($((SECONDS - start)) s)"
+            printf '\r\033[K%s' "$line"
+        elif ((SECONDS - start >= said + 30)); then
+            said=$((SECONDS - start))
+            echo "   ${line:0:100} ($said s)"
+        fi
+    done
+}
+
+# What in a failed step's output is the machine's fault, in a sentence; nothing when it is something else.
+reason_for_failure() {
+    local log=$1
+    if grep -q 'No space left on device\|enough free space' "$log"; then
+        echo "The disk is full: $(df -h --output=avail,target "$root" | tail -n 1 | awk '{print $1 " are left on " $2}')." \
+            "Make room and start again; what is built is kept."
+    elif grep -q 'Temporary failure resolving\|Could not connect to\|Unable to fetch some\|Failed to fetch\|Could not resolve' "$log"; then
+        echo "The packages could not be downloaded: connect this machine to the network and start again."
+    elif grep -q 'Unable to locate package\|has no installation candidate' "$log"; then
+        echo "This system does not have all the packages; Corvane needs $upstreams."
+    elif grep -q 'Could not get lock\|Unable to acquire the dpkg' "$log"; then
+        echo "Another program is installing packages: wait until it has finished and start again."
+    fi
+}
+
+# step NAME COMMAND…: what the command prints is shown only when it fails.
 step() {
-    local name=$1 log
+    local name=$1 log watcher status=0
     shift
-    log=$(mktemp)
+    log=$(mktemp) || give_up "No file can be made in ${TMPDIR:-/tmp}: make room there and start again."
     echo "== $name"
-    if ! "$@" >"$log" 2>&1; then
-        echo "Failed: $name ($*)" >&2
+    watch_log "$log" &
+    watcher=$!
+    disown
+    "$@" >"$log" 2>&1 </dev/null || status=$?
+    kill "$watcher" 2>/dev/null || true
+    [ ! -t 1 ] || printf '\r\033[K'
+    if [ "$status" -ne 0 ]; then
         tail -n 60 "$log" >&2
+        echo "Failed: $name ($*)" >&2
+        reason_for_failure "$log" >&2
         rm -f "$log"
-        exit 1
+        exit "$status"
     fi
     rm -f "$log"
 }
@@ -32,29 +79,54 @@ as_root() {
     fi
 }
 
-# install_packages NAME…: those that are not there yet; nothing at all when none is missing.
+# install_packages NAME…: those that are not there yet; nothing at all when none is missing. Says what will be downloaded
+# before it starts. Without apt-get it installs nothing: whether everything is there shows when the build is configured.
 install_packages() {
     local missing=() package
+    command -v apt-get >/dev/null || return 0
     for package in "$@"; do
         dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q ' installed$' || missing+=("$package")
     done
-    [ ${#missing[@]} -eq 0 ] && return
-    step "Refreshing the package lists" as_root apt-get update
-    step "Installing ${missing[*]}" as_root env DEBIAN_FRONTEND=noninteractive \
+    [ ${#missing[@]} -gt 0 ] || return 0
+    if [ "$(id -u)" -ne 0 ] && ! command -v sudo >/dev/null; then
+        give_up "Packages are missing, and installing them takes root or sudo. As root, run:" \
+            "apt-get install --no-install-recommends ${missing[*]}"
+    fi
+    [ "$(id -u)" -eq 0 ] || sudo -v || give_up "Installing packages takes the password of a user who may use sudo."
+    step "Refreshing the package lists" as_root apt-get -o APT::Update::Error-Mode=any update
+    echo "Missing: ${missing[*]}"
+    as_root env LC_ALL=C apt-get install --assume-no --no-install-recommends "${missing[@]}" 2>/dev/null |
+        grep -E '^(Need to get|After this operation)' || true
+    step "Downloading and installing" as_root env DEBIAN_FRONTEND=noninteractive \
         apt-get install -y --no-install-recommends "${missing[@]}"
 }
 
-# build PRESET [TARGET…]
+# build PRESET [TARGET…]: configures where that was not done or not finished, then builds; an interrupted build goes on.
+# The presets "release" and "tests" share a folder, so that what one has built the other need not.
 build() {
-    local preset=$1
+    local preset=$1 folder=$1
     shift
     cd "$root" || exit 1
-    local first=
-    if [ ! -f "build/$preset/build.ninja" ]; then
-        step "Configuring ($preset)" cmake --preset "$preset"
-        first=", which takes some minutes the first time"
+    [ "$preset" != tests ] || folder=release
+    mkdir -p "build/$folder" 2>/dev/null && [ -w "build/$folder" ] ||
+        give_up "Nothing can be written in $root: clone Corvane into a folder of your own and start there."
+    if [ ! -f "build/$folder/build.ninja" ] ||
+        { [ "$preset" = tests ] && ! grep -q '^CORVANE_TESTS:BOOL=ON' "build/$folder/CMakeCache.txt"; }; then
+        configure "$preset"
     fi
-    step "Building ($preset)$first" cmake --build --preset "$preset" ${1:+--target "$@"}
+    step "Building ($preset)" cmake --build --preset "$preset" ${1:+--target "$@"}
+}
+
+# configure PRESET
+configure() {
+    local tool
+    for tool in cmake ninja c++; do
+        command -v "$tool" >/dev/null || give_up "There is no $tool and no apt-get to install it. Corvane needs $upstreams."
+    done
+    if ! command -v apt-get >/dev/null; then
+        echo "There is no apt-get here, so nothing was installed. Corvane needs $upstreams."
+    fi
+    step "Configuring ($1)" cmake --preset "$1"
 }
 
 # A locale with a decimal comma, for the test that numbers never pass through it. It stays inside the build folder.

@@ -1,6 +1,5 @@
 #include "platform/base64.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -72,9 +71,8 @@ std::optional<std::string> base64Decoded(std::string_view text)
     for (std::size_t group = 0; group < wholeGroups; ++group)
         allDigits |= decodeGroup(text.data() + 4 * group, bytes.data() + 3 * group);
     if (padding > 0) {
-        std::array<char, 4> last{};
-        std::ranges::copy(text.substr(4 * wholeGroups), last.begin());
-        std::fill(last.end() - static_cast<std::ptrdiff_t>(padding), last.end(), alphabet[0]);
+        std::string last(text.substr(4 * wholeGroups, 4 - padding));
+        last.append(padding, alphabet[0]);
         allDigits |= decodeGroup(last.data(), bytes.data() + 3 * wholeGroups);
     }
     if (allDigits > highestDigit)

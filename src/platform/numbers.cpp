@@ -3,6 +3,15 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <version>
+
+#ifndef __cpp_lib_to_chars
+#include <locale.h>
+#include <stdlib.h>
+#ifdef __APPLE__
+#include <xlocale.h>
+#endif
+#endif
 
 namespace corvane {
 
@@ -20,6 +29,32 @@ std::string_view withoutPlus(std::string_view text)
         text.remove_prefix(1);
     return text;
 }
+
+#ifdef __cpp_lib_to_chars
+bool readWhole(std::string_view text, double& value)
+{
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    return error == std::errc{} && stop == end;
+}
+#else
+/// For libraries whose from_chars reads no floating-point number (libc++ before 20). The C library's reader takes more
+/// than decimal numbers, and asks a locale for the decimal point: the text is looked at first, and the locale is "C".
+bool readWhole(std::string_view text, double& value)
+{
+    static const locale_t plain = ::newlocale(LC_ALL_MASK, "C", nullptr);
+    if (plain == nullptr || text.find_first_not_of("0123456789+-.eE") != std::string_view::npos)
+        return false;
+    const std::string terminated(text);
+    char* stop = nullptr;
+    value = ::strtod_l(terminated.c_str(), &stop, plain);
+    if (stop != terminated.c_str() + terminated.size())
+        return false;
+    // A number that is too small for a double is none, as where from_chars reads it.
+    const std::string_view digits = text.substr(0, text.find_first_of("eE"));
+    return value != 0 || digits.find_first_of("123456789") == std::string_view::npos;
+}
+#endif
 
 } // namespace
 
@@ -42,9 +77,7 @@ std::optional<double> readNumber(std::string_view text)
     if (first >= text.size() || (!isDigit(text[first]) && text[first] != '.'))
         return std::nullopt;
     double value = 0;
-    const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, value);
-    if (error != std::errc{} || stop != end || !std::isfinite(value))
+    if (!readWhole(text, value) || !std::isfinite(value))
         return std::nullopt;
     return value;
 }

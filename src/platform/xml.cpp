@@ -29,7 +29,9 @@ bool hasPrefix(const xmlNs* space)
 struct FirstFatalError {
     std::string text;
 
-    static void onError(void* parser, xmlErrorPtr error)
+    /// The library hands over a constant error since its version 2.12: this takes both.
+    template <class Error>
+    static void onError(void* parser, Error* error)
     {
         auto* first = static_cast<FirstFatalError*>(static_cast<xmlParserCtxtPtr>(parser)->_private);
         if (first == nullptr || error == nullptr || error->level != XML_ERR_FATAL || !first->text.empty())

@@ -30,7 +30,7 @@ TEST(Manual, IsReadAsItIsOrRefused)
         decodeManual(manualOf(R"({"kind": "note", "text": "x", "items": null}, {"kind": "links",
         "links": [{"title": "L", "url": "mailto:a"}], "colour": 1}, {"kind": "steps", "items": []})"));
     const std::vector<CorvaneManual::Block> blocks = {
-        {"note", "x", {}, {}}, {"links", {}, {}, {{{"L", "mailto:a"}}}}, {"steps", {}, {{}}, {}}};
+        {"note", "x", {}, {}}, {"links", {}, {}, {{{"L", "mailto:a"}}}}, {"steps", {}, std::vector<std::string>(), {}}};
     EXPECT_EQ(manual, (CorvaneManual{"T", "D", {{"a", "T", "S", blocks}}}));
     const std::pair<std::string, std::string> refused[] = {
         {"[]", "it is not an object."},

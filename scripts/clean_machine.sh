@@ -1,0 +1,46 @@
+#!/usr/bin/env bash
+# scripts/clean_machine.sh SUITE [COMMAND]: what a stranger sees. Makes a bare Debian (bookworm, trixie or sid, with bash
+# and git and nothing else) in build/machines/SUITE, clones HEAD into it and runs COMMAND there, in a shell in the clone;
+# without COMMAND, the two of the README. Ends with COMMAND's status, or with 75 where no such Debian can be made here
+# (no root, no mirror), which it says in one line. The machine stays until it is made anew; nothing of it keeps running.
+set -euo pipefail
+source "$(dirname "$0")/common.sh"
+
+suite=${1:?SUITE is missing: bookworm, trixie or sid}
+command=${2:-./run.sh && ./test.sh}
+machine=$root/build/machines/$suite
+unavailable=75
+
+skip() {
+    echo "No bare $suite here: $*"
+    exit $unavailable
+}
+
+[ "$(id -u)" -eq 0 ] || skip "making one takes root."
+command -v apt-get >/dev/null && install_packages debootstrap git
+command -v debootstrap >/dev/null || skip "there is no debootstrap."
+rm -rf --one-file-system "$machine"
+mkdir -p "$machine" "$root/build/machines/packages"
+bootstrap() {
+    debootstrap --variant=minbase --include=bash,git --cache-dir="$root/build/machines/packages" \
+        "$suite" "$machine" "${CORVANE_MIRROR:-http://deb.debian.org/debian}"
+}
+echo "== Making a bare $suite"
+bootstrap >"$root/build/machines/$suite.log" 2>&1 || bootstrap >"$root/build/machines/$suite.log" 2>&1 ||
+    skip "debootstrap failed twice: $(tail -n 1 "$root/build/machines/$suite.log")"
+git clone --quiet --no-hardlinks "file://$root" "$machine/root/Corvane"
+
+# A process table and mounts of its own: whatever COMMAND leaves behind ends with it.
+export machine command
+status=0
+unshare --mount --pid --fork --kill-child bash -euo pipefail -c '
+    mount --make-rprivate /
+    mount -t proc proc "$machine/proc"
+    mount -t sysfs -o ro sysfs "$machine/sys"
+    mount --rbind /dev "$machine/dev"
+    mount -t tmpfs -o mode=1777 tmpfs "$machine/dev/shm"
+    exec env -i HOME=/root USER=root PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin \
+        TERM="${TERM:-dumb}" \
+        chroot "$machine" bash -c "cd /root/Corvane && $command"
+' || status=$?
+exit $status
