@@ -41,3 +41,16 @@ set(common_headers
     <algorithm> <array> <cmath> <cstddef> <cstdint> <exception> <functional> <iterator> <limits> <map> <memory>
     <optional> <set> <span> <stdexcept> <string> <string_view> <utility> <variant> <vector>)
 make_precompiled(corvane_precompiled HEADERS ${common_headers})
+
+if(CORVANE_WINDOW)
+    # The toolkit's headers take longer to read than any source of ours.
+    make_precompiled(corvane_precompiled_window HEADERS ${common_headers} <QtWidgets> LIBRARIES Qt6::Widgets)
+endif()
+
+# join_sources(TARGET): compiles the sources of a test program together, where what each of them makes of its headers'
+# templates takes most of the time.
+function(join_sources target)
+    if(NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
+        set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 4)
+    endif()
+endfunction()
