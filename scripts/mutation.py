@@ -169,7 +169,8 @@ def make_copy(layers):
     if not (TREE / "build.ninja").exists():
         # A mutant may leave a variable unused; that is for the tests to notice, not for the compiler.
         subprocess.check_call(["cmake", "-G", "Ninja", "-S", COPY, "-B", TREE, "-DCMAKE_BUILD_TYPE=Release",
-                               "-DCMAKE_CXX_FLAGS=-w", "-DCMAKE_CXX_FLAGS_RELEASE=-O1 -DNDEBUG"])
+                               "-DCMAKE_CXX_FLAGS=-w", "-DCMAKE_CXX_FLAGS_RELEASE=-O1 -DNDEBUG",
+                               "-DCORVANE_TESTS=ON", "-DCORVANE_STRESS=ON"])
     for name, target, command in {test[0]: test for layer in layers for test in tests(layer) if changed}.values():
         if not build(target) or not run(command):
             raise SystemExit(f"{name} fails before anything is changed")

@@ -5,7 +5,7 @@ set -euo pipefail
 source "$(dirname "$0")/../scripts/common.sh"
 {
     install_packages "${build_packages[@]}" "${test_packages[@]}"
-    build release corvane_replay
+    build tests corvane_replay
 } >&2
 [ ! -d /dev/shm ] || export TMPDIR=/dev/shm # stories write thousands of files
 exec "$root/build/release/tests/replay/corvane_replay"
