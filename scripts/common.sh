@@ -36,10 +36,12 @@ watch_log() {
 
 # What in a failed step's output is the machine's fault, in a sentence; nothing when it is something else.
 reason_for_failure() {
-    local log=$1
-    if grep -q 'No space left on device\|enough free space' "$log"; then
-        echo "The disk is full: $(df -h --output=avail,target "$root" | tail -n 1 | awk '{print $1 " are left on " $2}')." \
-            "Make room and start again; what is built is kept."
+    local log=$1 folder full=
+    for folder in "$root" "$(dirname "$log")" /var/cache/apt; do
+        [ "$(df --output=avail "$folder" 2>/dev/null | tail -n 1)" -gt 1000 ] 2>/dev/null || full=$folder
+    done
+    if [ -n "$full" ] || grep -q 'No space left on device\|enough free space' "$log"; then
+        echo "The disk is full (${full:-$root}): make room and start again; what is built is kept."
     elif grep -q 'Temporary failure resolving\|Could not connect to\|Unable to fetch some\|Failed to fetch\|Could not resolve' "$log"; then
         echo "The packages could not be downloaded: connect this machine to the network and start again."
     elif grep -q 'Unable to locate package\|has no installation candidate' "$log"; then
@@ -51,7 +53,7 @@ reason_for_failure() {
 
 # step NAME COMMAND…: what the command prints is shown only when it fails.
 step() {
-    local name=$1 log watcher status=0
+    local name=$1 log watcher reason status=0
     shift
     log=$(mktemp) || give_up "No file can be made in ${TMPDIR:-/tmp}: make room there and start again."
     echo "== $name"
@@ -62,9 +64,10 @@ step() {
     kill "$watcher" 2>/dev/null || true
     [ ! -t 1 ] || printf '\r\033[K'
     if [ "$status" -ne 0 ]; then
-        tail -n 60 "$log" >&2
+        reason=$(reason_for_failure "$log")
+        tail -n "$([ -n "$reason" ] && echo 5 || echo 60)" "$log" >&2
         echo "Failed: $name ($*)" >&2
-        reason_for_failure "$log" >&2
+        [ -z "$reason" ] || echo "$reason" >&2
         rm -f "$log"
         exit "$status"
     fi
