@@ -40,6 +40,7 @@ reason_for_failure() {
     for folder in "$root" "$(dirname "$log")" /var/cache/apt; do
         [ "$(df --output=avail "$folder" 2>/dev/null | tail -n 1)" -gt 1000 ] 2>/dev/null || full=$folder
     done
+    [ -n "$full" ] || full=$(sed -n 's/.*enough free space in \(.*\)\.$/\1/p' "$log")
     if [ -n "$full" ] || grep -q 'No space left on device\|enough free space' "$log"; then
         echo "The disk is full (${full:-$root}): make room and start again; what is built is kept."
     elif grep -q 'Temporary failure resolving\|Could not connect to\|Unable to fetch some\|Failed to fetch\|Could not resolve' "$log"; then
