@@ -23,7 +23,7 @@ watch_log() {
     local log=$1 start=$SECONDS line said=0 columns
     columns=$(tput cols 2>/dev/null || echo 80)
     while sleep 1 && kill -0 $$ 2>/dev/null; do
-        line=$(tail -n 1 "$log" 2>/dev/null | tr '\r' '\n' | tail -n 1 | tr -d '\000-\037')
+        line=$(tail -n 20 "$log" 2>/dev/null | tr '\r' '\n' | tr -d '\000-\011\013-\037' | grep -v '^ *$' | tail -n 1) || true
         if [ -t 1 ]; then
             line="   ${line:0:$((columns - 16))} ($((SECONDS - start)) s)"
             printf '\r\033[K%s' "$line"
