@@ -34,6 +34,24 @@ FrameCount frameCount(const CutEngine& engine)
     return engine.dropFrame ? FrameCount::dropFrame : FrameCount::nonDrop;
 }
 
+LabelCount labelCount(const CutEngine& engine)
+{
+    return {engine.frameNumerator, engine.frameDenominator, frameCount(engine)};
+}
+
+/// The frames that are counted before the label of so many whole seconds and frames.
+std::int64_t framesBefore(const LabelCount& labels, std::int64_t seconds, std::int64_t frames)
+{
+    const std::int64_t minutes = seconds / 60;
+    return seconds * labels.nominal + frames - labels.dropped * (minutes - minutes / 10);
+}
+
+/// True where the first labels of a second are left out.
+bool dropsLabels(std::int64_t seconds)
+{
+    return seconds % 60 == 0 && seconds % 600 != 0;
+}
+
 void appendTwoDigits(std::string& text, std::int64_t number)
 {
     if (number < 10)
@@ -101,16 +119,30 @@ Frames parseTimecode(const CutEngine& engine, std::string_view text)
     const auto label = readLabel(text);
     if (!label || label->hours >= 10'000 || label->minutes >= 60 || label->seconds >= 60)
         throw FinalCutImportError::invalid("Enter timecode as HH:MM:SS:FF, for example 00:05:30:00.");
-    const LabelCount labels(engine.frameNumerator, engine.frameDenominator, frameCount(engine));
+    const LabelCount labels = labelCount(engine);
     if (label->frames >= labels.nominal)
         throw FinalCutImportError::invalid(
             "The frame field must be less than " + std::to_string(labels.nominal) + " for this project.");
-    if (label->minutes % 10 != 0 && label->seconds == 0 && label->frames < labels.dropped)
+    const std::int64_t seconds = (label->hours * 60 + label->minutes) * 60 + label->seconds;
+    if (dropsLabels(seconds) && label->frames < labels.dropped)
         throw FinalCutImportError::invalid("That frame label is skipped in drop-frame timecode.");
-    const std::int64_t minutes = label->hours * 60 + label->minutes;
-    const std::int64_t frames =
-        (minutes * 60 + label->seconds) * labels.nominal + label->frames - labels.dropped * (minutes - minutes / 10);
-    return frames - engine.timelineStart;
+    return framesBefore(labels, seconds, label->frames) - engine.timelineStart;
+}
+
+std::vector<Frames> roundTimes(const CutEngine& engine, std::int64_t step)
+{
+    const LabelCount labels = labelCount(engine);
+    // Labels run ahead of the frames that are counted, never behind: this one is not after the project's first.
+    const std::int64_t first = std::max<std::int64_t>(0, engine.timelineStart / labels.nominal / step * step);
+    std::vector<Frames> frames;
+    for (std::int64_t seconds = first;; seconds += step) {
+        const Frames frame =
+            framesBefore(labels, seconds, dropsLabels(seconds) ? labels.dropped : 0) - engine.timelineStart;
+        if (frame >= engine.length)
+            return frames;
+        if (frame >= 0)
+            frames.push_back(frame);
+    }
 }
 
 } // namespace corvane

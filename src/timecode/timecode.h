@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// SMPTE timecode: HH:MM:SS:FF at the nominal (whole) frame rate. Drop-frame labels, written with a semicolon before
 /// the frames, leave out the first labels of every minute that is no multiple of ten, so that they keep up with the
@@ -25,5 +26,10 @@ enum class FrameCount { nonDrop, dropFrame };
 /// The project frame of a typed label, which may lie outside the project. Colons and semicolons are the same, widths
 /// are free. Refuses other texts, a frame field at or above the nominal rate, and labels that drop-frame leaves out.
 [[nodiscard]] Frames parseTimecode(const CutEngine& engine, std::string_view text);
+
+/// The project frames, in order, that carry the first label at or after each multiple of `step` seconds of timecode:
+/// 00:01:00:00 at 23.976 and 25, but 00:01:00;02 at 29.97 drop-frame, where the labels before it are left out. Labels
+/// below 00:00:00:00 are left out too.
+[[nodiscard]] std::vector<Frames> roundTimes(const CutEngine& engine, std::int64_t step);
 
 } // namespace corvane

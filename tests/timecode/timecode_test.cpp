@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <vector>
+
 namespace corvane {
 namespace {
 
@@ -33,19 +36,27 @@ struct Clock {
     }
 };
 
+struct Rate {
+    std::int64_t numerator, denominator;
+    int nominal, dropped;
+
+    [[nodiscard]] CutEngine engine() const
+    {
+        CutEngine engine;
+        engine.frameNumerator = numerator;
+        engine.frameDenominator = denominator;
+        engine.dropFrame = true;
+        return engine;
+    }
+};
+// 2002/60000 is 29.97 in other terms; 24000/1001, 1/25 and 1/30 know no drop-frame though it is asked for.
+constexpr Rate rates[] = {{1001, 30000, 30, 2}, {1001, 60000, 60, 4}, {2002, 60000, 30, 2},
+                          {1001, 24000, 24, 0}, {1, 25, 25, 0},       {1, 30, 30, 0}};
+
 TEST(Timecode, CountsLikeAClockForADay)
 {
-    struct Rate {
-        std::int64_t numerator, denominator;
-        int nominal, dropped;
-    };
-    // 2002/60000 is 29.97 in other terms; 24000/1001 and 1/30 know no drop-frame though it is asked for.
-    for (const Rate& rate :
-         {Rate{1001, 30000, 30, 2}, {1001, 60000, 60, 4}, {2002, 60000, 30, 2}, {1001, 24000, 24, 0}, {1, 30, 30, 0}}) {
-        CutEngine engine;
-        engine.frameNumerator = rate.numerator;
-        engine.frameDenominator = rate.denominator;
-        engine.dropFrame = true;
+    for (const Rate& rate : rates) {
+        const CutEngine engine = rate.engine();
         Clock clock{rate.nominal, rate.dropped};
         for (Frames frame = 0; clock.hours < 24; ++frame, clock.tick()) {
             const std::string label = clock.label();
@@ -53,6 +64,27 @@ TEST(Timecode, CountsLikeAClockForADay)
             if (frame % 7 == 0 || clock.seconds == 0) {
                 ASSERT_EQ(parseTimecode(engine, label), frame) << label;
             }
+        }
+    }
+}
+
+TEST(Timecode, RoundTimesAreTheFirstLabelsOfTheirSeconds)
+{
+    for (const Rate& rate : rates) {
+        CutEngine engine = rate.engine();
+        engine.timelineStart = 35'000; // in the middle of a minute
+        engine.length = rate.nominal * 4000;
+        for (const int step : {1, 15, 60, 300, 3600}) {
+            std::vector<Frames> expected;
+            Clock clock{rate.nominal, rate.dropped};
+            for (Frames frame = -engine.timelineStart, last = -1; frame < engine.length; ++frame, clock.tick()) {
+                const Frames time = ((clock.hours * 60 + clock.minutes) * 60 + clock.seconds) / step;
+                if (time != last && frame >= 0 && clock.seconds % std::min(step, 60) == 0 &&
+                    clock.frames <= rate.dropped)
+                    expected.push_back(frame);
+                last = time;
+            }
+            ASSERT_EQ(roundTimes(engine, step), expected) << rate.denominator << ", every " << step << " s";
         }
     }
 }

@@ -8,28 +8,13 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 
 namespace corvane {
 
 namespace {
 
 constexpr int axisHeight = 22;
-
-/// The frame nearest to a time, or one of the next few where the timecode begins a second: drop-frame labels do that
-/// up to two frames later than the clock.
-Frames frameAt(const CutEngine& engine, double seconds)
-{
-    constexpr Frames mostLate = 3;
-    const auto nearest = static_cast<Frames>(std::round(engine.frames(seconds)));
-    if (!engine.dropFrame)
-        return nearest;
-    for (Frames frame = nearest; frame < nearest + mostLate; ++frame) {
-        const std::string label = timecodeLabel(engine, frame);
-        if (label.ends_with(";00") || label.ends_with(";02"))
-            return frame;
-    }
-    return nearest;
-}
 
 } // namespace
 
@@ -43,23 +28,15 @@ Frames TimeScale::frame(double x) const
 
 std::vector<Frames> tickFrames(const CutEngine& engine, double width, double labelWidth)
 {
-    constexpr std::array<double, 17> steps = {1,   2,   5,    10,   15,   30,    60,    120,  300,
-                                              600, 900, 1800, 3600, 7200, 14400, 28800, 86400};
+    constexpr std::array<std::int64_t, 17> steps = {1,   2,   5,    10,   15,   30,    60,    120,  300,
+                                                    600, 900, 1800, 3600, 7200, 14400, 28800, 86400};
     const double seconds = engine.seconds(engine.length);
     constexpr double space = 14;
-    double step = steps.back();
-    for (const double candidate : steps) {
-        if (candidate / seconds * width >= labelWidth + space) {
-            step = candidate;
-            break;
-        }
-    }
-    std::vector<Frames> frames;
-    if (!(seconds > 0) || seconds / step > width)
-        return frames;
-    for (double second = 0; second < seconds; second += step)
-        frames.push_back(frameAt(engine, second));
-    return frames;
+    const auto fits = [&](std::int64_t step) {
+        return static_cast<double>(step) / seconds * width >= labelWidth + space;
+    };
+    const auto step = std::ranges::find_if(steps, fits);
+    return step == steps.end() ? std::vector<Frames>() : roundTimes(engine, *step);
 }
 
 void paintAxis(QPainter& painter, const QRectF& place, const CutEngine& engine)

@@ -25,8 +25,8 @@ private:
     double width_;
 };
 
-/// Frames at which an axis of this width carries a timecode: whole seconds, minutes or hours apart, so that labels of
-/// `labelWidth` pixels do not touch.
+/// Frames at which an axis of this width carries a timecode: where whole seconds, minutes or hours of timecode begin,
+/// so far apart that labels of `labelWidth` pixels do not touch; none where even days would touch.
 [[nodiscard]] std::vector<Frames> tickFrames(const CutEngine& engine, double width, double labelWidth);
 
 /// Paints ticks and their timecodes into the rectangle.
