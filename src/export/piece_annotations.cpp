@@ -2,6 +2,7 @@
 
 #include "export/piece_parts.h"
 #include "import/time_values.h"
+#include "platform/xml_writing.h"
 
 #include <algorithm>
 #include <array>
@@ -75,7 +76,7 @@ void PieceAnnotations::addConnectedItems()
         if (!isConnectedItem(item.plainName()))
             continue;
         const double offset = parseSeconds(item.attribute("offset").value_or("0s"));
-        texts_.push_back({partText(writer_, item), {}, {}});
+        texts_.push_back({partText(item), {}, {}});
         placeConnectedItem(offset, texts_.size() - 1);
     }
 }
@@ -100,7 +101,7 @@ void PieceAnnotations::addAnnotations()
             texts_.push_back(rangeText(annotation));
             placeRange({from, from + length}, texts_.size() - 1);
         } else {
-            texts_.push_back({partText(writer_, annotation), {}, {}});
+            texts_.push_back({partText(annotation), {}, {}});
             placePoint(from, texts_.size() - 1);
         }
     }
@@ -108,11 +109,11 @@ void PieceAnnotations::addAnnotations()
 
 PieceAnnotations::Text PieceAnnotations::rangeText(xml::Element annotation)
 {
-    std::string openTag = writer_.openTag(annotation, {"start", "duration"});
-    if (xml::ElementWriter::isEmpty(annotation))
+    std::string openTag = xml::openTag(annotation, {"start", "duration"});
+    if (xml::isEmpty(annotation))
         return {{}, std::move(openTag), "/>"};
-    const std::string whole = partText(writer_, annotation);
-    return {{}, std::move(openTag), whole.substr(whole.find('>'))}; // in attribute values it is written "&gt;"
+    const std::string whole = partText(annotation);
+    return {{}, std::move(openTag), whole.substr(whole.find('>'))};
 }
 
 void PieceAnnotations::placeConnectedItem(double offset, std::size_t text)

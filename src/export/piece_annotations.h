@@ -2,7 +2,7 @@
 
 #include "engine/edit_settings.h"
 #include "import/cut_engine.h"
-#include "platform/xml_tree.h"
+#include "platform/xml.h"
 
 #include <cstddef>
 #include <optional>
@@ -32,7 +32,7 @@ private:
         std::string openTag; ///< without times and ">"
         std::string rest;    ///< from the end of the start tag on
     };
-    [[nodiscard]] Text rangeText(xml::Element annotation);
+    [[nodiscard]] static Text rangeText(xml::Element annotation);
     struct Placement {
         std::size_t text = 0;
         std::optional<FrameRange> trimmedTo; ///< in source frames; none: unchanged
@@ -47,7 +47,6 @@ private:
 
     const CutEngine& engine_;
     const std::vector<Cut>& cuts_;
-    xml::ElementWriter writer_;
     std::vector<std::size_t> byId_; ///< the pieces, sorted by their cuts' ids
     std::vector<Text> texts_;
     std::vector<std::vector<Placement>> pieces_;

@@ -1,6 +1,7 @@
 #include "export/piece_parts.h"
 
 #include "import/project_import.h"
+#include "platform/xml_writing.h"
 
 namespace corvane {
 
@@ -97,10 +98,10 @@ void appendPart(std::string& out, std::string_view text)
     out += text;
 }
 
-std::string partText(xml::ElementWriter& writer, xml::Element element)
+std::string partText(xml::Element element)
 {
     std::string text;
-    writer.write(text, element, partLevel);
+    xml::writeElement(text, element, partLevel);
     return text;
 }
 
@@ -112,11 +113,11 @@ bool isCarriedOver(std::string_view elementName)
 PieceParts::PieceParts(const CutEngine& engine, std::string_view audioAngle, IdentifierSource identifiers)
     : original_(engine.source->original), audioAngle_(audioAngle), identifiers_(std::move(identifiers))
 {
-    openTag_ = writer_.openTag(original_, {"srcEnable", "offset", "start", "duration"}) + " srcEnable=\"all\"";
+    openTag_ = xml::openTag(original_, {"srcEnable", "offset", "start", "duration"}) + " srcEnable=\"all\"";
     closeTag_ = "</" + original_.name() + ">";
     for (const xml::Element child : original_.children()) {
         if (isTrailing(child.plainName()))
-            appendPart(trailing_, partText(writer_, child));
+            appendPart(trailing_, partText(child));
     }
 }
 
@@ -145,7 +146,7 @@ const std::string& PieceParts::settings(PieceEnds ends)
     removeVolumeFades(clip, clip.root(), ends);
     std::string text;
     for (const xml::Element child : clip.root().children())
-        appendPart(text, partText(writer_, child));
+        appendPart(text, partText(child));
     known = std::move(text);
     return *known;
 }
@@ -182,7 +183,7 @@ PieceParts::Template PieceParts::makeAngleSource(std::string_view angle, Mode mo
     const std::vector<std::string> ids = renewTrackingIds(source, identifiers_);
     Template part;
     part.ids = ids.size();
-    source.write(part.text, partLevel);
+    part.text = partText(root);
     for (std::size_t n = 0; n < ids.size(); ++n) {
         for (std::size_t at = part.text.find(ids[n]); at != std::string::npos; at = part.text.find(ids[n], at + 1))
             part.places.emplace_back(at, n);

@@ -19,7 +19,7 @@ namespace corvane {
 void appendPart(std::string& out, std::string_view text);
 
 /// The element and everything in it, as it stands inside a piece.
-[[nodiscard]] std::string partText(xml::ElementWriter& writer, xml::Element element);
+[[nodiscard]] std::string partText(xml::Element element);
 
 /// True for the children of the multicam clip that pieces take over, or make anew (mc-source).
 [[nodiscard]] bool isCarriedOver(std::string_view elementName);
@@ -61,7 +61,6 @@ private:
     void append(std::string& out, const Template& part) const;
 
     xml::Element original_;
-    xml::ElementWriter writer_;
     std::string audioAngle_;
     IdentifierSource identifiers_;
     std::string openTag_;

@@ -8,6 +8,7 @@
 #include "import/time_values.h"
 #include "platform/numbers.h"
 #include "platform/xml_tree.h"
+#include "platform/xml_writing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -95,7 +96,7 @@ ProjectText projectText(const SourceDocument& source)
     const std::string place = "pieces-" + randomIdentifiers()().digits();
     project.appendInstruction(*newSpine, place);
     std::string text;
-    project.write(text, 1);
+    xml::writeElement(text, project.root(), 1);
     const std::string mark = "<?" + place + "?>";
     const std::size_t at = text.find(mark);
     return {text.substr(0, at), text.substr(at + mark.size())};
@@ -158,7 +159,7 @@ std::string roughEditXML(
     root.setAttribute(root.root(), "version", *version);
 
     const ProjectText project = projectText(*engine.source);
-    std::string out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + root.openTag() + ">\n  ";
+    std::string out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + xml::openTag(root.root()) + ">\n  ";
     xml::writeElement(out, *resources, 1);
     out += "\n  " + project.before;
     appendPieces(out, engine, cuts, audio, identifiers);

@@ -3,9 +3,6 @@
 #include "platform/error.h"
 
 #include <libxml/tree.h>
-#include <libxml/xmlsave.h>
-
-#include <algorithm>
 
 namespace corvane::xml {
 
@@ -40,20 +37,6 @@ std::unique_ptr<xmlDoc, void (*)(xmlDoc*)> newDocument()
 int copyMode(Tree::Copy what)
 {
     return what == Tree::Copy::everything ? 1 : 2; // xmlDocCopyNode: 1 = recursive, 2 = attributes and namespaces only
-}
-
-void requireWritten(int result)
-{
-    if (result < 0)
-        throw PlatformError("The XML cannot be written: not enough memory.");
-}
-
-int appendTo(void* out, const char* bytes, int count)
-{
-    // Closing flushes once more, with nothing left to write and nowhere to write it to.
-    if (std::string* text = *static_cast<std::string**>(out))
-        text->append(bytes, static_cast<std::size_t>(count));
-    return count;
 }
 
 } // namespace
@@ -117,68 +100,6 @@ void Tree::remove(Element element)
 {
     xmlUnlinkNode(element.node());
     xmlFreeNode(element.node());
-}
-
-std::string Tree::openTag() const
-{
-    return ElementWriter().openTag(root());
-}
-
-void Tree::write(std::string& out, int level) const
-{
-    writeElement(out, root(), level);
-}
-
-ElementWriter::ElementWriter()
-    : buffer_(checked(xmlOutputBufferCreateIO(appendTo, nullptr, static_cast<void*>(&out_), nullptr)))
-{
-}
-
-ElementWriter::~ElementWriter()
-{
-    xmlOutputBufferClose(buffer_);
-}
-
-void ElementWriter::write(std::string& out, Element element, int level)
-{
-    out_ = &out;
-    xmlNodeDumpOutput(buffer_, element.node()->doc, element.node(), level, 1, "UTF-8");
-    const int flushed = xmlOutputBufferFlush(buffer_);
-    out_ = nullptr;
-    requireWritten(flushed);
-}
-
-bool ElementWriter::isEmpty(Element element)
-{
-    return element.node()->children == nullptr;
-}
-
-std::string ElementWriter::openTag(Element element, std::initializer_list<std::string_view> without)
-{
-    std::string text = "<" + element.name();
-    out_ = &text;
-    for (const xmlNs* space = element.node()->nsDef; space != nullptr; space = space->next) {
-        const std::string name =
-            space->prefix == nullptr ? "xmlns" : std::string("xmlns:") + reinterpret_cast<const char*>(space->prefix);
-        Tree declaration("namespace"); // whose attribute writes the address as it must be written
-        declaration.setAttribute(declaration.root(), "to", reinterpret_cast<const char*>(space->href));
-        const std::string tag = declaration.openTag();
-        text += " " + name + tag.substr(tag.find('='));
-    }
-    for (xmlAttr* attribute = element.node()->properties; attribute != nullptr; attribute = attribute->next) {
-        const std::string_view name(reinterpret_cast<const char*>(attribute->name));
-        if (attribute->ns != nullptr || std::ranges::find(without, name) == without.end())
-            xmlNodeDumpOutput(buffer_, element.node()->doc, reinterpret_cast<xmlNode*>(attribute), 0, 0, "UTF-8");
-    }
-    const int flushed = xmlOutputBufferFlush(buffer_);
-    out_ = nullptr;
-    requireWritten(flushed);
-    return text;
-}
-
-void writeElement(std::string& out, Element element, int level)
-{
-    ElementWriter().write(out, element, level);
 }
 
 } // namespace corvane::xml

@@ -2,14 +2,12 @@
 
 #include "platform/xml.h"
 
-#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 struct _xmlDoc;
-struct _xmlOutputBuffer;
 
 namespace corvane::xml {
 
@@ -42,37 +40,8 @@ public:
     /// Takes an element out of the tree, with everything in it.
     void remove(Element element);
 
-    /// The start tag of the root without its closing ">" or "/>".
-    [[nodiscard]] std::string openTag() const;
-    /// The root and everything in it, as writeElement() writes it.
-    void write(std::string& out, int level) const;
-
 private:
     std::unique_ptr<_xmlDoc, void (*)(_xmlDoc*)> document_;
 };
-
-/// Writes many elements, one after the other: writeElement() with one buffer for all.
-class ElementWriter {
-public:
-    ElementWriter();
-    ElementWriter(const ElementWriter&) = delete;
-    ElementWriter& operator=(const ElementWriter&) = delete;
-    ~ElementWriter();
-
-    void write(std::string& out, Element element, int level);
-    /// True for an element without children of any kind, which closes itself.
-    [[nodiscard]] static bool isEmpty(Element element);
-    /// The start tag without the attributes of these names and without its closing ">" or "/>".
-    [[nodiscard]] std::string openTag(Element element, std::initializer_list<std::string_view> without = {});
-
-private:
-    _xmlOutputBuffer* buffer_;
-    std::string* out_ = nullptr; ///< where the buffer empties itself
-};
-
-/// Appends the element as UTF-8 text, its children indented by two blanks a level from `level` on, without a line
-/// feed before or after. Elements that hold text are written as they stand. Namespaces declared above the element
-/// are not declared again.
-void writeElement(std::string& out, Element element, int level);
 
 } // namespace corvane::xml
