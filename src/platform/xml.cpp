@@ -1,15 +1,10 @@
 #include "platform/xml.h"
 
-#include "platform/error.h"
+#include "platform/xml_reading.h"
 
-#include <libxml/SAX2.h>
-#include <libxml/parser.h>
-#include <libxml/parserInternals.h>
 #include <libxml/tree.h>
 
 #include <algorithm>
-#include <climits>
-#include <mutex>
 
 namespace corvane::xml {
 
@@ -23,58 +18,6 @@ std::string_view view(const xmlChar* text)
 bool hasPrefix(const xmlNs* space)
 {
     return space != nullptr && space->prefix != nullptr;
-}
-
-/// The parser's first fatal error, as one line for the user.
-struct FirstFatalError {
-    std::string text;
-
-    /// The library hands over a constant error since its version 2.12: this takes both.
-    template <class Error>
-    static void onError(void* parser, Error* error)
-    {
-        auto* first = static_cast<FirstFatalError*>(static_cast<xmlParserCtxtPtr>(parser)->_private);
-        if (first == nullptr || error == nullptr || error->level != XML_ERR_FATAL || !first->text.empty())
-            return;
-        std::string words = error->message == nullptr ? "unknown error" : error->message;
-        words.erase(words.find_last_not_of(" \n") + 1);
-        std::replace(words.begin(), words.end(), '\n', ' ');
-        first->text = "The XML cannot be read: line " + std::to_string(error->line) + ", column " +
-                      std::to_string(error->int2) + ": " + words;
-    }
-};
-
-struct FreeParser {
-    void operator()(xmlParserCtxtPtr parser) const { xmlFreeParserCtxt(parser); }
-};
-
-/// Declares an entity as the library does, but without a place: before it asks the loader below, the library looks
-/// whether the file that an entity names is there.
-void declareEntity(
-    void* parser, const xmlChar* name, int type, const xmlChar* publicID, const xmlChar* systemID, xmlChar* content)
-{
-    xmlSAX2EntityDecl(parser, name, type, publicID, systemID, content);
-    const xmlDoc* document = static_cast<xmlParserCtxtPtr>(parser)->myDoc;
-    if (systemID == nullptr || document == nullptr || document->intSubset == nullptr)
-        return;
-    void* declared =
-        type == XML_EXTERNAL_PARAMETER_ENTITY ? document->intSubset->pentities : document->intSubset->entities;
-    auto* entity = static_cast<xmlEntityPtr>(xmlHashLookup(static_cast<xmlHashTablePtr>(declared), name));
-    if (entity == nullptr || entity->URI == nullptr)
-        return;
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): the entity owns it
-    xmlFree(const_cast<xmlChar*>(entity->URI));
-    entity->URI = xmlStrdup(reinterpret_cast<const xmlChar*>(""));
-}
-
-void prepareLibrary()
-{
-    static std::once_flag once;
-    std::call_once(once, [] {
-        xmlInitParser();
-        xmlSetExternalEntityLoader(
-            [](const char*, const char*, xmlParserCtxtPtr) -> xmlParserInputPtr { return nullptr; });
-    });
 }
 
 } // namespace
@@ -185,28 +128,7 @@ void ElementIterator::step()
 
 Document Document::parse(std::string_view bytes)
 {
-    prepareLibrary();
-    if (bytes.size() > INT_MAX)
-        throw PlatformError("The XML cannot be read: it is larger than 2 GB.");
-
-    const std::unique_ptr<xmlParserCtxt, FreeParser> parser(xmlNewParserCtxt());
-    if (!parser)
-        throw PlatformError("The XML cannot be read: not enough memory.");
-    FirstFatalError firstError;
-    parser->_private = &firstError;
-    parser->sax->serror = FirstFatalError::onError;
-    parser->sax->entityDecl = declareEntity;
-    const std::shared_ptr<xmlDoc> document(
-        xmlCtxtReadMemory(
-            parser.get(), bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr,
-            XML_PARSE_NONET | XML_PARSE_NOENT | XML_PARSE_NOBLANKS | XML_PARSE_COMPACT),
-        xmlFreeDoc);
-    if (!document)
-        throw PlatformError(firstError.text.empty() ? "The XML cannot be read: it is empty." : firstError.text);
-    // A document that names no encoding is UTF-8; said so, it is written again without character references.
-    if (document->encoding == nullptr)
-        document->encoding = xmlStrdup(reinterpret_cast<const xmlChar*>("UTF-8"));
-    return Document(document);
+    return Document(readDocument(bytes));
 }
 
 std::optional<Element> Document::root() const

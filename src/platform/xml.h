@@ -102,9 +102,10 @@ struct ElementRange {
 /// A parsed document. Copies share it; nothing changes it.
 class Document {
 public:
-    /// Reads a whole document. Nothing outside the bytes is ever loaded, and the parser's own limits on depth,
-    /// lengths and entity growth hold. Only a fatal error refuses: PlatformError with line, column and the parser's
-    /// words of the first one.
+    /// Reads a whole document. Nothing outside the bytes is ever loaded, and blanks that only set elements apart are
+    /// left out. The first fatal error refuses, as do an entity that the document does not define and more of
+    /// anything than projects hold (ParserLimits): PlatformError with what is wrong at which line and column, what to
+    /// do and, in brackets, the parser's words.
     [[nodiscard]] static Document parse(std::string_view bytes);
 
     /// None when the document has no element.

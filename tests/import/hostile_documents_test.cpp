@@ -35,35 +35,15 @@ TEST(HostileDocuments, LoadNothingFromOutside)
     const auto secret = std::filesystem::temp_directory_path() / "corvane-secret.txt";
     std::ofstream(secret) << "secret";
     const std::string system = "<!ENTITY e SYSTEM \"file://" + secret.string() + "\">";
-    // In an attribute an external entity is an error; in an element it stands for nothing.
-    EXPECT_NE(message(withDoctype(system, "&e;")).find("Attribute references external entity"), std::string::npos);
+    const std::string unknown = "This file does not say what the entity “&e;” stands for (line ";
+    EXPECT_TRUE(message(withDoctype(system, "&e;")).starts_with(unknown));
     const std::string inText = replaced(withDoctype(system, "Concert"), "<mc-source", "<note>&e;</note><mc-source");
-    const CutEngine engine = buildEngine(inText);
-    EXPECT_FALSE(engine.source->original.firstChild("note")->children().begin() != xml::ElementRange::end());
+    EXPECT_TRUE(message(inText).starts_with(unknown));
+    EXPECT_NO_THROW((void)loadProject(withDoctype(system, "Concert")));
     EXPECT_NO_THROW((void)loadProject(
         replaced(document(), "<!DOCTYPE fcpxml>", "<!DOCTYPE fcpxml SYSTEM \"file://" + secret.string() + "\">")));
     EXPECT_EQ(importProject(withDoctype("<!ENTITY inner \"Choir\">", "&inner;")).name, "Choir");
     std::filesystem::remove(secret);
-}
-
-TEST(HostileDocuments, AreRefusedByTheParsersLimits)
-{
-    std::string bomb = "<!ENTITY e0 \"0123456789\">";
-    for (int n = 1; n < 12; ++n) {
-        const std::string before = "&e" + std::to_string(n - 1) + ";";
-        std::string ten;
-        for (int times = 0; times < 10; ++times)
-            ten += before;
-        bomb += "<!ENTITY e" + std::to_string(n) + " \"" + ten + "\">";
-    }
-    EXPECT_NE(message(withDoctype(bomb, "&e11;")), "");
-    EXPECT_NE(message(replaced(withDoctype(bomb, "Concert"), "<mc-source", "<note>&e11;</note><mc-source")), "");
-    EXPECT_NE(message(withDoctype("<!ENTITY a \"&b;\"><!ENTITY b \"&a;\">", "&a;")), "");
-
-    std::string deep;
-    for (int n = 0; n < 100'000; ++n)
-        deep += "<spine>";
-    EXPECT_NE(message(replaced(document(), "<mc-source", deep + "<mc-source")), "");
 }
 
 TEST(HostileDocuments, MayHoldTimesOfAnySize)

@@ -15,9 +15,7 @@ cat >"$home/work/project.fcpxml" <<END
 <?xml version="1.0" encoding="UTF-8"?>
 <!DOCTYPE fcpxml SYSTEM "file://$home/secret.dtd" [
 <!ENTITY inside SYSTEM "file://$home/secret.xml">
-<!ENTITY web SYSTEM "http://127.0.0.1:9/secret.xml">
-<!ENTITY % more SYSTEM "http://127.0.0.1:9/secret.dtd">
-<!ENTITY % here SYSTEM "file://$home/secret.dtd"> %more; %here; ]>
+<!ENTITY web SYSTEM "http://127.0.0.1:9/secret.xml"> ]>
 <fcpxml version="1.11" xmlns:xi="http://www.w3.org/2001/XInclude"><resources>
 <format id="r1" frameDuration="1/25s"/>
 <asset id="a1" duration="60s" hasVideo="1" hasAudio="1" src="file://$home/secret.mov"/>
@@ -25,9 +23,13 @@ cat >"$home/work/project.fcpxml" <<END
 <media id="mc"><multicam format="r1"><mc-angle name="A" angleID="A"><asset-clip ref="a1" duration="60s"/></mc-angle>
 <mc-angle name="B" angleID="B"><asset-clip ref="a2" duration="60s"/></mc-angle></multicam></media></resources>
 <project name="Confidential Hearing"><sequence format="r1" duration="60s"><spine><mc-clip ref="mc" duration="60s">
-<mc-source angleID="A" srcEnable="all"/><note>&inside;&web;<xi:include href="file://$home/secret.xml"/></note></mc-clip>
+<mc-source angleID="A" srcEnable="all"/><note><xi:include href="file://$home/secret.xml"/></note></mc-clip>
 </spine></sequence></project></fcpxml>
 END
+# What only another file says is refused.
+sed 's/<note>/&\&inside;\&web;/' "$home/work/project.fcpxml" >"$home/work/entities.fcpxml"
+sed "s|]>|<!ENTITY % a SYSTEM \"http://127.0.0.1:9/secret.dtd\"> <!ENTITY % b SYSTEM \"file://$home/secret.dtd\"> %a; %b; ]>|" \
+    "$home/work/project.fcpxml" >"$home/work/parameters.fcpxml"
 
 export HOME=$home XDG_RUNTIME_DIR=$home/run QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0
 unset XDG_CONFIG_HOME XDG_DATA_HOME XDG_CACHE_HOME DISPLAY WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS TMPDIR
@@ -57,10 +59,14 @@ session=$home/.local/share/Corvane/session-v1.json
 trace window "$program" "$home/work/project.fcpxml"
 wait
 trace headless "$rough_edit" "$home/work/project.fcpxml" "$home/exports"
+for refused in entities parameters; do
+    trace $refused "$rough_edit" "$home/work/$refused.fcpxml" "$home/exports"
+    grep -qE 'the entity “&inside;”|the parameter entity “%a;”' "$home/$refused.out" || complain "$refused were not refused."
+done
 
 [ -s "$session" ] || complain "The window did not keep the session: nothing was looked at."
 [ "$(find "$home/exports" -name '*.fcpxml' | wc -l)" = 1 ] || complain "The headless job wrote no export."
-for name in window headless; do
+for name in window headless entities parameters; do
     traced=$home/$name.trace
     if grep -E 'secret\.(xml|dtd|mov)' "$traced"; then
         complain "$name: a file that the document names was looked for (above)."

@@ -1,9 +1,10 @@
 # Run with -P: the program's answers to the kept cases, in a LOCALE if one is given, must be the kept ones, byte for
-# byte.
+# byte, but for the words of the XML library.
 execute_process(
-    COMMAND "${REPLAY}" ${LOCALE} INPUT_FILE "${KEPT}/cases.jsonl" OUTPUT_FILE "${ANSWERS}" RESULT_VARIABLE result)
-if(NOT result EQUAL 0)
-    message(FATAL_ERROR "The replay program failed: ${result}")
+    COMMAND "${REPLAY}" ${LOCALE} COMMAND sed -E -f "${CMAKE_CURRENT_LIST_DIR}/without_parser_words.sed"
+    INPUT_FILE "${KEPT}/cases.jsonl" OUTPUT_FILE "${ANSWERS}" RESULTS_VARIABLE results)
+if(NOT results STREQUAL "0;0")
+    message(FATAL_ERROR "The replay program failed: ${results}")
 endif()
 execute_process(COMMAND diff "${KEPT}/answers.jsonl" "${ANSWERS}" OUTPUT_VARIABLE difference RESULT_VARIABLE result)
 if(NOT result EQUAL 0)

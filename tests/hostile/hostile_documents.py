@@ -1,0 +1,213 @@
+#!/usr/bin/env python3
+"""hostile_documents.py ROUGH_EDIT [PART OF A NAME]: hands documents that were made against the parser to the headless
+job, and prints seconds, peak memory and answer of each. Fails when an answer is another than it should be, when a job
+has to be ended, and when expat does not accept what was written. Times and sizes are printed, not judged.
+
+hostile_documents.py make FOLDER: only makes them, in a process of its own, since a program is said to have used at
+least the memory of the one that started it.
+"""
+import json
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+import threading
+from xml.parsers import expat
+
+WRITTEN = "written"
+
+
+def answered(program, document, folder):
+    """(seconds, megabytes, what it says)"""
+    said = folder / "said"
+    folder.mkdir(exist_ok=True)
+    with open(said, "wb") as out:
+        job = os.posix_spawn(program, [program, document, str(folder)], os.environ, file_actions=[
+            (os.POSIX_SPAWN_DUP2, out.fileno(), stream) for stream in (1, 2)])
+    alarm = threading.Timer(60, os.kill, (job, 9))
+    alarm.start()
+    _, status, used = os.wait4(job, 0)
+    alarm.cancel()
+    written = list(folder.glob("*.fcpxml"))
+    signal, lines = status & 127, said.read_text(errors="replace").strip().split("\n")
+    answer = f"ended by signal {signal}" if signal else WRITTEN if status == 0 and written else lines[-1]
+    for file in written:
+        try:
+            expat.ParserCreate().Parse(file.read_bytes(), True)
+        except expat.ExpatError as error:
+            answer = f"{WRITTEN}, but expat says: {error}"
+        file.unlink()
+    return used.ru_utime + used.ru_stime, used.ru_maxrss // 1024, answer
+
+
+def main(program, part=""):
+    faults = 0
+    with tempfile.TemporaryDirectory() as scratch:
+        subprocess.run([sys.executable, "-B", __file__, "make", scratch], check=True)
+        members = json.loads(pathlib.Path(scratch, "members").read_text())
+        for name, document, expected in members:
+            if part not in name:
+                continue
+            seconds, memory, answer = answered(program, document, pathlib.Path(scratch, "out"))
+            right = answer == WRITTEN if expected == WRITTEN else answer.startswith(expected)
+            faults += not right
+            print("" if right else "WRONG: ", name, f" | {os.path.getsize(document):,} bytes | {seconds:.2f} s | {memory} MB | ",
+                  answer[:200], sep="", flush=True)
+    print(f"{len(members)} documents, {faults} answered in another way than they should be")
+    return 1 if faults else 0
+
+
+if sys.argv[1] != "make":
+    sys.exit(main(*sys.argv[1:]))
+
+sys.path.append(str(pathlib.Path(__file__).parent.parent / "replay/rules"))
+from asking import document, filmed  # noqa: E402
+
+DOCTYPE, ELEMENTS = "The document type of this file ", "Elements of this file are nested more than 256 levels deep (line "
+PARAMETER, LONG, MANY, GROWS = (DOCTYPE + words for words in (
+    "uses the parameter entity", "is longer than 64 kB (line ", "has more than 200 declarations (line ", "makes it grow too far (line "))
+UNKNOWN, DAMAGED, LARGE = ("This file does not say what the entity “&", "This file is damaged at line ",
+                           "What this file holds at line ")
+EMPTY, NO_XML, TAG = "This file is empty. ", "This file is not XML. ", "A tag of this file is too long (line "
+members = []  # name, path, how the answer begins
+
+
+def member(name, expected, data):
+    path = pathlib.Path(sys.argv[2], f"{len(members)}.fcpxml")
+    path.write_bytes(data if isinstance(data, bytes) else data.encode())
+    members.append((name, str(path), expected))
+
+
+def project(doctype="", inside="", head='<?xml version="1.0" encoding="UTF-8"?>', name="Concert"):
+    text = document(filmed("600s"), "600s", in_clip='<mc-source angleID="A"/>' + inside)
+    return text.replace('<?xml version="1.0" encoding="UTF-8"?>', head + doctype).replace("Concert", name)
+
+
+def subset(declarations, inside="", **more):
+    return project(f"<!DOCTYPE fcpxml [{declarations}]>", inside, **more)
+
+
+def note(text):
+    return f"<note>{text}</note>"
+
+
+def names(count, between):
+    return between.join(f"n{n:x}" for n in range(count))
+
+
+def tens(first, last="", sign="&"):
+    """Eleven entities, each of them ten times the one before."""
+    kind = "% " if sign == "%" else ""
+    return f'<!ENTITY {kind}e0 "{first}">' + "".join(
+        f'<!ENTITY {kind}e{n} "{f"{sign}e{n - 1};" * 10}">' for n in range(1, 12)) + last
+
+
+def utf16(text):
+    return text.replace("UTF-8", "UTF-16").encode("utf-16")
+
+
+# What the document type makes of it.
+enumeration = f"<!ATTLIST note a ({names(100_000, '|')}) #IMPLIED>"
+parameters = '<!ENTITY % e0 "<!ELEMENT x ANY>">' + "".join(
+    f'<!ENTITY % e{n} "{f"&#37;e{n - 1};" * 10}">' for n in range(1, 12)) + "%e11;"
+member("eleven parameter entities", PARAMETER, subset(parameters))
+member("the same in UTF-16", PARAMETER, utf16(subset(parameters)))
+member("the same after a broken declaration", DAMAGED, subset(parameters, head='<?xml version="1.0"encoding="UTF-8"?>'))
+member("a parameter entity that nothing uses", PARAMETER + " “%p;” (line 1, ", subset('<!ENTITY % p "">'))
+member("one in another file", PARAMETER, subset('<!ENTITY % p SYSTEM "file:///dev/zero">%p;'))
+member("a reference to one that is declared elsewhere", PARAMETER + " “%q;” (line 2, ",
+       project('<!DOCTYPE fcpxml SYSTEM "x.dtd" [\n%q;]>'))
+member("an enumeration of 100,000 names", LONG, subset(enumeration))
+member("the same in UTF-16", LONG, utf16(subset(enumeration)))
+member("the same in Latin-1", LONG, subset(enumeration, head='<?xml version="1.0" encoding="ISO-8859-1"?>'))
+member("the same after a broken declaration", DAMAGED, subset(enumeration, head='<?xml version="1.0" foo?>'))
+member("an enumeration of 60 kB", WRITTEN, subset(f"<!ATTLIST note a ({names(11_000, '|')}) #IMPLIED>"))
+member("notations of 100,000 names", LONG, subset(f"<!ATTLIST note a NOTATION ({names(100_000, '|')}) #IMPLIED>"))
+member("a content model of 100,000 names", LONG, subset(f"<!ELEMENT x ({names(100_000, '|')})>"))
+member("a content model in 10,000 brackets", LARGE, subset(f"<!ELEMENT x {'(' * 10_000}a{')' * 10_000}>"))
+member("a comment of 70 kB", LONG, subset(f"<!--{'x' * 70_000}-->"))
+member("a comment of 60 kB", WRITTEN, subset(f"<!--{'x' * 60_000}-->"))
+member("a comment of 9 MB before it", WRITTEN, project(f"<!--{'x' * 9_000_000}-->"))
+member("a document type without an end", LONG, project("<!DOCTYPE fcpxml [" + " " * 3_000_000))
+member("201 declarations", MANY, subset("".join(f"<!ELEMENT n{n} ANY>" for n in range(201))))
+member("200 declarations", WRITTEN, subset("".join(f"<!ELEMENT n{n} ANY>" for n in range(200))))
+member("400 default attributes of 1,000 elements", MANY,
+       subset("".join(f'<!ATTLIST md a{n} CDATA "x">' for n in range(400)), "<md/>" * 1000))
+member("the same in one declaration", MANY,
+       subset("<!ATTLIST md " + " ".join(f'a{n} CDATA "x"' for n in range(400)) + ">", "<md/>" * 1000))
+member("199 default attributes of 100,000 elements", GROWS,
+       subset("<!ATTLIST md " + " ".join(f'a{n} CDATA ""' for n in range(199)) + ">", "<md/>" * 100_000))
+member("a default attribute of 60 kB, of 10,000 elements", GROWS,
+       subset(f'<!ATTLIST md a CDATA "{"x" * 60_000}">', "<md/>" * 10_000))
+member("199 default namespaces of 100,000 elements", GROWS,
+       subset("<!ATTLIST md " + " ".join(f'xmlns:a{n} CDATA "u"' for n in range(199)) + ">", "<md/>" * 100_000))
+member("a default attribute", WRITTEN, subset('<!ATTLIST note a CDATA "x">', note("n")))
+member("entities ten times each other, in text", GROWS, subset(tens("0123456789"), note("&e11;")))
+member("the same in an attribute", GROWS, subset(tens("0123456789"), name="&e11;"))
+member("two entities that use each other", LARGE, subset('<!ENTITY a "&b;"><!ENTITY b "&a;">', note("&a;")))
+member("60 kB 100,000 times in text", GROWS, subset(f'<!ENTITY e "{"x" * 60_000}">', note("&e;" * 100_000)))
+member("60 kB in each of 10,000 attributes", GROWS, subset(f'<!ENTITY e "{"x" * 60_000}">', '<md a="&e;"/>' * 10_000))
+member("60 kB 10,000 times in one attribute", GROWS, subset(f'<!ENTITY e "{"x" * 60_000}">', f'<md a="{"&e;" * 10_000}"/>'))
+member("15,000 elements 1,000 times", GROWS, subset(f'<!ENTITY e "{"<b/>" * 15_000}">', "&e;" * 1000))
+member("100 kB that stand for 4 million elements", GROWS, subset(
+    f'<!ENTITY e "{"<b/>" * 200}">' + "".join(f'<!ENTITY f{n} "{"&e;" * 9}">' for n in range(100)),
+    "".join(f"&f{n % 100};" for n in range(2000)) + "x" * 100_000))
+member("entities in each other, 2,000 levels", ELEMENTS,
+       subset("".join(f'<!ENTITY e{n} "{"<b>" * 100}&e{n + 1};{"</b>" * 100}">' for n in range(20)) +
+              '<!ENTITY e20 "x">', "&e0;"))
+
+# What tags make of it.
+member("100,000 attributes", TAG, project(inside="<md " + names(100_000, '="" ') + '=""/>'))
+member("the same in UTF-16", TAG, utf16(project(inside="<md " + names(100_000, '="" ') + '=""/>')))
+member("100,000 namespaces", TAG, project(inside="<md " + " ".join(f'xmlns:a{n}="u"' for n in range(100_000)) + "/>"))
+member("501 attributes", "An element of this file has more than 500 attributes (line ", project(inside="<md " + names(501, '="" ') + '=""/>'))
+member("500 attributes", WRITTEN, project(inside="<md " + names(500, '="" ') + '=""/>'))
+member("1,200 namespaces around one element", "An element of this file stands in more than 1,000 namespaces",
+       project(inside="".join("<md " + " ".join(f'xmlns:a{level}_{n}="u"' for n in range(400)) + ">" for level in range(3))
+               + "</md>" * 3))
+member("100,001 different names", "This file has more than 100,000 different names",
+       project(inside="".join(f"<n{n}/>" for n in range(1_000_000))))
+member("300 levels", ELEMENTS,
+       project(inside="<md>" * 300 + "</md>" * 300))
+for kind, text in {"attribute": '<md a="{}"/>', "comment": "<!--{}-->", "CDATA": "<![CDATA[{}]]>", "text": "<md>{}</md>",
+                   "instruction": "<?x {}?>", "name": "<n{}/>"}.items():
+    member(f"{kind} of 12 MB", LARGE if kind != "text" else "An element of this file holds more than 10 MB of text",
+           project(inside=text.format("x" * 12_000_000)))
+member("12 MB of characters as references", LARGE, project(inside='<md a="' + "x&amp;" * 2_000_000 + '"/>'))
+
+# What nothing says what it is.
+elsewhere = '<!DOCTYPE fcpxml SYSTEM "fcpxml.dtd">'
+member("&nbsp; in a note", UNKNOWN + "nbsp;” stands for (line 9, ", project("\n" + elsewhere, note("a&nbsp;b")))
+member("in a name", UNKNOWN + "nbsp;” stands for (line 6, ", project(elsewhere, name="a&nbsp;b"))
+member("with a public document type", UNKNOWN, project('<!DOCTYPE fcpxml PUBLIC "p" "s">', note("&nbsp;")))
+member("beside a document type of its own", UNKNOWN, project('<!DOCTYPE fcpxml SYSTEM "s" [<!ENTITY a "x">]>', note("&a;&b;")))
+member("without any document type", UNKNOWN, project(inside=note("&nbsp;")))
+member("in a document that stands alone", UNKNOWN,
+       project(elsewhere, note("&nbsp;"), head='<?xml version="1.0" encoding="UTF-8" standalone="yes"?>'))
+member("in the text of another", UNKNOWN + "b;”", project('<!DOCTYPE fcpxml SYSTEM "s" [<!ENTITY a "x&b;">]>', note("&a;")))
+member("in a default attribute", UNKNOWN, project('<!DOCTYPE fcpxml SYSTEM "s" [<!ATTLIST note a CDATA "&b;">]>', note("")))
+for place, text in {"text": note("&e;"), "an attribute": '<md a="&e;"/>', "another": note("&f;")}.items():
+    member(f"the text of another file in {place}", UNKNOWN + "e;”",
+           subset('<!ENTITY e SYSTEM "file:///dev/zero"><!ENTITY f "&e;">', text))
+member("one that is no text", UNKNOWN, subset('<!NOTATION n SYSTEM "n"><!ENTITY e SYSTEM "e" NDATA n>', note("&e;")))
+member("the first of two, which is elsewhere", UNKNOWN, subset('<!ENTITY e SYSTEM "e"><!ENTITY e "x">', note("&e;")))
+member("another file that nothing uses", WRITTEN, subset('<!ENTITY e SYSTEM "file:///dev/zero">', note("x")))
+member("an entity in text and attributes", WRITTEN,
+       subset('<!ENTITY e "x &#38;amp; <b> y</b>"><!ENTITY f "&#38;lt;&#34;">', note("&e;&f;") + '<md a="&f;"/>'))
+
+# What is no XML.
+whole = project().encode()
+for name, data in {"nothing": b"", "blanks": b" \n\t " * 50, "a mark and nothing": b"\xef\xbb\xbf", "zeros": bytes(100_000)}.items():
+    member(name, EMPTY, data)
+for name, data in {"a picture": b"\x89PNG\r\n\x1a\n" + bytes(64), "text": b"not xml", "three letters": b"abc",
+                   "JSON": b'{"a": "<b>"}', "an archive": b"PK\3\4" + b"<" * 64, "text in UTF-16": "no".encode("utf-16")}.items():
+    member(name, NO_XML, data)
+for name, data in {"half of it": whole[:600], "its first sign": b"<", "two roots": whole + b"<a/>", "a web page": b"<html><p>a<br></html>",
+                   "a zero in it": whole.replace(b"Concert", b"Con\0cert"), "bad UTF-8": whole.replace(b"Concert", b"\xff"),
+                   "&#0;": whole.replace(b"Concert", b"&#0;"), "&#8;": whole.replace(b"Concert", b"&#8;"),
+                   "&#xD800;": whole.replace(b"Concert", b"&#xD800;"), "half of UTF-16": utf16(project())[:901],
+                   "an unknown encoding": whole.replace(b"UTF-8", b"UTF-99")}.items():
+    member(name, DAMAGED, data)
+
+pathlib.Path(sys.argv[2], "members").write_text(json.dumps(members))
