@@ -1,0 +1,98 @@
+#!/usr/bin/env python3
+"""written_rules.py REPLAY: what a source holds in names, texts and addresses is what another parser than the program's
+reads from the written project."""
+import base64
+import re
+import sys
+from xml.parsers import expat
+
+from asking import answered_by, document, filmed, project
+
+CHARACTERS = ["&", "<", ">", '"', "'", "\n", "\t", "\r", "\r\n", "]]>", "&amp;", "-->", "%", "é", "😀", "\x7f", "\x85", "\u2028"]
+
+
+def contents(xml):
+    """Every attribute value, and what stands in every element that holds text, to the last blank; of those that hold
+    the sign "¶", by the first number before it."""
+    texts, open_elements = {}, [["", "", False]]
+
+    def keep(text):
+        for key in re.findall("([0-9]+)¶", text)[:1]:
+            texts.setdefault(key, set()).add(text.removesuffix(" Corvane"))
+
+    def text(characters, is_text=True):
+        open_elements[-1][1] += characters
+        open_elements[-1][2] |= is_text and bool(characters.strip(" \t\n"))
+
+    def start(name, attributes):
+        for value in attributes.values():
+            keep(value)
+        open_elements.append([f"<{name} {sorted(attributes.items())}>", "", name in ("note", "text", "text-style")])
+
+    def end(name):
+        tag, inside, holds_text = open_elements.pop()
+        if holds_text:
+            keep(inside)
+        text(f"{tag}{inside}</{name}>", False)
+
+    expat.ParserCreate(namespace_separator=" ").Parse(xml, True)  # refuses a prefix without an address
+    parser = expat.ParserCreate()
+    parser.StartElementHandler, parser.EndElementHandler, parser.CharacterDataHandler = start, end, text
+    parser.Parse(xml, True)
+    return texts
+
+
+def everywhere(value, text):
+    """A document that has `value` in every attribute and address that is carried over, and `text` in every text."""
+    count = iter(range(1000))
+
+    def a(name):
+        return f'{name}="{next(count)}¶{value}"'
+
+    def t(before="", after=""):
+        return f"{before}{next(count)}¶{text}{after}"
+
+    mixed = [t(), t(" ", " <b> <i> x</i> </b>\n "), t("<b><i>", "</i></b> <b/>"), t(" <b/><i> <b/> </i>\n"),
+             f"<p:b {a('xmlns:p')} {a('p:c')} {a('xmlns')} {a('xml:lang')}><!-- c --><?d e?>{t()}</p:b>{t()}"]
+    notes = "".join(f"<note>{each}</note>" for each in mixed)
+    unknown = "".join(f'<q:x xmlns:q="u" {a("y")}>{each}</q:x>' for each in mixed[:2] + mixed[3:])
+    in_clip = f'''{notes}<mc-source angleID="A¶{value}" {a('xmlns:s')}><s:x/><audio-role-source {a('role')}/><filter-video {a('name')}>
+        <data>{t()}</data></filter-video></mc-source><mc-source angleID="B"><adjust-crop {a('mode')}/></mc-source>
+        <title {a('name')} ref="av"><text><text-style {a('ref')}>{t()}</text-style> <text-style>{t()}</text-style></text>
+        </title><marker {a('value')}><x>{t()}</x></marker><keyword {a('value')} {a('xmlns:k')}/>
+        <rating {a('name')} {a('note')}><x {a('y')}/>{t()}</rating><filter-audio {a('name')}/>
+        <metadata><md {a('key')} {a('value')}/><md><array><string>{t()}</string></array></md>{unknown}</metadata>'''
+    angles = filmed("40s").replace('"A"', f'"A¶{value}"')
+    resources = f"<effect id='e' {a('name')} {a('uid')} {a('xmlns')}/><x><string>{t()}</string></x>{unknown}"
+    xml = document(angles, in_clip=in_clip, resources=resources, version=f' {a("version")} {a("xmlns:r")} {a("xmlns")}')
+    xml = xml.replace("<library", f"<library {a('xmlns:l')} {a('left')}").replace("<event", f"<event {a('xmlns:e')}")
+    xml = xml.replace('"Concert"', f'"Concert¶{value}" {a("id")}').replace("<sequence", f"{notes}<sequence {a('keywords')}")
+    return xml.replace("<spine", f"{notes}<spine {a('name')}").replace('name="MC"', f"{a('name')} {a('xmlns:m')}")
+
+
+def written(name, xml, character):
+    source = contents(xml)
+    del source[re.search('left="([0-9]+)', xml)[1]]  # of the library, which is left out
+    camera = "A¶" + character
+
+    def read(answer):
+        try:
+            given = contents(base64.b64decode(answer["export"][0]["xml"]))
+        except expat.ExpatError as error:
+            return str(error)
+        return {key: (given.get(key), expected) for key, expected in source.items() if given.get(key) != expected}
+    project(name, read, {}, xml, cutLists=[{"audio": camera, "cuts": [
+        {"id": f"0000000{n}-0000-4000-8000-000000000000", "angle": angle, "start": n * 250, "duration": 250}
+        for n, angle in enumerate([camera, "B", "B", camera])]}])
+
+
+for character in CHARACTERS:
+    references = "".join(f"&#{ord(each)};" for each in character)
+    entity = "<!DOCTYPE fcpxml [<!ENTITY e '" + references.replace("&", "&#38;") + "'>]><fcpxml"
+    written(f"{character!r} as a reference", everywhere(references, references), character)
+    value = references if character in "\r\n\t" else "&e;"  # the parser makes blanks of those, against the rules of XML
+    written(f"{character!r} in an entity", everywhere(value, "&e;").replace("<fcpxml", entity, 1), character)
+    if character not in ("\r", "\r\n", "]]>"):
+        written(f"{character!r} in CDATA", everywhere(references, f"<![CDATA[{character}]]> <![CDATA[]]>"), character)
+
+answered_by(sys.argv[1])
