@@ -72,10 +72,73 @@ public:
         return true;
     }
 
+    /// The last end at or before an offset, and the first at or after it.
+    std::size_t before(std::size_t offset)
+    {
+        const auto at = static_cast<std::int32_t>(offset);
+        return static_cast<std::size_t>(characters_->isBoundary(at) != 0 ? at : characters_->preceding(at));
+    }
+    std::size_t after(std::size_t offset)
+    {
+        const auto at = static_cast<std::int32_t>(offset);
+        return static_cast<std::size_t>(characters_->isBoundary(at) != 0 ? at : characters_->following(at));
+    }
+
 private:
     OpenText text_;
     std::unique_ptr<icu::BreakIterator> characters_;
 };
+
+/// Where the first `count` code points end, and where the last begin, as byte offsets.
+std::size_t endOfFirst(std::string_view text, std::size_t count)
+{
+    const OpenText opened = open(text);
+    while (count-- > 0 && utext_next32(opened.get()) != U_SENTINEL) {
+    }
+    return static_cast<std::size_t>(utext_getNativeIndex(opened.get()));
+}
+std::size_t startOfLast(std::string_view text, std::size_t count)
+{
+    const OpenText opened = open(text);
+    utext_setNativeIndex(opened.get(), utext_nativeLength(opened.get()));
+    while (count-- > 0 && utext_previous32(opened.get()) != U_SENTINEL) {
+    }
+    return static_cast<std::size_t>(utext_getNativeIndex(opened.get()));
+}
+
+/// The mark in place of a control, or none for what is drawn as it is.
+std::string_view markOf(UChar32 c)
+{
+    switch (c) {
+    case '\n':
+    case '\v':
+    case '\f':
+    case '\r':
+    case 0x85:   // next line
+    case 0x2028: // line separator
+    case 0x2029: // paragraph separator
+        return "↵";
+    case '\t':
+        return "⇥";
+    case 0x200E: // left-to-right mark, embedding, override, isolate
+    case 0x202A:
+    case 0x202D:
+    case 0x2066:
+        return "⇉";
+    case 0x061C: // Arabic letter mark, right-to-left mark, embedding, override, isolate
+    case 0x200F:
+    case 0x202B:
+    case 0x202E:
+    case 0x2067:
+        return "⇇";
+    case 0x202C: // the ends of these, and the isolate whose direction its own text decides
+    case 0x2068:
+    case 0x2069:
+        return "⇄";
+    default:
+        return u_charType(c) == U_CONTROL_CHAR ? "�" : "";
+    }
+}
 
 /// What is left for a search: no case, no marks on letters. Composed again, so that a Korean syllable is one
 /// character and not the beginning of another.
@@ -143,6 +206,40 @@ std::string_view charactersWithin(std::string_view text, std::size_t bytes)
     while (ends.next(end) && end <= bytes)
         kept = end;
     return text.substr(0, kept);
+}
+
+std::string withoutMiddle(std::string_view text, std::size_t most)
+{
+    if (text.size() <= most || endOfFirst(text, most) == text.size())
+        return std::string(text);
+    const std::size_t kept = most - 1; // and one for the mark
+    const std::size_t head = endOfFirst(text, kept / 2);
+    const std::size_t tail = startOfLast(text, kept - kept / 2);
+    CharacterEnds ends(text);
+    const std::size_t wholeHead = ends.before(head);
+    const std::size_t wholeTail = ends.after(tail);
+    std::string shorter(text.substr(0, wholeHead > 0 ? wholeHead : head));
+    shorter += "…";
+    return shorter += text.substr(wholeTail < text.size() ? wholeTail : tail);
+}
+
+std::string withVisibleControls(std::string_view text)
+{
+    std::string drawn;
+    const OpenText opened = open(text);
+    std::size_t start = 0;
+    for (UChar32 c = utext_next32(opened.get()); c != U_SENTINEL; c = utext_next32(opened.get())) {
+        const auto end = static_cast<std::size_t>(utext_getNativeIndex(opened.get()));
+        const std::string_view mark = markOf(c);
+        drawn += mark.empty() ? text.substr(start, end - start) : mark;
+        start = end;
+    }
+    return drawn;
+}
+
+std::string shownText(std::string_view text)
+{
+    return withVisibleControls(withoutMiddle(text));
 }
 
 std::string lowerCased(std::string_view text)

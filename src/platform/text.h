@@ -18,6 +18,21 @@ namespace corvane {
 /// As many whole user-perceived characters from the start as fit into `bytes` bytes.
 [[nodiscard]] std::string_view charactersWithin(std::string_view text, std::size_t bytes);
 
+/// Code points of a text that are drawn at most: a sentence may hold a name of any length.
+constexpr std::size_t longestShown = 600;
+
+/// The text; of one with more than `most` code points the beginning and the end with "…" between them, `most` in all.
+/// User-perceived characters stay whole, unless one alone is longer than that.
+[[nodiscard]] std::string withoutMiddle(std::string_view text, std::size_t most = longestShown);
+
+/// The text with a mark for each control that would break its line or turn the direction of what stands around it: ↵
+/// for the end of a line, ⇥ for a tab, ⇉, ⇇ and ⇄ for what turns text to the right, to the left and back, � for the
+/// others. One character stands for one and nothing is added.
+[[nodiscard]] std::string withVisibleControls(std::string_view text);
+
+/// What is drawn of a text that comes from outside: both of the above.
+[[nodiscard]] std::string shownText(std::string_view text);
+
 /// The text in Unicode's lower case, of no language: "İ" becomes an i with a dot above, whoever is asking.
 [[nodiscard]] std::string lowerCased(std::string_view text);
 
