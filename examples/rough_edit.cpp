@@ -1,4 +1,5 @@
-// The whole road without a window: an exported project in, a rough edit with the starting settings out.
+// The whole road without a window: an exported project in, a rough edit with the starting settings out. A terminal
+// obeys controls as a window does: what comes from the document is printed as the window would draw it.
 //     corvane_rough_edit PROJECT.fcpxml FOLDER
 #include "engine/coverage_report.h"
 #include "engine/generation_inputs.h"
@@ -8,6 +9,7 @@
 #include "export/settings_record.h"
 #include "import/final_cut_import_error.h"
 #include "platform/numbers.h"
+#include "platform/text.h"
 #include "session/starting_settings.h"
 #include "timecode/timecode.h"
 
@@ -49,13 +51,14 @@ std::string coverage(const CutEngine& engine, const std::vector<FrameRange>& str
 void printProject(const ImportedProject& project, const CutEngine& engine)
 {
     std::cout << "\n"
-              << project.name << " (FCPXML " << project.version << "), " << timecodeLabel(engine, 0) << " to "
-              << timecodeLabel(engine, engine.length) << ", " << shortNumber(project.framesPerSecond)
-              << " frames a second\n\n"
+              << shownText(project.name) << " (FCPXML " << shownText(project.version) << "), "
+              << timecodeLabel(engine, 0) << " to " << timecodeLabel(engine, engine.length) << ", "
+              << shortNumber(project.framesPerSecond) << " frames a second\n\n"
               << std::left << std::setw(30) << "Angle" << std::setw(16) << "Video" << "Audio\n";
     for (const ImportedAngle& angle : project.angles)
-        std::cout << std::setw(30) << angle.name << std::setw(16) << coverage(engine, engine.stretches(angle.id))
-                  << coverage(engine, engine.audioStretches(angle.id)) << "\n";
+        std::cout << std::setw(30) << shownText(angle.name) << std::setw(16)
+                  << coverage(engine, engine.stretches(angle.id)) << coverage(engine, engine.audioStretches(angle.id))
+                  << "\n";
 }
 
 void printUsage(const ImportedProject& project, const CutEngine& engine, const std::vector<Cut>& cuts)
@@ -66,8 +69,9 @@ void printUsage(const ImportedProject& project, const CutEngine& engine, const s
     for (const ImportedAngle& angle : videoAngles(project, engine)) {
         const auto found = usage.find(angle.id);
         const CameraUsage used = found == usage.end() ? CameraUsage{} : found->second;
-        std::cout << std::setw(30) << angle.name << std::setw(16) << fixed(engine.seconds(used.frames), 2) + " sec"
-                  << std::setw(10) << share(engine, used.frames) << used.shots << "\n";
+        std::cout << std::setw(30) << shownText(angle.name) << std::setw(16)
+                  << fixed(engine.seconds(used.frames), 2) + " sec" << std::setw(10) << share(engine, used.frames)
+                  << used.shots << "\n";
     }
 }
 
@@ -76,7 +80,7 @@ void printCarryOver(const CutEngine& engine)
     const auto list = [](std::string_view title, const std::vector<std::string>& names) {
         std::cout << title;
         for (const std::string& name : names)
-            std::cout << (&name == &names.front() ? " " : ", ") << name;
+            std::cout << (&name == &names.front() ? " " : ", ") << shownText(name);
         std::cout << "\n";
     };
     const CarryOver left = carryOver(engine);
@@ -99,7 +103,7 @@ std::string shuffleUntilWritten(const ImportedProject& project, const CutEngine&
         } catch (const FinalCutImportError& refusal) {
             if (shuffles == mostShuffles)
                 throw;
-            std::cout << "  " << refusal.what() << " Shuffling.\n";
+            std::cout << "  " << shownText(refusal.what()) << " Shuffling.\n";
         }
     }
 }
@@ -117,7 +121,8 @@ int makeRoughEdit(const std::string& projectFile, const std::string& folder)
     printProject(project, engine);
     printUsage(project, engine, edit.cuts);
     printCarryOver(engine);
-    std::cout << "\nSaved " << files.xmlURL << "\n  and " << files.settingsURL << "\n";
+    std::cout << "\nSaved " << withVisibleControls(files.xmlURL) << "\n  and " << withVisibleControls(files.settingsURL)
+              << "\n";
     return 0;
 }
 
@@ -132,6 +137,6 @@ try {
     return makeRoughEdit(argv[1], argv[2]);
 } catch (const std::exception& failure) {
     std::cout.flush();
-    std::cerr << failure.what() << "\n";
+    std::cerr << shownText(failure.what()) << "\n";
     return 1;
 }
