@@ -3,6 +3,7 @@
 #include "engine/generation_inputs.h"
 #include "engine/validation.h"
 #include "platform/numbers.h"
+#include "platform/text.h"
 #include "timecode/timecode.h"
 
 #include <algorithm>
@@ -72,7 +73,7 @@ std::string cutListText(const ContentView& view, std::string_view decimalSign)
         return "";
     std::string text = "Start (Timecode)\tCamera\tDuration (seconds)\n";
     for (const Cut& cut : view.state().cuts()) {
-        text += startLabel(view, cut) + '\t' + view.angleLabel(cut.angle) + '\t' +
+        text += startLabel(view, cut) + '\t' + withVisibleControls(view.angleLabel(cut.angle)) + '\t' +
                 durationLabel(view, cut, decimalSign) + '\n';
     }
     return text;

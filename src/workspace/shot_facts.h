@@ -31,7 +31,8 @@ struct EditMarks {
 /// The length in seconds with the user's decimal sign, at most three decimals.
 [[nodiscard]] std::string durationLabel(const ContentView& view, const Cut& cut, std::string_view decimalSign = ".");
 
-/// The cut table as text: a line a cut, tabs between the columns, the titles first. Empty while the cut list is.
+/// The cut table as text: one line per cut, tabs between the columns, the titles first; tabs and ends of lines in names
+/// are marks, as in the window. Empty while the cut list is.
 [[nodiscard]] std::string cutListText(const ContentView& view, std::string_view decimalSign = ".");
 
 } // namespace corvane

@@ -101,6 +101,8 @@ TEST(ShotFacts, TellWhyShotsEnd)
         EXPECT_EQ(shotEndReason(view, marks, i), reasons[i]) << i;
     EXPECT_TRUE(cutListText(view, ",").starts_with("Start (Timecode)\tCamera\tDuration (seconds)\n"
                                                    "00:00:00:00\tA (Camera 1)\t4\n00:00:04:00\tB (Camera 1)\t2\n"));
+    window.importAndGenerate(replaced(document(), "\"A\"", "\"A&#9;&#10;\""));
+    EXPECT_NE(cutListText(view).find("00:00:00:00\tA⇥↵ (Camera 1)\t"), std::string::npos) << "still a table";
 }
 
 TEST(Hints, SayWhyAButtonCannotBePressed)
