@@ -61,7 +61,9 @@ bool offersProject(const Pasteboard& pasteboard)
         registeredPasteboardTypes(), [&](const std::string& type) { return contains(offered, type); });
 }
 
-bool performDrag(const Pasteboard& pasteboard, XMLInbox& inbox)
+namespace {
+
+bool deliver(const Pasteboard& pasteboard, XMLInbox& inbox)
 {
     if (auto data = xmlDataFromPasteboard(pasteboard)) {
         inbox.setXMLData(std::move(data));
@@ -71,6 +73,19 @@ bool performDrag(const Pasteboard& pasteboard, XMLInbox& inbox)
     if (files.size() == 1 && projectFileKind(files.front())) {
         inbox.setURL(files.front());
         return true;
+    }
+    return false;
+}
+
+} // namespace
+
+bool performDrag(const Pasteboard& pasteboard, XMLInbox& inbox)
+{
+    try {
+        if (deliver(pasteboard, inbox))
+            return true;
+    } catch (const NoPasteboardAnswer&) {
+        // As from a source that has nothing.
     }
     inbox.setImportError("Drop one project from Final Cut’s browser, or one .fcpxml file or .fcpxmld bundle.");
     return false;

@@ -15,14 +15,15 @@ namespace corvane {
 /// The types for which the drop view registers: Final Cut's and files.
 [[nodiscard]] const std::vector<std::string>& registeredPasteboardTypes();
 
-/// The XML of the newest version on offer whose data are not empty; none when there is no such.
+/// The XML of the newest version on offer whose data are not empty; none when there is no such. Throws
+/// NoPasteboardAnswer.
 [[nodiscard]] std::optional<std::string> xmlDataFromPasteboard(const Pasteboard& pasteboard);
 
 /// True when the pasteboard offers a registered type: the drop view lights up.
 [[nodiscard]] bool offersProject(const Pasteboard& pasteboard);
 
-/// A drop on the drop view: puts Final Cut's XML or the one project file into the inbox. Otherwise an error goes there,
-/// and the answer is false.
+/// A drop on the drop view: puts Final Cut's XML or the one project file into the inbox. Otherwise, also when the
+/// source does not answer, an error goes there, and the answer is false.
 [[nodiscard]] bool performDrag(const Pasteboard& pasteboard, XMLInbox& inbox);
 
 } // namespace corvane

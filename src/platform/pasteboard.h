@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,7 +11,11 @@ namespace corvane {
 /// The type under which a pasteboard offers files.
 constexpr std::string_view fileURLPasteboardType = "public.file-url";
 
-/// What a drag carries.
+/// The source of a drag was asked for what it offers and did not answer.
+class NoPasteboardAnswer : public std::exception {};
+
+/// What a drag carries. Its source is another program: to ask it for data can take seconds. It is asked for each type
+/// once at most, and for nothing any more after it did not answer.
 class Pasteboard {
 public:
     Pasteboard() = default;
@@ -18,10 +23,12 @@ public:
     Pasteboard& operator=(const Pasteboard&) = delete;
     virtual ~Pasteboard() = default;
 
-    /// The types on offer. That a type is listed does not promise that there are data.
+    /// The types on offer, for which the source is not asked. That a type is listed does not promise that there are
+    /// data.
     [[nodiscard]] virtual std::vector<std::string> types() const = 0;
+    /// None for a type that is not on offer. Throws NoPasteboardAnswer.
     [[nodiscard]] virtual std::optional<std::string> data(const std::string& type) const = 0;
-    /// The paths of all objects that are files, in order; other locations are left out.
+    /// The paths of all objects that are files, in order; other locations are left out. Throws NoPasteboardAnswer.
     [[nodiscard]] virtual std::vector<std::string> fileURLs() const = 0;
 };
 

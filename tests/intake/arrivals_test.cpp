@@ -31,8 +31,17 @@ struct Drag : Pasteboard {
     {
         return {std::views::keys(entries).begin(), std::views::keys(entries).end()};
     }
-    [[nodiscard]] Text data(const std::string& type) const override { return entries.at(type); }
-    [[nodiscard]] Texts fileURLs() const override { return files; }
+    std::string silentAbout;
+    mutable Texts asked;
+
+    [[nodiscard]] Text data(const std::string& type) const override { return answer(type, entries.at(type)); }
+    [[nodiscard]] Texts fileURLs() const override { return answer("files", files); }
+    template <class Answer>
+    Answer answer(const std::string& question, const Answer& answer) const
+    {
+        asked.push_back(question);
+        return question == silentAbout ? throw NoPasteboardAnswer() : answer;
+    }
 };
 
 TEST(ReadProjectFile, ReadsFilesAndBundlesWithinItsAccess)
@@ -114,6 +123,24 @@ TEST(Drops, DeliverTheNewestXmlThatIsThereOrTheOneProjectFile)
     EXPECT_TRUE(lights({{file, "x"}}, {"/a.txt"}, {}, {}));
     EXPECT_TRUE(lights({{v + "14", ""}}, {}, {}, {}));
     EXPECT_FALSE(lights({{v + "15", "15"}, {v + "8", "8"}, {"public.text", "t"}}, {}, {}, {}));
+}
+
+TEST(Drops, AskForNothingMoreOnceTheSourceIsSilent)
+{
+    const std::string xml = "com.apple.finalcutpro.xml", v11 = xml + ".v1-11";
+    for (const auto& [silentAbout, expected] :
+         {std::pair(v11, Texts{v11}), {xml, Texts{v11, xml}}, {std::string("files"), Texts{v11, xml, "files"}}}) {
+        Drag drag;
+        drag.entries = {{v11, ""}, {xml, ""}, {"public.file-url", ""}};
+        drag.silentAbout = silentAbout;
+        XMLInbox inbox;
+        EXPECT_TRUE(offersProject(drag));
+        EXPECT_EQ(drag.asked, Texts{});
+        EXPECT_FALSE(performDrag(drag, inbox));
+        EXPECT_EQ(drag.asked, expected);
+        EXPECT_EQ(
+            inbox.importError(), "Drop one project from Final Cut’s browser, or one .fcpxml file or .fcpxmld bundle.");
+    }
 }
 
 TEST(Inbox, TellsEveryAssignmentWhateverItsObserversDo)

@@ -163,9 +163,9 @@ TEST(DropView, LightsUpForWhatItTakes)
     QDragLeaveEvent leave;
     QApplication::sendEvent(zone, &leave);
     EXPECT_FALSE(zone->dropActive());
-    QMimeData link;
-    link.setUrls({QUrl("https://corvane.example/a.fcpxml")});
-    QDragEnterEvent other(QPoint(5, 5), Qt::CopyAction, &link, Qt::LeftButton, Qt::NoModifier);
+    QMimeData text;
+    text.setText("a.fcpxml");
+    QDragEnterEvent other(QPoint(5, 5), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(zone, &other);
     EXPECT_FALSE(zone->dropActive() || gui.state().dropTargeted);
     EXPECT_TRUE(drop(*zone, dragged));
@@ -176,6 +176,49 @@ TEST(DropView, LightsUpForWhatItTakes)
     for (const QWidget* each : gui.window().findChildren<QWidget*>())
         EXPECT_TRUE(!each->acceptDrops() || !each->isVisible() || each == zone)
             << each->metaObject()->className() << " keeps files";
+}
+
+/// Offers a project and a file and gives nothing; the toolkit waits a while for what it is silent about.
+struct EmptySource : QMimeData {
+    mutable std::vector<std::string> asked;
+    QStringList offered = {"com.apple.finalcutpro.xml", "com.apple.finalcutpro.xml.v1-13", "text/uri-list"};
+    std::string silentAbout;
+
+    [[nodiscard]] QStringList formats() const override { return offered; }
+    [[nodiscard]] bool hasFormat(const QString& type) const override { return offered.contains(type); }
+    [[nodiscard]] QVariant retrieveData(const QString& type, QMetaType) const override
+    {
+        asked.push_back(utf8(type));
+        QTest::qSleep(asked.back() == silentAbout ? 700 : 0);
+        return QByteArray();
+    }
+};
+
+TEST(DropView, AsksASourceForNothingBeforeTheDropAndForNothingAfterItWasSilent)
+{
+    using Asked = std::vector<std::string>;
+    const Asked all = {"com.apple.finalcutpro.xml.v1-13", "com.apple.finalcutpro.xml", "text/uri-list"};
+    for (std::size_t answered = 0; answered <= all.size(); ++answered) {
+        Gui gui;
+        auto* zone = gui.window().findChild<ProjectDropView*>();
+        EmptySource source;
+        source.silentAbout = answered < all.size() ? all[answered] : "";
+        for (QWidget* target : {static_cast<QWidget*>(zone), static_cast<QWidget*>(&gui.window())}) {
+            QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &source, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(target, &enter);
+            QDragMoveEvent move(QPoint(6, 6), Qt::CopyAction, &source, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(target, &move);
+            EXPECT_TRUE(enter.isAccepted() && move.isAccepted() && source.asked.empty());
+        }
+        EXPECT_FALSE(drop(*zone, source));
+        const auto last = static_cast<std::ptrdiff_t>(std::min(answered + 1, all.size()));
+        EXPECT_EQ(source.asked, Asked(all.begin(), all.begin() + last));
+        expectAlert(gui, "Drop one project from Final Cut’s browser, or one .fcpxml file or .fcpxmld bundle.");
+        source.asked.clear();
+        EXPECT_FALSE(drop(gui.window(), source));
+        EXPECT_EQ(source.asked, Asked{"text/uri-list"});
+        expectAlert(gui, "Drop one Final Cut XML file or bundle at a time.");
+    }
 }
 
 TEST(CutPanel, TheStripAndTheTableShowEachOther)

@@ -286,9 +286,9 @@ void MainWindow::setDropTargeted(bool targeted)
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!event->mimeData()->hasUrls())
+    if (!event->mimeData()->hasUrls()) // of the list of types: the source is asked for nothing while it hovers
         return;
-    setDropTargeted(!MimePasteboard(*event->mimeData()).fileURLs().empty());
+    setDropTargeted(true);
     event->setDropAction(Qt::CopyAction);
     event->accept();
 }
@@ -308,7 +308,13 @@ void MainWindow::dropEvent(QDropEvent* event)
 {
     setDropTargeted(false);
     event->setDropAction(Qt::CopyAction);
-    event->setAccepted(services_.view.handleDroppedFiles(MimePasteboard(*event->mimeData()).locations()));
+    std::vector<std::string> locations;
+    try {
+        locations = MimePasteboard(*event->mimeData()).locations();
+    } catch (const NoPasteboardAnswer&) {
+        locations.clear(); // as from a source that has none
+    }
+    event->setAccepted(services_.view.handleDroppedFiles(locations));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

@@ -3,6 +3,9 @@
 #include "platform/pasteboard.h"
 
 #include <QMimeData>
+#include <QUrl>
+#include <map>
+#include <optional>
 
 namespace corvane {
 
@@ -15,11 +18,18 @@ public:
     [[nodiscard]] std::optional<std::string> data(const std::string& type) const override;
     [[nodiscard]] std::vector<std::string> fileURLs() const override;
 
-    /// All locations: paths of files, and the whole URL of anything else.
+    /// All locations: paths of files, and the whole URL of anything else. Throws NoPasteboardAnswer.
     [[nodiscard]] std::vector<std::string> locations() const;
 
 private:
+    template <class Answer, class Question>
+    [[nodiscard]] Answer ask(const Question& question) const;
+    [[nodiscard]] const QList<QUrl>& urls() const;
+
     const QMimeData& data_;
+    mutable std::map<std::string, std::string> answers_;
+    mutable std::optional<QList<QUrl>> urls_;
+    mutable bool silent_ = false;
 };
 
 } // namespace corvane

@@ -1,11 +1,10 @@
 #!/usr/bin/env bash
-# assistive_story.sh PROGRAM PROJECT: the story in a session of its own, with a home folder of its own.
+# on_a_screen.sh STORY ARGUMENT…: runs the Python story in a session of its own with a screen, and with a home folder of
+# its own.
 set -euo pipefail
-here=$(cd "$(dirname "$0")" && pwd)
 for tool in Xvfb openbox dbus-run-session; do
     command -v "$tool" >/dev/null || { echo "SKIPPED: $tool is not installed"; exit 77; }
 done
-/usr/bin/python3 -c 'import pyatspi' 2>/dev/null || { echo "SKIPPED: python3-pyatspi is not installed"; exit 77; }
 
 home=$(mktemp -d)
 trap 'rm -rf "$home"; kill "${screen:-}" 2>/dev/null || true' EXIT
@@ -17,5 +16,4 @@ for ((i = 0; i < 100; i++)); do [ -s "$home/display" ] && break; sleep 0.05; don
 display=$(tr -d '\n' <"$home/display")
 export DISPLAY=:$display HOME=$home XDG_RUNTIME_DIR=$home/run QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
 unset XDG_CONFIG_HOME XDG_DATA_HOME QT_QPA_PLATFORM WAYLAND_DISPLAY
-dbus-run-session -- bash -c 'openbox & /usr/bin/python3 "$1" "$2" "$3"; result=$?; kill %1; exit $result' \
-    _ "$here/assistive_story.py" "$1" "$2"
+dbus-run-session -- bash -c 'openbox & /usr/bin/python3 "$@"; result=$?; kill %1; exit $result' _ "$@"
