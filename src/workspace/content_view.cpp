@@ -133,7 +133,16 @@ void ContentView::stopObserving(int token)
 void ContentView::fail(const std::string& message)
 {
     state_.error = message;
-    alerts_.push_back(message);
+    if (std::ranges::find(alerts_, message) != alerts_.end())
+        return;
+    constexpr std::size_t most = 20; // nobody reads on
+    if (alerts_.size() < most) {
+        alerts_.push_back(message);
+        lastAlertStandsFor_ = 1;
+    } else {
+        ++lastAlertStandsFor_;
+        alerts_.back() = std::to_string(lastAlertStandsFor_) + " more messages came. The last one: " + message;
+    }
 }
 
 void ContentView::dismissError()

@@ -128,7 +128,8 @@ public:
     void chooseProjectFile();
     void reopenPreviousSession();
 
-    // Messages. Alerts that were not seen yet wait behind the first; `error` is the field alone.
+    // Messages. Alerts that were not seen yet wait behind the first, each text once and not without end; `error` is the
+    // field alone.
     [[nodiscard]] const std::deque<std::string>& alerts() const { return alerts_; }
     void dismissError();
 
@@ -220,6 +221,7 @@ private:
     SessionEncoder encoder_;
     std::deque<std::string> alerts_;
     std::size_t alertsNoticed_ = 0;
+    std::size_t lastAlertStandsFor_ = 1; ///< messages, when more came than wait one by one
     int editDepth_ = 0;
     bool saveWanted_ = false;
     bool storedSessionRefused_ = false;        ///< the stored file could not be restored

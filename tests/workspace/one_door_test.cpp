@@ -110,6 +110,14 @@ TEST(OneDoor, ShowsEveryAlertTheEarlierFirst)
     EXPECT_EQ(window.view().alerts().front(), "Saved presets could not be read. Their stored data has been kept.");
     window.view().dismissError();
     EXPECT_TRUE(window.view().alerts().empty());
+    for (int file = 1; file <= 300; ++file) {
+        window.inbox.setImportError("The same.");
+        window.inbox.setImportError("File " + std::to_string(file));
+    }
+    EXPECT_EQ(window.view().alerts().size(), 20U) << "one that comes again is told once, and there is an end";
+    EXPECT_EQ(window.view().alerts()[18], "File 18");
+    EXPECT_EQ(window.view().alerts().back(), "282 more messages came. The last one: File 300");
+    EXPECT_EQ(window.state().error, "File 300");
     EXPECT_EQ(window.defaults.values["Corvane.savedPresets.v1"], "[1]");
 }
 
