@@ -48,7 +48,6 @@ CorvaneApp::CorvaneApp()
           product::BundleInfo{CORVANE_SHORT_VERSION, CORVANE_BUILD}}))
 {
     dialogs_.setParent(window_.get());
-    alerts_.setParent(window_.get());
     delegate_.applicationDidFinishLaunching(events_);
 }
 
@@ -68,13 +67,13 @@ void CorvaneApp::open(const std::vector<std::string>& locations)
     if (locations.empty())
         activate();
     else
-        openURLs(locations, XMLInbox::shared(), alerts_, [this] { activate(); });
+        openURLs(locations, XMLInbox::shared(), window_->alerts(), [this] { activate(); });
 }
 
 void CorvaneApp::reveal(const std::string& path)
 {
     if (!showInFileManager(path))
-        alerts_.showAlert("No file manager could be opened.", path);
+        window_->alerts().showAlert("No file manager could be opened.", path);
 }
 
 void CorvaneApp::activate()

@@ -9,7 +9,6 @@
 #include "platform/workspace_services.h"
 #include "session/session_store.h"
 #include "workspace/content_view.h"
-#include "workspace/window/alert_boxes.h"
 #include "workspace/window/busy_sign.h"
 #include "workspace/window/file_dialogs.h"
 #include "workspace/window/main_window.h"
@@ -51,7 +50,6 @@ private:
     NoUpdater updater_;
     BusySignLabel busy_;
     FileDialogs dialogs_;
-    ModalAlerts alerts_;
     AppleEventManager events_;
     CorvaneAppDelegate delegate_;
     ContentView view_;

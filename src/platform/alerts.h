@@ -4,7 +4,7 @@
 
 namespace corvane {
 
-/// Tells the user something that has to be read before work goes on.
+/// Tells the user something that has to be read.
 class Alerts {
 public:
     Alerts() = default;
@@ -12,7 +12,8 @@ public:
     Alerts& operator=(const Alerts&) = delete;
     virtual ~Alerts() = default;
 
-    /// Modal: returns when the user has dismissed it.
+    /// Returns at once. It is shown when those that wait already have been dismissed; one with the same texts as
+    /// another that was not dismissed yet is that one.
     virtual void showAlert(const std::string& message, const std::string& informativeText) = 0;
 };
 

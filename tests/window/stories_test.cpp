@@ -1,4 +1,5 @@
 #include "gui.h"
+#include "intake/share_receiver.h"
 #include "workspace/shot_facts.h"
 #include "workspace/window/drop_view.h"
 #include "workspace/window/help_window.h"
@@ -145,8 +146,14 @@ TEST(Story, RefusalsAreAlertsOneAfterTheOther)
     EXPECT_NE(gui.state().loaded, nullptr);
     gui.account.inbox.setImportError("A second message.");
     EXPECT_EQ(gui.alert(), box) << "the first stays until it is answered";
+    for (int handOver = 0; handOver < 300; ++handOver)
+        openURLs({text}, gui.account.inbox, gui.window().alerts(), [] {});
     QTest::keyClick(box, Qt::Key_Return);
     expectAlert(gui, "A second message.");
+    expectAlert(gui, "Open one Final Cut XML project at a time");
+    EXPECT_EQ(box->informativeText(), "Select one project in Final Cut and share it to Corvane.")
+        << "in the same window";
+    EXPECT_EQ(gui.alert(), nullptr) << "300 times the same";
 }
 
 TEST(DropView, LightsUpForWhatItTakes)

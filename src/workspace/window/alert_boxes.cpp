@@ -2,15 +2,38 @@
 
 #include "workspace/window/qt_text.h"
 
+#include <algorithm>
+
 namespace corvane {
 
 namespace {
 
-constexpr auto readable = Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
+void prepare(QMessageBox& box)
+{
+    box.setWindowTitle("Corvane");
+    box.setIcon(QMessageBox::Warning);
+    box.setStandardButtons(QMessageBox::Ok);
+    box.setTextFormat(Qt::PlainText);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
+void fill(QMessageBox& box, const std::string& message, const std::string& informativeText)
+{
+    box.setText(qt(message));
+    box.setInformativeText(qt(informativeText));
+}
 
 } // namespace
 
 AlertBoxes::AlertBoxes(ContentView& view, QWidget& window) : QObject(&window), view_(view), window_(window) {}
+
+void AlertBoxes::showAlert(const std::string& message, const std::string& informativeText)
+{
+    const Alert alert = {message, informativeText};
+    if (std::ranges::find(others_, alert) == others_.end())
+        others_.push_back(alert);
+    refresh();
+}
 
 /// The box opens once the operation that failed is over.
 void AlertBoxes::refresh()
@@ -20,27 +43,36 @@ void AlertBoxes::refresh()
 
 void AlertBoxes::showNext()
 {
-    if (box_ || view_.alerts().empty())
+    if ((box_ != nullptr && box_->isVisible()) || (view_.alerts().empty() && others_.empty()))
         return;
-    box_ = new QMessageBox(QMessageBox::Warning, "Corvane", qt(view_.alerts().front()), QMessageBox::Ok, &window_);
-    box_->setObjectName("alert");
-    box_->setTextFormat(Qt::PlainText);
-    box_->setTextInteractionFlags(readable);
-    box_->setAttribute(Qt::WA_DeleteOnClose);
-    connect(box_, &QMessageBox::finished, this, [this] {
-        box_ = nullptr;
-        view_.dismissError();
-        refresh();
-    });
+    showsOther_ = view_.alerts().empty();
+    if (box_ == nullptr) {
+        box_ = new QMessageBox(&window_);
+        box_->setObjectName("alert");
+        prepare(*box_);
+        connect(box_, &QMessageBox::finished, this, &AlertBoxes::dismiss);
+    }
+    if (showsOther_)
+        fill(*box_, others_.front().message, others_.front().informativeText);
+    else
+        fill(*box_, view_.alerts().front(), {});
     box_->open();
+}
+
+void AlertBoxes::dismiss()
+{
+    if (showsOther_)
+        others_.pop_front();
+    else
+        view_.dismissError();
+    refresh();
 }
 
 void ModalAlerts::showAlert(const std::string& message, const std::string& informativeText)
 {
-    QMessageBox box(QMessageBox::Warning, "Corvane", qt(message), QMessageBox::Ok, parent_);
-    box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(qt(informativeText));
-    box.setTextInteractionFlags(readable);
+    QMessageBox box;
+    prepare(box);
+    fill(box, message, informativeText);
     box.exec();
 }
 

@@ -44,6 +44,9 @@ public:
     explicit MainWindow(MainWindowServices services);
     ~MainWindow() override;
 
+    /// For what belongs to no work of the controller.
+    Alerts& alerts() { return *alerts_; }
+
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
