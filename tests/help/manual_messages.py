@@ -25,6 +25,8 @@ EXCEPTIONS = {
     "Your first pass. Your rules.": "the line under the title of the help window",
     "Search the manual": "stands in the field above the topics",
     "Search help topics and their contents": "the tip of that field",
+    "Open the included Corvane manual": "the tip of the ? button",
+    "About Corvane, donations and feedback": "the tip of the About button",
     "Return to the previous rough edit and its settings": "the tip of the Back button",
     "Restore the next rough edit and its settings": "the tip of the Forward button",
     "topics · Available offline": "the count of the topics",
@@ -40,7 +42,7 @@ EXCEPTIONS = {
     "The Apple Event data is too large.": "about the bytes of such an answer or question",
 }
 # Calls whose texts stand beside what they explain, or are for who cannot see the window.
-EXPLAINING = re.compile(r"(addHelp|helpLabel|setToolTip|setAccessibleName|setAccessibleDescription)\(tr\($")
+EXPLAINING = re.compile(r"(addHelp|helpLabel|setAccessibleName|setAccessibleDescription)\(tr\($")
 
 TOKEN = re.compile(r'''(?P<blank>\s+|//[^\n]*|\#include[^\n]*|/\*.*?\*/)|R"(?P<mark>[^(]*)\((?P<raw>.*?)\)(?P=mark)"'''
                    r'''|"(?P<text>(?:\\.|[^"\\])*)"|(?P<other>'(?:\\.|[^'\\])*'|\d[\w'.]*|\w+|.)''', re.S)

@@ -52,6 +52,7 @@ CorvaneAboutView::CorvaneAboutView(
     column->addWidget(centred(qt(product::publisher), "heading", this));
     auto* link = centred(
         "<a href=\"" + qt(product::website) + "\">" + qt(product::websiteLink).toHtmlEscaped() + "</a>", "", this);
+    link->setTextFormat(Qt::RichText);
     link->setOpenExternalLinks(true);
     column->addWidget(link);
     column->addWidget(centred(qt(product::contribution), "help", this));

@@ -2,6 +2,7 @@
 
 #include "workspace/window/qt_text.h"
 #include "workspace/window/theme.h"
+#include "workspace/window/tooltips.h"
 
 namespace corvane {
 
@@ -36,7 +37,7 @@ QVariant CutTableModel::data(const QModelIndex& index, int role) const
     if (role == Qt::DisplayRole)
         return text(cut, index.column());
     if (role == Qt::ToolTipRole)
-        return tip(static_cast<std::size_t>(index.row()));
+        return tip(facts(static_cast<std::size_t>(index.row())));
     if (role == Qt::TextAlignmentRole && index.column() == duration)
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
     if (role == Qt::DecorationRole && index.column() == camera) {
@@ -56,7 +57,7 @@ QString CutTableModel::text(const Cut& cut, int column) const
     return look == looks_.end() ? qt(cut.angle) : look->second.label;
 }
 
-QString CutTableModel::tip(std::size_t row) const
+QString CutTableModel::facts(std::size_t row) const
 {
     QString label = text(shown_->cuts[row], camera);
     if (view_.state().preview != shown_)

@@ -33,7 +33,7 @@ private:
     };
 
     [[nodiscard]] QString text(const Cut& cut, int column) const;
-    [[nodiscard]] QString tip(std::size_t row) const;
+    [[nodiscard]] QString facts(std::size_t row) const;
 
     const ContentView& view_;
     SharedRevision shown_;

@@ -5,6 +5,7 @@
 #include "help/topic_page.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/theme.h"
+#include "workspace/window/tooltips.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -113,7 +114,7 @@ QWidget* CorvaneHelpView::makeTopics()
     column->setContentsMargins(4, 0, 0, 0);
     query_ = new QLineEdit(left);
     query_->setPlaceholderText(qt(help_texts::searchPlaceholder));
-    query_->setToolTip(qt(help_texts::searchHelp));
+    setTip(*query_, qt(help_texts::searchHelp));
     query_->setAccessibleName(qt(help_texts::searchPlaceholder));
     query_->setClearButtonEnabled(true);
     count_ = new QLabel(left);
@@ -175,6 +176,7 @@ QWidget* CorvaneHelpView::makeFailure(const std::string& error)
     text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* link = new QLabel(
         "<a href=\"" + qt(product::website) + "\">" + qt(help_texts::visitWebsite).toHtmlEscaped() + "</a>", page);
+    link->setTextFormat(Qt::RichText);
     link->setOpenExternalLinks(true);
     column->addStretch(1);
     for (QLabel* each : {title, text, link})
@@ -198,7 +200,7 @@ void CorvaneHelpView::showTopics()
     for (const CorvaneManual::Section* section : topics.topics) {
         auto* item = new QListWidgetItem(qt(section->title), list_);
         item->setData(Qt::UserRole, qt(section->id));
-        item->setToolTip(qt(section->summary));
+        item->setToolTip(tip(qt(section->summary)));
         if (section == topics.shown)
             list_->setCurrentItem(item);
     }

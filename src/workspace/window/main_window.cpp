@@ -15,6 +15,7 @@
 #include "workspace/window/qt_text.h"
 #include "workspace/window/tab_order.h"
 #include "workspace/window/theme.h"
+#include "workspace/window/tooltips.h"
 
 #include <QDragEnterEvent>
 #include <QHBoxLayout>
@@ -115,9 +116,9 @@ QWidget* MainWindow::makeHeader()
     row->addWidget(busy, 1);
     auto* help = new QPushButton("?", header);
     help->setAccessibleName(tr("Help"));
-    help->setToolTip(tr("Open the included Corvane manual"));
+    setTip(*help, tr("Open the included Corvane manual"));
     auto* about = new QPushButton(tr("About"), header);
-    about->setToolTip(tr("About Corvane, donations and feedback"));
+    setTip(*about, tr("About Corvane, donations and feedback"));
     row->addWidget(help);
     row->addWidget(about);
     connect(open, &QPushButton::clicked, this, [this] { services_.view.chooseProjectFile(); });

@@ -1,6 +1,7 @@
 #include "workspace/window/theme.h"
 
 #include <QFile>
+#include <QLabel>
 #include <QLocale>
 #include <QPainter>
 #include <QPalette>
@@ -41,10 +42,21 @@ QPalette palette()
     return colors;
 }
 
-/// Check boxes with a border that can be seen on dark ground.
+/// Check boxes with a border that can be seen on dark ground, and labels that take no text for markup.
 class DarkStyle : public QProxyStyle {
 public:
     using QProxyStyle::QProxyStyle;
+
+    /// Markup is what a label was told to expect: the toolkit would guess, and load what a name in it names. Tooltips
+    /// alone are left: theirs is escaped where it is set.
+    void polish(QWidget* widget) override
+    {
+        QProxyStyle::polish(widget);
+        auto* label = qobject_cast<QLabel*>(widget);
+        if (label != nullptr && label->textFormat() == Qt::AutoText && !label->inherits("QTipLabel"))
+            label->setTextFormat(Qt::PlainText);
+    }
+    using QProxyStyle::polish;
 
     void drawPrimitive(
         PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override

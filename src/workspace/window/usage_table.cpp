@@ -2,6 +2,7 @@
 
 #include "workspace/window/qt_text.h"
 #include "workspace/window/theme.h"
+#include "workspace/window/tooltips.h"
 
 #include <QPainter>
 
@@ -41,8 +42,8 @@ QVariant UsageTableModel::data(const QModelIndex& index, int role) const
         return text(row, index.column());
     case Qt::ToolTipRole:
         if (index.column() == share && row.camera == mainCamera_)
-            return tr("%1, target %2%").arg(qt(row.share)).arg(target_);
-        return qt(row.label);
+            return tip(tr("%1, target %2%").arg(qt(row.share)).arg(target_));
+        return tip(qt(row.label));
     case Qt::DecorationRole:
         return index.column() == camera ? QVariant(marks_.chip(row.camera)) : QVariant();
     case Qt::TextAlignmentRole:

@@ -1,5 +1,7 @@
 #include "workspace/window/controls/elided_label.h"
 
+#include "workspace/window/tooltips.h"
+
 #include <QEvent>
 #include <QPainter>
 #include <QStyle>
@@ -42,7 +44,7 @@ bool ElidedLabel::event(QEvent* event)
         QString tip = isElided() ? text() : QString();
         if (!facts_.isEmpty())
             tip += (tip.isEmpty() ? "" : "\n") + facts_;
-        setToolTip(tip);
+        setTip(*this, tip);
     }
     return QLabel::event(event);
 }

@@ -2,6 +2,7 @@
 
 #include "workspace/window/controls/scroll_past.h"
 #include "workspace/window/qt_text.h"
+#include "workspace/window/tooltips.h"
 
 #include <QEvent>
 #include <QSignalBlocker>
@@ -31,7 +32,7 @@ void Picker::show(const std::vector<Entry>& entries, const std::string& chosen)
         clear();
         for (const Entry& entry : entries_) {
             addItem(qt(entry.label));
-            setItemData(count() - 1, qt(entry.label), Qt::ToolTipRole);
+            setItemData(count() - 1, tip(qt(entry.label)), Qt::ToolTipRole);
         }
     }
     const auto found = std::ranges::find(entries_, chosen, &Entry::value);
@@ -69,7 +70,7 @@ void Picker::paintEvent(QPaintEvent*)
 bool Picker::event(QEvent* event)
 {
     if (event->type() == QEvent::ToolTip)
-        setToolTip(fontMetrics().horizontalAdvance(currentText()) > widthForText() ? currentText() : QString());
+        setTip(*this, fontMetrics().horizontalAdvance(currentText()) > widthForText() ? currentText() : QString());
     return QComboBox::event(event);
 }
 

@@ -1,6 +1,7 @@
 #include "workspace/window/controls/timecode_field.h"
 
 #include "workspace/window/qt_text.h"
+#include "workspace/window/tooltips.h"
 
 #include <QSignalBlocker>
 #include <QStyle>
@@ -44,8 +45,7 @@ void TimecodeField::mark()
     const auto problem = problem_(utf8(edit_->text()));
     complaint_->setText(qt(problem.value_or("")));
     complaint_->setVisible(problem.has_value());
-    edit_->setToolTip(qt(problem.value_or("")));
-    edit_->setAccessibleDescription(qt(problem.value_or("")));
+    setTip(*edit_, qt(problem.value_or("")));
     if (edit_->property("bad").toBool() == problem.has_value())
         return;
     edit_->setProperty("bad", problem.has_value());

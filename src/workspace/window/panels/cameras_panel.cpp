@@ -3,6 +3,7 @@
 #include "platform/numbers.h"
 #include "workspace/captions.h"
 #include "workspace/window/qt_text.h"
+#include "workspace/window/tooltips.h"
 
 #include <QFormLayout>
 #include <algorithm>
@@ -112,7 +113,7 @@ void CamerasPanel::addCamera(const ImportedAngle& angle)
     rows->setContentsMargins(0, 0, 0, 4);
     camera.included = new QCheckBox(withoutMnemonics(label), camera.holder);
     camera.included->setIcon(marks_.chip(angle.id));
-    camera.included->setToolTip(label);
+    setTip(*camera.included, label);
     camera.included->setMinimumWidth(1); // a long name is cut off at the right edge, not the panel widened
     camera.included->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     camera.wait = new Stepper(utf8(tr("Wait before returning to this camera")), waitSeconds, camera.holder);

@@ -2,6 +2,7 @@
 
 #include "workspace/captions.h"
 #include "workspace/window/qt_text.h"
+#include "workspace/window/tooltips.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -124,7 +125,7 @@ void CutPanel::showButtons()
     const Hints why = hints(view_);
     const auto show = [](QPushButton& button, bool on, const std::optional<std::string>& hint, const char* help = "") {
         button.setEnabled(on);
-        button.setToolTip(qt(hint.value_or(help)));
+        setTip(button, qt(hint.value_or(help)));
     };
     QString primary = qt(primaryButtonText(view_));
     primary.insert(primary.indexOf('g', 0, Qt::CaseInsensitive), '&'); // the same key for both of its texts

@@ -2,6 +2,7 @@
 
 #include "workspace/window/pictures/time_axis.h"
 #include "workspace/window/theme.h"
+#include "workspace/window/tooltips.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -52,7 +53,7 @@ void CoverageBar::paintEvent(QPaintEvent*)
 bool CoverageBar::event(QEvent* event)
 {
     if (event->type() == QEvent::ToolTip)
-        setToolTip(accessibleDescription());
+        setTip(*this, accessibleDescription());
     return QWidget::event(event);
 }
 

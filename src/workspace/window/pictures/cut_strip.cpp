@@ -4,11 +4,11 @@
 #include "workspace/window/pictures/time_axis.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/theme.h"
+#include "workspace/window/tooltips.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QToolTip>
 #include <algorithm>
 
 namespace corvane {
@@ -44,7 +44,7 @@ void CutStrip::show(const CameraMarks& marks)
     setAccessibleDescription(
         tr("%1 cuts on %2 cameras. The table below has the same cuts.").arg(cuts.size()).arg(cameras_.size()));
     if (underMouse())
-        QToolTip::hideText(); // it tells of the edit that was shown before
+        hideTip(); // it tells of the edit that was shown before
     update();
 }
 
@@ -184,7 +184,7 @@ bool CutStrip::event(QEvent* event)
 {
     if (const auto* help = dynamic_cast<QHelpEvent*>(event); help != nullptr && help->type() == QEvent::ToolTip) {
         const auto cut = cutAt(help->pos());
-        QToolTip::showText(help->globalPos(), cut ? facts(*cut) : QString(), this);
+        showTip(help->globalPos(), cut ? facts(*cut) : QString(), *this);
         return true;
     }
     return QWidget::event(event);

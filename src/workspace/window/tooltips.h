@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QPoint>
+#include <QString>
+#include <QWidget>
+
+/// The one way to a tooltip. The toolkit takes a text with "<" in it for markup and loads what that names; here every
+/// text is shown letter by letter.
+namespace corvane {
+
+/// What to give to the toolkit for a text, whose lines "\n" parts: for Qt::ToolTipRole, say.
+[[nodiscard]] QString tip(const QString& text);
+
+/// The tooltip of a widget, which also describes the widget to assistive technology.
+void setTip(QWidget& widget, const QString& text);
+
+/// Shows a tooltip of `over` at a place of the screen; an empty text hides the one that is shown.
+void showTip(const QPoint& place, const QString& text, QWidget& over);
+void hideTip();
+
+} // namespace corvane

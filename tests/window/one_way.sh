@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# one_way.sh SOURCES: a text reaches a place where the toolkit guesses at markup through window/tooltips.h alone, and
+# markup is written where the program shows its own texts.
+set -euo pipefail
+cd "$1"
+failed=0
+# only PATTERN FILES TOLD
+only() {
+    local elsewhere
+    elsewhere=$(grep -rnE "$1" --include='*.cpp' --include='*.h' . | grep -vE "^\./workspace/window/($2)" || true)
+    [ -z "$elsewhere" ] && return
+    echo "$3:" >&2
+    echo "$elsewhere" >&2
+    failed=1
+}
+only '\bQToolTip\b|\bset(ToolTip|StatusTip|WhatsThis)\(' 'tooltips\.(cpp|h):|.*->setToolTip\(tip\(' 'Not through tooltips.h'
+only 'ToolTipRole' 'tooltips\.(cpp|h):|(cut_table_model|usage_table|file_dialogs|controls/picker)\.cpp:' 'Not known to be escaped'
+only 'RichText|Markdown|[sS]etHtml|insertHtml|TextBrowser' 'tooltips\.(cpp|h):|(about|help)_window\.(cpp|h):' 'Markup'
+only 'QMessageBox::(information|question|warning|critical|about)\(|Qt::AutoText' 'theme\.cpp:' 'Guesses at markup'
+exit "$failed"
