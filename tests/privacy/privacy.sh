@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
-# privacy.sh PROGRAM ROUGH_EDIT: opens a document that names files and hosts of all kinds, under strace, and holds every
-# call against what the program has to do: read that one document, keep the session in the user's own folder, with the
-# user's own mask, and say nothing of it anywhere. Ends with 77, which is "skipped", where nothing can be traced.
+# privacy.sh PROGRAM ROUGH_EDIT WINDOW_TESTS: opens a document that names files and hosts of all kinds, under strace, and
+# holds every call against what the program has to do: read that one document, keep the session in the user's own folder,
+# with the user's own mask, and say nothing of it anywhere. Ends with 77, which is "skipped", where nothing can be traced.
 set -euo pipefail
 program=$1
 rough_edit=$2
+window_tests=$3
 source "$(dirname "$0")/../support/strace.sh"
 skip_unless_traceable
 home=$(realpath "$(mktemp -d)")
@@ -64,6 +65,12 @@ for refused in entities parameters; do
     grep -qE 'the entity “&inside;”|the parameter entity “%a;”' "$home/$refused.out" || complain "$refused were not refused."
 done
 
+trace names "$window_tests" --gtest_filter='HostileNames.*' # each name names a file, and each place is looked at
+
+grep -q PASSED "$home/names.out" || complain "The window was not looked at with hostile names."
+if grep 'secret\.png' "$home/names.trace" | grep -vE 'O_WRONLY|unlink'; then
+    complain "A file that a name in a document names was looked for (above)."
+fi
 [ -s "$session" ] || complain "The window did not keep the session: nothing was looked at."
 [ "$(find "$home/exports" -name '*.fcpxml' | wc -l)" = 1 ] || complain "The headless job wrote no export."
 for name in window headless entities parameters; do

@@ -154,6 +154,11 @@ TEST(Story, RefusalsAreAlertsOneAfterTheOther)
     EXPECT_EQ(box->informativeText(), "Select one project in Final Cut and share it to Corvane.")
         << "in the same window";
     EXPECT_EQ(gui.alert(), nullptr) << "300 times the same";
+
+    const std::string huge = "First. " + std::string(9'000'000, 'x') + "\nLast.";
+    gui.account.inbox.setImportError(huge);
+    EXPECT_EQ(gui.alert()->text(), "First. " + QString(292, 'x') + "…" + QString(294, 'x') + "↵Last.");
+    EXPECT_EQ(gui.state().error, huge);
 }
 
 TEST(DropView, LightsUpForWhatItTakes)

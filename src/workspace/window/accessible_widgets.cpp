@@ -5,6 +5,8 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QLabel>
+#include <QMessageBox>
 #include <QPointer>
 #include <map>
 #include <memory>
@@ -31,7 +33,7 @@ public:
     [[nodiscard]] int indexOfChild(const QAccessibleInterface*) const override { return -1; }
     [[nodiscard]] QString text(QAccessible::Text kind) const override
     {
-        return kind == QAccessible::Name && isValid() ? picker_->itemText(position_) : QString();
+        return kind == QAccessible::Name && isValid() ? picker_->labelAt(position_) : QString();
     }
     void setText(QAccessible::Text, const QString&) override {}
     [[nodiscard]] QRect rect() const override
@@ -144,9 +146,26 @@ public:
 
 private:
     [[nodiscard]] Picker& picker() const { return *qobject_cast<Picker*>(object()); } // it was made for one
-    [[nodiscard]] QString chosen() const { return picker().currentText(); }
+    [[nodiscard]] QString chosen() const { return picker().labelAt(picker().currentIndex()); }
 
     mutable std::map<int, QAccessible::Id> entries_;
+};
+
+/// The toolkit's own tells the texts as they are drawn.
+class AccessibleAlert : public QAccessibleWidget {
+public:
+    explicit AccessibleAlert(QMessageBox& box) : QAccessibleWidget(&box, QAccessible::AlertMessage) {}
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override
+    {
+        const char* const label = kind == QAccessible::Value  ? "qt_msgbox_label"
+                                  : kind == QAccessible::Help ? "qt_msgbox_informativelabel"
+                                                              : nullptr;
+        if (label == nullptr)
+            return QAccessibleWidget::text(kind);
+        const auto* found = widget()->findChild<QLabel*>(label);
+        return found != nullptr ? found->accessibleName() : QString();
+    }
 };
 
 QAccessibleInterface* makeAccessible(const QString&, QObject* object)
@@ -155,6 +174,8 @@ QAccessibleInterface* makeAccessible(const QString&, QObject* object)
         return new AccessiblePicker(*picker);
     if (auto* panel = qobject_cast<Panel*>(object))
         return new QAccessibleWidget(panel, QAccessible::Grouping);
+    if (auto* box = qobject_cast<QMessageBox*>(object); box != nullptr && box->objectName() == "alert")
+        return new AccessibleAlert(*box);
     auto* widget = qobject_cast<QWidget*>(object);
     if (widget != nullptr && widget->property("picture").toBool())
         return new QAccessibleWidget(widget, QAccessible::Graphic);

@@ -1,6 +1,7 @@
 #include "workspace/window/alert_boxes.h"
 
 #include "workspace/window/qt_text.h"
+#include "workspace/window/shown_text.h"
 
 #include <algorithm>
 
@@ -19,8 +20,14 @@ void prepare(QMessageBox& box)
 
 void fill(QMessageBox& box, const std::string& message, const std::string& informativeText)
 {
-    box.setText(qt(message));
-    box.setInformativeText(qt(informativeText));
+    box.setText(shown(message));
+    box.setInformativeText(shown(informativeText));
+    const auto speak = [&box](const char* labelName, const std::string& text) { // what the box itself has no way for
+        if (auto* label = box.findChild<QLabel*>(labelName))
+            showMessage(*label, text);
+    };
+    speak("qt_msgbox_label", message);
+    speak("qt_msgbox_informativelabel", informativeText);
 }
 
 } // namespace

@@ -14,8 +14,10 @@ void CutTableModel::show(const CameraMarks& marks)
     shown_ = view_.state().preview;
     asked_ = editMarks(view_);
     looks_.clear();
-    for (const ImportedAngle& angle : view_.videoAngles())
-        looks_.emplace(angle.id, Look{qt(view_.angleLabel(angle.id)), marks.chip(angle.id)});
+    for (const ImportedAngle& angle : view_.videoAngles()) {
+        const std::string label = view_.angleLabel(angle.id);
+        looks_.emplace(angle.id, Look{shown(label), qt(label), marks.chip(angle.id)});
+    }
     endResetModel();
 }
 
@@ -38,13 +40,19 @@ QVariant CutTableModel::data(const QModelIndex& index, int role) const
         return text(cut, index.column());
     if (role == Qt::ToolTipRole)
         return tip(facts(static_cast<std::size_t>(index.row())));
+    if (role == Qt::AccessibleTextRole && index.column() == camera)
+        return lookOf(cut).spoken;
     if (role == Qt::TextAlignmentRole && index.column() == duration)
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
-    if (role == Qt::DecorationRole && index.column() == camera) {
-        const auto look = looks_.find(cut.angle);
-        return look == looks_.end() ? QVariant() : QVariant(look->second.chip);
-    }
+    if (role == Qt::DecorationRole && index.column() == camera)
+        return lookOf(cut).chip;
     return {};
+}
+
+CutTableModel::Look CutTableModel::lookOf(const Cut& cut) const
+{
+    const auto look = looks_.find(cut.angle);
+    return look == looks_.end() ? Look{shown(cut.angle), qt(cut.angle), {}} : look->second;
 }
 
 QString CutTableModel::text(const Cut& cut, int column) const
@@ -53,8 +61,7 @@ QString CutTableModel::text(const Cut& cut, int column) const
         return qt(startLabel(view_, cut));
     if (column == duration)
         return qt(durationLabel(view_, cut, theme::decimalSign()));
-    const auto look = looks_.find(cut.angle);
-    return look == looks_.end() ? qt(cut.angle) : look->second.label;
+    return lookOf(cut).label;
 }
 
 QString CutTableModel::facts(std::size_t row) const

@@ -26,12 +26,14 @@ public:
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    /// How a camera is written in each of its rows.
+    /// How a camera is written in each of its rows, and how it is read aloud.
     struct Look {
         QString label;
+        QString spoken;
         QIcon chip;
     };
 
+    [[nodiscard]] Look lookOf(const Cut& cut) const;
     [[nodiscard]] QString text(const Cut& cut, int column) const;
     [[nodiscard]] QString facts(std::size_t row) const;
 

@@ -4,6 +4,7 @@
 #include "help/product.h"
 #include "help/topic_page.h"
 #include "workspace/window/qt_text.h"
+#include "workspace/window/shown_text.h"
 #include "workspace/window/theme.h"
 #include "workspace/window/tooltips.h"
 
@@ -171,7 +172,8 @@ QWidget* CorvaneHelpView::makeFailure(const std::string& error)
     auto* column = new QVBoxLayout(page);
     auto* title = new QLabel(qt(help_texts::notOpened), page);
     title->setProperty("role", "title");
-    auto* text = new QLabel(qt(error), page);
+    auto* text = new QLabel(page);
+    showMessage(*text, error);
     text->setWordWrap(true);
     text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* link = new QLabel(

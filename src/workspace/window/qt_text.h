@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/text.h"
+
 #include <QString>
 #include <string>
 #include <string_view>
@@ -14,6 +16,12 @@ namespace corvane {
 [[nodiscard]] inline std::string utf8(const QString& text)
 {
     return text.toStdString();
+}
+
+/// What is drawn of a text that comes from outside, such as a name.
+[[nodiscard]] inline QString shown(std::string_view text)
+{
+    return qt(shownText(text));
 }
 
 } // namespace corvane

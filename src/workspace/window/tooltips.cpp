@@ -1,20 +1,42 @@
 #include "workspace/window/tooltips.h"
 
+#include "workspace/window/qt_text.h"
+
 #include <QToolTip>
 
 namespace corvane {
+
+namespace {
+
+/// Without a description, assistive technology would read the tooltip's markup.
+void setTip(QWidget& widget, const QString& drawn, const QString& spoken)
+{
+    widget.setToolTip(tip(drawn));
+    if (widget.accessibleDescription() != spoken)
+        widget.setAccessibleDescription(spoken);
+}
+
+} // namespace
 
 QString tip(const QString& text)
 {
     return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
 }
 
-/// Without a description, assistive technology would read the tooltip's markup.
 void setTip(QWidget& widget, const QString& text)
 {
-    widget.setToolTip(tip(text));
-    if (widget.accessibleDescription() != text)
-        widget.setAccessibleDescription(text);
+    setTip(widget, text, text);
+}
+
+void setTip(QWidget& widget, const std::vector<std::string>& lines)
+{
+    QStringList drawn;
+    QStringList spoken;
+    for (const std::string& line : lines) {
+        drawn << shown(line);
+        spoken << qt(line);
+    }
+    setTip(widget, drawn.join("\n"), spoken.join("\n"));
 }
 
 void showTip(const QPoint& place, const QString& text, QWidget& over)

@@ -43,7 +43,9 @@ QVariant UsageTableModel::data(const QModelIndex& index, int role) const
     case Qt::ToolTipRole:
         if (index.column() == share && row.camera == mainCamera_)
             return tip(tr("%1, target %2%").arg(qt(row.share)).arg(target_));
-        return tip(qt(row.label));
+        return tip(shown(row.label));
+    case Qt::AccessibleTextRole:
+        return index.column() == camera ? QVariant(qt(row.label)) : QVariant();
     case Qt::DecorationRole:
         return index.column() == camera ? QVariant(marks_.chip(row.camera)) : QVariant();
     case Qt::TextAlignmentRole:
@@ -63,7 +65,7 @@ QString UsageTableModel::text(const UsageRow& row, int column)
 {
     switch (column) {
     case camera:
-        return qt(row.label);
+        return shown(row.label);
     case screenTime:
         return qt(row.screenTime);
     case share:

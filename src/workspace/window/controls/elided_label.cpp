@@ -1,5 +1,6 @@
 #include "workspace/window/controls/elided_label.h"
 
+#include "workspace/window/qt_text.h"
 #include "workspace/window/tooltips.h"
 
 #include <QEvent>
@@ -14,9 +15,9 @@ ElidedLabel::ElidedLabel(const QString& text, QWidget* parent) : QLabel(text, pa
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
-void ElidedLabel::setFacts(const QString& facts)
+void ElidedLabel::setFacts(std::vector<std::string> lines)
 {
-    facts_ = facts;
+    facts_ = std::move(lines);
 }
 
 bool ElidedLabel::isElided() const
@@ -41,10 +42,15 @@ QSize ElidedLabel::minimumSizeHint() const
 bool ElidedLabel::event(QEvent* event)
 {
     if (event->type() == QEvent::ToolTip) {
-        QString tip = isElided() ? text() : QString();
-        if (!facts_.isEmpty())
-            tip += (tip.isEmpty() ? "" : "\n") + facts_;
-        setTip(*this, tip);
+        std::vector<std::string> lines = facts_;
+        constexpr std::size_t most = 40; // that a screen holds
+        if (lines.size() > most) {
+            lines.resize(most);
+            lines.emplace_back("…");
+        }
+        if (isElided())
+            lines.insert(lines.begin(), utf8(accessibleName().isEmpty() ? text() : accessibleName()));
+        setTip(*this, lines);
     }
     return QLabel::event(event);
 }

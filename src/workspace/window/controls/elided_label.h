@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QLabel>
+#include <string>
+#include <vector>
 
 namespace corvane {
 
@@ -10,8 +12,8 @@ class ElidedLabel : public QLabel {
 public:
     explicit ElidedLabel(const QString& text = {}, QWidget* parent = nullptr);
 
-    /// What the tooltip says beside the text, also while that fits.
-    void setFacts(const QString& facts);
+    /// What the tooltip says below the text, line by line, also while that fits.
+    void setFacts(std::vector<std::string> lines);
     [[nodiscard]] bool isElided() const;
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -24,7 +26,7 @@ protected:
 private:
     [[nodiscard]] QString shownText(int width) const;
 
-    QString facts_;
+    std::vector<std::string> facts_;
 };
 
 } // namespace corvane

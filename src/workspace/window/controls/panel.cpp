@@ -39,6 +39,7 @@ QLabel* helpLabel(const QString& text, QWidget* parent)
     auto* label = new QLabel(text, parent);
     label->setTextFormat(Qt::PlainText); // names of people's own stand in it
     label->setWordWrap(true);
+    label->setMinimumWidth(1); // a word of any length is cut off, the panel not widened
     label->setProperty("role", "help");
     return label;
 }

@@ -31,8 +31,10 @@ void Picker::show(const std::vector<Entry>& entries, const std::string& chosen)
         entries_ = entries;
         clear();
         for (const Entry& entry : entries_) {
-            addItem(qt(entry.label));
-            setItemData(count() - 1, tip(qt(entry.label)), Qt::ToolTipRole);
+            const QString label = shown(entry.label);
+            addItem(label);
+            setItemData(count() - 1, tip(label), Qt::ToolTipRole);
+            setItemData(count() - 1, qt(entry.label), Qt::AccessibleTextRole);
         }
     }
     const auto found = std::ranges::find(entries_, chosen, &Entry::value);
@@ -47,6 +49,12 @@ void Picker::choose(int position)
         return;
     setCurrentIndex(position);
     emit activated(position);
+}
+
+QString Picker::labelAt(int position) const
+{
+    const auto at = static_cast<std::size_t>(position);
+    return position >= 0 && at < entries_.size() ? qt(entries_[at].label) : QString();
 }
 
 int Picker::widthForText() const
@@ -70,7 +78,10 @@ void Picker::paintEvent(QPaintEvent*)
 bool Picker::event(QEvent* event)
 {
     if (event->type() == QEvent::ToolTip)
-        setTip(*this, fontMetrics().horizontalAdvance(currentText()) > widthForText() ? currentText() : QString());
+        setTip(
+            *this, fontMetrics().horizontalAdvance(currentText()) > widthForText()
+                       ? std::vector{utf8(labelAt(currentIndex()))}
+                       : std::vector<std::string>());
     return QComboBox::event(event);
 }
 

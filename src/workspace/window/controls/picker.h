@@ -24,6 +24,9 @@ public:
     /// Chooses as a person does.
     void choose(int position);
 
+    /// The label of an entry as it was given; empty for none.
+    [[nodiscard]] QString labelAt(int position) const;
+
 signals:
     void picked(const std::string& value);
 

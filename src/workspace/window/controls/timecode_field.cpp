@@ -1,6 +1,7 @@
 #include "workspace/window/controls/timecode_field.h"
 
 #include "workspace/window/qt_text.h"
+#include "workspace/window/shown_text.h"
 #include "workspace/window/tooltips.h"
 
 #include <QSignalBlocker>
@@ -43,9 +44,9 @@ void TimecodeField::show(const std::string& text)
 void TimecodeField::mark()
 {
     const auto problem = problem_(utf8(edit_->text()));
-    complaint_->setText(qt(problem.value_or("")));
+    showMessage(*complaint_, problem.value_or(""));
     complaint_->setVisible(problem.has_value());
-    setTip(*edit_, qt(problem.value_or("")));
+    setTip(*edit_, std::vector{problem.value_or("")});
     if (edit_->property("bad").toBool() == problem.has_value())
         return;
     edit_->setProperty("bad", problem.has_value());

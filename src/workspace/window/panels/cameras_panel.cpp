@@ -3,6 +3,7 @@
 #include "platform/numbers.h"
 #include "workspace/captions.h"
 #include "workspace/window/qt_text.h"
+#include "workspace/window/shown_text.h"
 #include "workspace/window/tooltips.h"
 
 #include <QFormLayout>
@@ -21,12 +22,6 @@ double valueOr(const Map& map, const std::string& id, double absent)
 {
     const auto found = map.find(id);
     return found == map.end() ? absent : found->second;
-}
-
-/// Toolkits take "&" in a button's text for the mark of its shortcut.
-QString withoutMnemonics(QString text)
-{
-    return text.replace("&", "&&");
 }
 
 } // namespace
@@ -105,19 +100,20 @@ void CamerasPanel::build()
 
 void CamerasPanel::addCamera(const ImportedAngle& angle)
 {
-    const QString label = qt(view_.angleLabel(angle.id));
+    const std::string label = view_.angleLabel(angle.id);
     Camera camera{};
     camera.id = angle.id;
     camera.holder = new QWidget(this);
     auto* rows = new QVBoxLayout(camera.holder);
     rows->setContentsMargins(0, 0, 0, 4);
-    camera.included = new QCheckBox(withoutMnemonics(label), camera.holder);
+    camera.included = new QCheckBox(camera.holder);
+    showText(*camera.included, label);
     camera.included->setIcon(marks_.chip(angle.id));
-    setTip(*camera.included, label);
+    setTip(*camera.included, std::vector{label});
     camera.included->setMinimumWidth(1); // a long name is cut off at the right edge, not the panel widened
     camera.included->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     camera.wait = new Stepper(utf8(tr("Wait before returning to this camera")), waitSeconds, camera.holder);
-    camera.wait->box().setAccessibleDescription(label);
+    camera.wait->box().setAccessibleDescription(qt(label));
     rows->addWidget(camera.included);
     rows->addWidget(camera.wait);
     cameraRows_->addWidget(camera.holder);
@@ -136,7 +132,7 @@ void CamerasPanel::addCamera(const ImportedAngle& angle)
     cameras_.push_back(camera);
 }
 
-void CamerasPanel::addFrequency(Camera& camera, const QString& label)
+void CamerasPanel::addFrequency(Camera& camera, const std::string& label)
 {
     camera.frequencyHolder = new QWidget(this);
     auto* rows = new QVBoxLayout(camera.frequencyHolder);
@@ -145,9 +141,10 @@ void CamerasPanel::addFrequency(Camera& camera, const QString& label)
     camera.weight = new QLabel(camera.frequencyHolder);
     camera.percent = helpLabel({}, camera.frequencyHolder);
     camera.percent->setWordWrap(false);
-    auto* name = new ElidedLabel(tr("Frequency for %1").arg(label), camera.frequencyHolder);
+    auto* name = new ElidedLabel({}, camera.frequencyHolder);
     name->setBuddy(camera.frequency);
-    camera.frequency->setAccessibleName(name->text());
+    showText(*name, utf8(tr("Frequency for ")) + label);
+    camera.frequency->setAccessibleName(name->accessibleName());
     auto* line = new QHBoxLayout;
     line->addWidget(camera.weight);
     line->addWidget(camera.frequency, 1);

@@ -34,7 +34,7 @@ private:
 
     void build();
     void addCamera(const ImportedAngle& angle);
-    void addFrequency(Camera& camera, const QString& label);
+    void addFrequency(Camera& camera, const std::string& label);
     void showCamera(const Camera& camera);
 
     CameraMarks marks_;

@@ -2,6 +2,7 @@
 
 #include "workspace/captions.h"
 #include "workspace/window/qt_text.h"
+#include "workspace/window/shown_text.h"
 #include "workspace/window/theme.h"
 
 namespace corvane {
@@ -38,7 +39,7 @@ void CoveragePanel::refresh(const Changes& changes)
     showUse();
     showGaps();
     const auto warning = setupWarning(view_, theme::decimalSign());
-    warning_->setText(qt(warning.value_or("")));
+    showMessage(*warning_, warning.value_or(""));
     warning_->setVisible(warning.has_value());
 }
 
@@ -56,25 +57,26 @@ void CoveragePanel::build()
     if (!loaded)
         return;
     grid_->addWidget(new QLabel(tr("Project"), rowsHolder_), 0, 0);
-    auto* project = new ElidedLabel(qt(projectLine(view_, theme::decimalSign())), rowsHolder_);
+    auto* project = new ElidedLabel({}, rowsHolder_);
+    showText(*project, projectLine(view_, theme::decimalSign()));
     grid_->addWidget(project, 0, 1);
     auto* axis = new TimeAxis(rowsHolder_);
     axis->show(loaded->engine);
     grid_->addWidget(axis, 1, 1);
     for (const ImportedAngle& angle : view_.videoAngles()) {
         Row row = addRow(angle.id);
-        row.label->setFacts(qt(angleFacts(angle)));
+        row.label->setFacts({angleFacts(angle)});
         videoRows_.push_back(row);
     }
     audio_ = addRow("");
     gaps_ = addRow("");
     gaps_.label->setText(tr("Selected video gaps"));
     const auto& missing = loaded->imported.missingLocations;
-    QStringList names;
+    std::string line = utf8(tr("Media without a location: "));
     for (const std::string& name : missing)
-        names << qt(name);
-    missing_->setText(tr("Media without a location: %1").arg(names.join(", ")));
-    missing_->setFacts(names.join("\n"));
+        line += (&name == &missing.front() ? "" : ", ") + name;
+    showText(*missing_, line);
+    missing_->setFacts(missing);
     missing_->setVisible(!missing.empty());
 }
 
@@ -94,8 +96,9 @@ void CoveragePanel::showUse()
     const CutEngine& engine = view_.state().loaded->engine;
     for (const Row& row : videoRows_) {
         const bool used = isInUse(view_, row.camera);
-        row.label->setText(qt(coverageLabel(view_, row.camera)));
-        row.bar->setAccessibleName(row.label->text()); // a label's own name for its buddy would lose every "&"
+        const std::string label = coverageLabel(view_, row.camera);
+        showText(*row.label, label);
+        setSpokenName(*row.bar, label); // a label's own for its buddy would lose every "&"
         row.label->setEnabled(used);
         const CameraMark& mark = marks_.of(row.camera);
         const auto& stretches = engine.stretches(row.camera);
@@ -104,7 +107,9 @@ void CoveragePanel::showUse()
              qt(stretchesInWords(engine, stretches))});
     }
     const std::string& audio = settings().audio;
-    audio_.label->setText(tr("Audio: %1").arg(audio.empty() ? QString() : qt(view_.angleLabel(audio))));
+    const std::string label = utf8(tr("Audio: ")) + (audio.empty() ? "" : view_.angleLabel(audio));
+    showText(*audio_.label, label);
+    setSpokenName(*audio_.bar, label);
     const auto& sound = engine.audioStretches(audio);
     audio_.bar->show({engine.length, sound, theme::mutedBeige, {}, qt(stretchesInWords(engine, sound))});
 }

@@ -2,6 +2,7 @@
 
 #include "workspace/captions.h"
 #include "workspace/window/qt_text.h"
+#include "workspace/window/shown_text.h"
 #include "workspace/window/tooltips.h"
 
 #include <QHBoxLayout>
@@ -36,8 +37,8 @@ void CutPanel::arrange()
     carryOver_->setProperty("role", "help");
     saveError_->setProperty("role", "warning");
     for (QLabel* line : {status_, saveError_}) {
-        line->setTextFormat(Qt::PlainText);
         line->setWordWrap(true);
+        line->setMinimumWidth(1); // as helpLabel
         line->setTextInteractionFlags(Qt::TextSelectableByMouse);
     }
     empty_->setAlignment(Qt::AlignCenter);
@@ -98,7 +99,7 @@ void CutPanel::refresh(const Changes& changes)
         marks_ = CameraMarks(view_);
         const auto& loaded = view_.state().loaded;
         const auto line = loaded ? carryOverLine(loaded->engine) : std::nullopt;
-        carryOver_->setText(qt(line.value_or("")));
+        showText(*carryOver_, line.value_or(""));
         carryOver_->setVisible(line.has_value());
     }
     if (has(changes, Changed::loaded) || has(changes, Changed::cuts))
@@ -139,8 +140,7 @@ void CutPanel::showButtons()
 void CutPanel::showTexts()
 {
     const auto show = [](QLabel& label, const std::optional<std::string>& text) {
-        if (label.text() != qt(text.value_or("")))
-            label.setText(qt(text.value_or("")));
+        showMessage(label, text.value_or(""));
         label.setVisible(text && !text->empty());
     };
     show(*summary_, summaryLine(view_));

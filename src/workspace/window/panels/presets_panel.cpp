@@ -2,6 +2,7 @@
 
 #include "workspace/captions.h"
 #include "workspace/window/qt_text.h"
+#include "workspace/window/shown_text.h"
 
 #include <QHBoxLayout>
 
@@ -54,7 +55,7 @@ void PresetsPanel::refresh(const Changes& changes)
     saveAs_->setEnabled(enabled.saveAs);
     update_->setEnabled(enabled.update);
     delete_->setEnabled(enabled.deletePreset);
-    notice_->setText(qt(view_.state().presetNotice));
+    showMessage(*notice_, view_.state().presetNotice);
     notice_->setVisible(!view_.state().presetNotice.empty());
 }
 

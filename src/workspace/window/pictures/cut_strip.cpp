@@ -81,7 +81,7 @@ std::optional<std::size_t> CutStrip::cutAt(const QPoint& place) const
 QString CutStrip::facts(std::size_t position) const
 {
     const Cut& cut = view_.state().cuts()[position];
-    QString text = qt(startLabel(view_, cut)) + "\n" + qt(view_.angleLabel(cut.angle)) + "\n" +
+    QString text = qt(startLabel(view_, cut)) + "\n" + shown(view_.angleLabel(cut.angle)) + "\n" +
                    tr("%1 sec").arg(qt(durationLabel(view_, cut, theme::decimalSign())));
     if (const auto reason = shotEndReason(view_, asked_, position))
         text += "\n" + qt(*reason);

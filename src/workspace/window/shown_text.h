@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <string_view>
+
+/// Texts from outside on widgets: drawn with marks for what cannot be seen, never taken for markup or for the key of a
+/// control, and told to assistive technology as they are.
+namespace corvane {
+
+/// A name, or a line with names in it. A label gets its buddy first.
+void showText(QLabel& label, std::string_view text);
+void showText(QAbstractButton& button, std::string_view text);
+
+/// A sentence; also what is told of it has no more characters than are drawn.
+void showMessage(QLabel& label, std::string_view message);
+
+/// As a name, where a widget draws something else.
+void setSpokenName(QWidget& widget, std::string_view name);
+
+} // namespace corvane
