@@ -62,5 +62,35 @@ TEST(Accessibility, NamesFollowTheTextsThatChange)
     EXPECT_EQ(QAccessible::queryAccessibleInterface(generate)->text(QAccessible::Name), "Shuffle rough edit");
 }
 
+TEST(Accessibility, TextThatIsPutIntoAFieldIsTaken)
+{
+    Gui gui(threeCameras);
+    gui.click("Add section");
+    const auto put = [](QWidget* field, const QString& text) {
+        QAccessibleInterface* control = QAccessible::queryAccessibleInterface(field);
+        control->editableTextInterface()->replaceText(0, control->textInterface()->characterCount(), text);
+    };
+    const SectionDraft& section = gui.settings().sections[0];
+    put(gui.window().focusWidget(), "Prayer\n\u202E");
+    EXPECT_EQ(section.name, "Prayer\n\u202E");
+    put(gui.labelled<QLineEdit>("Start"), "00:00:01:00");
+    EXPECT_EQ(section.start, "00:00:01:00");
+    put(gui.labelled<QLineEdit>("End"), "later");
+    EXPECT_EQ(section.end, "later");
+    auto* minimum = gui.labelled<QAbstractSpinBox>("Minimum: 10 sec");
+    for (const char* text : {"33", "many"}) {
+        put(minimum, text);
+        EXPECT_EQ(gui.settings().mainMinimum, 33);
+        EXPECT_EQ(minimum->text(), "33");
+    }
+    gui.click("Save as…");
+    QWidget* sheet = QApplication::activeModalWidget();
+    put(sheet->findChild<QLineEdit*>(), "Sermon");
+    QTest::mouseClick(gui.withText<>("Save", sheet), Qt::LeftButton);
+    EXPECT_EQ(gui.view().storedPresets().at(0).name, "Sermon");
+    gui.click("Save as…");
+    EXPECT_EQ(gui.state().presetName, "") << "what the program shows is no entry";
+}
+
 } // namespace
 } // namespace corvane

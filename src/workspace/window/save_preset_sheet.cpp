@@ -5,6 +5,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 namespace corvane {
@@ -33,7 +34,7 @@ SavePresetSheet::SavePresetSheet(ContentView& view, QWidget* parent)
     column->addLayout(buttons);
     connect(cancel, &QPushButton::clicked, this, &SavePresetSheet::reject);
     connect(save_, &QPushButton::clicked, this, [this] { view_.savePreset(ContentView::PresetSave::asNew); });
-    connect(name_, &QLineEdit::textEdited, this, [this](const QString& text) {
+    connect(name_, &QLineEdit::textChanged, this, [this](const QString& text) { // typed, or put there for a person
         view_.edit([name = utf8(text)](WorkspaceState& state) { state.presetName = name; });
     });
 }
@@ -43,8 +44,10 @@ void SavePresetSheet::refresh(const Changes& changes)
     const WorkspaceState& state = view_.state();
     if (isVisible() && changes.test(static_cast<std::size_t>(Changed::loaded)))
         reject();
-    if (utf8(name_->text()) != state.presetName)
+    if (utf8(name_->text()) != state.presetName) {
+        const QSignalBlocker blocker(name_);
         name_->setText(qt(state.presetName));
+    }
     save_->setEnabled(enabling(view_).save);
     if (state.showSavePreset == isVisible())
         return;

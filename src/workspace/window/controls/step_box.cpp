@@ -10,6 +10,7 @@
 #include <QSignalBlocker>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace corvane {
 
@@ -24,6 +25,12 @@ StepBox::StepBox(Range range, QWidget* parent) : QDoubleSpinBox(parent), step_(r
     lineEdit()->setAcceptDrops(false); // files are for the window
     letScrollingPass(*this);
     connect(this, &QDoubleSpinBox::valueChanged, this, &StepBox::settle);
+    // What is typed counts when the field is left; what assistive technology puts there counts at once.
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { typing_ = true; });
+    connect(lineEdit(), &QLineEdit::textChanged, this, [this] {
+        if (!std::exchange(typing_, false))
+            interpretText();
+    });
 }
 
 void StepBox::show(double value)

@@ -36,6 +36,7 @@ private:
     void settle(double value);
 
     int step_;
+    bool typing_ = false; ///< the change of the text that is just told was typed
 };
 
 } // namespace corvane

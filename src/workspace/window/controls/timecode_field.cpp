@@ -26,7 +26,8 @@ TimecodeField::TimecodeField(const QString& label, Problem problem, QWidget* par
     complaint_->setWordWrap(true);
     complaint_->setProperty("role", "complaint");
     complaint_->hide();
-    connect(edit_, &QLineEdit::textEdited, this, [this](const QString& text) {
+    // Also what assistive technology puts there; what the program shows is put there with the signals blocked.
+    connect(edit_, &QLineEdit::textChanged, this, [this](const QString& text) {
         mark();
         emit typed(utf8(text));
     });

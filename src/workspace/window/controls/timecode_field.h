@@ -25,6 +25,7 @@ public:
     [[nodiscard]] QLineEdit& edit() { return *edit_; }
 
 signals:
+    /// A person, or what assists one, has changed the text.
     void typed(const std::string& text);
 
 private:

@@ -99,9 +99,10 @@ SectionsPanel::Row SectionsPanel::makeRow(const SectionDraft& draft)
 void SectionsPanel::connectRow(const Row& row)
 {
     const Identifier id = row.id;
-    connect(row.name, &QLineEdit::textEdited, this, [this, id](const QString& text) {
-        editDraft(id, [name = utf8(text)](SectionDraft& draft) { draft.name = name; });
-    });
+    connect(
+        row.name, &QLineEdit::textChanged, this, [this, id](const QString& text) { // typed, or put there for a person
+            editDraft(id, [name = utf8(text)](SectionDraft& draft) { draft.name = name; });
+        });
     connect(row.camera, &Picker::picked, this, [this, id](const std::string& camera) {
         editDraft(id, [camera](SectionDraft& draft) { draft.camera = camera; });
     });
