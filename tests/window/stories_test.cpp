@@ -316,14 +316,5 @@ TEST(About, LeadsToTheManualAndCloses)
     EXPECT_TRUE(gui.state().showingHelp);
 }
 
-TEST(MainWindow, RemembersItsPlace)
-{
-    Gui gui;
-    gui.window().resize(780, 760); // the offscreen screen has 800 by 800
-    gui.window().close();
-    Gui again("", gui.account.defaults);
-    EXPECT_EQ(again.window().size(), QSize(780, 760));
-}
-
 } // namespace
 } // namespace corvane

@@ -16,6 +16,7 @@
 #include "workspace/window/tab_order.h"
 #include "workspace/window/theme.h"
 #include "workspace/window/tooltips.h"
+#include "workspace/window/window_place.h"
 
 #include <QDragEnterEvent>
 #include <QHBoxLayout>
@@ -164,7 +165,10 @@ void MainWindow::showLoadedPage()
 {
     pages_->addWidget(makeLoadedPage());
     try {
-        split_->restoreState(QByteArray::fromStdString(services_.defaults.value(splitKey)));
+        const QByteArray saved = QByteArray::fromStdString(services_.defaults.value(splitKey));
+        const QList<int> widths = savedWidths(saved, split_->count());
+        if (!widths.isEmpty())
+            split_->setSizes(widths);
     } catch (const PlatformError&) {
         // The usual widths will do.
     }
@@ -329,15 +333,40 @@ void MainWindow::resizeEvent(QResizeEvent* event)
 {
     QMainWindow::resizeEvent(event);
     dropOutline_->setGeometry(rect());
+    const QSize before = event->oldSize();
+    if ((width() > before.width() && width() == minimumWidth()) ||
+        (height() > before.height() && height() == minimumHeight()))
+        stayOnScreen();
+}
+
+/// What the window shows has made it larger than it was put on the screen.
+void MainWindow::stayOnScreen()
+{
+    const QList<QRect> screens = usableScreens();
+    if (screens.isEmpty() || isMaximized() || isFullScreen())
+        return;
+    const QMargins frame = windowHandle() == nullptr ? QMargins() : windowHandle()->frameMargins();
+    const QRect place = placeOnScreen(geometry(), frame, minimumSize(), screens);
+    if (place != geometry())
+        setGeometry(place);
 }
 
 void MainWindow::restorePlace()
 {
+    QByteArray saved;
     try {
-        restoreGeometry(QByteArray::fromStdString(services_.defaults.value(geometryKey)));
+        saved = QByteArray::fromStdString(services_.defaults.value(geometryKey));
     } catch (const PlatformError&) {
-        return; // a window of the usual size is no loss
+        saved = "unreadable"; // a window of the usual size is no loss
     }
+    const QList<QRect> screens = usableScreens();
+    if (saved.isEmpty() || screens.isEmpty())
+        return;
+    const auto restore = [&](const QByteArray& place) {
+        return restoreGeometry(placeWithinScreens(place, minimumSizeHint(), screens));
+    };
+    if (!restore(saved))
+        restore(saveGeometry());
 }
 
 void MainWindow::keepPlace()

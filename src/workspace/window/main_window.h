@@ -70,6 +70,7 @@ private:
     void showSheet(QDialog*& sheet, bool WorkspaceState::* showing, const std::function<QDialog*()>& make);
     void setDropTargeted(bool targeted);
     void restorePlace();
+    void stayOnScreen();
     void keepPlace();
 
     MainWindowServices services_;

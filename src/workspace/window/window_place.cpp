@@ -1,0 +1,128 @@
+#include "workspace/window/window_place.h"
+
+#include <QDataStream>
+#include <QGuiApplication>
+#include <QIODevice>
+#include <QScreen>
+#include <algorithm>
+
+namespace corvane {
+
+namespace {
+
+constexpr quint32 placeMagic = 0x1D9D0CB; // as the toolkit begins what it saves
+constexpr quint16 placeVersion = 3;
+constexpr int widthsMagic = 0xff;
+const QMargins usualFrame = {8, 40, 8, 8};
+
+/// A rectangle of any four numbers, with room for arithmetic.
+QRect tame(const QRect& rect)
+{
+    const auto within = [](int coordinate) {
+        constexpr int far = 1 << 20;
+        return std::clamp(coordinate, -far, far);
+    };
+    const QPoint corner(within(rect.left()), within(rect.top()));
+    return {corner, QPoint(std::max(within(rect.right()), corner.x()), std::max(within(rect.bottom()), corner.y()))};
+}
+
+/// What stands around a window, where the saved rectangles tell it. The toolkit keeps room for a title of 20 pixels.
+QMargins frameAround(const QRect& inner, const QRect& outer)
+{
+    const QMargins frame(
+        inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
+        outer.bottom() - inner.bottom());
+    constexpr int most = 100;
+    for (const int width : {frame.left(), frame.top(), frame.right(), frame.bottom()}) {
+        if (width < 0 || width > most)
+            return usualFrame;
+    }
+    return frame | QMargins(0, 20, 0, 0);
+}
+
+int distance(const QRect& a, const QRect& b)
+{
+    return (a.center() - b.center()).manhattanLength();
+}
+
+int overlap(const QRect& a, const QRect& b)
+{
+    const QRect both = a & b;
+    return both.width() * both.height(); // no screen is larger than an int counts
+}
+
+} // namespace
+
+QRect placeOnScreen(const QRect& inner, const QMargins& frame, const QSize& smallest, const QList<QRect>& screens)
+{
+    const QRect outer = inner.marginsAdded(frame);
+    const bool large = inner.width() >= smallest.width() && inner.height() >= smallest.height();
+    if (large && std::ranges::any_of(screens, [&outer](const QRect& screen) { return screen.contains(outer); }))
+        return inner;
+    // What does not fit may have been saved wrong, and its frame with it.
+    const QMargins room = frame | usualFrame;
+    const QRect wanted = QRect(inner.topLeft(), inner.size().expandedTo(smallest)).marginsAdded(room);
+    const QRect screen = *std::ranges::max_element(screens, [&wanted](const QRect& a, const QRect& b) {
+        const int shownOfA = overlap(wanted, a);
+        const int shownOfB = overlap(wanted, b);
+        return shownOfA != shownOfB ? shownOfA < shownOfB : distance(wanted, a) > distance(wanted, b);
+    });
+    const QSize size = wanted.size().boundedTo(screen.size());
+    const int left = std::clamp(wanted.left(), screen.left(), screen.right() + 1 - size.width());
+    const int top = std::clamp(wanted.top(), screen.top(), screen.bottom() + 1 - size.height());
+    return QRect(QPoint(left, top), size).marginsRemoved(room);
+}
+
+QByteArray placeWithinScreens(const QByteArray& saved, const QSize& smallest, const QList<QRect>& screens)
+{
+    QDataStream in(saved);
+    in.setVersion(QDataStream::Qt_4_0); // as the toolkit does
+    quint32 magic = 0;
+    quint16 major = 0, minor = 0;
+    QRect outer, normal, inner;
+    qint32 screen = 0, screenWidth = 0;
+    quint8 maximized = 0, fullScreen = 0;
+    in >> magic >> major >> minor >> outer >> normal >> screen >> maximized >> fullScreen >> screenWidth >> inner;
+    if (in.status() != QDataStream::Ok || magic != placeMagic || major != placeVersion)
+        return {};
+    constexpr quint8 yes = 1; // any other number is damage, and nobody finds the way out of a full screen
+    maximized = maximized == yes ? yes : 0;
+    fullScreen = fullScreen == yes ? yes : 0;
+    const QMargins frame = frameAround(tame(inner), tame(outer));
+    inner = placeOnScreen(tame(inner), frame, smallest, screens);
+    normal = placeOnScreen(tame(normal), frame, smallest, screens);
+    QByteArray place;
+    QDataStream out(&place, QIODevice::WriteOnly);
+    out.setVersion(QDataStream::Qt_4_0);
+    out << magic << major << minor << inner.marginsAdded(frame) << normal << screen << maximized << fullScreen
+        << screenWidth << inner;
+    return place;
+}
+
+QList<QRect> usableScreens()
+{
+    QList<QRect> screens;
+    for (const QScreen* screen : QGuiApplication::screens())
+        screens << screen->availableGeometry();
+    return screens;
+}
+
+QList<int> savedWidths(const QByteArray& saved, int count)
+{
+    QDataStream in(saved);
+    qint32 magic = 0, version = 0;
+    quint32 size = 0;
+    in >> magic >> version >> size;
+    if (in.status() != QDataStream::Ok || magic != widthsMagic || size != static_cast<quint32>(count))
+        return {};
+    QList<int> widths;
+    for (int i = 0; i < count; ++i) {
+        qint32 width = 0;
+        in >> width;
+        constexpr int widest = 1 << 15;
+        widths << std::clamp(width, 0, widest);
+    }
+    return in.status() == QDataStream::Ok ? widths : QList<int>();
+}
+
+} // namespace corvane

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QMargins>
+#include <QRect>
+
+/// Where the window and its parts were. What is read comes from a file: a wrong byte must not put the window where
+/// nobody sees it.
+namespace corvane {
+
+/// The place of a window without its frame: the one given where some screen shows it with the frame as a whole,
+/// otherwise one near it on the screen that shows most of it, with room for any usual frame. `smallest` is the window's
+/// own bound; `screens` are the rectangles that windows may use, at least one.
+[[nodiscard]] QRect placeOnScreen(
+    const QRect& inner, const QMargins& frame, const QSize& smallest, const QList<QRect>& screens);
+
+/// What QWidget::saveGeometry has saved, with every place in it brought onto a screen. Empty when it cannot be read.
+[[nodiscard]] QByteArray placeWithinScreens(
+    const QByteArray& saved, const QSize& smallest, const QList<QRect>& screens);
+
+/// What windows may use of each screen.
+[[nodiscard]] QList<QRect> usableScreens();
+
+/// The widths that QSplitter::saveState has saved, and nothing else of it; none when they cannot be read or are not
+/// `count` widths.
+[[nodiscard]] QList<int> savedWidths(const QByteArray& saved, int count);
+
+} // namespace corvane
