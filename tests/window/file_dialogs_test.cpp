@@ -1,13 +1,19 @@
 #include "gui.h"
+#include "support/opened_files.h"
 #include "workspace/window/file_dialogs.h"
 
 #include <gtest/gtest.h>
 
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QHelpEvent>
 #include <QLineEdit>
+#include <QListView>
 #include <QPushButton>
+#include <QStyledItemDelegate>
 #include <QTimer>
+#include <QToolTip>
 #include <filesystem>
 #include <fstream>
 
@@ -19,7 +25,9 @@ using namespace test;
 /// Types the name into the open chooser and presses its button; an empty name is Escape. Remembers where it opened.
 class Person {
 public:
-    explicit Person(QString name) : name_(std::move(name))
+    using Look = std::function<void(QFileDialog&)>;
+
+    explicit Person(QString name, Look look = [](QFileDialog&) {}) : name_(std::move(name)), look_(std::move(look))
     {
         QTimer::singleShot(0, &timer_, [this] { answer(); });
     }
@@ -33,6 +41,7 @@ private:
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr);
         openedAt = dialog->directory().absolutePath();
+        look_(*dialog);
         if (name_.isEmpty()) {
             QTest::keyClick(dialog, Qt::Key_Escape);
             return;
@@ -48,6 +57,7 @@ private:
     }
 
     QString name_;
+    Look look_;
     QObject timer_;
 };
 
@@ -95,6 +105,40 @@ TEST(FileDialogs, ProposeTheFolderBesideTheSourceForTheFirstExportOnly)
     Person person("");
     EXPECT_EQ(dialogs.chooseFolder("Export", "Choose.", scratch.file("source")), std::nullopt);
     EXPECT_EQ(utf8(person.openedAt), scratch.file("exports"));
+}
+
+TEST(FileDialogs, OpenNoFileToShowItAndDrawNamesWithMarks)
+{
+    const ScratchFolder scratch;
+    const std::string folder = scratch.file("<b>folder");
+    std::filesystem::create_directories(folder + "/\u202Ex\ny");
+    for (const char* name : {"page.fcpxml", "unknown", "picture.png"})
+        std::ofstream(folder + "/" + name) << "<html>";
+    MemoryDefaults defaults;
+    FileDialogs dialogs(defaults);
+    OpenedFiles opened(folder);
+    const auto look = [](QFileDialog& dialog) {
+        auto* list = dialog.findChild<QListView*>("listView");
+        ASSERT_TRUE(QTest::qWaitFor([list] { return list->model()->rowCount(list->rootIndex()) > 0; }));
+        const QVariant name = list->model()->index(0, 0, list->rootIndex()).data();
+        EXPECT_EQ(dynamic_cast<QStyledItemDelegate&>(*list->itemDelegate()).displayText(name, {}), "⇇x↵y");
+        dialog.setSidebarUrls({QUrl::fromLocalFile(dialog.directory().path())});
+        auto* places = dialog.findChild<QListView*>("sidebar");
+        QHelpEvent event(QEvent::ToolTip, places->visualRect(places->model()->index(0, 0)).center(), QPoint(1, 1));
+        QApplication::sendEvent(places->viewport(), &event);
+        EXPECT_TRUE(QToolTip::text().contains("&lt;b&gt;folder")) << utf8(QToolTip::text());
+    };
+    const auto before = std::filesystem::current_path();
+    for (const std::string& start : {before.string(), folder}) { // where the chooser begins before it is told
+        std::filesystem::current_path(start);
+        Person exporter("", look);
+        EXPECT_EQ(dialogs.chooseFolder("Export", "Choose.", folder), std::nullopt);
+        defaults.values["Corvane.window.lastImportFolder"] = folder;
+        Person importer("", look);
+        EXPECT_EQ(dialogs.chooseProject("Choose."), std::nullopt);
+    }
+    std::filesystem::current_path(before);
+    EXPECT_EQ(opened.names(), "");
 }
 
 } // namespace

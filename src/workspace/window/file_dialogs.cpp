@@ -2,11 +2,16 @@
 
 #include "platform/error.h"
 #include "workspace/window/qt_text.h"
+#include "workspace/window/tooltips.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QCompleter>
 #include <QDir>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QLabel>
+#include <QStyledItemDelegate>
 
 namespace corvane {
 
@@ -19,6 +24,16 @@ bool isBundle(const QFileInfo& file)
 {
     return file.isDir() && file.suffix().compare("fcpxmld", Qt::CaseInsensitive) == 0;
 }
+
+/// Draws the names of files.
+class ShownNames : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    [[nodiscard]] QString displayText(const QVariant& value, const QLocale& locale) const override
+    {
+        return shown(utf8(QStyledItemDelegate::displayText(value, locale)));
+    }
+};
 
 /// Whoever looks into a bundle and chooses the XML inside means the bundle.
 QString bundleOrFile(const QString& chosen)
@@ -49,6 +64,7 @@ void ProjectFileDialog::accept()
 std::optional<std::string> FileDialogs::chooseProject(const std::string& message)
 {
     ProjectFileDialog dialog(parent_);
+    prepare(dialog);
     dialog.setDirectory(lastFolder(importFolderKey, ""));
     const auto chosen = ask(dialog, message);
     if (!chosen)
@@ -62,7 +78,7 @@ std::optional<std::string> FileDialogs::chooseFolder(
     const std::string& prompt, const std::string& message, const std::string& firstFolder)
 {
     QFileDialog dialog(parent_);
-    dialog.setOption(QFileDialog::DontUseNativeDialog); // it shows the message, too
+    prepare(dialog);
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     dialog.setLabelText(QFileDialog::Accept, qt(prompt));
@@ -71,6 +87,22 @@ std::optional<std::string> FileDialogs::chooseFolder(
     if (chosen)
         remember(exportFolderKey, QFile::decodeName(chosen->c_str()));
     return chosen;
+}
+
+void FileDialogs::prepare(QFileDialog& dialog)
+{
+    dialog.setOption(QFileDialog::DontUseNativeDialog); // it shows the message, too
+    dialog.setIconProvider(&icons_);                    // before it goes on with the folder that it began with
+    auto* names = new ShownNames(&dialog);
+    dialog.setItemDelegate(names);
+    for (QAbstractItemView* list : dialog.findChildren<QAbstractItemView*>())
+        escapeItemTips(*list);
+    for (const QCompleter* completer : dialog.findChildren<QCompleter*>())
+        completer->popup()->setItemDelegate(names);
+    for (QComboBox* folders : dialog.findChildren<QComboBox*>()) {
+        folders->setItemDelegate(names);
+        escapeItemTips(*folders->view());
+    }
 }
 
 std::optional<std::string> FileDialogs::ask(QFileDialog& dialog, const std::string& message)

@@ -2,6 +2,7 @@
 
 #include "platform/dialogs.h"
 #include "platform/user_defaults.h"
+#include "workspace/window/name_icons.h"
 
 #include <QFileDialog>
 #include <QPointer>
@@ -22,11 +23,13 @@ public:
         const std::string& prompt, const std::string& message, const std::string& firstFolder) override;
 
 private:
+    void prepare(QFileDialog& dialog);
     [[nodiscard]] std::optional<std::string> ask(QFileDialog& dialog, const std::string& message);
     [[nodiscard]] QString lastFolder(const std::string& key, const std::string& otherwise) const;
     void remember(const std::string& key, const QString& folder);
 
     UserDefaults& defaults_;
+    NameIcons icons_;
     QPointer<QWidget> parent_;
 };
 

@@ -1,5 +1,7 @@
 #include "workspace/window/theme.h"
 
+#include "workspace/window/qt_text.h"
+
 #include <QFile>
 #include <QLabel>
 #include <QLocale>
@@ -57,6 +59,20 @@ public:
             label->setTextFormat(Qt::PlainText);
     }
     using QProxyStyle::polish;
+
+    /// The choosers' box of folders draws a path as it is.
+    void drawControl(
+        ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override
+    {
+        const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+        if (element != CE_ComboBoxLabel || box == nullptr) {
+            QProxyStyle::drawControl(element, option, painter, widget);
+            return;
+        }
+        QStyleOptionComboBox marked = *box;
+        marked.currentText = shown(utf8(box->currentText));
+        QProxyStyle::drawControl(element, &marked, painter, widget);
+    }
 
     void drawPrimitive(
         PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override

@@ -2,11 +2,33 @@
 
 #include "workspace/window/qt_text.h"
 
+#include <QHelpEvent>
 #include <QToolTip>
 
 namespace corvane {
 
 namespace {
+
+class ItemTips : public QObject {
+public:
+    explicit ItemTips(QAbstractItemView& list) : QObject(&list), list_(list)
+    {
+        list.viewport()->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        const auto* help = event->type() == QEvent::ToolTip ? dynamic_cast<QHelpEvent*>(event) : nullptr;
+        if (help == nullptr)
+            return false;
+        const QModelIndex item = list_.indexAt(help->pos());
+        showTip(help->globalPos(), item.data(Qt::ToolTipRole).toString(), *list_.viewport());
+        return true;
+    }
+
+private:
+    QAbstractItemView& list_;
+};
 
 /// Without a description, assistive technology would read the tooltip's markup.
 void setTip(QWidget& widget, const QString& drawn, const QString& spoken)
@@ -47,6 +69,11 @@ void showTip(const QPoint& place, const QString& text, QWidget& over)
 void hideTip()
 {
     QToolTip::hideText();
+}
+
+void escapeItemTips(QAbstractItemView& list)
+{
+    new ItemTips(list); // which the list owns
 }
 
 } // namespace corvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractItemView>
 #include <QPoint>
 #include <QString>
 #include <QWidget>
@@ -21,5 +22,8 @@ void setTip(QWidget& widget, const std::vector<std::string>& lines);
 /// Shows a tooltip of `over` at a place of the screen; an empty text hides the one that is shown.
 void showTip(const QPoint& place, const QString& text, QWidget& over);
 void hideTip();
+
+/// The same for a list of the toolkit's own, whose items have tooltips that the program does not set.
+void escapeItemTips(QAbstractItemView& list);
 
 } // namespace corvane
