@@ -26,6 +26,7 @@ TEST(WindowPlace, StaysWhereItIsOnAScreenAndIsBroughtOntoOneOtherwise)
     EXPECT_EQ(place({1800, 30, 600, 500}), QRect(1928, 40, 600, 500)) << "on the one that shows most of it";
     EXPECT_EQ(place({-5000, 300, 600, 500}), QRect(8, 300, 600, 500));
     EXPECT_EQ(place({0, 0, 32767, 32767}), QRect(8, 40, 1904, 1032)) << "with room for a title";
+    EXPECT_EQ(place({0, 0, 1900, 1040}), QRect(8, 30, 1900, 1040)) << "no smaller than it must be";
     EXPECT_EQ(place({500, 1070, 1, 1}), QRect(500, 872, 300, 200));
     QWidget untitled;
     untitled.setGeometry(0, 0, 1920, 1080); // without a frame: but the toolkit leaves room for a title

@@ -40,6 +40,29 @@ QMargins frameAround(const QRect& inner, const QRect& outer)
     return frame | QMargins(0, 20, 0, 0);
 }
 
+struct Side {
+    int start;
+    int length;
+};
+struct Borders {
+    int before;
+    int after;
+};
+
+/// One side of a window on the same side of a screen. It gets room for any usual frame, where the screen has it: what
+/// does not fit may have been saved wrong, and its frame with it.
+Side within(const Side& inner, const Side& screen, const Borders& frame, const Borders& usual)
+{
+    Borders room = {std::max(frame.before, usual.before), std::max(frame.after, usual.after)};
+    if (inner.length + room.before + room.after > screen.length &&
+        inner.length + frame.before + frame.after <= screen.length)
+        room = frame;
+    const int length = std::clamp(screen.length - room.before - room.after, 1, inner.length);
+    const int first = screen.start + room.before;
+    const int last = screen.start + screen.length - room.after - length;
+    return {std::clamp(inner.start, first, std::max(first, last)), length};
+}
+
 int distance(const QRect& a, const QRect& b)
 {
     return (a.center() - b.center()).manhattanLength();
@@ -59,18 +82,19 @@ QRect placeOnScreen(const QRect& inner, const QMargins& frame, const QSize& smal
     const bool large = inner.width() >= smallest.width() && inner.height() >= smallest.height();
     if (large && std::ranges::any_of(screens, [&outer](const QRect& screen) { return screen.contains(outer); }))
         return inner;
-    // What does not fit may have been saved wrong, and its frame with it.
-    const QMargins room = frame | usualFrame;
-    const QRect wanted = QRect(inner.topLeft(), inner.size().expandedTo(smallest)).marginsAdded(room);
+    const QRect wanted(inner.topLeft(), inner.size().expandedTo(smallest));
     const QRect screen = *std::ranges::max_element(screens, [&wanted](const QRect& a, const QRect& b) {
         const int shownOfA = overlap(wanted, a);
         const int shownOfB = overlap(wanted, b);
         return shownOfA != shownOfB ? shownOfA < shownOfB : distance(wanted, a) > distance(wanted, b);
     });
-    const QSize size = wanted.size().boundedTo(screen.size());
-    const int left = std::clamp(wanted.left(), screen.left(), screen.right() + 1 - size.width());
-    const int top = std::clamp(wanted.top(), screen.top(), screen.bottom() + 1 - size.height());
-    return QRect(QPoint(left, top), size).marginsRemoved(room);
+    const Side across = within(
+        {wanted.left(), wanted.width()}, {screen.left(), screen.width()}, {frame.left(), frame.right()},
+        {usualFrame.left(), usualFrame.right()});
+    const Side down = within(
+        {wanted.top(), wanted.height()}, {screen.top(), screen.height()}, {frame.top(), frame.bottom()},
+        {usualFrame.top(), usualFrame.bottom()});
+    return {across.start, down.start, across.length, down.length};
 }
 
 QByteArray placeWithinScreens(const QByteArray& saved, const QSize& smallest, const QList<QRect>& screens)
