@@ -39,8 +39,9 @@ ProjectFileContent readProjectFile(const std::string& location, SecurityScope& s
     if (!kind)
         return {.bytes = {}, .error = std::string(chooseProjectFileText)};
     const std::string path(withoutFinalSlashes(location));
+    const std::string file = *kind == ProjectFileKind::bundle ? pathIn(path, "Info.fcpxml") : path;
     try {
-        return {.bytes = readFile(*kind == ProjectFileKind::bundle ? pathIn(path, "Info.fcpxml") : path), .error = {}};
+        return {.bytes = readFile(file, largestProject), .error = {}};
     } catch (const PlatformError& failure) {
         return {.bytes = {}, .error = failure.what()};
     }

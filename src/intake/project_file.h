@@ -2,11 +2,15 @@
 
 #include "platform/security_scope.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace corvane {
+
+/// The most bytes that the XML of a project may have.
+constexpr std::uint64_t largestProject = std::uint64_t{256} << 20U;
 
 /// What every road for files says to a wrong extension.
 constexpr std::string_view chooseProjectFileText = "Choose a .fcpxml file or .fcpxmld bundle.";
@@ -28,7 +32,8 @@ struct ProjectFileContent {
 };
 
 /// Reads the file, or the bundle's "Info.fcpxml", within security-scoped access to `location`. What cannot be read is
-/// told in the file system's words; whether the bytes are a project is not looked at.
+/// told in the file system's words, or the program's where it knows better; whether the bytes are a project is not
+/// looked at.
 [[nodiscard]] ProjectFileContent readProjectFile(
     const std::string& location, SecurityScope& scope = SecurityScope::system());
 

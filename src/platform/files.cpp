@@ -1,6 +1,6 @@
 #include "platform/files.h"
 
-#include "platform/error.h"
+#include "platform/file_errors.h"
 #include "platform/identifier.h"
 #include "platform/numbers.h"
 
@@ -14,8 +14,6 @@
 #include <filesystem>
 #include <iterator>
 #include <limits>
-#include <new>
-#include <stdexcept>
 #include <system_error>
 #include <vector>
 
@@ -23,20 +21,7 @@ namespace corvane {
 
 namespace {
 
-[[noreturn]] void fail(std::string_view what, std::string_view path, int error)
-{
-    throw PlatformError(
-        std::string(what) + " " + std::string(lastComponent(path)) + ": " + std::generic_category().message(error) +
-        ".");
-}
-
-std::string folderOf(const std::string& path)
-{
-    const std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos)
-        return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
-}
+constexpr std::string_view cannotWrite = "Cannot write";
 
 bool isFolder(const std::string& path)
 {
@@ -93,29 +78,6 @@ int writeAndSync(FileCalls& calls, int file, std::span<const std::string_view> p
         dropWritten(rest, static_cast<std::size_t>(written));
     }
     return calls.sync(file) == 0 ? 0 : errno;
-}
-
-/// 0, or the error. Throws where there is not enough memory.
-int readAll(int file, std::string& bytes)
-{
-    struct stat facts{};
-    if (::fstat(file, &facts) == 0 && S_ISREG(facts.st_mode))
-        bytes.reserve(static_cast<std::size_t>(facts.st_size) + 1);
-    std::size_t length = 0;
-    for (;;) {
-        constexpr std::size_t atLeast = std::size_t{1} << 16;
-        bytes.resize(std::max(bytes.capacity(), length + atLeast));
-        const ssize_t some = ::read(file, bytes.data() + length, bytes.size() - length);
-        if (some < 0 && errno == EINTR)
-            continue;
-        if (some < 0)
-            return errno;
-        if (some == 0)
-            break;
-        length += static_cast<std::size_t>(some);
-    }
-    bytes.resize(length);
-    return 0;
 }
 
 /// 0, or the error. File systems that cannot sync a folder say EINVAL; there is nothing more to do on them.
@@ -208,25 +170,6 @@ int putInPlace(FileCalls& calls, const std::string& temporary, const std::string
 
 } // namespace
 
-std::string readFile(const std::string& path)
-{
-    const OpenFile file(FileCalls::system(), path, O_RDONLY);
-    if (!file.isOpen())
-        fail("Cannot read", path, errno);
-    std::string bytes;
-    int error = 0;
-    try {
-        error = readAll(file.number(), bytes);
-    } catch (const std::bad_alloc&) { // to the user a file that is too large is one that cannot be read
-        error = ENOMEM;
-    } catch (const std::length_error&) {
-        error = ENOMEM;
-    }
-    if (error != 0)
-        fail("Cannot read", path, error);
-    return bytes;
-}
-
 bool somethingNamed(const std::string& path)
 {
     struct stat facts{};
@@ -249,17 +192,23 @@ void writeNewFile(const std::string& path, std::string_view bytes, FileCalls& ca
             calls.unlink(path);
     }
     if (error != 0)
-        fail("Cannot write", path, error);
+        refuseFile(cannotWrite, path, error);
 }
 
 void replaceFile(const std::string& path, std::span<const std::string_view> parts, FileCalls& calls)
 {
-    const std::string temporary = temporaryName(path);
+    if (const auto reason = brokenLink(path))
+        refuseFile(cannotWrite, path, *reason);
+    struct stat facts{};
+    if (const auto reason = ::stat(path.c_str(), &facts) == 0 ? specialFile(facts.st_mode) : std::nullopt)
+        refuseFile(cannotWrite, path, *reason);
+    const std::string target = followedLinks(path);
+    const std::string temporary = temporaryName(target);
     int error = writeWhole(calls, temporary, parts);
     if (error == 0)
-        error = putInPlace(calls, temporary, path);
+        error = putInPlace(calls, temporary, target);
     if (error != 0)
-        fail("Cannot write", path, error);
+        refuseFile(cannotWrite, path, error);
 }
 
 void removeAbandonedFiles(const std::string& folder)
@@ -294,9 +243,20 @@ void makeFolders(const std::string& path, FileCalls& calls)
         if (isFolder(folder) || calls.makeFolder(folder) == 0)
             continue;
         const int error = errno;
-        if (error != EEXIST || !isFolder(folder)) // another process may have made it meanwhile
-            fail("Cannot make", folder, error);
+        if (error == EEXIST && isFolder(folder)) // another process has made it meanwhile
+            continue;
+        if (const auto reason = brokenLink(folder))
+            refuseFile("Cannot make", folder, *reason);
+        refuseFile("Cannot make", folder, error);
     } while (end < path.size());
+}
+
+std::string folderOf(const std::string& path)
+{
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos)
+        return ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
 }
 
 std::string pathIn(const std::string& folder, std::string_view name)

@@ -40,8 +40,13 @@ public:
     [[nodiscard]] static FileCalls& system();
 };
 
-/// The whole file. Fails with PlatformError, also when there is not enough memory for it.
-[[nodiscard]] std::string readFile(const std::string& path);
+/// What readFile takes of a file whose kind has no limit of its own, in bytes.
+constexpr std::uint64_t largestFile = std::uint64_t{512} << 20U;
+
+/// The whole file as large as it is at the moment, a link's target for a link. Only a regular file of at most `most`
+/// bytes is read, and nothing is ever waited for: pipes, sockets and devices are refused without being opened. Fails
+/// with PlatformError, also when there is not enough memory.
+[[nodiscard]] std::string readFile(const std::string& path, std::uint64_t most = largestFile);
 
 /// True when a file, a folder or a link (also one that leads nowhere) has this name.
 [[nodiscard]] bool somethingNamed(const std::string& path);
@@ -54,12 +59,19 @@ public:
 void writeNewFile(const std::string& path, std::string_view bytes, FileCalls& calls = FileCalls::system());
 
 /// Replaces the file, or makes it, with the parts one after the other. A reader sees the old file or the new one,
-/// whole. Fails with PlatformError and then leaves the old file byte for byte and nothing beside it.
+/// whole. A link stays: the file that it leads to is replaced. Fails with PlatformError, also for a link to nothing and
+/// for what is no file, and then leaves the old file byte for byte and nothing beside it.
 void replaceFile(
     const std::string& path, std::span<const std::string_view> parts, FileCalls& calls = FileCalls::system());
 
 /// Takes away what replaceFile left in the folder when its process was killed.
 void removeAbandonedFiles(const std::string& folder);
+
+/// Where a link leads in the end; the path itself for anything else, and for a link that leads to nothing.
+[[nodiscard]] std::string followedLinks(const std::string& path);
+
+/// The folder in which the path's last component stands.
+[[nodiscard]] std::string folderOf(const std::string& path);
 
 /// Tells one state of a file from every other: a write by anyone changes it.
 struct FileStamp {

@@ -18,7 +18,7 @@ std::string FileUserDefaults::usualFolder()
 std::string FileUserDefaults::value(const std::string& key) const
 {
     const std::string path = pathIn(folder_, key);
-    return somethingNamed(path) ? readFile(path) : std::string();
+    return somethingNamed(path) ? readFile(path, largestDefault) : std::string();
 }
 
 void FileUserDefaults::setValue(const std::string& key, std::string_view bytes)

@@ -2,10 +2,14 @@
 
 #include "platform/files.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace corvane {
+
+/// The most bytes that are stored under one key.
+constexpr std::uint64_t largestDefault = std::uint64_t{16} << 20U;
 
 /// The user's own settings of this program: bytes by key.
 class UserDefaults {
@@ -15,7 +19,8 @@ public:
     UserDefaults& operator=(const UserDefaults&) = delete;
     virtual ~UserDefaults() = default;
 
-    /// Empty for an absent key. Fails with PlatformError when what is stored cannot be read.
+    /// Empty for an absent key. Fails with PlatformError when what is stored cannot be read, or is larger than
+    /// largestDefault.
     [[nodiscard]] virtual std::string value(const std::string& key) const = 0;
     /// Fails with PlatformError and then keeps the old value.
     virtual void setValue(const std::string& key, std::string_view bytes) = 0;

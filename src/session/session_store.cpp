@@ -21,14 +21,23 @@ std::optional<std::string> SessionStore::read()
 {
     const std::string path = sessionFileURL();
     removeAbandonedFiles(folder_());
+    if (const std::string target = followedLinks(path); target != path)
+        removeAbandonedFiles(folderOf(target));
     read_ = stampOf(path);
     if (!somethingNamed(path))
         return std::nullopt;
-    return readFile(path);
+    return readFile(path, largestSession);
 }
 
 void SessionStore::write(std::span<const std::string_view> parts)
 {
+    std::uint64_t size = 0;
+    for (const std::string_view part : parts)
+        size += part.size();
+    if (size > largestSession)
+        throw PlatformError(
+            "Cannot write session-v1.json: it would be larger than " + std::to_string(largestSession >> 20U) +
+            " MB, which is the most that can be read again.");
     const std::string path = sessionFileURL();
     const auto stored = stampOf(path);
     if (stored && stored != own_)
@@ -86,10 +95,11 @@ std::string SessionStore::keepAside(const std::string& path)
     std::string kept = freeName();
     std::string bytes;
     try {
-        bytes = readFile(path);
+        bytes = readFile(path, largestSession);
     } catch (const PlatformError&) {
-        // It cannot be copied, but it can take another name. A folder is nobody's session and stays.
-        if (std::filesystem::is_directory(path) || calls_.renameToNew(path, kept) != 0)
+        // It cannot be copied, but it can take another name. A folder is nobody's session and stays, as does a link.
+        if (std::filesystem::is_directory(path) || std::filesystem::is_symlink(path) ||
+            calls_.renameToNew(path, kept) != 0)
             throw;
         return kept;
     }

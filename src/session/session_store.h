@@ -2,6 +2,7 @@
 
 #include "platform/files.h"
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <span>
@@ -9,6 +10,9 @@
 #include <string_view>
 
 namespace corvane {
+
+/// The most bytes that a session file may have.
+constexpr std::uint64_t largestSession = std::uint64_t{512} << 20U;
 
 /// The session file of this user account and what must not be lost beside it. A file that this store neither wrote
 /// nor handed to the window last (it could not be restored, was never read, or another process replaced it) is copied
@@ -28,7 +32,8 @@ public:
     /// The stored file holds what is nowhere else: saving copies it aside first.
     void disown() { own_.reset(); }
 
-    /// Replaces the file by the parts. Fails with PlatformError; the old file then stays.
+    /// Replaces the file by the parts. Fails with PlatformError, also for more than could be read again; the old file
+    /// then stays.
     void write(std::span<const std::string_view> parts);
 
     /// The session that an import replaced, kept as "session-v1 (previous).json" in place of an earlier one.

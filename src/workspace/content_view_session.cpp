@@ -107,7 +107,7 @@ void ContentView::reopenPreviousSession()
                 fail("There is no previous project to reopen.");
                 return;
             }
-            const std::string bytes = readFile(services_.sessions.previousFileURL());
+            const std::string bytes = readFile(services_.sessions.previousFileURL(), largestSession);
             StoredSession session = readSession(bytes);
             if (state.loaded) {
                 services_.sessions.write(encoder_.encode(state.settings, state.history));

@@ -83,9 +83,9 @@ TEST(ReadProjectFile, SaysWhenThereIsNotEnoughMemory)
     const test::ScratchFolder scratch;
     const std::string location = scratch.file("huge.fcpxml");
     std::ofstream(location).put(' ');
-    std::filesystem::resize_file(location, std::uintmax_t{8} << 30U); // without a block on the disk
+    std::filesystem::resize_file(location, largestProject); // without a block on the disk
     const pid_t child = test::startChild([&] {
-        const rlimit limit = {rlim_t{2} << 30U, rlim_t{2} << 30U};
+        const rlimit limit = {largestProject, largestProject};
         ::setrlimit(RLIMIT_AS, &limit);
         ScopeLog scope;
         scope.grants = true;

@@ -6,8 +6,10 @@
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <csignal>
+#include <map>
 #include <random>
 
 namespace corvane {
@@ -108,6 +110,79 @@ TEST(AbandonedFiles, GoWhenTheirProcessIsGone)
     writeNewFile(folder.file(prefix + std::to_string(gone) + "-a"), "");
     removeAbandonedFiles(folder.path());
     EXPECT_EQ(folder.names(), others);
+}
+
+/// A folder with one of everything that is no file of its own, and links to them.
+struct Oddities : ScratchFolder {
+    Oddities()
+    {
+        ::mkfifo(file("pipe").c_str(), 0600);
+        std::filesystem::create_directory(file("folder"));
+        writeNewFile(file("real"), "old");
+        for (const auto& [name, target] : std::map<std::string, std::string>{
+                 {"device", "/dev/zero"},
+                 {"gone", "none/x"},
+                 {"circle", "circle"},
+                 {"link", "folder/link"},
+                 {"folder/link", "../real"},
+                 {"to folder", "folder"},
+                 {"to pipe", "pipe"}})
+            std::filesystem::create_symlink(target, file(name));
+    }
+};
+
+const std::map<std::string, std::string> oddityReasons = {
+    {"pipe", "it is a named pipe and not a file"},
+    {"to pipe", "it is a named pipe and not a file"},
+    {"device", "it is a device and not a file"},
+    {"gone", "it is a link to none/x, and nothing is there"},
+    {"circle", "it is a link to circle, and leads back to itself"},
+    {"folder", "Is a directory"},
+    {"to folder", "Is a directory"}};
+
+TEST(Reading, TakesNothingButFilesAndWaitsForNothing)
+{
+    const Oddities folder;
+    for (const auto& [name, reason] : oddityReasons)
+        EXPECT_REFUSED(readFile(folder.file(name)), "Cannot read " + name + ": " + reason + ".");
+    EXPECT_EQ(readFile(folder.file("link")), "old");
+    EXPECT_EQ(readFile("/proc/self/status"), "") << "no more than its size";
+    std::filesystem::resize_file(folder.file("real"), std::uintmax_t{1} << 20U);
+    EXPECT_EQ(readFile(folder.file("real"), std::uint64_t{1} << 20U).size(), std::uintmax_t{1} << 20U);
+    std::filesystem::resize_file(folder.file("real"), (std::uintmax_t{1} << 20U) + 1);
+    EXPECT_REFUSED(
+        readFile(folder.file("real"), std::uint64_t{1} << 20U),
+        "Cannot read real: it is larger than 1 MB, which is the most that it may have.");
+}
+
+/// Remembers what took another name.
+struct RenamingCalls : FileCalls {
+    std::string renamed;
+    int exchange(const std::string& one, const std::string& other) override
+    {
+        renamed = one;
+        return FileCalls::exchange(one, other);
+    }
+};
+
+TEST(Replacing, FollowsLinksAndTakesNothingElseAway)
+{
+    const Oddities folder;
+    const auto before = folder.names();
+    const std::string_view bytes = "new";
+    RenamingCalls calls;
+    for (const auto& [name, reason] : oddityReasons) {
+        EXPECT_REFUSED(
+            replaceFile(folder.file(name), {&bytes, 1}, calls), "Cannot write " + name + ": " + reason + ".");
+        EXPECT_EQ(folder.names(), before) << name;
+    }
+    replaceFile(folder.file("folder/link"), {&bytes, 1}, calls);
+    EXPECT_EQ(readFile(folder.file("real")), "new");
+    EXPECT_EQ(folderOf(calls.renamed), folder.path()) << "beside the file, not beside the link";
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.file("folder/link")));
+    EXPECT_EQ(folder.names(), before);
+    EXPECT_REFUSED(
+        makeFolders(folder.file("gone/x")), "Cannot make gone: it is a link to none/x, and nothing is there.");
 }
 
 } // namespace

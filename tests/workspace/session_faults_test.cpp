@@ -148,8 +148,15 @@ TEST(SessionFaults, TellWhatStandsInTheWay)
     std::filesystem::remove(window.sessionFile());
     std::filesystem::create_symlink("elsewhere", window.sessionFile());
     window.view().generateRoughEdit();
+    EXPECT_EQ(
+        window.state().sessionSaveError, "Session could not be saved: Cannot write session-v1.json: it is a link to "
+                                         "elsewhere, and nothing is there.");
+    const std::string elsewhere = window.folder.file("Corvane/elsewhere");
+    writeNewFile(elsewhere, "of another program");
+    window.view().generateRoughEdit();
     EXPECT_EQ(window.state().sessionSaveError, std::nullopt);
-    EXPECT_FALSE(somethingNamed(window.folder.file("Corvane/elsewhere"))) << "a link is not followed";
+    EXPECT_EQ(decodeSession(readFile(elsewhere)).history.items.size(), 4U) << "the link stays and is followed";
+    EXPECT_EQ(readFile(window.folder.file("Corvane/session-v1 (kept).json")), "of another program");
 }
 
 void inProcess(const std::function<void()>& work)

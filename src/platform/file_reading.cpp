@@ -1,0 +1,144 @@
+#include "platform/error.h"
+#include "platform/file_errors.h"
+#include "platform/files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <new>
+#include <stdexcept>
+#include <system_error>
+
+namespace corvane {
+
+namespace {
+
+constexpr std::string_view cannotRead = "Cannot read";
+
+/// A file that is open for reading until the end of the scope.
+class ReadableFile {
+public:
+    /// Nothing is waited for: neither for a pipe's writer nor for a terminal that would become this process's own.
+    explicit ReadableFile(const std::string& path)
+        : file_(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)) // NOLINT(*-vararg)
+    {
+    }
+    ReadableFile(const ReadableFile&) = delete;
+    ReadableFile& operator=(const ReadableFile&) = delete;
+    ~ReadableFile()
+    {
+        if (isOpen())
+            ::close(file_);
+    }
+
+    [[nodiscard]] bool isOpen() const { return file_ >= 0; }
+    [[nodiscard]] int number() const { return file_; }
+
+private:
+    int file_;
+};
+
+void refuseUnlessFile(const std::string& path, const struct stat& facts)
+{
+    if (const auto reason = specialFile(facts.st_mode))
+        refuseFile(cannotRead, path, *reason);
+    if (!S_ISREG(facts.st_mode))
+        refuseFile(cannotRead, path, EISDIR);
+}
+
+/// 0, or the error. Reads what there is of `bytes.size()`, and leaves that.
+int readInto(int file, std::string& bytes)
+{
+    std::size_t length = 0;
+    while (length < bytes.size()) {
+        const ssize_t some = ::read(file, bytes.data() + length, bytes.size() - length);
+        if (some < 0 && errno == EINTR)
+            continue;
+        if (some < 0)
+            return errno;
+        if (some == 0)
+            break; // it has become shorter meanwhile
+        length += static_cast<std::size_t>(some);
+    }
+    bytes.resize(length);
+    return 0;
+}
+
+} // namespace
+
+std::string readFile(const std::string& path, std::uint64_t most)
+{
+    struct stat facts{};
+    if (::stat(path.c_str(), &facts) == 0)
+        refuseUnlessFile(path, facts); // before it is opened: that alone does something to a device
+    const ReadableFile file(path);
+    if (!file.isOpen() || ::fstat(file.number(), &facts) != 0) {
+        const int error = errno;
+        if (const auto reason = brokenLink(path))
+            refuseFile(cannotRead, path, *reason);
+        refuseFile(cannotRead, path, error);
+    }
+    refuseUnlessFile(path, facts); // it may have changed places with another
+    const auto size = static_cast<std::uint64_t>(facts.st_size);
+    if (size > most)
+        refuseFile(
+            cannotRead, path,
+            "it is larger than " + std::to_string(most >> 20U) + " MB, which is the most that it may have");
+    std::string bytes;
+    int error = 0;
+    try {
+        bytes.resize(size);
+        error = readInto(file.number(), bytes);
+    } catch (const std::bad_alloc&) { // to the user a file that is too large is one that cannot be read
+        error = ENOMEM;
+    } catch (const std::length_error&) {
+        error = ENOMEM;
+    }
+    if (error != 0)
+        refuseFile(cannotRead, path, error);
+    return bytes;
+}
+
+std::string followedLinks(const std::string& path)
+{
+    std::error_code none;
+    if (!std::filesystem::is_symlink(path, none))
+        return path;
+    const std::filesystem::path target = std::filesystem::canonical(path, none);
+    return none ? path : target.native();
+}
+
+void refuseFile(std::string_view whatFailed, std::string_view path, const std::string& reason)
+{
+    throw PlatformError(std::string(whatFailed) + " " + std::string(lastComponent(path)) + ": " + reason + ".");
+}
+
+void refuseFile(std::string_view whatFailed, std::string_view path, int error)
+{
+    refuseFile(whatFailed, path, std::generic_category().message(error));
+}
+
+std::optional<std::string> brokenLink(const std::string& path)
+{
+    std::error_code none;
+    const std::filesystem::path target = std::filesystem::read_symlink(path, none);
+    struct stat facts{};
+    if (none || ::stat(path.c_str(), &facts) == 0 || (errno != ENOENT && errno != ENOTDIR && errno != ELOOP))
+        return std::nullopt;
+    if (errno == ELOOP)
+        return "it is a link to " + target.native() + ", and leads back to itself";
+    return "it is a link to " + target.native() + ", and nothing is there";
+}
+
+std::optional<std::string> specialFile(unsigned mode)
+{
+    if (S_ISREG(mode) || S_ISDIR(mode))
+        return std::nullopt;
+    const std::string what = S_ISFIFO(mode) ? "a named pipe" : S_ISSOCK(mode) ? "a socket" : "a device";
+    return "it is " + what + " and not a file";
+}
+
+} // namespace corvane
