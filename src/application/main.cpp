@@ -1,5 +1,6 @@
 #include "application/application.h"
 #include "help/product.h"
+#include "platform/files.h"
 #include "workspace/window/accessible_widgets.h"
 #include "workspace/window/theme.h"
 
@@ -32,6 +33,7 @@ std::vector<std::string> givenLocations(const QStringList& arguments)
 int main(int argc, char** argv)
 try {
     using namespace corvane;
+    surviveFileSizeLimit();
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName("Corvane");
     QCoreApplication::setApplicationVersion(CORVANE_VERSION);

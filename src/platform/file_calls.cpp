@@ -1,6 +1,7 @@
 #include "platform/files.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <sys/uio.h>
 #include <unistd.h>
@@ -85,6 +86,13 @@ int FileCalls::unlink(const std::string& path)
 int FileCalls::makeFolder(const std::string& path)
 {
     return ::mkdir(path.c_str(), newFolderMode);
+}
+
+void surviveFileSizeLimit()
+{
+    struct sigaction nothing{};
+    nothing.sa_handler = [](int) {}; // not SIG_IGN, which the programs that are started would inherit
+    ::sigaction(SIGXFSZ, &nothing, nullptr);
 }
 
 FileCalls& FileCalls::system()

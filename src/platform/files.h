@@ -40,6 +40,10 @@ public:
     [[nodiscard]] static FileCalls& system();
 };
 
+/// From now on a write beyond the process's limit for the size of files fails, instead of ending the process. To be
+/// called once, at the start; programs that this one starts keep the usual way.
+void surviveFileSizeLimit();
+
 /// What readFile takes of a file whose kind has no limit of its own, in bytes.
 constexpr std::uint64_t largestFile = std::uint64_t{512} << 20U;
 

@@ -71,7 +71,7 @@ TEST(NewFiles, LeaveNothingWhenTheDiskOrTheProcessEnds)
             if (round == 0) {
                 const rlimit limit = {1 << 20, 1 << 20};
                 ::setrlimit(RLIMIT_FSIZE, &limit);
-                EXPECT_NE(::signal(SIGXFSZ, SIG_IGN), SIG_ERR);
+                surviveFileSizeLimit();
             }
             writeNewFile(folder.file("edit"), megabytes);
         });
