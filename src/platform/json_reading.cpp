@@ -28,6 +28,17 @@ bool isPlainName(std::string_view name)
 
 } // namespace
 
+JsonValue::JsonValue(const JsonTree& root) : tree_(root)
+{
+    tree_.asked[0] = true;
+}
+
+JsonValue::JsonValue(const JsonValue& parent, std::size_t node, std::size_t position)
+    : tree_(parent.tree_), parent_(&parent), node_(node), position_(position)
+{
+    tree_.asked[node] = true;
+}
+
 std::string JsonValue::text() const
 {
     return std::string(textView());
@@ -124,6 +135,8 @@ std::size_t JsonValue::find(std::string_view name, Null null) const
     }
     const bool isMissing =
         found != none && null == Null::isMissing && std::holds_alternative<std::monostate>(tree_.nodes[found].value);
+    if (isMissing)
+        tree_.asked[found] = true;
     return isMissing ? none : found;
 }
 
@@ -155,6 +168,11 @@ JsonDocument::JsonDocument(std::unique_ptr<const JsonTree> tree) : tree_(std::mo
 JsonDocument::JsonDocument(JsonDocument&&) noexcept = default;
 JsonDocument& JsonDocument::operator=(JsonDocument&&) noexcept = default;
 JsonDocument::~JsonDocument() = default;
+
+bool JsonDocument::holdsMore() const
+{
+    return !std::ranges::all_of(tree_->asked, std::identity());
+}
 
 JsonDocument parseJson(std::string bytes, std::string_view subject)
 {

@@ -90,11 +90,8 @@ private:
     friend class JsonDocument;
     static constexpr std::size_t none = static_cast<std::size_t>(-1);
 
-    explicit JsonValue(const JsonTree& root) : tree_(root) {}
-    JsonValue(const JsonValue& parent, std::size_t node, std::size_t position = none)
-        : tree_(parent.tree_), parent_(&parent), node_(node), position_(position)
-    {
-    }
+    explicit JsonValue(const JsonTree& root);
+    JsonValue(const JsonValue& parent, std::size_t node, std::size_t position = none);
 
     [[nodiscard]] std::string_view textView() const;
     [[nodiscard]] std::size_t itemCount() const;
@@ -119,6 +116,9 @@ public:
 
     [[nodiscard]] JsonValue root() const& { return JsonValue(*tree_); }
     [[nodiscard]] JsonValue root() const&& = delete;
+
+    /// True when members stand in it, at any depth, that nobody has asked for by now.
+    [[nodiscard]] bool holdsMore() const;
 
 private:
     friend JsonDocument parseJson(std::string bytes, std::string_view subject);

@@ -200,6 +200,7 @@ std::unique_ptr<const JsonTree> parseJsonTree(std::string bytes, std::string_vie
     tree->subject = subject;
     tree->bytes = std::move(bytes);
     TreeBuilder(*tree).build();
+    tree->asked.resize(tree->nodes.size());
     return tree;
 }
 

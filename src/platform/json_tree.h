@@ -38,6 +38,7 @@ struct JsonTree {
     std::string unescaped; ///< the texts written with escapes, as they are meant; they count on from the end of `bytes`
     std::vector<std::string> names;
     std::deque<JsonNode> nodes;
+    mutable std::vector<bool> asked; ///< for each node, whether it was read
 
     [[nodiscard]] std::string_view text(JsonText place) const;
 };

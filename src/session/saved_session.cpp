@@ -7,6 +7,8 @@
 #include "session/record_reading.h"
 
 #include <algorithm>
+#include <exception>
+#include <optional>
 
 namespace corvane {
 
@@ -57,22 +59,50 @@ void validateCuts(const CutEngine& engine, const std::vector<Cut>& cuts)
     require(position == engine.length, "The saved edit history has an incomplete timeline.");
 }
 
+/// None for what is no session file.
+std::optional<SavedEditSession> decoded(std::string_view bytes)
+{
+    try {
+        return decodeSession(std::string(bytes));
+    } catch (const PlatformError&) {
+        return std::nullopt;
+    }
+}
+
 } // namespace
 
 SavedEditSession decodeSession(std::string bytes)
 {
     const JsonDocument document = parseJson(std::move(bytes), "The session");
     const JsonValue root = document.root();
-    return {
+    SavedEditSession session = {
         root.member("version").integer(), root.member("sourceXML").bytes(), readSettings(root.member("settings")),
         readHistory(root.member("history"))};
+    session.holdsMore = document.holdsMore();
+    return session;
 }
 
 bool holdsGeneratedEdits(std::string_view bytes)
 {
+    const auto session = decoded(bytes);
+    return session && !session->history.items.empty();
+}
+
+bool isKnownThroughout(std::string_view bytes)
+{
+    const auto session = decoded(bytes);
+    return session && session->version == 1 && !session->holdsMore;
+}
+
+bool restoresThroughout(std::string_view bytes)
+{
+    const auto session = decoded(bytes);
+    if (!session || session->holdsMore)
+        return false;
     try {
-        return !decodeSession(std::string(bytes)).history.items.empty();
-    } catch (const PlatformError&) {
+        validateSession(*session, buildEngine(session->sourceXML));
+        return true;
+    } catch (const std::exception&) {
         return false;
     }
 }

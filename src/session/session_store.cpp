@@ -1,11 +1,27 @@
 #include "session/session_store.h"
 
 #include "platform/error.h"
+#include "platform/kept_files.h"
+#include "session/saved_session.h"
 
-#include <filesystem>
+#include <algorithm>
 #include <utility>
 
 namespace corvane {
+
+namespace {
+
+/// What a stored file is; false also for one that cannot be read.
+bool storedFile(const std::string& path, bool (*is)(std::string_view bytes))
+{
+    try {
+        return is(readFile(path, largestSession));
+    } catch (const PlatformError&) {
+        return false;
+    }
+}
+
+} // namespace
 
 SessionStore::SessionStore(std::function<std::string()> folder, FileCalls& calls)
     : folder_(std::move(folder)), calls_(calls)
@@ -41,7 +57,7 @@ void SessionStore::write(std::span<const std::string_view> parts)
     const std::string path = sessionFileURL();
     const auto stored = stampOf(path);
     if (stored && stored != own_)
-        keepAside(path);
+        keepStoredFile(path);
     replaceFile(path, parts, calls_);
     own_ = stampOf(path);
 }
@@ -53,20 +69,23 @@ std::string SessionStore::previousFileURL() const
 
 void SessionStore::writePrevious(std::span<const std::string_view> parts)
 {
-    replaceFile(previousFileURL(), parts, calls_);
+    const std::string path = previousFileURL();
+    if (stampOf(path) && !storedFile(path, isKnownThroughout))
+        (void)keepAside(path, largestSession, calls_);
+    replaceFile(path, parts, calls_);
 }
 
 void SessionStore::keepAsPrevious(std::string_view bytes)
 {
     writePrevious({&bytes, 1});
-    own_ = read_;
+    own_ = isKnownThroughout(bytes) ? read_ : std::nullopt;
 }
 
 void SessionStore::changePlaces(std::string_view bytes)
 {
     const std::string path = sessionFileURL();
     const std::string previous = previousFileURL();
-    const std::string copy = keepAside(path);
+    const std::string copy = keepAside(path, largestSession, calls_);
     try {
         replaceFile(path, {&bytes, 1}, calls_);
     } catch (...) {
@@ -76,36 +95,48 @@ void SessionStore::changePlaces(std::string_view bytes)
             (void)calls_.renameToNew(copy, path); // it was renamed, not copied
         throw;
     }
-    own_ = stampOf(path);
-    (void)calls_.renameOver(copy, previous); // or the copy stays where it is
-}
-
-std::string SessionStore::freeName() const
-{
-    for (int n = 1;; ++n) {
-        const std::string number = n == 1 ? "" : " " + std::to_string(n);
-        std::string name = pathIn(folder_(), "session-v1 (kept" + number + ").json");
-        if (!somethingNamed(name))
-            return name;
+    own_ = isKnownThroughout(bytes) ? stampOf(path) : std::nullopt;
+    if (followedLinks(previous) == previous) {
+        (void)calls_.renameOver(copy, previous); // or the copy stays where it is
+        return;
     }
-}
-
-std::string SessionStore::keepAside(const std::string& path)
-{
-    std::string kept = freeName();
-    std::string bytes;
     try {
-        bytes = readFile(path, largestSession);
-    } catch (const PlatformError&) {
-        // It cannot be copied, but it can take another name. A folder is nobody's session and stays, as does a link.
-        if (std::filesystem::is_directory(path) || std::filesystem::is_symlink(path) ||
-            calls_.renameToNew(path, kept) != 0)
-            throw;
-        return kept;
+        const std::string replaced = readFile(copy, largestSession);
+        const std::string_view part = replaced;
+        replaceFile(previous, {&part, 1}, calls_); // it may be on another disk
+        calls_.unlink(copy);
+    } catch (const PlatformError&) { // NOLINT(bugprone-empty-catch)
+        // The copy stays where it is.
     }
-    writeNewFile(kept, bytes, calls_);
+}
+
+std::string SessionStore::keepStoredFile(const std::string& path)
+{
+    std::string kept = keepAside(path, largestSession, calls_);
     own_ = stampOf(path);
+    removeSurplusCopies(path);
     return kept;
+}
+
+void SessionStore::removeSurplusCopies(const std::string& path)
+{
+    constexpr std::size_t most = 10;
+    const std::vector<std::string> kept = keptBeside(path);
+    if (kept.size() <= most)
+        return;
+    std::vector<std::string> restoring;
+    for (const std::string& name : kept) {
+        const auto stamp = stampOf(name);
+        if (!stamp)
+            continue; // another process was faster
+        Copy& copy = copies_[name];
+        if (copy.stamp != *stamp)
+            copy = {*stamp, storedFile(name, restoresThroughout)};
+        if (copy.restores)
+            restoring.push_back(name);
+    }
+    for (std::size_t n = 0; n + most < restoring.size(); ++n)
+        calls_.unlink(restoring[n]);
 }
 
 } // namespace corvane

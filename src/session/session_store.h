@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -15,8 +16,9 @@ namespace corvane {
 constexpr std::uint64_t largestSession = std::uint64_t{512} << 20U;
 
 /// The session file of this user account and what must not be lost beside it. A file that this store neither wrote
-/// nor handed to the window last (it could not be restored, was never read, or another process replaced it) is copied
-/// aside before the first save over it.
+/// nor handed to the window last (it could not be restored, was never read, or another process replaced it), or that
+/// holds what this program would not write, is copied aside before the first save over it. Of the copies that this
+/// program can restore as a whole the ten latest stay; all others stay for ever.
 class SessionStore {
 public:
     /// `folder` gives the program's own folder and makes it; it fails with PlatformError where that cannot be.
@@ -46,15 +48,20 @@ public:
     void changePlaces(std::string_view bytes);
 
 private:
-    /// The first of "session-v1 (kept).json", "session-v1 (kept 2).json" and so on that is not taken.
-    [[nodiscard]] std::string freeName() const;
-    /// Copies the file to one beside it, or renames it where it cannot be read; returns the path of what is kept.
-    std::string keepAside(const std::string& path);
+    /// As the function of that name; returns the path of what is kept.
+    std::string keepStoredFile(const std::string& path);
+    /// Takes away the oldest of more than ten copies that restore as a whole.
+    void removeSurplusCopies(const std::string& path);
 
+    struct Copy {
+        FileStamp stamp;
+        bool restores = false;
+    };
     std::function<std::string()> folder_;
     FileCalls& calls_;
     std::optional<FileStamp> read_;
     std::optional<FileStamp> own_;
+    std::map<std::string, Copy> copies_; ///< by path: another process's saves look at all of them, again and again
 };
 
 } // namespace corvane

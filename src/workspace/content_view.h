@@ -199,6 +199,7 @@ private:
         std::shared_ptr<const LoadedDocument> loaded;
         EditSettings settings;
         EditHistory history;
+        bool holdsMore = false; ///< than a save would write
     };
     /// Reads and validates; nothing is shown yet.
     [[nodiscard]] StoredSession readSession(std::string bytes) const;

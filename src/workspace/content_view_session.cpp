@@ -34,8 +34,10 @@ void ContentView::restoreSession()
         auto bytes = services_.sessions.read();
         if (!bytes)
             return;
-        show(readSession(std::move(*bytes)));
-        services_.sessions.accept();
+        StoredSession session = readSession(std::move(*bytes));
+        if (!session.holdsMore)
+            services_.sessions.accept();
+        show(std::move(session));
     } catch (const std::exception& failure) {
         storedSessionRefused_ = true;
         fail(notRestored + failure.what());
@@ -51,7 +53,7 @@ ContentView::StoredSession ContentView::readSession(std::string bytes) const
     return {
         std::make_shared<LoadedDocument>(
             LoadedDocument{std::move(session.sourceXML), std::move(imported), std::move(engine)}),
-        std::move(session.settings), std::move(session.history)};
+        std::move(session.settings), std::move(session.history), session.holdsMore};
 }
 
 void ContentView::show(StoredSession session)

@@ -1,4 +1,5 @@
 #include "platform/error.h"
+#include "platform/kept_files.h"
 #include "support/child_process.h"
 #include "support/failing_files.h"
 #include "support/refusals.h"
@@ -183,6 +184,26 @@ TEST(Replacing, FollowsLinksAndTakesNothingElseAway)
     EXPECT_EQ(folder.names(), before);
     EXPECT_REFUSED(
         makeFolders(folder.file("gone/x")), "Cannot make gone: it is a link to none/x, and nothing is there.");
+}
+
+TEST(KeptFiles, AreCopiesOrWhatCannotBeCopied)
+{
+    const Oddities folder;
+    const auto keep = [&](const char* name) {
+        return std::filesystem::path(keepAside(folder.file(name), 3, FileCalls::system())).filename().string();
+    };
+    EXPECT_EQ(keep("real"), "real (kept)");
+    EXPECT_EQ(keep("link"), "link (kept)");
+    EXPECT_EQ(keep("pipe"), "pipe (kept)");
+    EXPECT_EQ(readFile(folder.file("link (kept)")), "old");
+    EXPECT_FALSE(somethingNamed(folder.file("pipe"))) << "it has the other name";
+    writeNewFile(folder.file("a.json"), "more than 3");
+    EXPECT_EQ(keep("a.json"), "a (kept).json");
+    writeNewFile(folder.file("a.json"), "abc");
+    EXPECT_EQ(keep("a.json"), "a (kept 2).json");
+    EXPECT_EQ(keptBeside(folder.file("a.json")).size(), 2U);
+    for (const char* name : {"folder", "to folder", "gone", "device"})
+        EXPECT_THROW(keep(name), PlatformError) << name;
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace corvane {
 namespace {
 
@@ -58,7 +60,7 @@ TEST(ReplacedSessions, AreCopiedWhenTheirPlaceCannotBeHad)
     window.view().importXML(replaced(document(), "Concert", "Other"));
     EXPECT_EQ(window.state().loaded->imported.name, "Other") << "the import goes on";
     EXPECT_EQ(
-        window.state().sessionSaveError, "The previous session could not be kept: Cannot write session-v1 "
+        window.state().sessionSaveError, "The previous session could not be kept: Cannot read session-v1 "
                                          "(previous).json: Is a directory.");
     const SavedEditSession kept = decodeSession(readFile(window.folder.file("Corvane/session-v1 (kept).json")));
     EXPECT_EQ(kept.sourceXML, document());
@@ -80,6 +82,79 @@ TEST(ReplacedSessions, MayBeOfAnotherProcess)
         window.names("Corvane"), (Names{"session-v1 (kept 2).json", "session-v1 (kept).json", "session-v1.json"}));
     EXPECT_EQ(readFile(window.folder.file("Corvane/session-v1 (kept).json")), "garbage");
     EXPECT_EQ(readFile(window.folder.file("Corvane/session-v1 (kept 2).json")), "another process was here");
+}
+
+/// What is kept, but for its numbers.
+std::size_t copies(const TestWindow& window)
+{
+    return static_cast<std::size_t>(std::ranges::count_if(
+        window.names("Corvane"), [](auto& name) { return name.starts_with("session-v1 (kept"); }));
+}
+
+TEST(ReplacedSessions, AreCopiedTenTimesAndMoreOnlyWhereTheyCannotBeRestored)
+{
+    TestWindow one;
+    one.importAndGenerate(document());
+    SessionStore other(one.sessionFolder);
+    const std::string session = readFile(one.sessionFile());
+    const auto alternate = [&](const std::string& bytes, int rounds) {
+        const std::string_view part = bytes;
+        for (int round = 0; round < rounds; ++round) {
+            other.write({&part, 1});
+            one.set([&](auto& settings) { settings.mainShare = settings.mainShare == 50 ? 60 : 50; });
+        }
+    };
+    alternate("garbage", 3);
+    alternate(replaced(session, "{\"version\":1", "{\"version\":2"), 2);
+    alternate(replaced(session, "{\"version\":1", "{\"version\":1,\"newer\":[]"), 2);
+    alternate(replaced(session, "\"mainShare\":70", "\"mainShare\":95"), 2);
+    alternate(session, 6);
+    EXPECT_EQ(copies(one), 9U + 10U) << "each save of either found the other's file";
+    alternate(session, 10);
+    EXPECT_EQ(copies(one), 9U + 10U);
+    EXPECT_EQ(one.state().sessionSaveError, std::nullopt);
+}
+
+TEST(ReplacedSessions, OfANewerVersionAreKeptWhereverTheyHoldMore)
+{
+    TestWindow window;
+    window.view().importXML(document());
+    window.view().addSection();
+    window.view().generateRoughEdit();
+    const std::string good = readFile(window.sessionFile());
+    window.restart();
+    EXPECT_EQ(copies(window), 0U) << "its own";
+    for (const std::string place :
+         {R"({"version":1)", R"({"mainShare":)", R"("history":{)", R"({"items":[{)", R"("sections":[{)",
+          R"("cuts":[{)"}) {
+        const bool end = place.ends_with('{');
+        const std::string newer = replaced(
+            good, place, end ? place + R"("newer":null,)" : place.substr(0, 1) + R"("newer":[{}],)" + place.substr(1));
+        const std::string_view part = newer;
+        replaceFile(window.sessionFile(), {&part, 1});
+        window.restart();
+        EXPECT_EQ(window.state().error, std::nullopt) << place;
+        window.view().generateRoughEdit();
+        EXPECT_EQ(readFile(window.folder.file("Corvane/session-v1 (kept).json")), newer) << "the restore saves already";
+        EXPECT_EQ(copies(window), 1U);
+        std::filesystem::remove(window.folder.file("Corvane/session-v1 (kept).json"));
+    }
+    // As the previous one: first when it is put there, then when the next takes its place.
+    const std::string newer = replaced(good, R"({"version":1)", R"({"version":1,"newer":0)");
+    const std::string_view part = newer;
+    replaceFile(window.sessionFile(), {&part, 1});
+    window.quit();
+    window.start();
+    window.importAndGenerate(replaced(document(), "Concert", "Other"));
+    EXPECT_EQ(copies(window), 1U);
+    EXPECT_EQ(readFile(window.folder.file("Corvane/session-v1 (previous).json")), newer);
+    window.view().reopenPreviousSession();
+    EXPECT_EQ(copies(window), 2U) << "it came back and was saved";
+    window.quit();
+    replaceFile(window.folder.file("Corvane/session-v1 (previous).json"), {&part, 1});
+    window.restart();
+    window.view().importXML(document());
+    EXPECT_EQ(readFile(window.folder.file("Corvane/session-v1 (previous) (kept).json")), newer);
 }
 
 } // namespace

@@ -1,0 +1,75 @@
+#include "platform/kept_files.h"
+
+#include "platform/error.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <tuple>
+
+namespace corvane {
+
+namespace {
+
+/// The two parts of a name between which "(kept)" stands.
+struct NameParts {
+    std::string before;
+    std::string_view after;
+};
+
+NameParts partsAround(std::string_view path)
+{
+    constexpr std::string_view ending = ".json";
+    const std::string_view after = path.ends_with(ending) ? ending : "";
+    path.remove_suffix(after.size());
+    return {std::string(path) + " (kept", after};
+}
+
+std::string freeName(const std::string& path)
+{
+    const NameParts parts = partsAround(path);
+    for (int n = 1;; ++n) {
+        std::string name = parts.before + (n == 1 ? "" : " " + std::to_string(n)) + ")";
+        name += parts.after;
+        if (!somethingNamed(name))
+            return name;
+    }
+}
+
+} // namespace
+
+std::string keepAside(const std::string& path, std::uint64_t most, FileCalls& calls)
+{
+    std::string kept = freeName(path);
+    std::string bytes;
+    try {
+        bytes = readFile(path, most);
+    } catch (const PlatformError&) {
+        std::error_code none;
+        const auto kind = std::filesystem::symlink_status(path, none).type();
+        if (kind == std::filesystem::file_type::directory || kind == std::filesystem::file_type::symlink ||
+            calls.renameToNew(path, kept) != 0)
+            throw;
+        return kept;
+    }
+    writeNewFile(kept, bytes, calls);
+    return kept;
+}
+
+std::vector<std::string> keptBeside(const std::string& path)
+{
+    const NameParts parts = partsAround(path);
+    std::error_code none; // what cannot be looked at is not counted
+    std::vector<std::tuple<std::filesystem::file_time_type, std::string>> found;
+    for (const auto& entry : std::filesystem::directory_iterator(folderOf(path), none)) {
+        const std::string name = pathIn(folderOf(path), entry.path().filename().native());
+        if (name.starts_with(parts.before) && name.ends_with(")" + std::string(parts.after)))
+            found.emplace_back(entry.last_write_time(none), name);
+    }
+    std::ranges::sort(found);
+    std::vector<std::string> paths(found.size());
+    std::ranges::transform(found, paths.begin(), [](const auto& entry) { return std::get<std::string>(entry); });
+    return paths;
+}
+
+} // namespace corvane
