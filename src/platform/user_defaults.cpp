@@ -1,5 +1,7 @@
 #include "platform/user_defaults.h"
 
+#include "platform/kept_files.h"
+
 #include <cstdlib>
 
 namespace corvane {
@@ -25,6 +27,11 @@ void FileUserDefaults::setValue(const std::string& key, std::string_view bytes)
 {
     makeFolders(folder_, calls_);
     replaceFile(pathIn(folder_, key), {&bytes, 1}, calls_);
+}
+
+std::string FileUserDefaults::keepAside(const std::string& key)
+{
+    return std::string(lastComponent(corvane::keepAside(pathIn(folder_, key), largestDefault, calls_)));
 }
 
 } // namespace corvane

@@ -24,6 +24,9 @@ public:
     [[nodiscard]] virtual std::string value(const std::string& key) const = 0;
     /// Fails with PlatformError and then keeps the old value.
     virtual void setValue(const std::string& key, std::string_view bytes) = 0;
+    /// Keeps what is stored under the key under another one, "KEY (kept)" or "KEY (kept 2)" and so on, which it
+    /// returns. What can be read stays where it is, too. Fails with PlatformError and then changes nothing.
+    virtual std::string keepAside(const std::string& key) = 0;
 };
 
 /// A file a key in one folder, which is made when the first value is set.
@@ -35,6 +38,7 @@ public:
 
     [[nodiscard]] std::string value(const std::string& key) const override;
     void setValue(const std::string& key, std::string_view bytes) override;
+    std::string keepAside(const std::string& key) override;
 
 private:
     std::string folder_;

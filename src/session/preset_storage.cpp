@@ -1,4 +1,5 @@
 #include "import/final_cut_import_error.h"
+#include "platform/error.h"
 #include "platform/text.h"
 #include "session/presets.h"
 #include "session/record_reading.h"
@@ -101,18 +102,41 @@ Json presetJson(const EditPreset& preset)
     return object;
 }
 
+struct StoredPresets {
+    std::vector<EditPreset> presets;
+    bool holdMore = false; ///< members that this program does not know
+};
+
+StoredPresets storedPresets(std::string_view bytes)
+{
+    try {
+        const JsonDocument document = parseJson(std::string(bytes), "The list of presets");
+        std::vector<EditPreset> presets = document.root().list(readPreset);
+        return {std::move(presets), document.holdsMore()};
+    } catch (const PlatformError& failure) {
+        throw PlatformError(
+            "The file of the saved presets is damaged, or another version of Corvane has written it. It has been kept. "
+            "Choose Start a New List… to put it aside and begin again. (" +
+            std::string(failure.what()) + ")");
+    }
+}
+
 } // namespace
 
 std::vector<EditPreset> decodePresets(std::string_view bytes)
 {
     if (bytes.empty())
         return {};
-    const JsonDocument document = parseJson(std::string(bytes), "The list of presets");
-    std::vector<EditPreset> presets = document.root().list(readPreset);
+    std::vector<EditPreset> presets = storedPresets(bytes).presets;
     if (!allDistinct(presets) || !std::ranges::all_of(presets, isValid))
         throw FinalCutImportError::invalid(
             "The saved presets could not be read. Your existing saved data has been kept.");
     return presets;
+}
+
+bool presetsHoldMore(std::string_view bytes)
+{
+    return !bytes.empty() && storedPresets(bytes).holdMore;
 }
 
 std::string encodePresets(const std::vector<EditPreset>& presets)

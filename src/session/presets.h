@@ -56,6 +56,9 @@ struct EditPreset {
 /// Reads a stored list; no bytes are no presets. Fails with PlatformError where it is no list of presets, and refuses
 /// one that breaks a rule (repeated ids or names, blank names, values out of range). Nothing is repaired.
 [[nodiscard]] std::vector<EditPreset> decodePresets(std::string_view bytes);
+/// True when a list that can be read holds what encodePresets would not write: a newer version's. Fails as
+/// decodePresets where it is no list of presets.
+[[nodiscard]] bool presetsHoldMore(std::string_view bytes);
 [[nodiscard]] std::string encodePresets(const std::vector<EditPreset>& presets);
 
 /// By name as people sort: without regard to case, runs of digits by value.

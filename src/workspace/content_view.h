@@ -152,12 +152,15 @@ public:
 
     // Presets
     [[nodiscard]] std::vector<EditPreset> storedPresets() const; ///< empty when the list cannot be read
+    [[nodiscard]] bool presetsCanBeRead() const;
     [[nodiscard]] std::optional<EditPreset> chosenPresetRecord() const;
     void beginSavePreset();
     enum class PresetSave { asNew, update };
     void savePreset(PresetSave kind);
     void applyPreset(const EditPreset& preset);
     void deletePreset();
+    /// Keeps the list that cannot be read aside, and begins an empty one; does nothing while the list can be read.
+    void startNewPresetList();
 
     // The export
     void exportRoughEdit();

@@ -26,6 +26,16 @@ std::vector<EditPreset> ContentView::storedPresets() const
     }
 }
 
+bool ContentView::presetsCanBeRead() const
+{
+    try {
+        (void)decodePresets(services_.defaults.value(presetsKey));
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
 std::optional<EditPreset> ContentView::chosenPresetRecord() const
 {
     for (const EditPreset& preset : storedPresets()) {
@@ -85,12 +95,15 @@ std::vector<EditPreset> ContentView::decodePresetsOrCloseSheet()
     }
 }
 
-/// Sorts and stores the list, once it has been read back without a complaint; otherwise the old one stays.
+/// Sorts and stores the list, once it has been read back without a complaint; otherwise the old one stays. What a newer
+/// version has stored is kept aside first.
 void ContentView::storePresets(std::vector<EditPreset> presets)
 {
     sortPresets(presets);
     const std::string bytes = encodePresets(presets);
     (void)decodePresets(bytes);
+    if (presetsHoldMore(services_.defaults.value(presetsKey)))
+        (void)services_.defaults.keepAside(presetsKey);
     services_.defaults.setValue(presetsKey, bytes);
     ++state_.storedPresets;
 }
@@ -121,6 +134,23 @@ void ContentView::deletePreset()
             state.chosenPreset.clear();
             state.undoable = *chosen;
             state.presetNotice = "Deleted " + chosen->name + ". Your current editing settings are unchanged.";
+        } catch (const std::exception& failure) {
+            fail(failure.what());
+        }
+    });
+}
+
+void ContentView::startNewPresetList()
+{
+    edit([this](WorkspaceState& state) {
+        ++state.storedPresets; // whatever is there now is shown
+        if (presetsCanBeRead())
+            return;
+        try {
+            const std::string kept = services_.defaults.keepAside(presetsKey);
+            services_.defaults.setValue(presetsKey, encodePresets({}));
+            state.chosenPreset.clear();
+            state.presetNotice = "Started a new list. The old one has been kept in the file " + kept + ".";
         } catch (const std::exception& failure) {
             fail(failure.what());
         }

@@ -38,6 +38,12 @@ struct MemoryDefaults : UserDefaults {
         return values.contains(key) ? values.at(key) : "";
     }
     void setValue(const std::string& key, std::string_view bytes) override { values[key] = bytes; }
+    std::string keepAside(const std::string& key) override
+    {
+        std::string kept = key + " (kept)";
+        values[kept] = values[key];
+        return kept;
+    }
 };
 
 /// A Final Cut that opens files, and reports when the test says so.

@@ -77,6 +77,7 @@ TEST(Layout, ShowsOrElidesEveryTextAtEverySize)
 TEST(Layout, EveryAltKeyMeansOneThing)
 {
     Gui gui(manyCameras());
+    gui.account.defaults.values["Corvane.savedPresets.v1"] = "damaged";
     gui.view().generateRoughEdit();
     Gui::settle();
     std::map<QString, QString> keys;

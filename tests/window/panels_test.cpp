@@ -169,6 +169,13 @@ TEST(PresetsPanel, SavesAppliesUpdatesAndDeletes)
     EXPECT_EQ(gui.labelled<Picker>("Preset")->currentText(), "Choose a preset");
     gui.window().menuBar()->actions()[1]->menu()->actions().front()->trigger();
     EXPECT_EQ(gui.view().storedPresets().size(), 1U);
+
+    EXPECT_EQ(gui.withText<>("Start a New List…"), nullptr) << "the list can be read";
+    gui.account.defaults.values["Corvane.savedPresets.v1"] = "{}";
+    gui.click("Update");
+    gui.click("Start a New List…");
+    EXPECT_EQ(gui.withText<>("Start a New List…"), nullptr);
+    EXPECT_EQ(gui.labelled<Picker>("Preset")->count(), 1);
 }
 
 TEST(CoveragePanel, NamesTheProjectItsBarsAndItsGaps)

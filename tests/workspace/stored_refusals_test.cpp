@@ -81,9 +81,15 @@ TEST(StoredPresets, AreLeftByteForByteWhenTheyCannotBeRead)
     const std::string good = stored;
     const std::string chosen = window.view().storedPresets().front().id.text();
     const std::string rule = "The saved presets could not be read. Your existing saved data has been kept.";
+    const auto damaged = [](const std::string& complaint) {
+        return "The file of the saved presets is damaged, or another version of Corvane has written it. It has been "
+               "kept. "
+               "Choose Start a New List… to put it aside and begin again. (The list of presets cannot be read: " +
+               complaint + ")";
+    };
     for (const Breach& breach : std::vector<Breach>{
-             {"", "presets", "The list of presets cannot be read: it is not a list."},
-             {"/0/id", "8", "The list of presets cannot be read: [0].id is not an identifier."},
+             {"", "presets", damaged("it is not a list.")},
+             {"/0/id", "8", damaged("[0].id is not an identifier.")},
              {"/0/mainShare", 9.9, rule},
              {"/1/name", " FIRST ", rule}}) {
         const std::string bad = broken(good, breach);
@@ -99,6 +105,25 @@ TEST(StoredPresets, AreLeftByteForByteWhenTheyCannotBeRead)
         EXPECT_EQ(window.view().alerts().back(), breach.reason);
         window.view().deletePreset();
         EXPECT_EQ(stored, bad) << "neither the start nor a save, an update or a deletion writes over it";
+        EXPECT_FALSE(window.view().presetsCanBeRead());
+        window.view().startNewPresetList();
+        window.view().startNewPresetList();
+        EXPECT_EQ(window.defaults.values["Corvane.savedPresets.v1 (kept)"], bad);
+        EXPECT_EQ(
+            window.state().presetNotice,
+            "Started a new list. The old one has been kept in the file Corvane.savedPresets.v1 (kept).");
+        EXPECT_EQ(stored, "[]") << "the second time there was nothing to put aside";
+        EXPECT_TRUE(window.view().presetsCanBeRead());
+    }
+    for (const char* place : {"/0/newer", "/0/frequencies/0/newer"}) {
+        const std::string newer = broken(good, {place, nullptr, ""});
+        stored = newer;
+        window.defaults.values.erase("Corvane.savedPresets.v1 (kept)");
+        window.restart();
+        savePreset(window, "Third");
+        savePreset(window, "Fourth");
+        EXPECT_EQ(window.view().storedPresets().size(), 4U);
+        EXPECT_EQ(window.defaults.values["Corvane.savedPresets.v1 (kept)"], newer) << "before the first save over it";
     }
     stored = good;
     window.restart();

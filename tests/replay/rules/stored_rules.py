@@ -66,6 +66,11 @@ session('"duration": 500}]', '"duration": 9223372036854775807}]', INVALID_CUTS)
 session('"duration": 500}]', '"duration": 499}]', "The saved edit history has an incomplete timeline.")
 
 
+def damaged(complaint):
+    return ("The file of the saved presets is damaged, or another version of Corvane has written it. It has been kept. "
+            f"Choose Start a New List… to put it aside and begin again. (The list of presets cannot be read: {complaint})")
+
+
 def presets(data, expected, names=()):
     """The refusal of the stored list, else the names as they are sorted."""
     case(f"presets {data[:20]}", "presets", lambda answer: refusal(answer["decodePresets"]) or answer["sorted"],
@@ -88,8 +93,8 @@ for data, place in {
         b'["\xed\xa0\x80"]': "1, column 4: invalid string: ill-formed UTF-8 byte.",
         '["' + "x" * 10_000: "1, column 10003: invalid string: missing closing quote.",
         "[" * 100_000: "1, column 257: lists and objects are nested too deeply."}.items():
-    presets(data, "The list of presets cannot be read: line " + place)
-presets("[" * 256 + "]" * 256, "The list of presets cannot be read: [0] is not an object.")
+    presets(data, damaged("line " + place))
+presets("[" * 256 + "]" * 256, damaged("[0] is not an object."))
 
 # Names sort as people sort them: numbers by their value, case and accents last.
 in_order = ["", " z", "007", "7", "07a", "10", "Alpha", "alpha", "álpha", "alpha 1", "alphA-1", "Beta", "service 9",

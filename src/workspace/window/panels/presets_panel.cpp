@@ -15,6 +15,7 @@ PresetsPanel::PresetsPanel(ContentView& view, QWidget* parent)
       saveAs_(new QPushButton(tr("Sa&ve as…"), this)),
       update_(new QPushButton(tr("&Update"), this)),
       delete_(new QPushButton(tr("De&lete"), this)),
+      startNewList_(new QPushButton(tr("&Start a New List…"), this)),
       notice_(helpLabel({}, this))
 {
     addHelp(tr("Saves camera balance, shot length ranges, longer holds and angle names on this Mac. Apply restores a "
@@ -27,6 +28,7 @@ PresetsPanel::PresetsPanel(ContentView& view, QWidget* parent)
     for (QPushButton* button : {apply_, saveAs_, update_, delete_})
         buttons->addWidget(button, 1);
     column().addLayout(buttons);
+    column().addWidget(startNewList_);
     notice_->setProperty("role", "notice");
     column().addWidget(notice_);
 
@@ -40,6 +42,7 @@ PresetsPanel::PresetsPanel(ContentView& view, QWidget* parent)
     connect(saveAs_, &QPushButton::clicked, this, [this] { view_.beginSavePreset(); });
     connect(update_, &QPushButton::clicked, this, [this] { view_.savePreset(ContentView::PresetSave::update); });
     connect(delete_, &QPushButton::clicked, this, [this] { view_.deletePreset(); });
+    connect(startNewList_, &QPushButton::clicked, this, [this] { view_.startNewPresetList(); });
 }
 
 void PresetsPanel::refresh(const Changes& changes)
@@ -55,6 +58,7 @@ void PresetsPanel::refresh(const Changes& changes)
     saveAs_->setEnabled(enabled.saveAs);
     update_->setEnabled(enabled.update);
     delete_->setEnabled(enabled.deletePreset);
+    startNewList_->setVisible(!view_.presetsCanBeRead());
     showMessage(*notice_, view_.state().presetNotice);
     notice_->setVisible(!view_.state().presetNotice.empty());
 }

@@ -20,6 +20,7 @@ private:
     QPushButton* saveAs_;
     QPushButton* update_;
     QPushButton* delete_;
+    QPushButton* startNewList_; ///< there only while the list cannot be read
     QLabel* notice_;
 };
 
