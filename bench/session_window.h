@@ -56,6 +56,7 @@ private:
         {
             return std::nullopt;
         }
+        void rememberFolder(const std::string&) override {}
     };
 
     NoAnswers dialogs_;

@@ -15,10 +15,12 @@ public:
 
     /// One file or bundle; folders can be chosen, bundles are not browsed into.
     [[nodiscard]] virtual std::optional<std::string> chooseProject(const std::string& message) = 0;
-    /// One folder, which may be made in the dialog. `firstFolder` is where to begin while none was ever chosen; empty
+    /// One folder, which may be made in the dialog. `firstFolder` is where to begin while none was remembered; empty
     /// when nothing speaks for any.
     [[nodiscard]] virtual std::optional<std::string> chooseFolder(
         const std::string& prompt, const std::string& message, const std::string& firstFolder) = 0;
+    /// Files were written to the folder that was chosen: the next choice begins there.
+    virtual void rememberFolder(const std::string& folder) = 0;
 };
 
 } // namespace corvane

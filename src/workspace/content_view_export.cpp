@@ -60,6 +60,7 @@ void ContentView::exportTo(
             state.status = "Saved " + std::string(lastComponent(files.xmlURL)) + " and " +
                            std::string(lastComponent(files.settingsURL)) + ". Opening Final Cut Pro…";
             state.lastExport = files.xmlURL;
+            services_.dialogs.rememberFolder(folder);
             const std::weak_ptr<const bool> alive = alive_;
             openInFinalCut(
                 files.xmlURL, services_.services, services_.scope, services_.mainThread,

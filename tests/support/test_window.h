@@ -15,6 +15,7 @@ struct AnsweringDialogs : Dialogs {
     std::function<void()> meanwhile = [] {};
     int asked = 0;
     std::string firstFolder; ///< proposed for the last export
+    std::vector<std::string> remembered;
 
     std::optional<std::string> chooseProject(const std::string&) override { return reply(); }
     std::optional<std::string> chooseFolder(const std::string&, const std::string&, const std::string& first) override
@@ -22,6 +23,7 @@ struct AnsweringDialogs : Dialogs {
         firstFolder = first;
         return reply();
     }
+    void rememberFolder(const std::string& folder) override { remembered.push_back(folder); }
     std::optional<std::string> reply()
     {
         ++asked;

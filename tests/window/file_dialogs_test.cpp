@@ -102,9 +102,13 @@ TEST(FileDialogs, ProposeTheFolderBesideTheSourceForTheFirstExportOnly)
         EXPECT_EQ(utf8(person.openedAt), scratch.file("source"));
         EXPECT_EQ(person.button, "Export");
     }
-    Person person("");
-    EXPECT_EQ(dialogs.chooseFolder("Export", "Choose.", scratch.file("source")), std::nullopt);
-    EXPECT_EQ(utf8(person.openedAt), scratch.file("exports"));
+    for (const bool exported : {false, true}) {
+        if (exported)
+            dialogs.rememberFolder(scratch.file("exports"));
+        Person person("");
+        EXPECT_EQ(dialogs.chooseFolder("Export", "Choose.", scratch.file("source")), std::nullopt);
+        EXPECT_EQ(utf8(person.openedAt), scratch.file(exported ? "exports" : "source")) << "where one succeeded";
+    }
 }
 
 TEST(FileDialogs, OpenNoFileToShowItAndDrawNamesWithMarks)

@@ -134,6 +134,7 @@ TEST(OneDoor, LetsDeliveriesWaitWhileADialogIsOpen)
     };
     window.view().exportRoughEdit();
     EXPECT_EQ(window.names("exports").front(), "Concert Corvane.fcpxml");
+    EXPECT_EQ(window.dialogs.remembered, std::vector<std::string>{window.folder.file("exports")});
     EXPECT_EQ(window.state().loaded->imported.name, "Arrived");
     EXPECT_EQ(window.inbox.xmlData(), std::nullopt);
     window.quit();
@@ -160,6 +161,9 @@ TEST(OneDoor, KeepsAccessToAnExportUntilFinalCutReports)
     window.importAndGenerate(document());
     window.view().exportRoughEdit();
     EXPECT_EQ(window.dialogs.firstFolder, "") << "this project came without a file";
+    window.dialogs.answer = "/proc";
+    window.view().exportRoughEdit();
+    EXPECT_EQ(window.dialogs.remembered.size(), 2U) << "not one that takes no files";
     window.restart();
     window.finalCut.reports.back()(std::nullopt); // to a window that is gone
     EXPECT_NE(window.state().status.find("Restored"), std::string::npos);

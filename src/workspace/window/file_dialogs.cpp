@@ -83,10 +83,12 @@ std::optional<std::string> FileDialogs::chooseFolder(
     dialog.setOption(QFileDialog::ShowDirsOnly);
     dialog.setLabelText(QFileDialog::Accept, qt(prompt));
     dialog.setDirectory(lastFolder(exportFolderKey, firstFolder));
-    const auto chosen = ask(dialog, message);
-    if (chosen)
-        remember(exportFolderKey, QFile::decodeName(chosen->c_str()));
-    return chosen;
+    return ask(dialog, message);
+}
+
+void FileDialogs::rememberFolder(const std::string& folder)
+{
+    remember(exportFolderKey, QFile::decodeName(folder.c_str()));
 }
 
 void FileDialogs::prepare(QFileDialog& dialog)

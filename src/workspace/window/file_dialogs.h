@@ -10,7 +10,8 @@
 
 namespace corvane {
 
-/// The window's own choosers. They open at the folder that was used last, which the user defaults remember.
+/// The window's own choosers. They open at the folder that was used last, which the user defaults remember: for exports
+/// the one that took the last export.
 class FileDialogs : public Dialogs {
 public:
     explicit FileDialogs(UserDefaults& defaults) : defaults_(defaults) {}
@@ -21,6 +22,7 @@ public:
     [[nodiscard]] std::optional<std::string> chooseProject(const std::string& message) override;
     [[nodiscard]] std::optional<std::string> chooseFolder(
         const std::string& prompt, const std::string& message, const std::string& firstFolder) override;
+    void rememberFolder(const std::string& folder) override;
 
 private:
     void prepare(QFileDialog& dialog);
