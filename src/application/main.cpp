@@ -1,4 +1,5 @@
 #include "application/application.h"
+#include "desktop/session_bus.h"
 #include "help/product.h"
 #include "platform/files.h"
 #include "workspace/window/accessible_widgets.h"
@@ -34,6 +35,7 @@ int main(int argc, char** argv)
 try {
     using namespace corvane;
     surviveFileSizeLimit();
+    avoidSilentSessionBus();
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName("Corvane");
     QCoreApplication::setApplicationVersion(CORVANE_VERSION);

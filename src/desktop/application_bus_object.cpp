@@ -1,21 +1,40 @@
 #include "desktop/application_bus_object.h"
 
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusReply>
+
 namespace corvane {
 
 void ApplicationBusObject::Activate(const QVariantMap&)
 {
-    opened({});
+    open({});
 }
 
 void ApplicationBusObject::Open(const QStringList& uris, const QVariantMap&)
 {
-    opened(uris);
+    open(uris);
 }
 
 /// The desktop file names no actions.
 void ApplicationBusObject::ActivateAction(const QString&, const QVariantList&, const QVariantMap&)
 {
-    opened({});
+    open({});
+}
+
+void ApplicationBusObject::open(const QStringList& uris)
+{
+    if (!senderHasGone())
+        opened(uris);
+}
+
+/// Who wants no reply may leave at once. While the bus does not say, the sender is there.
+bool ApplicationBusObject::senderHasGone() const
+{
+    if (!calledFromDBus() || !message().isReplyRequired())
+        return false;
+    const QDBusReply<bool> there = connection().interface()->isServiceRegistered(message().service());
+    return there.isValid() && !there.value();
 }
 
 } // namespace corvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDBusContext>
 #include <QObject>
 #include <QStringList>
 #include <QVariantMap>
@@ -8,7 +9,8 @@
 namespace corvane {
 
 /// org.freedesktop.Application: how a desktop activates a program that is there already, or starts it.
-class ApplicationBusObject : public QObject {
+/// A call whose sender has given up waiting for the answer and gone does nothing any more.
+class ApplicationBusObject : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 public:
@@ -20,6 +22,10 @@ public slots:
     void Activate(const QVariantMap& platformData);
     void Open(const QStringList& uris, const QVariantMap& platformData);
     void ActivateAction(const QString& action, const QVariantList& parameters, const QVariantMap& platformData);
+
+private:
+    void open(const QStringList& uris);
+    [[nodiscard]] bool senderHasGone() const;
 };
 
 } // namespace corvane

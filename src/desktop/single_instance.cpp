@@ -1,11 +1,15 @@
 #include "desktop/single_instance.h"
 
 #include "desktop/application_bus_object.h"
+#include "platform/file_url.h"
+
+#include <sys/socket.h>
 
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QDBusReply>
 #include <QDataStream>
 #include <QElapsedTimer>
 #include <QFile>
@@ -32,10 +36,7 @@ QStringList urisOf(const std::vector<std::string>& locations)
 {
     QStringList uris;
     for (const std::string& location : locations)
-        uris
-            << (location.starts_with('/')
-                    ? QUrl::fromLocalFile(QFile::decodeName(location.c_str())).toString(QUrl::FullyEncoded)
-                    : qtText(location));
+        uris << qtText(location.starts_with('/') ? fileURLText(location) : location);
     return uris;
 }
 
@@ -44,9 +45,22 @@ std::vector<std::string> locationsOf(const QStringList& uris)
     std::vector<std::string> locations;
     for (const QString& uri : uris) {
         const QUrl url(uri);
-        locations.push_back(url.isLocalFile() ? QFile::encodeName(url.toLocalFile()).toStdString() : uri.toStdString());
+        if (const auto path = pathOfFileURL(uri.toStdString()))
+            locations.push_back(*path); // byte for byte, whatever stands in the name
+        else if (url.isLocalFile())
+            locations.push_back(QFile::encodeName(url.toLocalFile()).toStdString());
+        else
+            locations.push_back(uri.toStdString());
     }
     return locations;
+}
+
+/// Whoever gave up has closed its end, which stands behind what it wrote.
+bool senderHasGone(const QLocalSocket& socket)
+{
+    char byte = 0;
+    return socket.state() != QLocalSocket::ConnectedState ||
+           ::recv(static_cast<int>(socket.socketDescriptor()), &byte, 1, MSG_PEEK | MSG_DONTWAIT) == 0;
 }
 
 QString objectPath(const std::string& id)
@@ -76,46 +90,71 @@ bool SingleInstance::startedByBus()
 
 SingleInstance::Claim SingleInstance::claim(const std::vector<std::string>& locations, Requests requests)
 {
-    lock_ = std::make_unique<QLockFile>(qtText(runtimeFolder_ + "/" + id_ + ".lock"));
-    lock_->setStaleLockTime(0); // a lock is as old as its process, which may run for days
+    lock_ = std::make_unique<StartLock>(runtimeFolder_ + "/" + id_ + ".lock");
     QElapsedTimer waiting;
     waiting.start();
-    // The other process holds the lock before it listens: wait until it does. What cannot be locked at all, such as a
-    // folder that takes no files, is no reason not to start.
-    while (!lock_->tryLock() && lock_->error() == QLockFile::LockFailedError) {
-        if (handOverSocket(locations))
+    // The other process holds the lock before it listens: wait until it does. A lock whose holder neither listens nor
+    // has the name on the bus is none of this program's, and what cannot be locked at all is no reason not to start.
+    for (bool waitOn = true; waitOn;) {
+        const StartLock::Attempt attempt = lock_->tryToHold();
+        if (attempt == StartLock::Attempt::held)
+            break;
+        const HandOver outcome = handOver(locations);
+        if (outcome == HandOver::taken)
             return Claim::handedOver;
-        if (waiting.elapsed() > patience)
+        if (outcome == HandOver::unanswered)
             return Claim::unanswered; // two programs on one session would overwrite each other's work
-        QThread::msleep(20);
+        waitOn = attempt == StartLock::Attempt::heldByAnother && waiting.elapsed() <= patience;
+        if (waitOn)
+            QThread::msleep(20);
     }
     requests_ = std::move(requests);
-    if (!claimBus() && handOverBus(locations))
+    listen(); // first, so that nobody takes the lock for one that was left: a bus may take its time
+    if (!claimBus() && handOverBus(locations) == HandOver::taken) {
+        server_.close();
         return Claim::handedOver;
-    listen();
+    }
     return Claim::first;
 }
 
-bool SingleInstance::handOverSocket(const std::vector<std::string>& locations) const
+/// Over the socket, or, where nobody listens or the socket's path is too long to be one, over the bus.
+SingleInstance::HandOver SingleInstance::handOver(const std::vector<std::string>& locations) const
+{
+    const HandOver outcome = handOverSocket(locations);
+    return outcome == HandOver::nobody ? handOverBus(locations) : outcome;
+}
+
+SingleInstance::HandOver SingleInstance::handOverSocket(const std::vector<std::string>& locations) const
 {
     QLocalSocket socket;
     socket.connectToServer(socketName());
-    if (!socket.waitForConnected(patience))
-        return false;
+    if (!socket.waitForConnected(patience)) // to one that listens and takes no more calls it is still connecting
+        return socket.state() == QLocalSocket::ConnectingState ? HandOver::unanswered : HandOver::nobody;
     QDataStream stream(&socket);
     stream << urisOf(locations);
     socket.waitForBytesWritten(patience);
-    return socket.waitForReadyRead(patience); // one byte says that the request was taken
+    return socket.waitForReadyRead(patience) // one byte says that the request was taken
+               ? HandOver::taken
+               : HandOver::unanswered;
 }
 
-bool SingleInstance::handOverBus(const std::vector<std::string>& locations) const
+SingleInstance::HandOver SingleInstance::handOverBus(const std::vector<std::string>& locations) const
 {
+    if (!sessionHasBus())
+        return HandOver::nobody;
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return HandOver::nobody;
+    bus.interface()->setTimeout(patience);
+    if (!bus.interface()->isServiceRegistered(qtText(id_)).value())
+        return HandOver::nobody;
     QDBusMessage call = QDBusMessage::createMethodCall(
         qtText(id_), objectPath(id_), "org.freedesktop.Application", locations.empty() ? "Activate" : "Open");
     if (!locations.empty())
         call << urisOf(locations);
     call << QVariantMap();
-    return QDBusConnection::sessionBus().call(call, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
+    return bus.call(call, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage ? HandOver::taken
+                                                                                       : HandOver::unanswered;
 }
 
 /// A session without a bus gets none: asking the library for it would start a daemon that nobody ends.
@@ -134,6 +173,7 @@ bool SingleInstance::claimBus()
         return true;
     busObject_ = std::make_unique<ApplicationBusObject>();
     busObject_->opened = [this](const QStringList& uris) { receive(locationsOf(uris)); };
+    bus.interface()->setTimeout(patience);
     bus.registerObject(objectPath(id_), busObject_.get(), QDBusConnection::ExportAllSlots);
     return bus.registerService(qtText(id_));
 }
@@ -163,6 +203,8 @@ void SingleInstance::readRequest(QLocalSocket& socket)
     stream >> uris;
     if (!stream.commitTransaction())
         return; // the rest is on its way
+    if (senderHasGone(socket))
+        return; // this process was busy for longer than the sender had patience
     socket.write("1");
     socket.flush();
     receive(locationsOf(uris));

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "desktop/start_lock.h"
+
 #include <QLocalServer>
-#include <QLockFile>
 #include <QObject>
 #include <functional>
 #include <memory>
@@ -12,8 +13,9 @@ namespace corvane {
 
 class ApplicationBusObject;
 
-/// One running program for each user. A later start hands its files to the first one, over the session bus or, where
-/// there is none, over a local socket; a first one that has crashed is no obstacle.
+/// One running program for each user. A later start hands its files to the first one, over a local socket or, where
+/// there is none, over the session bus; a first one that has crashed is no obstacle. What a sender gave up waiting for
+/// is not done later.
 class SingleInstance : public QObject {
     Q_OBJECT
 public:
@@ -38,8 +40,10 @@ public:
 
 private:
     [[nodiscard]] QString socketName() const;
-    [[nodiscard]] bool handOverSocket(const std::vector<std::string>& locations) const;
-    [[nodiscard]] bool handOverBus(const std::vector<std::string>& locations) const;
+    enum class HandOver { taken, unanswered, nobody };
+    [[nodiscard]] HandOver handOver(const std::vector<std::string>& locations) const;
+    [[nodiscard]] HandOver handOverSocket(const std::vector<std::string>& locations) const;
+    [[nodiscard]] HandOver handOverBus(const std::vector<std::string>& locations) const;
     [[nodiscard]] bool sessionHasBus() const;
     [[nodiscard]] bool claimBus();
     void listen();
@@ -48,7 +52,7 @@ private:
 
     std::string id_;
     std::string runtimeFolder_;
-    std::unique_ptr<QLockFile> lock_;
+    std::unique_ptr<StartLock> lock_;
     QLocalServer server_;
     std::unique_ptr<ApplicationBusObject> busObject_;
     Requests requests_;
