@@ -2,11 +2,17 @@
 
 #include "desktop/file_manager.h"
 #include "desktop/main_thread.h"
+#include "intake/project_file.h"
 #include "platform/application_support.h"
 #include "platform/files.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QFile>
+#include <QTimer>
+#include <QWindow>
+#include <functional>
+#include <utility>
 
 namespace corvane {
 
@@ -25,6 +31,36 @@ std::string sessionFolder()
     makeFolders(folder);
     return folder;
 }
+
+/// Runs the work once the window has been painted for the first time, or after a second in which nobody has seen it.
+class OnceSeen : public QObject {
+public:
+    OnceSeen(QWidget& window, std::function<void()> work) : QObject(&window), work_(std::move(work))
+    {
+        window.windowHandle()->installEventFilter(this);
+        constexpr int patience = 1000; // milliseconds
+        QTimer::singleShot(patience, this, [this] { run(); });
+    }
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        if (event->type() == QEvent::Expose) // the painting follows
+            QTimer::singleShot(0, this, [this] { run(); });
+        return false;
+    }
+
+private:
+    void run()
+    {
+        if (const auto work = std::exchange(work_, nullptr)) {
+            deleteLater();
+            work();
+        }
+    }
+
+    std::function<void()> work_;
+};
 
 } // namespace
 
@@ -53,18 +89,28 @@ CorvaneApp::CorvaneApp()
 
 void CorvaneApp::start(const std::vector<std::string>& locations)
 {
-    // One project is read before the window appears, so that the session of last time is never seen behind it.
-    const bool early = locations.size() == 1;
-    if (early)
-        open(locations);
+    given_ = locations;
+    // The session of last time is never seen in the window that waits for a project.
+    if (given_.size() == 1 && projectFileKind(given_.front()) && !addressRefusal(given_.front()))
+        view_.expectProject();
     showWindow();
-    if (!early && !locations.empty())
+    if (!given_.empty())
+        new OnceSeen(*window_, [this] { openGiven(); });
+}
+
+void CorvaneApp::openGiven()
+{
+    if (const auto locations = std::exchange(given_, {}); !locations.empty())
         open(locations);
 }
 
 void CorvaneApp::open(const std::vector<std::string>& locations)
 {
-    if (locations.empty())
+    openGiven(); // what came first is opened first
+    const auto refusal = locations.size() == 1 ? addressRefusal(locations.front()) : std::nullopt;
+    if (refusal)
+        XMLInbox::shared().setImportError(refusal);
+    if (refusal || locations.empty())
         activate();
     else
         openURLs(locations, XMLInbox::shared(), window_->alerts(), [this] { activate(); });

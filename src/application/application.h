@@ -33,12 +33,13 @@ class CorvaneApp {
 public:
     CorvaneApp();
 
-    /// Shows the window, with the files that were given at the start.
+    /// Shows the window, and opens the files that were given at the start once it is seen.
     void start(const std::vector<std::string>& locations);
     /// What another start, or the desktop, asks: opens the files and brings the window to the front.
     void open(const std::vector<std::string>& locations);
 
 private:
+    void openGiven();
     void activate();
     void reveal(const std::string& path);
     void showWindow();
@@ -54,6 +55,7 @@ private:
     CorvaneAppDelegate delegate_;
     ContentView view_;
     std::unique_ptr<MainWindow> window_;
+    std::vector<std::string> given_; ///< at the start, and not opened yet
     bool shown_ = false;
 };
 

@@ -1,30 +1,43 @@
 #include "application/application.h"
 #include "desktop/session_bus.h"
 #include "help/product.h"
+#include "platform/file_url.h"
 #include "platform/files.h"
 #include "workspace/window/accessible_widgets.h"
 #include "workspace/window/theme.h"
 
 #include <QApplication>
-#include <QFileInfo>
 #include <QUrl>
 #include <exception>
+#include <filesystem>
 #include <iostream>
+#include <span>
 
 namespace {
 
-/// Everything that was given is a file, or a location of one; there are no options.
-std::vector<std::string> givenLocations(const QStringList& arguments)
+/// Unchanged where the folder of this process has gone.
+std::string absolutePath(const std::string& path)
+{
+    std::error_code gone;
+    const auto absolute = std::filesystem::absolute(path, gone);
+    return gone ? path : absolute.lexically_normal().string();
+}
+
+/// Everything that was given is a file, or a location of one; there are no options. Names are taken byte for byte: what
+/// is wrong with one can be said only of the name itself.
+std::vector<std::string> givenLocations(std::span<char*> arguments)
 {
     std::vector<std::string> locations;
-    for (const QString& argument : arguments.mid(1)) {
-        const QUrl url(argument);
-        if (url.isLocalFile())
+    for (const std::string argument : arguments.subspan(1)) {
+        const QUrl url(QString::fromStdString(argument));
+        if (const auto path = corvane::pathOfFileURL(argument))
+            locations.push_back(*path);
+        else if (url.isLocalFile())
             locations.push_back(QFile::encodeName(url.toLocalFile()).toStdString());
-        else if (argument.contains("://"))
-            locations.push_back(argument.toStdString());
+        else if (argument.find("://") != std::string::npos)
+            locations.push_back(argument);
         else
-            locations.push_back(QFile::encodeName(QFileInfo(argument).absoluteFilePath()).toStdString());
+            locations.push_back(absolutePath(argument));
     }
     return locations;
 }
@@ -41,7 +54,8 @@ try {
     QCoreApplication::setApplicationVersion(CORVANE_VERSION);
     QGuiApplication::setDesktopFileName(QString::fromUtf8(product::desktopID.data(), product::desktopID.size()));
 
-    std::vector<std::string> locations = givenLocations(QCoreApplication::arguments());
+    std::vector<std::string> locations =
+        givenLocations({argv, static_cast<std::size_t>(argc)}); // the toolkit's are gone
     SingleInstance instance{std::string(product::desktopID)};
     std::unique_ptr<CorvaneApp> app;
     const auto claim = instance.claim(locations, [&](const std::vector<std::string>& requested) {

@@ -16,6 +16,15 @@ std::string_view withoutFinalSlashes(std::string_view location)
     return location;
 }
 
+/// Where a path went through a text, there stands U+FFFD for what was none.
+bool holdsReplacedBytes(std::string_view path)
+{
+    return path.find("\xEF\xBF\xBD") != std::string_view::npos;
+}
+
+constexpr const char* notTextReason =
+    ": its name, or that of a folder on the way to it, is not UTF-8 text. Rename it, then open it again.";
+
 } // namespace
 
 std::optional<ProjectFileKind> projectFileKind(std::string_view location)
@@ -32,16 +41,28 @@ std::optional<ProjectFileKind> projectFileKind(std::string_view location)
     return std::nullopt;
 }
 
+std::optional<std::string> addressRefusal(std::string_view location)
+{
+    const std::size_t colon = location.find("://");
+    if (colon == std::string_view::npos || location.substr(0, colon).find_first_of("/.") != std::string_view::npos)
+        return std::nullopt;
+    return std::string(location) +
+           " is an address and not a file on this computer. Download the file, then open it from where it was saved.";
+}
+
 ProjectFileContent readProjectFile(const std::string& location, SecurityScope& scope)
 {
     const SecurityScopedAccess access(scope, location);
     const auto kind = projectFileKind(location);
     if (!kind)
         return {.bytes = {}, .error = std::string(chooseProjectFileText)};
-    const std::string path(withoutFinalSlashes(location));
-    const std::string file = *kind == ProjectFileKind::bundle ? pathIn(path, "Info.fcpxml") : path;
+    std::string path(withoutFinalSlashes(location));
+    if (!isText(path) || (holdsReplacedBytes(path) && !somethingNamed(path)))
+        return {.bytes = {}, .error = "Cannot read " + std::string(lastComponent(path)) + notTextReason};
+    if (*kind == ProjectFileKind::bundle)
+        path = pathIn(path, "Info.fcpxml");
     try {
-        return {.bytes = readFile(file, largestProject), .error = {}};
+        return {.bytes = readFile(path, largestProject), .error = {}};
     } catch (const PlatformError& failure) {
         return {.bytes = {}, .error = failure.what()};
     }

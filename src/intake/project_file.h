@@ -24,6 +24,9 @@ enum class ProjectFileKind {
 /// other extension.
 [[nodiscard]] std::optional<ProjectFileKind> projectFileKind(std::string_view location);
 
+/// What to say to a location that is the address of something elsewhere, such as "https://…"; none for all others.
+[[nodiscard]] std::optional<std::string> addressRefusal(std::string_view location);
+
 /// The bytes of a project file, or `error`, the text for the user. An empty file has no bytes and no error.
 struct ProjectFileContent {
     std::string bytes;

@@ -10,6 +10,7 @@
 #include <unicode/stringpiece.h>
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
+#include <unicode/ustring.h>
 #include <unicode/utext.h>
 
 #include <algorithm>
@@ -163,6 +164,14 @@ std::string searchForm(std::string_view text)
 }
 
 } // namespace
+
+bool isText(std::string_view bytes)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    std::int32_t length = 0;
+    u_strFromUTF8(nullptr, 0, &length, bytes.data(), piece(bytes).size(), &status); // only counts
+    return status != U_INVALID_CHAR_FOUND;
+}
 
 std::string_view trimmed(std::string_view text)
 {

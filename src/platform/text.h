@@ -9,6 +9,9 @@
 /// The rules of text that Unicode decides. Texts are UTF-8; malformed bytes count as one character each.
 namespace corvane {
 
+/// True for well-formed UTF-8.
+[[nodiscard]] bool isText(std::string_view bytes);
+
 /// The text without the white space and line breaks at both ends (Unicode's White_Space).
 [[nodiscard]] std::string_view trimmed(std::string_view text);
 

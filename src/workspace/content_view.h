@@ -120,6 +120,8 @@ public:
     void stopObserving(int token);
 
     // The start, projects and files
+    /// A project has been given at the start and is opened later: the stored session is not restored.
+    void expectProject();
     void windowAppeared();
     void importXML(const std::string& data);
     void openProjectFile(const std::string& location);

@@ -13,6 +13,11 @@ const std::string notRestored = "The previous session could not be restored. Its
 
 } // namespace
 
+void ContentView::expectProject()
+{
+    edit([](WorkspaceState& state) { state.didRestore = true; });
+}
+
 void ContentView::windowAppeared()
 {
     react(); // a project that arrived before the window takes precedence over the stored session

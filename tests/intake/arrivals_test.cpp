@@ -52,6 +52,8 @@ TEST(ReadProjectFile, ReadsFilesAndBundlesWithinItsAccess)
     for (const char* name : {"A.FCPXML", "b.fcpxmld/Info.fcpxml", "c.FcpXmlD/Info.fcpxml", "notes.txt", "fcpxml"})
         std::ofstream(scratch.file(name)) << name;
     const ProjectFileContent choose{"", "Choose a .fcpxml file or .fcpxmld bundle."};
+    const std::string notText =
+        ": its name, or that of a folder on the way to it, is not UTF-8 text. Rename it, then open it again.";
     const std::map<std::string, ProjectFileContent> expected = {
         {"A.FCPXML", {"A.FCPXML", {}}},
         {"b.fcpxmld", {"b.fcpxmld/Info.fcpxml", {}}},
@@ -62,6 +64,8 @@ TEST(ReadProjectFile, ReadsFilesAndBundlesWithinItsAccess)
         {"notes.txt", choose},
         {"fcpxml", choose},
         {"A.FCPXML ", choose},
+        {"caf\xE9.fcpxml", {"", "Cannot read caf\xE9.fcpxml" + notText}},
+        {"caf\xEF\xBF\xBD.fcpxml", {"", "Cannot read caf\xEF\xBF\xBD.fcpxml" + notText}},
         {"b.fcpxmld/Info", choose},
         {std::string("notes.txt\0.fcpxml", 17), choose}};
     for (const auto& [name, content] : expected) {
@@ -73,6 +77,11 @@ TEST(ReadProjectFile, ReadsFilesAndBundlesWithinItsAccess)
         EXPECT_EQ(readProjectFile(location, scope), content);
         EXPECT_EQ(scope.log, "start " + location + " stop " + location) << "also after a failure";
     }
+    EXPECT_EQ(
+        addressRefusal("https://a.example/b.fcpxml"), "https://a.example/b.fcpxml is an address and not a file on this "
+                                                      "computer. Download the file, then open it from "
+                                                      "where it was saved.");
+    EXPECT_EQ(addressRefusal("/a/https://b.fcpxml"), std::nullopt);
 }
 
 TEST(ReadProjectFile, SaysWhenThereIsNotEnoughMemory)
