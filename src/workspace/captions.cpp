@@ -183,6 +183,12 @@ std::optional<std::string> carryOverLine(const CutEngine& engine)
     return line.empty() ? std::nullopt : std::optional(line);
 }
 
+std::optional<std::string> quitQuestion(const ContentView& view)
+{
+    const auto& failure = view.state().sessionSaveError;
+    return failure && failure->starts_with(sessionNotSaved) ? std::optional(*failure + " Quit anyway?") : std::nullopt;
+}
+
 std::optional<std::string> timecodeProblem(const ContentView& view, std::string_view text)
 {
     if (!view.state().loaded)

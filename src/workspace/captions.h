@@ -59,6 +59,8 @@ struct Hints {
 [[nodiscard]] std::string angleFacts(const ImportedAngle& angle);
 /// What of the multicam clip an export leaves behind; none when it takes everything.
 [[nodiscard]] std::optional<std::string> carryOverLine(const CutEngine& engine);
+/// What to ask before the window closes; none when the session is saved.
+[[nodiscard]] std::optional<std::string> quitQuestion(const ContentView& view);
 /// What the reader of timecodes says about a text; none when it can be read, and without a project.
 [[nodiscard]] std::optional<std::string> timecodeProblem(const ContentView& view, std::string_view text);
 /// "Undo Remove Section" or "Undo Delete Preset"; none when nothing can be brought back.

@@ -44,6 +44,9 @@ struct RemovedSection {
 /// What can be brought back: the last section or preset that was taken away, or nothing.
 using Undoable = std::variant<std::monostate, RemovedSection, EditPreset>;
 
+/// How `sessionSaveError` begins while what is on screen is in no file.
+constexpr std::string_view sessionNotSaved = "Session could not be saved: ";
+
 /// Everything that the window shows. It is read freely and written only inside ContentView::edit.
 struct WorkspaceState {
     bool showingHelp = false;
@@ -129,6 +132,8 @@ public:
     bool handleDroppedFiles(const std::vector<std::string>& locations);
     void chooseProjectFile();
     void reopenPreviousSession();
+    /// Saves once more what could not be saved.
+    void saveAgain();
 
     // Messages. Alerts that were not seen yet wait behind the first, each text once and not without end; `error` is the
     // field alone.

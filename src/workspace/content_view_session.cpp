@@ -131,6 +131,11 @@ void ContentView::reopenPreviousSession()
     });
 }
 
+void ContentView::saveAgain()
+{
+    edit([this](WorkspaceState&) { saveWanted_ = true; });
+}
+
 void ContentView::saveSession()
 {
     if (!state_.loaded)
@@ -140,7 +145,7 @@ void ContentView::saveSession()
         services_.sessions.write(encoder_.encode(state_.settings, state_.history));
         state_.sessionSaveError = notKept;
     } catch (const std::exception& failure) {
-        state_.sessionSaveError = std::string("Session could not be saved: ") + failure.what();
+        state_.sessionSaveError = std::string(sessionNotSaved) + failure.what();
         if (notKept)
             *state_.sessionSaveError += " " + *notKept;
     }

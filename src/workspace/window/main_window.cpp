@@ -89,6 +89,7 @@ MainWindow::MainWindow(MainWindowServices services)
         services_.view, services_.updater,
         {[this] { helpWindow_.show(); }, [this] { aboutWindow_.show(); }, services_.reveal}, *this);
     alerts_ = new AlertBoxes(services_.view, *this);
+    quitQuestion_ = new QuitQuestion(services_.view, *this);
     savePreset_ = new SavePresetSheet(services_.view, this);
     restorePlace();
     observation_ = services_.view.observe([this](const Changes& changes) { refresh(changes); });
@@ -324,6 +325,10 @@ void MainWindow::dropEvent(QDropEvent* event)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    if (!quitQuestion_->mayClose()) {
+        event->ignore();
+        return;
+    }
     keepPlace();
     QMainWindow::closeEvent(event);
     QApplication::closeAllWindows();

@@ -11,6 +11,7 @@
 #include "workspace/window/controls/panel.h"
 #include "workspace/window/help_window.h"
 #include "workspace/window/menus.h"
+#include "workspace/window/quit_question.h"
 #include "workspace/window/save_preset_sheet.h"
 
 #include <QDialog>
@@ -78,6 +79,7 @@ private:
     CorvaneAboutWindow aboutWindow_;
     Menus* menus_ = nullptr;
     AlertBoxes* alerts_ = nullptr;
+    QuitQuestion* quitQuestion_ = nullptr;
     SavePresetSheet* savePreset_ = nullptr;
     QStackedWidget* pages_ = nullptr;
     QSplitter* split_ = nullptr;
