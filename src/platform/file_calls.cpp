@@ -28,7 +28,12 @@ iovec block(std::string_view bytes)
 
 int FileCalls::open(const std::string& path, int flags)
 {
-    return ::open(path.c_str(), flags, newFileMode); // NOLINT(cppcoreguidelines-pro-type-vararg)
+    return ::open(path.c_str(), flags | O_CLOEXEC, newFileMode); // NOLINT(cppcoreguidelines-pro-type-vararg)
+}
+
+int FileCalls::openNameless(const std::string& folder)
+{
+    return open(folder, O_TMPFILE | O_WRONLY);
 }
 
 std::ptrdiff_t FileCalls::write(int file, std::span<const std::string_view> parts)

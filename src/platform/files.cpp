@@ -32,10 +32,8 @@ bool isFolder(const std::string& path)
 /// An open file that is closed at the end of the scope.
 class OpenFile {
 public:
-    OpenFile(FileCalls& calls, const std::string& path, int flags)
-        : calls_(calls), file_(calls.open(path, flags | O_CLOEXEC))
-    {
-    }
+    /// `file` is what opening it returned.
+    OpenFile(FileCalls& calls, int file) : calls_(calls), file_(file) {}
     OpenFile(const OpenFile&) = delete;
     OpenFile& operator=(const OpenFile&) = delete;
     ~OpenFile()
@@ -83,7 +81,7 @@ int writeAndSync(FileCalls& calls, int file, std::span<const std::string_view> p
 /// 0, or the error. File systems that cannot sync a folder say EINVAL; there is nothing more to do on them.
 int syncFolder(FileCalls& calls, const std::string& folder)
 {
-    const OpenFile file(calls, folder, O_RDONLY | O_DIRECTORY);
+    const OpenFile file(calls, calls.open(folder, O_RDONLY | O_DIRECTORY));
     if (!file.isOpen())
         return errno;
     return calls.sync(file.number()) == 0 || errno == EINVAL ? 0 : errno;
@@ -110,7 +108,7 @@ std::string temporaryName(const std::string& path)
 /// nothing. 0, or the error; none where the file system knows no such files.
 std::optional<int> writeNameless(FileCalls& calls, const std::string& path, std::span<const std::string_view> parts)
 {
-    const OpenFile file(calls, folderOf(path), O_TMPFILE | O_WRONLY);
+    const OpenFile file(calls, calls.openNameless(folderOf(path)));
     if (!file.isOpen())
         return isNotSupported(errno) ? std::nullopt : std::optional(errno);
     if (const int error = writeAndSync(calls, file.number(), parts); error != 0)
@@ -125,7 +123,7 @@ int writeNamed(FileCalls& calls, const std::string& path, std::span<const std::s
 {
     int error = 0;
     {
-        const OpenFile file(calls, path, O_WRONLY | O_CREAT | O_EXCL);
+        const OpenFile file(calls, calls.open(path, O_WRONLY | O_CREAT | O_EXCL));
         if (!file.isOpen())
             return errno;
         error = writeAndSync(calls, file.number(), parts);

@@ -18,7 +18,10 @@ public:
     FileCalls& operator=(const FileCalls&) = delete;
     virtual ~FileCalls() = default;
 
+    /// Programs that this one starts do not get the file.
     virtual int open(const std::string& path, int flags);
+    /// Opens a new file in the folder that has no name yet, for writing; fails with EOPNOTSUPP where there are none.
+    virtual int openNameless(const std::string& folder);
     /// Writes the parts one after the other, or a beginning of them. In one call: a file that is written piece by piece
     /// takes longer to sync.
     virtual std::ptrdiff_t write(int file, std::span<const std::string_view> parts);

@@ -2,8 +2,6 @@
 
 #include "platform/files.h"
 
-#include <fcntl.h>
-
 #include <cerrno>
 #include <string>
 
@@ -19,13 +17,11 @@ struct FailingFiles : FileCalls {
     bool nameless = true; ///< files without a name are to be had
     int calls = 0;
 
-    int open(const std::string& path, int flags) override
+    int open(const std::string& path, int flags) override { return fails() ? -1 : FileCalls::open(path, flags); }
+    int openNameless(const std::string& folder) override
     {
-        if (!nameless && (flags & O_TMPFILE) == O_TMPFILE) {
-            errno = EOPNOTSUPP;
-            return -1;
-        }
-        return fails() ? -1 : FileCalls::open(path, flags);
+        errno = EOPNOTSUPP;
+        return nameless ? FileCalls::openNameless(folder) : -1;
     }
     std::ptrdiff_t write(int file, std::span<const std::string_view> parts) override
     {
