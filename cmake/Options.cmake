@@ -1,6 +1,7 @@
 # What is built beside the program's layers. Nothing but the program is on by itself, so that building it takes the
 # program's own packages only; the presets turn on what they are for.
 option(CORVANE_WINDOW "The window and the program (Qt 6 Widgets); without it only the layers below" ON)
+option(CORVANE_BUS "The desktop's session bus (D-Bus), where the window is built" ON)
 option(CORVANE_EXAMPLES "The headless job" OFF)
 option(CORVANE_TESTS "The tests (GoogleTest, Python 3, Qt Test)" OFF)
 option(CORVANE_STRESS "The long-running programs, and the fuzz targets on their kept inputs, as tests" OFF)
@@ -16,7 +17,7 @@ endif()
 function(print_summary)
     set(built "layers")
     set(left)
-    foreach(part IN ITEMS WINDOW EXAMPLES TESTS STRESS FUZZERS BENCH)
+    foreach(part IN ITEMS WINDOW BUS EXAMPLES TESTS STRESS FUZZERS BENCH)
         string(TOLOWER ${part} name)
         if(CORVANE_${part})
             list(APPEND built ${name})

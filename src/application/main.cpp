@@ -1,5 +1,5 @@
 #include "application/application.h"
-#include "desktop/session_bus.h"
+#include "desktop/silent_bus.h"
 #include "help/product.h"
 #include "platform/file_url.h"
 #include "platform/files.h"
@@ -72,7 +72,7 @@ try {
             "Corvane is running already, but does not answer.", "Wait until it does, or end it and start again.");
         return 1;
     }
-    if (SingleInstance::startedByBus())
+    if (startedByBus())
         instance.awaitFirstRequest();
 
     theme::apply(application);

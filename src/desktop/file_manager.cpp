@@ -1,7 +1,7 @@
 #include "desktop/file_manager.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
+#include "desktop/session_bus.h"
+
 #include <QDesktopServices>
 #include <QFile>
 #include <QFileInfo>
@@ -12,16 +12,8 @@ namespace corvane {
 bool showInFileManager(const std::string& path)
 {
     const QFileInfo file(QFile::decodeName(path.c_str()));
-    const QDBusConnection bus = QDBusConnection::sessionBus();
-    if (bus.isConnected()) {
-        QDBusMessage show = QDBusMessage::createMethodCall(
-            "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1", "org.freedesktop.FileManager1",
-            "ShowItems");
-        show << QStringList(QUrl::fromLocalFile(file.absoluteFilePath()).toString()) << QString();
-        constexpr int patience = 2000; // milliseconds
-        if (bus.call(show, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage)
-            return true;
-    }
+    if (showInFileManagerOnBus(file.absoluteFilePath()))
+        return true;
     return QDesktopServices::openUrl(QUrl::fromLocalFile(file.absolutePath()));
 }
 

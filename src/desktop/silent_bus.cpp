@@ -1,4 +1,4 @@
-#include "desktop/session_bus.h"
+#include "desktop/silent_bus.h"
 
 #include <dbus/dbus.h>
 

@@ -1,19 +1,13 @@
 #include "desktop/single_instance.h"
 
-#include "desktop/application_bus_object.h"
 #include "platform/file_url.h"
 
 #include <sys/socket.h>
 
 #include <QCoreApplication>
-#include <QDBusConnection>
-#include <QDBusConnectionInterface>
-#include <QDBusMessage>
-#include <QDBusReply>
 #include <QDataStream>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QFileInfo>
 #include <QLocalSocket>
 #include <QStandardPaths>
 #include <QThread>
@@ -63,11 +57,6 @@ bool senderHasGone(const QLocalSocket& socket)
            ::recv(static_cast<int>(socket.socketDescriptor()), &byte, 1, MSG_PEEK | MSG_DONTWAIT) == 0;
 }
 
-QString objectPath(const std::string& id)
-{
-    return "/" + qtText(id).replace('.', '/');
-}
-
 } // namespace
 
 SingleInstance::SingleInstance(std::string id)
@@ -83,11 +72,6 @@ QString SingleInstance::socketName() const
     return qtText(runtimeFolder_ + "/" + id_ + ".socket");
 }
 
-bool SingleInstance::startedByBus()
-{
-    return qEnvironmentVariableIsSet("DBUS_STARTER_BUS_TYPE");
-}
-
 SingleInstance::Claim SingleInstance::claim(const std::vector<std::string>& locations, Requests requests)
 {
     lock_ = std::make_unique<StartLock>(runtimeFolder_ + "/" + id_ + ".lock");
@@ -99,7 +83,7 @@ SingleInstance::Claim SingleInstance::claim(const std::vector<std::string>& loca
         const StartLock::Attempt attempt = lock_->tryToHold();
         if (attempt == StartLock::Attempt::held)
             break;
-        const HandOver outcome = handOver(locations);
+        const HandOver outcome = handOver(urisOf(locations));
         if (outcome == HandOver::taken)
             return Claim::handedOver;
         if (outcome == HandOver::unanswered)
@@ -110,7 +94,9 @@ SingleInstance::Claim SingleInstance::claim(const std::vector<std::string>& loca
     }
     requests_ = std::move(requests);
     listen(); // first, so that nobody takes the lock for one that was left: a bus may take its time
-    if (!claimBus() && handOverBus(locations) == HandOver::taken) {
+    const auto opened = [this](const QStringList& uris) { receive(locationsOf(uris)); };
+    busName_ = std::make_unique<BusName>(id_, opened);
+    if (!busName_->isHeld() && handOverOnBus(id_, urisOf(locations)) == HandOver::taken) {
         server_.close();
         return Claim::handedOver;
     }
@@ -118,64 +104,24 @@ SingleInstance::Claim SingleInstance::claim(const std::vector<std::string>& loca
 }
 
 /// Over the socket, or, where nobody listens or the socket's path is too long to be one, over the bus.
-SingleInstance::HandOver SingleInstance::handOver(const std::vector<std::string>& locations) const
+HandOver SingleInstance::handOver(const QStringList& uris) const
 {
-    const HandOver outcome = handOverSocket(locations);
-    return outcome == HandOver::nobody ? handOverBus(locations) : outcome;
+    const HandOver outcome = handOverSocket(uris);
+    return outcome == HandOver::nobody ? handOverOnBus(id_, uris) : outcome;
 }
 
-SingleInstance::HandOver SingleInstance::handOverSocket(const std::vector<std::string>& locations) const
+HandOver SingleInstance::handOverSocket(const QStringList& uris) const
 {
     QLocalSocket socket;
     socket.connectToServer(socketName());
     if (!socket.waitForConnected(patience)) // to one that listens and takes no more calls it is still connecting
         return socket.state() == QLocalSocket::ConnectingState ? HandOver::unanswered : HandOver::nobody;
     QDataStream stream(&socket);
-    stream << urisOf(locations);
+    stream << uris;
     socket.waitForBytesWritten(patience);
     return socket.waitForReadyRead(patience) // one byte says that the request was taken
                ? HandOver::taken
                : HandOver::unanswered;
-}
-
-SingleInstance::HandOver SingleInstance::handOverBus(const std::vector<std::string>& locations) const
-{
-    if (!sessionHasBus())
-        return HandOver::nobody;
-    const QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected())
-        return HandOver::nobody;
-    bus.interface()->setTimeout(patience);
-    if (!bus.interface()->isServiceRegistered(qtText(id_)).value())
-        return HandOver::nobody;
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        qtText(id_), objectPath(id_), "org.freedesktop.Application", locations.empty() ? "Activate" : "Open");
-    if (!locations.empty())
-        call << urisOf(locations);
-    call << QVariantMap();
-    return bus.call(call, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage ? HandOver::taken
-                                                                                       : HandOver::unanswered;
-}
-
-/// A session without a bus gets none: asking the library for it would start a daemon that nobody ends.
-bool SingleInstance::sessionHasBus() const
-{
-    return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") || QFileInfo::exists(qtText(runtimeFolder_ + "/bus"));
-}
-
-/// True also where there is no bus: then nobody else can have the name.
-bool SingleInstance::claimBus()
-{
-    if (!sessionHasBus())
-        return true;
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected())
-        return true;
-    busObject_ = std::make_unique<ApplicationBusObject>();
-    busObject_->opened = [this](const QStringList& uris) { receive(locationsOf(uris)); };
-    bus.interface()->setTimeout(patience);
-    bus.registerObject(objectPath(id_), busObject_.get(), QDBusConnection::ExportAllSlots);
-    return bus.registerService(qtText(id_));
 }
 
 void SingleInstance::listen()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/session_bus.h"
 #include "desktop/start_lock.h"
 
 #include <QLocalServer>
@@ -10,8 +11,6 @@
 #include <vector>
 
 namespace corvane {
-
-class ApplicationBusObject;
 
 /// One running program for each user. A later start hands its files to the first one, over a local socket or, where
 /// there is none, over the session bus; a first one that has crashed is no obstacle. What a sender gave up waiting for
@@ -33,19 +32,13 @@ public:
     };
     [[nodiscard]] Claim claim(const std::vector<std::string>& locations, Requests requests);
 
-    /// True when the bus started this process to handle a request, which is on its way.
-    [[nodiscard]] static bool startedByBus();
-    /// Waits, at most a second, for that request.
+    /// Waits, at most a second, for the request that the bus started this process for.
     void awaitFirstRequest();
 
 private:
     [[nodiscard]] QString socketName() const;
-    enum class HandOver { taken, unanswered, nobody };
-    [[nodiscard]] HandOver handOver(const std::vector<std::string>& locations) const;
-    [[nodiscard]] HandOver handOverSocket(const std::vector<std::string>& locations) const;
-    [[nodiscard]] HandOver handOverBus(const std::vector<std::string>& locations) const;
-    [[nodiscard]] bool sessionHasBus() const;
-    [[nodiscard]] bool claimBus();
+    [[nodiscard]] HandOver handOver(const QStringList& uris) const;
+    [[nodiscard]] HandOver handOverSocket(const QStringList& uris) const;
     void listen();
     void readRequest(QLocalSocket& socket);
     void receive(const std::vector<std::string>& locations);
@@ -54,7 +47,7 @@ private:
     std::string runtimeFolder_;
     std::unique_ptr<StartLock> lock_;
     QLocalServer server_;
-    std::unique_ptr<ApplicationBusObject> busObject_;
+    std::unique_ptr<BusName> busName_;
     Requests requests_;
     bool received_ = false;
 };
