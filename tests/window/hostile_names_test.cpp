@@ -89,10 +89,11 @@ public:
     /// No control is drawn, and at least `count` texts hold the name with its marks.
     void expectMarked(const std::string& what, qsizetype count) const
     {
+        const QString drawnAsMarks = qt(controls).remove('x').remove('\n');
         EXPECT_GE(texts.filter("<b>" + qt(what)).filter(marks).size(), count) << what;
         for (const QString& text : texts) {
             EXPECT_LE(text.count('\n'), 3) << "only the program begins lines: " << utf8(text);
-            for (const QChar c : qt(controls).remove('x').remove('\n'))
+            for (const QChar c : drawnAsMarks)
                 EXPECT_FALSE(text.contains(c)) << c.unicode() + 0 << " in " << utf8(text);
         }
     }
