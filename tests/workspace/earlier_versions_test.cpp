@@ -11,12 +11,12 @@ using namespace test;
 /// for each later version that stores something else comes beside it; none is ever written anew.
 TEST(EarlierVersions, LeftFilesThatOpen)
 {
-    const std::string stored = std::string(CORVANE_FIXTURES) + "/0.1.0/";
+    const std::filesystem::path stored = CORVANE_FIXTURES "/0.1.0";
     TestWindow window;
     window.quit();
-    for (const std::string name : {"session-v1.json", "session-v1 (previous).json"})
-        std::filesystem::copy_file(stored + name, window.folder.file("Corvane/" + name));
-    window.defaults.values["Corvane.savedPresets.v1"] = readFile(stored + "Corvane.savedPresets.v1");
+    for (const char* name : {"session-v1.json", "session-v1 (previous).json"})
+        std::filesystem::copy_file(stored / name, window.folder.file("Corvane") + "/" + name);
+    window.defaults.values["Corvane.savedPresets.v1"] = readFile(stored / "Corvane.savedPresets.v1");
     window.restart();
 
     EXPECT_FALSE(window.state().error || window.state().sessionSaveError);
