@@ -3,6 +3,7 @@
 #include "workspace/window/qt_text.h"
 
 #include <QHelpEvent>
+#include <QTextDocument>
 #include <QToolTip>
 
 namespace corvane {
