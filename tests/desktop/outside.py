@@ -114,8 +114,10 @@ def until(look, patience=PATIENCE):
 
 def press(process, name):
     node = until(lambda: next((node for role, label, node in widgets(process)
-                               if role in ("push button", "menu item") and label == name), None))
-    if node:
+                               if role in ("push button", "button", "menu item") and label == name), None))
+    if node is None:
+        print(f"There is no {name} to press.")
+    else:
         node.get_action_iface().do_action(0)
 
 
@@ -308,7 +310,7 @@ def full_disk(account):
     until(lambda: said(process))
     press(process, "File")
     press(process, "Quit")
-    until(lambda: "Session" not in (said(process) or "Session") or "Quit anyway?" in said(process), 5)
+    until(lambda: "Quit anyway?" in (said(process) or ""), 5)
     return process, said
 
 
