@@ -37,15 +37,17 @@ std::string listedHome()
 
 } // namespace
 
+std::string userFolder(const char* variable, std::string_view inHome)
+{
+    if (const auto folder = absolutePathFrom(variable))
+        return *folder;
+    const auto home = absolutePathFrom("HOME");
+    return pathIn(home ? *home : listedHome(), inHome);
+}
+
 std::string ApplicationSupport::folder()
 {
-    std::string folder;
-    if (const auto data = absolutePathFrom("XDG_DATA_HOME")) {
-        folder = *data;
-    } else {
-        const auto home = absolutePathFrom("HOME");
-        folder = pathIn(home ? *home : listedHome(), ".local/share");
-    }
+    std::string folder = userFolder("XDG_DATA_HOME", ".local/share");
     makeFolders(folder);
     return folder;
 }

@@ -1,8 +1,13 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace corvane {
+
+/// A folder of the user's: what the environment variable names, where that is an absolute path, otherwise the folder
+/// `inHome` in the user's home. It need not be there. Fails with PlatformError where no home can be found.
+[[nodiscard]] std::string userFolder(const char* variable, std::string_view inHome);
 
 /// Where the user's programs keep their own data. The folder is shared by all of them: whoever asks appends "Corvane",
 /// the folder itself never holds that name.

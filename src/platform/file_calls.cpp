@@ -49,6 +49,16 @@ int FileCalls::sync(int file)
     return ::fsync(file);
 }
 
+void FileCalls::takeRights(int file, const std::string& model)
+{
+    struct stat facts{};
+    if (::stat(model.c_str(), &facts) != 0)
+        return;
+    if (::fchown(file, static_cast<uid_t>(-1), facts.st_gid) != 0)
+        facts.st_mode &= ~static_cast<mode_t>(S_IRWXG); // what its group may do is not for another one
+    ::fchmod(file, facts.st_mode & static_cast<mode_t>(S_IRWXU | S_IRWXG | S_IRWXO));
+}
+
 int FileCalls::close(int file)
 {
     return ::close(file);

@@ -61,11 +61,19 @@ void dropWritten(std::span<std::string_view>& rest, std::size_t written)
         rest.front().remove_prefix(written);
 }
 
+/// What to write, and the file whose rights it takes; none for a file that is new.
+struct Content {
+    std::span<const std::string_view> parts;
+    const std::string* model = nullptr;
+};
+
 /// 0, or the error.
-int writeAndSync(FileCalls& calls, int file, std::span<const std::string_view> parts)
+int writeAndSync(FileCalls& calls, int file, const Content& content)
 {
+    if (content.model != nullptr)
+        calls.takeRights(file, *content.model); // before there is anything to read in it
     std::vector<std::string_view> all;
-    std::ranges::remove_copy_if(parts, std::back_inserter(all), &std::string_view::empty);
+    std::ranges::remove_copy_if(content.parts, std::back_inserter(all), &std::string_view::empty);
     std::span<std::string_view> rest(all);
     while (!rest.empty()) {
         const std::ptrdiff_t written = calls.write(file, rest);
@@ -104,14 +112,29 @@ std::string temporaryName(const std::string& path)
         std::string(temporaryPrefix) + std::to_string(::getpid()) + "-" + randomIdentifiers()().digits());
 }
 
+/// The process whose save has this name, as temporaryName gives it; none for any other name.
+std::optional<pid_t> savingProcess(std::string_view name)
+{
+    if (!name.starts_with(temporaryPrefix))
+        return std::nullopt;
+    name.remove_prefix(temporaryPrefix.size());
+    const std::size_t dash = name.find('-');
+    const auto process = readInteger(name.substr(0, dash));
+    constexpr std::size_t digits = 32;
+    const bool ours = dash != std::string_view::npos && name.size() - dash - 1 == digits &&
+                      name.find_first_not_of("0123456789ABCDEF", dash + 1) == std::string_view::npos && process &&
+                      *process > 0 && *process <= std::numeric_limits<pid_t>::max();
+    return ours ? std::optional(static_cast<pid_t>(*process)) : std::nullopt;
+}
+
 /// Writes the parts to a file without a name, which takes `path` only when it is whole: even a killed process leaves
 /// nothing. 0, or the error; none where the file system knows no such files.
-std::optional<int> writeNameless(FileCalls& calls, const std::string& path, std::span<const std::string_view> parts)
+std::optional<int> writeNameless(FileCalls& calls, const std::string& path, const Content& content)
 {
     const OpenFile file(calls, calls.openNameless(folderOf(path)));
     if (!file.isOpen())
         return isNotSupported(errno) ? std::nullopt : std::optional(errno);
-    if (const int error = writeAndSync(calls, file.number(), parts); error != 0)
+    if (const int error = writeAndSync(calls, file.number(), content); error != 0)
         return error;
     if (calls.nameFile(file.number(), path) == 0)
         return 0;
@@ -119,14 +142,14 @@ std::optional<int> writeNameless(FileCalls& calls, const std::string& path, std:
 }
 
 /// Writes the parts to a new file of that name; takes it away again when that fails. 0, or the error.
-int writeNamed(FileCalls& calls, const std::string& path, std::span<const std::string_view> parts)
+int writeNamed(FileCalls& calls, const std::string& path, const Content& content)
 {
     int error = 0;
     {
         const OpenFile file(calls, calls.open(path, O_WRONLY | O_CREAT | O_EXCL));
         if (!file.isOpen())
             return errno;
-        error = writeAndSync(calls, file.number(), parts);
+        error = writeAndSync(calls, file.number(), content);
     }
     if (error != 0)
         calls.unlink(path);
@@ -134,12 +157,12 @@ int writeNamed(FileCalls& calls, const std::string& path, std::span<const std::s
 }
 
 /// 0, or the error.
-int writeWhole(FileCalls& calls, const std::string& path, std::span<const std::string_view> parts)
+int writeWhole(FileCalls& calls, const std::string& path, const Content& content)
 {
-    if (const auto outcome = writeNameless(calls, path, parts))
+    if (const auto outcome = writeNameless(calls, path, content))
         return *outcome;
     const std::string temporary = temporaryName(path);
-    int error = writeNamed(calls, temporary, parts);
+    int error = writeNamed(calls, temporary, content);
     if (error == 0 && calls.renameToNew(temporary, path) != 0) {
         error = errno;
         calls.unlink(temporary);
@@ -183,7 +206,7 @@ std::size_t longestNameIn(const std::string& folder)
 
 void writeNewFile(const std::string& path, std::string_view bytes, FileCalls& calls)
 {
-    int error = writeWhole(calls, path, {&bytes, 1});
+    int error = writeWhole(calls, path, {{&bytes, 1}});
     if (error == 0) {
         error = syncFolder(calls, folderOf(path));
         if (error != 0)
@@ -202,7 +225,7 @@ void replaceFile(const std::string& path, std::span<const std::string_view> part
         refuseFile(cannotWrite, path, *reason);
     const std::string target = followedLinks(path);
     const std::string temporary = temporaryName(target);
-    int error = writeWhole(calls, temporary, parts);
+    int error = writeWhole(calls, temporary, {parts, &target});
     if (error == 0)
         error = putInPlace(calls, temporary, target);
     if (error != 0)
@@ -213,13 +236,9 @@ void removeAbandonedFiles(const std::string& folder)
 {
     std::error_code ignored; // what cannot be looked at or taken away stays
     for (const auto& entry : std::filesystem::directory_iterator(folder, ignored)) {
-        std::string_view name = lastComponent(entry.path().native());
-        if (!name.starts_with(temporaryPrefix))
-            continue;
-        name.remove_prefix(temporaryPrefix.size());
-        const auto process = readInteger(name.substr(0, name.find('-')));
-        if (process && *process > 0 && *process <= std::numeric_limits<pid_t>::max() &&
-            ::kill(static_cast<pid_t>(*process), 0) != 0 && errno == ESRCH)
+        const auto process = savingProcess(lastComponent(entry.path().native()));
+        if (process && entry.symlink_status(ignored).type() == std::filesystem::file_type::regular &&
+            ::kill(*process, 0) != 0 && errno == ESRCH)
             std::filesystem::remove(entry.path(), ignored);
     }
 }
@@ -260,7 +279,7 @@ std::string folderOf(const std::string& path)
 std::string pathIn(const std::string& folder, std::string_view name)
 {
     std::string path = folder;
-    if (path.empty() || path.back() != '/')
+    if (!path.empty() && path.back() != '/')
         path += '/';
     return path.append(name);
 }

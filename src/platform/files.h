@@ -1,5 +1,6 @@
 #pragma once
 
+#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -26,6 +27,8 @@ public:
     /// takes longer to sync.
     virtual std::ptrdiff_t write(int file, std::span<const std::string_view> parts);
     virtual int sync(int file);
+    /// Gives the file the mode and the group of another; what the user may not give stays as it is.
+    virtual void takeRights(int file, const std::string& model);
     virtual int close(int file);
     /// Gives the nameless file the name `path`; fails with EEXIST where something has that name.
     virtual int nameFile(int file, const std::string& path);
@@ -66,12 +69,13 @@ constexpr std::uint64_t largestFile = std::uint64_t{512} << 20U;
 void writeNewFile(const std::string& path, std::string_view bytes, FileCalls& calls = FileCalls::system());
 
 /// Replaces the file, or makes it, with the parts one after the other. A reader sees the old file or the new one,
-/// whole. A link stays: the file that it leads to is replaced. Fails with PlatformError, also for a link to nothing and
-/// for what is no file, and then leaves the old file byte for byte and nothing beside it.
+/// whole. A link stays: the file that it leads to is replaced. The new file has the old one's mode and group. Fails
+/// with PlatformError, also for a link to nothing and for what is no file, and then leaves the old file byte for byte
+/// and nothing beside it.
 void replaceFile(
     const std::string& path, std::span<const std::string_view> parts, FileCalls& calls = FileCalls::system());
 
-/// Takes away what replaceFile left in the folder when its process was killed.
+/// Takes away what replaceFile left in the folder when its process, one of this machine, was killed.
 void removeAbandonedFiles(const std::string& folder);
 
 /// Where a link leads in the end; the path itself for anything else, and for a link that leads to nothing.
@@ -87,7 +91,7 @@ struct FileStamp {
     std::int64_t size = 0;
     std::int64_t modifiedSeconds = 0;
     std::int64_t modifiedNanoseconds = 0;
-    bool operator==(const FileStamp&) const = default;
+    auto operator<=>(const FileStamp&) const = default;
 };
 
 /// None when there is no file. A link counts as what it leads to.
@@ -97,7 +101,7 @@ struct FileStamp {
 /// PlatformError; what was made before the failure stays.
 void makeFolders(const std::string& path, FileCalls& calls = FileCalls::system());
 
-/// The path of `name` inside `folder`.
+/// The path of `name` inside `folder`; an empty one is the folder of the moment.
 [[nodiscard]] std::string pathIn(const std::string& folder, std::string_view name);
 
 /// The last component of a path.

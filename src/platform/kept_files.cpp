@@ -1,8 +1,11 @@
 #include "platform/kept_files.h"
 
 #include "platform/error.h"
+#include "platform/file_errors.h"
+#include "platform/numbers.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 #include <tuple>
@@ -25,18 +28,44 @@ NameParts partsAround(std::string_view path)
     return {std::string(path) + " (kept", after};
 }
 
+/// The n-th of the names, from 1.
+std::string keptName(const NameParts& parts, std::int64_t n)
+{
+    std::string name = parts.before + (n == 1 ? "" : " " + std::to_string(n)) + ")";
+    return name += parts.after;
+}
+
 std::string freeName(const std::string& path)
 {
     const NameParts parts = partsAround(path);
-    for (int n = 1;; ++n) {
-        std::string name = parts.before + (n == 1 ? "" : " " + std::to_string(n)) + ")";
-        name += parts.after;
+    for (std::int64_t n = 1;; ++n) {
+        std::string name = keptName(parts, n);
         if (!somethingNamed(name))
             return name;
     }
 }
 
+/// False for a name that somebody else has made up.
+bool isKeptName(const NameParts& parts, std::string_view name)
+{
+    if (name == keptName(parts, 1))
+        return true;
+    if (!name.starts_with(parts.before + " "))
+        return false;
+    const std::string_view number = name.substr(parts.before.size() + 1);
+    const auto n = readInteger(number.substr(0, number.find(')')));
+    return n && *n > 1 && name == keptName(parts, *n);
+}
+
 } // namespace
+
+std::string moveAside(const std::string& path, FileCalls& calls)
+{
+    std::string kept = freeName(path);
+    if (calls.renameToNew(path, kept) != 0)
+        refuseFile("Cannot write", kept, errno);
+    return kept;
+}
 
 std::string keepAside(const std::string& path, std::uint64_t most, FileCalls& calls)
 {
@@ -63,7 +92,7 @@ std::vector<std::string> keptBeside(const std::string& path)
     std::vector<std::tuple<std::filesystem::file_time_type, std::string>> found;
     for (const auto& entry : std::filesystem::directory_iterator(folderOf(path), none)) {
         const std::string name = pathIn(folderOf(path), entry.path().filename().native());
-        if (name.starts_with(parts.before) && name.ends_with(")" + std::string(parts.after)))
+        if (isKeptName(parts, name))
             found.emplace_back(entry.last_write_time(none), name);
     }
     std::ranges::sort(found);

@@ -14,6 +14,10 @@ namespace corvane {
 /// also for a folder, and for a link to something that cannot be read.
 std::string keepAside(const std::string& path, std::uint64_t most, FileCalls& calls);
 
+/// Renames whatever has this path, a folder or a link as well, to the first of these names that is free, and returns
+/// that path. Fails with PlatformError.
+std::string moveAside(const std::string& path, FileCalls& calls);
+
 /// The paths of all that are kept of this file, the oldest first.
 [[nodiscard]] std::vector<std::string> keptBeside(const std::string& path);
 

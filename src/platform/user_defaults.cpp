@@ -1,8 +1,8 @@
 #include "platform/user_defaults.h"
 
+#include "platform/application_support.h"
+#include "platform/error.h"
 #include "platform/kept_files.h"
-
-#include <cstdlib>
 
 namespace corvane {
 
@@ -10,11 +10,7 @@ FileUserDefaults::FileUserDefaults(std::string folder, FileCalls& calls) : folde
 
 std::string FileUserDefaults::usualFolder()
 {
-    const char* config = std::getenv("XDG_CONFIG_HOME");
-    if (config != nullptr && *config == '/')
-        return pathIn(config, "Corvane");
-    const char* home = std::getenv("HOME");
-    return pathIn(home == nullptr ? "/" : home, ".config/Corvane");
+    return pathIn(userFolder("XDG_CONFIG_HOME", ".config"), "Corvane");
 }
 
 std::string FileUserDefaults::value(const std::string& key) const
@@ -31,7 +27,12 @@ void FileUserDefaults::setValue(const std::string& key, std::string_view bytes)
 
 std::string FileUserDefaults::keepAside(const std::string& key)
 {
-    return std::string(lastComponent(corvane::keepAside(pathIn(folder_, key), largestDefault, calls_)));
+    const std::string path = pathIn(folder_, key);
+    try {
+        return std::string(lastComponent(corvane::keepAside(path, largestDefault, calls_)));
+    } catch (const PlatformError&) { // a folder, say: nothing of this program can stand there
+        return std::string(lastComponent(moveAside(path, calls_)));
+    }
 }
 
 } // namespace corvane

@@ -37,8 +37,6 @@ std::optional<std::string> SessionStore::read()
 {
     const std::string path = sessionFileURL();
     removeAbandonedFiles(folder_());
-    if (const std::string target = followedLinks(path); target != path)
-        removeAbandonedFiles(folderOf(target));
     read_ = stampOf(path);
     if (!somethingNamed(path))
         return std::nullopt;
@@ -121,22 +119,22 @@ std::string SessionStore::keepStoredFile(const std::string& path)
 void SessionStore::removeSurplusCopies(const std::string& path)
 {
     constexpr std::size_t most = 10;
-    const std::vector<std::string> kept = keptBeside(path);
-    if (kept.size() <= most)
-        return;
-    std::vector<std::string> restoring;
-    for (const std::string& name : kept) {
-        const auto stamp = stampOf(name);
-        if (!stamp)
-            continue; // another process was faster
-        Copy& copy = copies_[name];
-        if (copy.stamp != *stamp)
-            copy = {*stamp, storedFile(name, restoresThroughout)};
-        if (copy.restores)
+    std::vector<std::string> restoring; // as far as is known: a copy is looked into only when it is to go
+    for (const std::string& name : keptBeside(path)) {
+        if (const auto stamp = stampOf(name); stamp && !foreignCopies_.contains({name, *stamp}))
             restoring.push_back(name);
     }
-    for (std::size_t n = 0; n + most < restoring.size(); ++n)
-        calls_.unlink(restoring[n]);
+    for (std::size_t n = 0; n + most < restoring.size();) {
+        const std::string& oldest = restoring[n];
+        const auto stamp = stampOf(oldest);
+        if (!stamp || storedFile(oldest, restoresThroughout)) {
+            calls_.unlink(oldest);
+            ++n;
+        } else {
+            foreignCopies_.emplace(oldest, *stamp);
+            restoring.erase(restoring.begin() + static_cast<std::ptrdiff_t>(n));
+        }
+    }
 }
 
 } // namespace corvane

@@ -4,11 +4,12 @@
 
 #include <cstdint>
 #include <functional>
-#include <map>
 #include <optional>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace corvane {
 
@@ -53,15 +54,11 @@ private:
     /// Takes away the oldest of more than ten copies that restore as a whole.
     void removeSurplusCopies(const std::string& path);
 
-    struct Copy {
-        FileStamp stamp;
-        bool restores = false;
-    };
     std::function<std::string()> folder_;
     FileCalls& calls_;
     std::optional<FileStamp> read_;
     std::optional<FileStamp> own_;
-    std::map<std::string, Copy> copies_; ///< by path: another process's saves look at all of them, again and again
+    std::set<std::pair<std::string, FileStamp>> foreignCopies_; ///< those that this program cannot restore, by path
 };
 
 } // namespace corvane

@@ -98,17 +98,20 @@ TEST(AbandonedFiles, GoWhenTheirProcessIsGone)
     const pid_t gone = startChild([] {});
     statusOf(gone);
     const std::string prefix = ".corvane-";
+    const std::string save = "-0123456789ABCDEF0123456789ABCDEF";
     Names others = {
-        prefix + std::to_string(::getpid()) + "-a",
-        prefix + "-1-a",
-        prefix + "0-a",
-        prefix + "99999999999-a",
-        prefix + "a",
+        prefix + std::to_string(::getpid()) + save,
+        prefix + std::to_string(gone) + "-mine",
+        prefix + std::to_string(gone) + save + "0",
+        prefix + "-1" + save,
+        prefix + "0" + save,
+        prefix + "99999999999" + save,
+        prefix + save.substr(1),
         "session-v1.json"};
     std::ranges::sort(others);
     for (const std::string& name : others)
         writeNewFile(folder.file(name), "");
-    writeNewFile(folder.file(prefix + std::to_string(gone) + "-a"), "");
+    writeNewFile(folder.file(prefix + std::to_string(gone) + save), "");
     removeAbandonedFiles(folder.path());
     EXPECT_EQ(folder.names(), others);
 }
@@ -182,6 +185,14 @@ TEST(Replacing, FollowsLinksAndTakesNothingElseAway)
     EXPECT_EQ(folderOf(calls.renamed), folder.path()) << "beside the file, not beside the link";
     EXPECT_TRUE(std::filesystem::is_symlink(folder.file("folder/link")));
     EXPECT_EQ(folder.names(), before);
+    const auto mode = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
+    std::filesystem::permissions(folder.file("real"), mode);
+    for (const bool nameless : {true, false}) {
+        FailingFiles other;
+        other.nameless = nameless;
+        replaceFile(folder.file("link"), {&bytes, 1}, other);
+        EXPECT_EQ(std::filesystem::status(folder.file("real")).permissions(), mode) << "nobody else may read it";
+    }
     EXPECT_REFUSED(
         makeFolders(folder.file("gone/x")), "Cannot make gone: it is a link to none/x, and nothing is there.");
 }
@@ -201,8 +212,11 @@ TEST(KeptFiles, AreCopiesOrWhatCannotBeCopied)
     EXPECT_EQ(keep("a.json"), "a (kept).json");
     writeNewFile(folder.file("a.json"), "abc");
     EXPECT_EQ(keep("a.json"), "a (kept 2).json");
+    for (const char* name : {"a (kept by me).json", "a (kept 1).json", "a (kept 02).json", "a (kept 2)b.json"})
+        writeNewFile(folder.file(name), "of somebody else");
     EXPECT_EQ(keptBeside(folder.file("a.json")).size(), 2U);
-    for (const char* name : {"folder", "to folder", "gone", "device"})
+    EXPECT_EQ(moveAside(folder.file("to folder"), FileCalls::system()), folder.file("to folder (kept)"));
+    for (const char* name : {"folder", "gone", "device"})
         EXPECT_THROW(keep(name), PlatformError) << name;
 }
 

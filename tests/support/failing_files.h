@@ -15,6 +15,7 @@ struct FailingFiles : FileCalls {
     int failing;
     int error;
     bool nameless = true; ///< files without a name are to be had
+    bool full = false;    ///< every call fails
     int calls = 0;
 
     int open(const std::string& path, int flags) override { return fails() ? -1 : FileCalls::open(path, flags); }
@@ -49,7 +50,7 @@ private:
     bool fails()
     {
         errno = error;
-        return calls++ == failing;
+        return calls++ == failing || full;
     }
 };
 
