@@ -186,7 +186,7 @@ std::optional<std::string> carryOverLine(const CutEngine& engine)
 std::optional<std::string> quitQuestion(const ContentView& view)
 {
     const auto& failure = view.state().sessionSaveError;
-    return failure && failure->starts_with(sessionNotSaved) ? std::optional(*failure + " Quit anyway?") : std::nullopt;
+    return failure && view.holdsUnsaved() ? std::optional(*failure + " Quit anyway?") : std::nullopt;
 }
 
 std::optional<std::string> timecodeProblem(const ContentView& view, std::string_view text)

@@ -134,6 +134,11 @@ public:
     void reopenPreviousSession();
     /// Saves once more what could not be saved.
     void saveAgain();
+    /// True while a session with edits is in no file: the one on screen, or one that an import has replaced.
+    [[nodiscard]] bool holdsUnsaved() const;
+    /// Between the two, as while a dialog is open, projects that arrive wait.
+    void beginQuestion() { waiting_ = true; }
+    void endQuestion();
 
     // Messages. Alerts that were not seen yet wait behind the first, each text once and not without end; `error` is the
     // field alone.
@@ -204,6 +209,7 @@ private:
     }
 
     void saveSession();
+    [[nodiscard]] std::optional<std::string> keepUnkeptSession();
     void restoreSession();
     struct StoredSession {
         std::shared_ptr<const LoadedDocument> loaded;
@@ -235,7 +241,9 @@ private:
     std::size_t lastAlertStandsFor_ = 1; ///< messages, when more came than wait one by one
     int editDepth_ = 0;
     bool saveWanted_ = false;
-    bool storedSessionRefused_ = false;        ///< the stored file could not be restored
+    bool storedSessionRefused_ = false; ///< the stored file could not be restored
+    std::optional<std::string>
+        unkeptSession_; ///< with edits, replaced while no file could be written: it is nowhere else
     std::optional<std::string> keepingFailed_; ///< why a replaced session could not be kept, for the save's line
     bool notifying_ = false;
     bool waiting_ = false; ///< a dialog is open or a delivery is being handled: other deliveries wait

@@ -73,6 +73,12 @@ void ContentView::chooseProjectFile()
     react();
 }
 
+void ContentView::endQuestion()
+{
+    waiting_ = false;
+    react();
+}
+
 /// What has arrived in the inbox. A message is shown at once; a project waits while a dialog is open.
 void ContentView::react()
 {

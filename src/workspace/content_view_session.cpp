@@ -11,6 +11,16 @@ namespace {
 const std::string notRestored = "The previous session could not be restored. Its saved file has been kept. You can "
                                 "import an XML to start a new session. ";
 
+const std::string previousNotKept = "The previous session could not be kept: ";
+
+std::string joined(const std::vector<std::string_view>& parts)
+{
+    std::string whole;
+    for (const std::string_view part : parts)
+        whole += part;
+    return whole;
+}
+
 } // namespace
 
 void ContentView::expectProject()
@@ -95,14 +105,29 @@ void ContentView::keepReplacedSession()
                 services_.sessions.keepAsPrevious(*bytes);
         }
     } catch (const std::exception& failure) {
-        keepingFailed_ = std::string("The previous session could not be kept: ") + failure.what();
+        keepingFailed_ = previousNotKept + failure.what();
         try {
             if (hasEdits)
                 services_.sessions.write(encoder_.encode(state_.settings, state_.history));
-        } catch (const std::exception&) { // NOLINT(bugprone-empty-catch)
-            // Then it is the disk; the last state that it took is kept.
+        } catch (const std::exception&) { // then it is the disk
+            unkeptSession_ = joined(encoder_.encode(state_.settings, state_.history));
         }
         services_.sessions.disown();
+    }
+}
+
+/// What to say where that fails again; none when nothing is left to keep.
+std::optional<std::string> ContentView::keepUnkeptSession()
+{
+    if (!unkeptSession_)
+        return std::nullopt;
+    try {
+        const std::string_view part = *unkeptSession_;
+        services_.sessions.writePrevious({&part, 1});
+        unkeptSession_.reset();
+        return std::nullopt;
+    } catch (const std::exception& failure) {
+        return previousNotKept + failure.what();
     }
 }
 
@@ -110,16 +135,18 @@ void ContentView::reopenPreviousSession()
 {
     edit([this](WorkspaceState& state) {
         try {
-            if (!somethingNamed(services_.sessions.previousFileURL())) {
+            if (!unkeptSession_ && !somethingNamed(services_.sessions.previousFileURL())) {
                 fail("There is no previous project to reopen.");
                 return;
             }
-            const std::string bytes = readFile(services_.sessions.previousFileURL(), largestSession);
+            const std::string bytes =
+                unkeptSession_ ? *unkeptSession_ : readFile(services_.sessions.previousFileURL(), largestSession);
             StoredSession session = readSession(bytes);
             if (state.loaded) {
                 services_.sessions.write(encoder_.encode(state.settings, state.history));
                 services_.sessions.changePlaces(bytes);
             }
+            unkeptSession_.reset();
             show(std::move(session));
         } catch (const std::exception& failure) {
             fail(notRestored + failure.what());
@@ -129,6 +156,12 @@ void ContentView::reopenPreviousSession()
         state.presetNotice.clear();
         saveWanted_ = true;
     });
+}
+
+bool ContentView::holdsUnsaved() const
+{
+    const auto& failure = state_.sessionSaveError;
+    return unkeptSession_ || (failure && failure->starts_with(sessionNotSaved));
 }
 
 void ContentView::saveAgain()
@@ -143,7 +176,7 @@ void ContentView::saveSession()
     const std::optional<std::string> notKept = std::exchange(keepingFailed_, std::nullopt);
     try {
         services_.sessions.write(encoder_.encode(state_.settings, state_.history));
-        state_.sessionSaveError = notKept;
+        state_.sessionSaveError = notKept ? notKept : keepUnkeptSession();
     } catch (const std::exception& failure) {
         state_.sessionSaveError = std::string(sessionNotSaved) + failure.what();
         if (notKept)

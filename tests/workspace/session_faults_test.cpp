@@ -134,6 +134,28 @@ TEST(SessionFaults, KeepAnEditWhoseSaveFailedWhenAnotherProjectComes)
     EXPECT_EQ(decodeSession(replacedOne).history.items.size(), 1U);
 }
 
+TEST(SessionFaults, KeepAReplacedEditThatNoFileTook)
+{
+    FaultyWindow window;
+    window.importAndGenerate(document());
+    window.calls.full = true;
+    window.view().generateRoughEdit();
+    window.view().importXML(replaced(document(), "Concert", "Other"));
+    EXPECT_EQ(window.state().loaded->imported.name, "Other");
+    window.calls.full = false;
+    std::filesystem::create_directory(window.folder.file("Corvane/session-v1 (previous).json"));
+    window.view().saveAgain();
+    EXPECT_EQ(
+        quitQuestion(window.view()), "The previous session could not be kept: Cannot read session-v1 (previous).json: "
+                                     "Is a directory. Quit anyway?");
+    std::filesystem::remove(window.folder.file("Corvane/session-v1 (previous).json"));
+    window.view().saveAgain();
+    EXPECT_EQ(quitQuestion(window.view()), std::nullopt);
+    window.view().reopenPreviousSession();
+    EXPECT_EQ(window.state().loaded->imported.name, "Concert");
+    EXPECT_EQ(window.state().history.items.size(), 2U);
+}
+
 TEST(SessionFaults, TellWhatStandsInTheWay)
 {
     TestWindow window;

@@ -40,6 +40,7 @@ void QuitQuestion::ask()
         quit();
         return;
     }
+    view_.beginQuestion();
     box_ = new QMessageBox(QMessageBox::Warning, "Corvane", shown(*question), QMessageBox::NoButton, &window_);
     box_->setTextFormat(Qt::PlainText);
     box_->setAttribute(Qt::WA_DeleteOnClose);
@@ -50,10 +51,13 @@ void QuitQuestion::ask()
     connect(box_, &QMessageBox::finished, this, [this, quit, again] {
         const auto* answer = box_->clickedButton();
         box_ = nullptr;
-        if (answer == quit)
+        if (answer == quit) {
             this->quit();
-        else if (answer == again)
+        } else if (answer == again) {
             saveAgain();
+        } else {
+            view_.endQuestion();
+        }
     });
     box_->open();
 }
@@ -68,8 +72,10 @@ void QuitQuestion::saveAgain()
 void QuitQuestion::quit()
 {
     answered_ = true;
-    window_.close();
-    answered_ = false; // should something keep the window open
+    const bool closed = window_.close();
+    answered_ = false;
+    if (!closed) // something else keeps the window open
+        view_.endQuestion();
 }
 
 } // namespace corvane
