@@ -19,10 +19,15 @@ namespace {
 constexpr int patience = 2000; // milliseconds for another process to answer
 
 /// A session without a bus gets none: asking the library for it would start a daemon that nobody ends.
-std::optional<QDBusConnection> sessionBus()
+bool sessionHasBus()
 {
     const QString socket = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + "/bus";
-    if (!qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") && !QFileInfo::exists(socket))
+    return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") || QFileInfo::exists(socket);
+}
+
+std::optional<QDBusConnection> sessionBus()
+{
+    if (!sessionHasBus())
         return std::nullopt;
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
@@ -31,14 +36,29 @@ std::optional<QDBusConnection> sessionBus()
     return bus;
 }
 
-QString objectPath(const std::string& id)
+QString objectPath(QString name)
 {
-    return "/" + QString::fromStdString(id).replace('.', '/');
+    return "/" + name.replace('.', '/');
 }
 
 bool isAnswered(const QDBusConnection& bus, const QDBusMessage& call)
 {
     return bus.call(call, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
+}
+
+HandOver ask(const QDBusConnection& bus, const QString& name, const QStringList& uris)
+{
+    if (!bus.isConnected())
+        return HandOver::nobody;
+    bus.interface()->setTimeout(patience);
+    if (!bus.interface()->isServiceRegistered(name).value())
+        return HandOver::nobody;
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        name, objectPath(name), "org.freedesktop.Application", uris.isEmpty() ? "Activate" : "Open");
+    if (!uris.isEmpty())
+        call << uris;
+    call << QVariantMap();
+    return isAnswered(bus, call) ? HandOver::taken : HandOver::unanswered;
 }
 
 } // namespace
@@ -50,16 +70,13 @@ bool startedByBus()
 
 HandOver handOverOnBus(const std::string& id, const QStringList& uris)
 {
-    const QString name = QString::fromStdString(id);
-    const auto bus = sessionBus();
-    if (!bus || !bus->interface()->isServiceRegistered(name).value())
+    if (!sessionHasBus())
         return HandOver::nobody;
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        name, objectPath(id), "org.freedesktop.Application", uris.isEmpty() ? "Activate" : "Open");
-    if (!uris.isEmpty())
-        call << uris;
-    call << QVariantMap();
-    return isAnswered(*bus, call) ? HandOver::taken : HandOver::unanswered;
+    const QString connection = "hand-over";
+    const HandOver outcome =
+        ask(QDBusConnection::connectToBus(QDBusConnection::SessionBus, connection), QString::fromStdString(id), uris);
+    QDBusConnection::disconnectFromBus(connection); // who answers later sees that nobody waits any more
+    return outcome;
 }
 
 BusName::BusName(const std::string& id, std::function<void(const QStringList&)> opened)
@@ -69,9 +86,10 @@ BusName::BusName(const std::string& id, std::function<void(const QStringList&)> 
         return;
     auto object = std::make_unique<ApplicationBusObject>();
     object->opened = std::move(opened);
-    bus->registerObject(objectPath(id), object.get(), QDBusConnection::ExportAllSlots);
+    const QString name = QString::fromStdString(id);
+    bus->registerObject(objectPath(name), object.get(), QDBusConnection::ExportAllSlots);
     object_ = std::move(object);
-    held_ = bus->registerService(QString::fromStdString(id));
+    held_ = bus->registerService(name);
 }
 
 BusName::~BusName() = default;

@@ -11,6 +11,7 @@
 #include <QLocalSocket>
 #include <QStandardPaths>
 #include <QThread>
+#include <QTimer>
 #include <QUrl>
 #include <utility>
 
@@ -81,8 +82,12 @@ SingleInstance::Claim SingleInstance::claim(const std::vector<std::string>& loca
     // has the name on the bus is none of this program's, and what cannot be locked at all is no reason not to start.
     for (bool waitOn = true; waitOn;) {
         const StartLock::Attempt attempt = lock_->tryToHold();
-        if (attempt == StartLock::Attempt::held)
+        if (attempt == StartLock::Attempt::held) {
+            // Somebody may have taken the file away from a program that runs.
+            if (handOverSocket(urisOf(locations)) == HandOver::taken)
+                return Claim::handedOver;
             break;
+        }
         const HandOver outcome = handOver(urisOf(locations));
         if (outcome == HandOver::taken)
             return Claim::handedOver;
@@ -119,9 +124,10 @@ HandOver SingleInstance::handOverSocket(const QStringList& uris) const
     QDataStream stream(&socket);
     stream << uris;
     socket.waitForBytesWritten(patience);
-    return socket.waitForReadyRead(patience) // one byte says that the request was taken
-               ? HandOver::taken
-               : HandOver::unanswered;
+    if (socket.waitForReadyRead(patience)) // one byte says that the request was taken
+        return HandOver::taken;
+    // One that closes has ended meanwhile.
+    return socket.state() == QLocalSocket::ConnectedState ? HandOver::unanswered : HandOver::nobody;
 }
 
 void SingleInstance::listen()
@@ -138,7 +144,7 @@ void SingleInstance::listen()
 
 void SingleInstance::readRequest(QLocalSocket& socket)
 {
-    constexpr qint64 longest = 1 << 20;
+    constexpr qint64 longest = 1 << 26; // beyond what a command line may hold
     if (socket.bytesAvailable() > longest) {
         socket.abort();
         return;
@@ -158,12 +164,15 @@ void SingleInstance::readRequest(QLocalSocket& socket)
 
 void SingleInstance::receive(const std::vector<std::string>& locations)
 {
-    // Later, so that the answer goes first: reading a project can take longer than who asks has patience.
-    const auto handle = [this, locations] {
-        received_ = true;
-        requests_(locations);
-    };
-    QMetaObject::invokeMethod(this, handle, Qt::QueuedConnection);
+    // Later, so that all who wait are answered first: reading a project can take longer than they have patience.
+    constexpr int soon = 20; // milliseconds
+    waiting_.push_back(locations);
+    if (waiting_.size() == 1)
+        QTimer::singleShot(soon, this, [this] {
+            handled_ = true;
+            for (const auto& request : std::exchange(waiting_, {}))
+                requests_(request);
+        });
 }
 
 void SingleInstance::awaitFirstRequest()
@@ -171,7 +180,7 @@ void SingleInstance::awaitFirstRequest()
     constexpr qint64 longest = 1000; // milliseconds
     QElapsedTimer waiting;
     waiting.start();
-    while (!received_ && waiting.elapsed() < longest)
+    while (!handled_ && waiting.elapsed() < longest)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::ExcludeUserInputEvents, 20);
 }
 

@@ -49,7 +49,8 @@ private:
     QLocalServer server_;
     std::unique_ptr<BusName> busName_;
     Requests requests_;
-    bool received_ = false;
+    std::vector<std::vector<std::string>> waiting_; ///< requests that were answered and are handled soon
+    bool handled_ = false;                          ///< a request
 };
 
 } // namespace corvane

@@ -30,7 +30,7 @@ PATIENCE = 15  # seconds for an answer
 ID = "example.corvane.Corvane"
 PROGRAM, SAMPLES = sys.argv[1], pathlib.Path(sys.argv[2]).resolve()
 SAMPLE, OTHER = SAMPLES / "interview.fcpxml", SAMPLES / "sunday-service.fcpxml"
-MESSAGE = r"(Cannot |This file |What this file |The previous |Saved presets could |Started |Session could |Corvane is running|http)"
+MESSAGE = r"(Cannot |Open one |This file |What this file |The previous |Saved presets could |Started |Session could |Corvane is running|http)"
 Atspi.set_timeout(1000, 0)
 
 
@@ -266,6 +266,33 @@ for road, ask in [("socket", ask_socket), ("bus", ask_bus)]:
         process.send_signal(signal.SIGCONT)
         until(lambda: account.shown() != "shows Interview", 3)
         return process, account.shown
+
+
+@case("hand-over to one that is killed meanwhile", "shows Sunday Service")
+def killed(account):
+    process = account.started()
+    process.send_signal(signal.SIGSTOP)
+    later = account.start(OTHER)
+    time.sleep(1)
+    process.kill()
+    until(lambda: account.shown() == "shows Sunday Service")
+    return later, account.shown
+
+
+@case("hand-over of 3,000 files with long names", "Open one Final Cut XML project at a time")
+def many(account):
+    process = account.started()
+    account.start(*(account.work / f"{'n' * 200}{n}.fcpxml" for n in range(3000))).wait()
+    return process, said
+
+
+@case("the lock's file is gone while the program runs", "shows Sunday Service")
+def unlocked(account):
+    process = account.started()
+    account.lock.unlink()
+    account.start(OTHER).wait()  # does not become a second one
+    until(lambda: account.shown() == "shows Sunday Service")
+    return process, account.shown
 
 
 def stored_edited(account, change):
