@@ -8,6 +8,9 @@
 #include "export/rough_edit_writer.h"
 #include "export/settings_record.h"
 #include "import/final_cut_import_error.h"
+#include "intake/project_file.h"
+#include "platform/error.h"
+#include "platform/files.h"
 #include "platform/numbers.h"
 #include "platform/text.h"
 #include "session/starting_settings.h"
@@ -111,8 +114,10 @@ std::string shuffleUntilWritten(const ImportedProject& project, const CutEngine&
 int makeRoughEdit(const std::string& projectFile, const std::string& folder)
 {
     std::cout << "Steps\n";
-    const std::string bytes = timed("read", [&] { return readFile(projectFile); });
-    const auto [project, engine] = timed("import", [&] { return loadProject(bytes); });
+    const ProjectFileContent file = timed("read", [&] { return readProjectFile(projectFile); });
+    if (file.error)
+        throw PlatformError(*file.error);
+    const auto [project, engine] = timed("import", [&] { return loadProject(file.bytes); });
     EditRevision edit = {randomIdentifiers()(), Timestamp::now(), startingSettings(project, engine), {}};
     const std::string xml = shuffleUntilWritten(project, engine, edit);
     const std::string record = settingsRecordText(project, engine, edit);
@@ -134,6 +139,9 @@ try {
         std::cerr << "Usage: corvane_rough_edit PROJECT.fcpxml FOLDER\n";
         return 2;
     }
+    surviveFileSizeLimit();
+    if (const auto refusal = addressRefusal(argv[1]))
+        throw PlatformError(*refusal);
     return makeRoughEdit(argv[1], argv[2]);
 } catch (const std::exception& failure) {
     std::cout.flush();
