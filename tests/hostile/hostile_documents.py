@@ -50,7 +50,7 @@ def main(program, part=""):
             if part not in name:
                 continue
             seconds, memory, answer = answered(program, document, pathlib.Path(scratch, "out"))
-            right = answer == WRITTEN if expected == WRITTEN else answer.startswith(expected)
+            right = answer == WRITTEN if expected == WRITTEN else answer.startswith(tuple([expected] if isinstance(expected, str) else expected))
             faults += not right
             print("" if right else "WRONG: ", name, f" | {os.path.getsize(document):,} bytes | {seconds:.2f} s | {memory} MB | ",
                   answer[:200], sep="", flush=True)
@@ -69,6 +69,7 @@ PARAMETER, LONG, MANY, GROWS = (DOCTYPE + words for words in (
     "uses the parameter entity", "is longer than 64 kB (line ", "has more than 200 declarations (line ", "makes it grow too far (line "))
 UNKNOWN, DAMAGED, LARGE = ("This file does not say what the entity “&", "This file is damaged at line ",
                            "What this file holds at line ")
+GROWS = (GROWS, LARGE)  # later parsers count for themselves, too
 EMPTY, NO_XML, TAG = "This file is empty. ", "This file is not XML. ", "A tag of this file is too long (line "
 members = []  # name, path, how the answer begins
 
@@ -153,7 +154,7 @@ member("15,000 elements 1,000 times", GROWS, subset(f'<!ENTITY e "{"<b/>" * 15_0
 member("100 kB that stand for 4 million elements", GROWS, subset(
     f'<!ENTITY e "{"<b/>" * 200}">' + "".join(f'<!ENTITY f{n} "{"&e;" * 9}">' for n in range(100)),
     "".join(f"&f{n % 100};" for n in range(2000)) + "x" * 100_000))
-member("entities in each other, 2,000 levels", ELEMENTS,
+member("entities in each other, 2,000 levels", (ELEMENTS, LARGE),
        subset("".join(f'<!ENTITY e{n} "{"<b>" * 100}&e{n + 1};{"</b>" * 100}">' for n in range(20)) +
               '<!ENTITY e20 "x">', "&e0;"))
 
