@@ -2,11 +2,13 @@
 
 #include "platform/numbers.h"
 #include "workspace/captions.h"
+#include "workspace/window/controls/kept_lines.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/shown_text.h"
 #include "workspace/window/tooltips.h"
 
 #include <QFormLayout>
+#include <QGridLayout>
 #include <algorithm>
 #include <cmath>
 
@@ -48,11 +50,20 @@ CamerasPanel::CamerasPanel(ContentView& view, QWidget* parent)
                "can return at 07:00 or later. It does not set the shot length. Zero means no waiting."));
     addHelp(tr("Fixed sections and opening or closing shots take priority over these waits. A shot may run longer "
                "while other cameras wait."));
-    tooFew_ = addHelp(tr("Frequency needs at least 3 included cameras: the main camera and 2 others. With 2 cameras, "
-                         "use the main camera balance."));
-    frequencyHelp_ = addHelp(tr("Higher numbers choose this camera more often between main camera shots. The "
-                                "percentage compares additional camera choices when footage is available, not total "
-                                "screen time."));
+    tooFew_ = helpLabel(
+        tr("Frequency needs at least 3 included cameras: the main camera and 2 others. With 2 cameras, use the main "
+           "camera balance."),
+        this);
+    frequencyHelp_ = helpLabel(
+        tr("Higher numbers choose this camera more often between main camera shots. The percentage compares additional "
+           "camera choices when footage is available, not total screen time."),
+        this);
+    auto* oneOrTheOther = new QGridLayout;
+    for (QLabel* help : {tooFew_, frequencyHelp_}) {
+        keepPlace(*help);
+        oneOrTheOther->addWidget(help, 0, 0, Qt::AlignTop);
+    }
+    column().addLayout(oneOrTheOther);
     column().addLayout(frequencyRows_);
 
     connect(main_, &Picker::picked, this, [this](const std::string& id) { view_.selectMainCamera(id); });
@@ -116,6 +127,7 @@ void CamerasPanel::addCamera(const ImportedAngle& angle)
     camera.wait->box().setAccessibleDescription(qt(label));
     rows->addWidget(camera.included);
     rows->addWidget(camera.wait);
+    keepPlace(*camera.wait);
     cameraRows_->addWidget(camera.holder);
     addFrequency(camera, label);
 
@@ -160,6 +172,7 @@ void CamerasPanel::showCamera(const Camera& camera)
     const bool included = std::ranges::find(others, camera.id) != others.end();
     const bool isMain = camera.id == settings().mainCamera;
     camera.holder->setVisible(!isMain);
+    keepPlace(*camera.frequencyHolder, !isMain);
     {
         const QSignalBlocker blocker(camera.included);
         camera.included->setChecked(included);

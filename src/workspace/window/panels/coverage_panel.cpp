@@ -1,6 +1,7 @@
 #include "workspace/window/panels/coverage_panel.h"
 
 #include "workspace/captions.h"
+#include "workspace/window/controls/kept_lines.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/shown_text.h"
 #include "workspace/window/theme.h"
@@ -23,11 +24,13 @@ CoveragePanel::CoveragePanel(ContentView& view, QWidget* parent)
 {
     addHelp(tr("Coloured sections have footage. Empty sections are gaps. All bars use the same project timecode."));
     column().addWidget(rowsHolder_);
-    column().addWidget(gapsText_);
     missing_->setProperty("role", "help");
-    column().addWidget(missing_);
     warning_->setProperty("role", "warning");
-    column().addWidget(warning_);
+    auto* place = new KeptLines(4, this);
+    place->add(*gapsText_);
+    place->add(*warning_);
+    column().addWidget(place);
+    column().addWidget(missing_);
 }
 
 void CoveragePanel::refresh(const Changes& changes)

@@ -1,6 +1,7 @@
 #include "workspace/window/panels/cut_panel.h"
 
 #include "workspace/captions.h"
+#include "workspace/window/controls/kept_lines.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/shown_text.h"
 #include "workspace/window/tooltips.h"
@@ -12,6 +13,7 @@ namespace corvane {
 
 CutPanel::CutPanel(ContentView& view, QWidget* parent)
     : Panel(tr("Rough edit"), view, parent),
+      pages_(new QStackedWidget(this)),
       empty_(helpLabel(tr("Generate an edit to preview the cuts here."), this)),
       summary_(new ElidedLabel({}, this)),
       strip_(new CutStrip(view, this)),
@@ -33,15 +35,26 @@ CutPanel::CutPanel(ContentView& view, QWidget* parent)
 
 void CutPanel::arrange()
 {
-    generate_->setProperty("role", "primary");
-    carryOver_->setProperty("role", "help");
-    saveError_->setProperty("role", "warning");
-    for (QLabel* line : {status_, saveError_}) {
-        line->setWordWrap(true);
-        line->setMinimumWidth(1); // as helpLabel
-        line->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    }
+    column().setSpacing(6); // a window of the usual size shows the usage of eight cameras below
+    arrangeTable();
+    auto* edit = new QWidget(pages_);
+    auto* pictures = new QVBoxLayout(edit);
+    pictures->setContentsMargins(0, 0, 0, 0);
+    pictures->setSpacing(column().spacing());
+    pictures->addWidget(summary_);
+    keepPlace(*summary_);
+    pictures->addWidget(strip_);
+    pictures->addWidget(table_, 1);
     empty_->setAlignment(Qt::AlignCenter);
+    pages_->addWidget(empty_);
+    pages_->addWidget(edit);
+    column().addWidget(pages_, 1);
+    arrangeButtons();
+    arrangeMessages();
+}
+
+void CutPanel::arrangeTable()
+{
     table_->setModel(model_);
     table_->setAccessibleName(tr("Cuts"));
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -59,23 +72,51 @@ void CutPanel::arrange()
     table_->horizontalHeader()->setHighlightSections(false);
     for (const int section : {CutTableModel::start, CutTableModel::duration})
         table_->setColumnWidth(section, table_->horizontalHeader()->sectionSizeHint(section) + 8);
-    table_->setMinimumHeight(120);
+    table_->setMinimumHeight(74);
+    table_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored); // it takes what the rest leaves
+}
 
-    column().addWidget(summary_);
-    column().addWidget(strip_);
-    column().addWidget(empty_, 1);
-    column().addWidget(table_, 1);
+/// The place of the position is three digits wide, that of the first button as wide as the longer of its texts.
+void CutPanel::arrangeButtons()
+{
+    generate_->setProperty("role", "primary");
+    generate_->setText(tr("&Generate rough edit"));
+    generate_->ensurePolished();
+    generate_->setMinimumWidth(generate_->sizeHint().width());
+    position_->setMinimumWidth(position_->fontMetrics().horizontalAdvance(tr("Edit %1 of %1").arg(888)));
+    keepPlace(*position_);
     auto* first = new QHBoxLayout;
     first->addWidget(generate_, 1);
     first->addWidget(back_);
     first->addWidget(forward_);
-    first->addWidget(position_);
     column().addLayout(first);
-    column().addWidget(export_);
-    for (QWidget* line :
-         {static_cast<QWidget*>(anotherCamera_), static_cast<QWidget*>(carryOver_), static_cast<QWidget*>(status_),
-          static_cast<QWidget*>(saveError_)})
-        column().addWidget(line);
+    auto* second = new QHBoxLayout;
+    second->addWidget(position_);
+    second->addWidget(export_, 1);
+    column().addLayout(second);
+}
+
+void CutPanel::arrangeMessages()
+{
+    carryOver_->setProperty("role", "help");
+    saveError_->setProperty("role", "warning");
+    auto* notes = new QWidget(this);
+    notes->setFixedHeight(carryOver_->fontMetrics().lineSpacing());
+    auto* line = new QHBoxLayout(notes);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->addWidget(anotherCamera_);
+    line->addWidget(carryOver_, 1);
+    line->addStretch();
+    anotherCamera_->setWordWrap(false);
+    column().addWidget(notes);
+    auto* messages = new KeptLines(3, this);
+    for (QLabel* message : {status_, saveError_}) {
+        message->setWordWrap(true);
+        message->setMinimumWidth(1); // as helpLabel
+        message->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        messages->add(*message);
+    }
+    column().addWidget(messages);
 }
 
 void CutPanel::connectAll()
@@ -113,9 +154,7 @@ void CutPanel::showCuts()
     const bool any = !view_.state().cuts().empty();
     model_->show(marks_);
     strip_->show(marks_);
-    empty_->setVisible(!any);
-    strip_->setVisible(any);
-    table_->setVisible(any);
+    pages_->setCurrentIndex(any ? 1 : 0);
     if (any)
         table_->scrollToTop();
 }

@@ -7,6 +7,7 @@
 #include "workspace/window/pictures/cut_strip.h"
 
 #include <QPushButton>
+#include <QStackedWidget>
 #include <QTableView>
 
 namespace corvane {
@@ -20,12 +21,16 @@ public:
 
 private:
     void arrange();
+    void arrangeTable();
+    void arrangeButtons();
+    void arrangeMessages();
     void connectAll();
     void showCuts();
     void showButtons();
     void showTexts();
 
     CameraMarks marks_;
+    QStackedWidget* pages_; ///< the hint and the edit: as high with the one as with the other
     QLabel* empty_;
     ElidedLabel* summary_;
     CutStrip* strip_;

@@ -1,6 +1,7 @@
 #include "workspace/window/panels/presets_panel.h"
 
 #include "workspace/captions.h"
+#include "workspace/window/controls/kept_lines.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/shown_text.h"
 
@@ -28,9 +29,13 @@ PresetsPanel::PresetsPanel(ContentView& view, QWidget* parent)
     for (QPushButton* button : {apply_, saveAs_, update_, delete_})
         buttons->addWidget(button, 1);
     column().addLayout(buttons);
-    column().addWidget(startNewList_);
     notice_->setProperty("role", "notice");
-    column().addWidget(notice_);
+    auto* place = new KeptLines(2, this);
+    place->add(*notice_);
+    auto* messages = new QHBoxLayout;
+    messages->addWidget(place, 1);
+    messages->addWidget(startNewList_);
+    column().addLayout(messages);
 
     connect(picker_, &Picker::picked, this, [this](const std::string& id) {
         view_.edit([id](WorkspaceState& state) { state.chosenPreset = id; });
@@ -54,10 +59,15 @@ void PresetsPanel::refresh(const Changes& changes)
         picker_->show(entries, view_.state().chosenPreset);
     }
     const Enabling enabled = enabling(view_);
-    apply_->setEnabled(enabled.apply);
-    saveAs_->setEnabled(enabled.saveAs);
-    update_->setEnabled(enabled.update);
-    delete_->setEnabled(enabled.deletePreset);
+    const auto enable = [this](QPushButton& button, bool on) {
+        if (!on && window()->focusWidget() == &button)
+            picker_->setFocus(); // the toolkit would take it to another panel, and scroll there
+        button.setEnabled(on);
+    };
+    enable(*apply_, enabled.apply);
+    enable(*saveAs_, enabled.saveAs);
+    enable(*update_, enabled.update);
+    enable(*delete_, enabled.deletePreset);
     startNewList_->setVisible(!view_.presetsCanBeRead());
     showMessage(*notice_, view_.state().presetNotice);
     notice_->setVisible(!view_.state().presetNotice.empty());
