@@ -84,6 +84,18 @@ std::optional<std::string> positionCaption(const ContentView& view)
     return "Edit " + std::to_string(history.index + 1) + " of " + std::to_string(history.items.size());
 }
 
+std::optional<std::string> replacedEdits(const ContentView& view)
+{
+    const EditHistory& history = view.state().history;
+    const auto last = static_cast<std::int64_t>(history.items.size());
+    const std::int64_t first = history.index + 2; // counted from 1, as people do
+    if (first > last)
+        return std::nullopt;
+    if (first == last)
+        return "Replaces edit " + std::to_string(first);
+    return "Replaces edits " + std::to_string(first) + " to " + std::to_string(last);
+}
+
 std::optional<std::string> summaryLine(const ContentView& view)
 {
     const WorkspaceState& state = view.state();

@@ -32,6 +32,8 @@ struct Enabling {
 [[nodiscard]] std::string primaryButtonText(const ContentView& view);
 /// "Edit 2 of 3"; none while the cut list is empty.
 [[nodiscard]] std::optional<std::string> positionCaption(const ContentView& view);
+/// "Replaces edits 3 to 5": the later edits in whose place the next one comes; none when there are none.
+[[nodiscard]] std::optional<std::string> replacedEdits(const ContentView& view);
 /// Cuts, the main camera's share of them and the audio angle in a line; none while the cut list is empty.
 [[nodiscard]] std::optional<std::string> summaryLine(const ContentView& view);
 /// True when "Include another camera." stands below the buttons.

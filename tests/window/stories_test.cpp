@@ -78,6 +78,7 @@ TEST(Story, FromADropToAnExportAndARestart)
     EXPECT_EQ(gui.withText<>("Back")->toolTip(), "Return to the previous rough edit and its settings");
     gui.click("Back");
     EXPECT_NE(gui.withText<QLabel>("Edit 1 of 2"), nullptr);
+    EXPECT_EQ(gui.withText<>("Shuffle rough edit")->toolTip(), "Replaces edit 2");
     EXPECT_EQ(gui.withText<>("Forward")->toolTip(), "Restore the next rough edit and its settings");
     gui.click("Forward");
     gui.account.finalCut.installed = false;

@@ -123,6 +123,25 @@ TEST(Hints, SayWhyAButtonCannotBePressed)
     EXPECT_EQ(hints(view).generate, "Choose the continuous audio.");
 }
 
+TEST(Hints, SayWhichEditsTheNextOneReplaces)
+{
+    TestWindow window;
+    ContentView& view = window.view();
+    EXPECT_EQ(replacedEdits(view), std::nullopt);
+    view.importXML(document());
+    for (int edit = 0; edit < 5; ++edit)
+        view.generateRoughEdit();
+    EXPECT_EQ(replacedEdits(view), std::nullopt);
+    view.stepBack();
+    EXPECT_EQ(replacedEdits(view), "Replaces edit 5");
+    view.restoreRevision(1);
+    view.edit([](WorkspaceState& state) { state.settings.mainShare = 40; });
+    EXPECT_EQ(replacedEdits(view), "Replaces edits 3 to 5") << "with and without a cut list";
+    view.generateRoughEdit();
+    EXPECT_EQ(window.state().history.items.size(), 3U);
+    EXPECT_EQ(replacedEdits(view), std::nullopt);
+}
+
 TEST(Words, TellCoverageAndWhatIsLeftBehind)
 {
     TestWindow window;

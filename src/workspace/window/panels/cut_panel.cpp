@@ -163,14 +163,15 @@ void CutPanel::showButtons()
 {
     const Enabling enabled = enabling(view_);
     const Hints why = hints(view_);
-    const auto show = [](QPushButton& button, bool on, const std::optional<std::string>& hint, const char* help = "") {
+    const auto show = [](QPushButton& button, bool on, const std::optional<std::string>& hint,
+                         const std::string& help = "") {
         button.setEnabled(on);
         setTip(button, qt(hint.value_or(help)));
     };
     QString primary = qt(primaryButtonText(view_));
     primary.insert(primary.indexOf('g', 0, Qt::CaseInsensitive), '&'); // the same key for both of its texts
     generate_->setText(primary);
-    show(*generate_, enabled.generate, why.generate);
+    show(*generate_, enabled.generate, why.generate, replacedEdits(view_).value_or(""));
     show(*back_, enabled.back, why.back, "Return to the previous rough edit and its settings");
     show(*forward_, enabled.forward, why.forward, "Restore the next rough edit and its settings");
     show(*export_, enabled.exportEdit, why.exportEdit);
