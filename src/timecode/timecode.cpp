@@ -61,6 +61,8 @@ void appendTwoDigits(std::string& text, std::int64_t number)
 
 struct TypedLabel {
     std::int64_t hours, minutes, seconds, frames;
+
+    [[nodiscard]] std::int64_t wholeSeconds() const { return (hours * 60 + minutes) * 60 + seconds; }
 };
 
 std::optional<TypedLabel> readLabel(std::string_view text)
@@ -79,7 +81,9 @@ std::optional<TypedLabel> readLabel(std::string_view text)
         if (!last)
             text.remove_prefix(end + 1);
     }
-    return TypedLabel{fields[0], fields[1], fields[2], fields[3]};
+    const TypedLabel label{fields[0], fields[1], fields[2], fields[3]};
+    const bool exists = label.hours < 10'000 && label.minutes < 60 && label.seconds < 60;
+    return exists ? std::optional(label) : std::nullopt;
 }
 
 } // namespace
@@ -117,16 +121,25 @@ std::string timecodeLabel(const CutEngine& engine, Frames frame)
 Frames parseTimecode(const CutEngine& engine, std::string_view text)
 {
     const auto label = readLabel(text);
-    if (!label || label->hours >= 10'000 || label->minutes >= 60 || label->seconds >= 60)
+    if (!label)
         throw FinalCutImportError::invalid("Enter timecode as HH:MM:SS:FF, for example 00:05:30:00.");
     const LabelCount labels = labelCount(engine);
     if (label->frames >= labels.nominal)
         throw FinalCutImportError::invalid(
             "The frame field must be less than " + std::to_string(labels.nominal) + " for this project.");
-    const std::int64_t seconds = (label->hours * 60 + label->minutes) * 60 + label->seconds;
+    const std::int64_t seconds = label->wholeSeconds();
     if (dropsLabels(seconds) && label->frames < labels.dropped)
         throw FinalCutImportError::invalid("That frame label is skipped in drop-frame timecode.");
     return framesBefore(labels, seconds, label->frames) - engine.timelineStart;
+}
+
+std::optional<std::string> labelAfterSkipped(const CutEngine& engine, std::string_view text)
+{
+    const auto label = readLabel(text);
+    const LabelCount labels = labelCount(engine);
+    if (!label || !dropsLabels(label->wholeSeconds()) || label->frames >= labels.dropped)
+        return std::nullopt;
+    return timecodeLabel(engine, framesBefore(labels, label->wholeSeconds(), labels.dropped) - engine.timelineStart);
 }
 
 std::vector<Frames> roundTimes(const CutEngine& engine, std::int64_t step)

@@ -4,6 +4,7 @@
 #include "import/frame_range.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +27,10 @@ enum class FrameCount { nonDrop, dropFrame };
 /// The project frame of a typed label, which may lie outside the project. Colons and semicolons are the same, widths
 /// are free. Refuses other texts, a frame field at or above the nominal rate, and labels that drop-frame leaves out.
 [[nodiscard]] Frames parseTimecode(const CutEngine& engine, std::string_view text);
+
+/// The first label that exists after a typed one that drop-frame leaves out: 01:25:00;02 for 01:25:00;00. None for any
+/// other text.
+[[nodiscard]] std::optional<std::string> labelAfterSkipped(const CutEngine& engine, std::string_view text);
 
 /// The project frames, in order, that carry the first label at or after each multiple of `step` seconds of timecode:
 /// 00:01:00:00 at 23.976 and 25, but 00:01:00;02 at 29.97 drop-frame, where the labels before it are left out. Labels

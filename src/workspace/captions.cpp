@@ -213,6 +213,20 @@ std::optional<std::string> timecodeProblem(const ContentView& view, std::string_
     }
 }
 
+std::optional<TimecodeAdvice> timecodeAdvice(
+    const ContentView& view, const SectionDraft& section, std::string_view text)
+{
+    const auto& loaded = view.state().loaded;
+    if (!loaded)
+        return std::nullopt;
+    if (const auto problem = timecodeProblem(view, text))
+        return TimecodeAdvice{*problem, labelAfterSkipped(loaded->engine, text)};
+    if (timecodeProblem(view, section.start) || timecodeProblem(view, section.end) ||
+        parseTimecode(loaded->engine, section.start) < parseTimecode(loaded->engine, section.end))
+        return std::nullopt;
+    return TimecodeAdvice{"The end must be after the start.", std::nullopt};
+}
+
 std::optional<std::string> undoText(const ContentView& view)
 {
     const Undoable& undoable = view.state().undoable;

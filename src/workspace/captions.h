@@ -65,6 +65,15 @@ struct Hints {
 [[nodiscard]] std::optional<std::string> quitQuestion(const ContentView& view);
 /// What the reader of timecodes says about a text; none when it can be read, and without a project.
 [[nodiscard]] std::optional<std::string> timecodeProblem(const ContentView& view, std::string_view text);
+
+/// What a field of a fixed section says of its text. It is advice: the text stays, and a generation judges it.
+struct TimecodeAdvice {
+    std::string problem;
+    std::optional<std::string> instead; ///< the label to use, where drop-frame skips the one that was typed
+};
+/// None when the text can be read and the section's start is before its end, and without a project.
+[[nodiscard]] std::optional<TimecodeAdvice> timecodeAdvice(
+    const ContentView& view, const SectionDraft& section, std::string_view text);
 /// "Undo Remove Section" or "Undo Delete Preset"; none when nothing can be brought back.
 [[nodiscard]] std::optional<std::string> undoText(const ContentView& view);
 

@@ -68,6 +68,23 @@ TEST(Timecode, CountsLikeAClockForADay)
     }
 }
 
+TEST(Timecode, TellsTheLabelAfterASkippedOne)
+{
+    for (const Rate& rate : rates) {
+        CutEngine engine = rate.engine();
+        engine.timelineStart = 35'000;
+        for (int frame = 0; frame < 6; ++frame) {
+            const std::string frames = ":0" + std::to_string(frame);
+            const auto instead = labelAfterSkipped(engine, "1:25:0" + frames);
+            EXPECT_EQ(instead.has_value(), frame < rate.dropped);
+            if (instead)
+                EXPECT_EQ(instead, "01:25:00;0" + std::to_string(rate.dropped));
+            EXPECT_EQ(labelAfterSkipped(engine, "01:20:00" + frames), std::nullopt);
+            EXPECT_EQ(labelAfterSkipped(engine, "01:60:00" + frames), std::nullopt);
+        }
+    }
+}
+
 TEST(Timecode, RoundTimesAreTheFirstLabelsOfTheirSeconds)
 {
     for (const Rate& rate : rates) {

@@ -138,12 +138,12 @@ TEST(Wheel, GoesPastControlsThatAreOnlyScrolledOver)
     EXPECT_EQ(box->value(), 10);
 }
 
-TEST(TimecodeField, KeepsTheCaretAndMarksABadEntryWhileItIsTyped)
+TEST(TimecodeField, KeepsTheCaretAndMarksABadEntry)
 {
-    const auto problem = [](const std::string& text) {
-        return text == "01:00" ? std::nullopt : std::optional<std::string>("Not a timecode: " + text);
+    const auto judge = [](const std::string& text) {
+        return text == "01:00" ? std::nullopt : std::optional<TimecodeAdvice>({"Not a timecode: " + text, {}});
     };
-    TimecodeField field("Start", problem);
+    TimecodeField field("Start", judge);
     field.show("01:00");
     field.QWidget::show();
     std::string typed;

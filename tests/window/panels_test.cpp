@@ -108,14 +108,29 @@ TEST(SectionsPanel, AddsChangesRemovesAndBringsBack)
     gui.click("Add section");
     ASSERT_EQ(gui.settings().sections.size(), 1U);
     auto* end = gui.labelled<QLineEdit>("End");
+    end->setFocus();
     end->selectAll();
-    QTest::keyClicks(end, "00:00:10:99");
+    QTest::keyClicks(end, "00:00:10:9");
+    EXPECT_FALSE(end->property("bad").toBool()) << "not before it is complete";
+    QTest::keyClicks(end, "9");
     EXPECT_EQ(gui.settings().sections[0].end, "00:00:10:99");
     EXPECT_TRUE(end->property("bad").toBool());
     EXPECT_NE(gui.withText<QLabel>(end->toolTip()), nullptr) << "the reader's own sentence is on screen";
     end->selectAll();
     QTest::keyClicks(end, "00:00:10:00");
     EXPECT_FALSE(end->property("bad").toBool());
+    auto* start = gui.labelled<QLineEdit>("Start");
+    const std::string first = utf8(start->text());
+    start->setFocus();
+    start->setText("00:00:1");
+    EXPECT_FALSE(start->property("bad").toBool() || end->property("bad").toBool());
+    QTest::keyClick(start, Qt::Key_Tab);
+    EXPECT_TRUE(start->property("bad").toBool()) << "the field was left";
+    start->setText("00:00:10:00");
+    EXPECT_EQ(start->toolTip(), "The end must be after the start.");
+    EXPECT_EQ(end->toolTip(), start->toolTip());
+    start->setText(qt(first));
+    EXPECT_FALSE(start->property("bad").toBool() || end->property("bad").toBool());
     auto* name = gui.window().findChild<QLineEdit*>();
     for (QLineEdit* each : gui.window().findChildren<QLineEdit*>()) {
         if (each->placeholderText() == "Section name (optional)")
@@ -133,6 +148,20 @@ TEST(SectionsPanel, AddsChangesRemovesAndBringsBack)
     EXPECT_EQ(gui.settings().sections, (std::vector<SectionDraft>{both[1]}));
     QTest::keyClick(&gui.window(), Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(gui.settings().sections, both);
+}
+
+TEST(SectionsPanel, OffersTheLabelAfterOneThatDropFrameSkips)
+{
+    QString dropFrame = qt(document()).replace("100/2500s", "1001/30000s").replace("40s", "40040/1000s");
+    dropFrame.replace("tcStart=\"0s\">\n<spine>", "tcStart=\"0s\" tcFormat=\"DF\">\n<spine>");
+    Gui gui(utf8(dropFrame));
+    gui.click("Add section");
+    gui.labelled<QLineEdit>("End")->setText("00:01:00;00");
+    EXPECT_EQ(gui.settings().sections.at(0).end, "00:01:00;00") << "as it was typed";
+    gui.click("Use 00:01:00;02");
+    EXPECT_EQ(gui.settings().sections.at(0).end, "00:01:00;02");
+    EXPECT_EQ(gui.withText<>("Use 00:01:00;02"), nullptr);
+    EXPECT_EQ(gui.window().focusWidget(), gui.labelled<QLineEdit>("End"));
 }
 
 TEST(PresetsPanel, SavesAppliesUpdatesAndDeletes)

@@ -1,36 +1,73 @@
 #include "workspace/window/controls/timecode_field.h"
 
+#include "workspace/window/controls/kept_lines.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/shown_text.h"
 #include "workspace/window/tooltips.h"
 
+#include <QHBoxLayout>
 #include <QSignalBlocker>
 #include <QStyle>
-#include <QVBoxLayout>
+#include <algorithm>
 
 namespace corvane {
 
-TimecodeField::TimecodeField(const QString& label, Problem problem, QWidget* parent)
-    : QWidget(parent), problem_(std::move(problem)), edit_(new QLineEdit(this)), complaint_(new QLabel(this))
+namespace {
+
+/// Whether all four parts are there, the last with two digits.
+bool isComplete(const QString& text)
 {
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(2);
-    auto* name = new QLabel(label, this);
-    name->setBuddy(edit_);
-    column->addWidget(name);
-    column->addWidget(edit_);
-    column->addWidget(complaint_);
-    edit_->setAcceptDrops(false); // files are for the window
-    edit_->setPlaceholderText("HH:MM:SS:FF");
-    complaint_->setWordWrap(true);
-    complaint_->setProperty("role", "complaint");
-    complaint_->hide();
+    const auto isSign = [](QChar character) { return character == ':' || character == ';'; };
+    const auto lastSign = std::max(text.lastIndexOf(':'), text.lastIndexOf(';'));
+    return std::ranges::count_if(text, isSign) >= 3 && text.size() - lastSign > 2;
+}
+
+} // namespace
+
+TimecodeField::TimecodeField(const QString& label, Judge judge, QWidget* parent)
+    : QWidget(parent),
+      judge_(std::move(judge)),
+      edit_(new QLineEdit(this)),
+      complaint_(new QLabel(this)),
+      use_(new QPushButton(this))
+{
+    arrange(label);
     // Also what assistive technology puts there; what the program shows is put there with the signals blocked.
     connect(edit_, &QLineEdit::textChanged, this, [this](const QString& text) {
+        typing_ = edit_->hasFocus() && !isComplete(text);
         mark();
         emit typed(utf8(text));
     });
+    connect(edit_, &QLineEdit::editingFinished, this, [this] {
+        typing_ = false;
+        mark();
+    });
+    connect(use_, &QPushButton::clicked, this, [this] {
+        edit_->setFocus(); // before the button goes
+        edit_->setText(qt(instead_));
+    });
+}
+
+void TimecodeField::arrange(const QString& label)
+{
+    auto* line = new QHBoxLayout(this);
+    line->setContentsMargins(0, 0, 0, 0);
+    auto* name = new QLabel(label, this);
+    name->setBuddy(edit_);
+    name->setFixedWidth(name->fontMetrics().horizontalAdvance(tr("Start")) + 2);
+    edit_->setAcceptDrops(false); // files are for the window
+    edit_->setPlaceholderText("HH:MM:SS:FF");
+    edit_->setFixedWidth(edit_->fontMetrics().horizontalAdvance("HH:MM:SS:FF") + 30);
+    complaint_->setWordWrap(true);
+    complaint_->setMinimumWidth(1); // as helpLabel
+    complaint_->setProperty("role", "complaint");
+    auto* place = new KeptLines(2, this);
+    place->add(*complaint_);
+    use_->hide();
+    line->addWidget(name);
+    line->addWidget(edit_);
+    line->addWidget(use_);
+    line->addWidget(place, 1);
 }
 
 void TimecodeField::show(const std::string& text)
@@ -38,19 +75,23 @@ void TimecodeField::show(const std::string& text)
     if (utf8(edit_->text()) != text) {
         const QSignalBlocker blocker(edit_);
         edit_->setText(qt(text));
+        typing_ = false;
     }
     mark();
 }
 
 void TimecodeField::mark()
 {
-    const auto problem = problem_(utf8(edit_->text()));
-    showMessage(*complaint_, problem.value_or(""));
-    complaint_->setVisible(problem.has_value());
-    setTip(*edit_, std::vector{problem.value_or("")});
-    if (edit_->property("bad").toBool() == problem.has_value())
+    const auto advice = typing_ ? std::nullopt : judge_(utf8(edit_->text()));
+    instead_ = advice ? advice->instead.value_or("") : "";
+    showMessage(*complaint_, advice && instead_.empty() ? advice->problem : "");
+    use_->setText(tr("Use %1").arg(qt(instead_)));
+    use_->setVisible(!instead_.empty());
+    for (QWidget* told : {static_cast<QWidget*>(edit_), static_cast<QWidget*>(use_)})
+        setTip(*told, std::vector{advice ? advice->problem : ""});
+    if (edit_->property("bad").toBool() == advice.has_value())
         return;
-    edit_->setProperty("bad", problem.has_value());
+    edit_->setProperty("bad", advice.has_value());
     edit_->style()->unpolish(edit_);
     edit_->style()->polish(edit_);
 }

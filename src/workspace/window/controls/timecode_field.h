@@ -1,7 +1,10 @@
 #pragma once
 
+#include "workspace/captions.h"
+
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QWidget>
 #include <functional>
 #include <optional>
@@ -9,15 +12,16 @@
 
 namespace corvane {
 
-/// A field for a timecode, which may be any text; one that cannot be read is marked while it is typed, with what is
-/// wrong with it below.
+/// A field for a timecode, which may be any text. One that is wrong is marked, with what is wrong with it beside it and
+/// a button that puts a better one there, where there is one. A text is judged when all its four parts are typed or the
+/// field is left.
 class TimecodeField : public QWidget {
     Q_OBJECT
 public:
-    /// `problem` tells what is wrong with a text, nothing when it can be read.
-    using Problem = std::function<std::optional<std::string>(const std::string&)>;
+    /// What is wrong with a text; nothing when it can be used.
+    using Judge = std::function<std::optional<TimecodeAdvice>(const std::string&)>;
 
-    TimecodeField(const QString& label, Problem problem, QWidget* parent = nullptr);
+    TimecodeField(const QString& label, Judge judge, QWidget* parent = nullptr);
 
     /// Shows the text; the caret stays where the text is the same, and typed is not told.
     void show(const std::string& text);
@@ -29,11 +33,15 @@ signals:
     void typed(const std::string& text);
 
 private:
+    void arrange(const QString& label);
     void mark();
 
-    Problem problem_;
+    Judge judge_;
     QLineEdit* edit_;
     QLabel* complaint_;
+    QPushButton* use_;
+    std::string instead_; ///< what the button puts into the field
+    bool typing_ = false; ///< the text is not complete yet, and the field has the focus
 };
 
 } // namespace corvane

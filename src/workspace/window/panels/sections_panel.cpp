@@ -67,14 +67,17 @@ SectionsPanel::Row SectionsPanel::makeRow(const SectionDraft& draft)
 {
     auto* holder = new QFrame(this);
     holder->setProperty("role", "row");
-    const auto problem = [this](const std::string& text) { return timecodeProblem(view_, text); };
+    const auto judge = [this, id = draft.id](const std::string& text) {
+        const auto section = std::ranges::find(settings().sections, id, &SectionDraft::id);
+        return section == settings().sections.end() ? std::nullopt : timecodeAdvice(view_, *section, text);
+    };
     const Row row = {
         draft.id,
         holder,
         new QLineEdit(holder),
         new Picker(holder),
-        new TimecodeField(tr("Start"), problem, holder),
-        new TimecodeField(tr("End"), problem, holder),
+        new TimecodeField(tr("Start"), judge, holder),
+        new TimecodeField(tr("End"), judge, holder),
         new QPushButton(tr("Remove"), holder)};
     row.name->setAcceptDrops(false); // files are for the window
     row.name->setPlaceholderText(tr("Section name (optional)"));
@@ -86,12 +89,10 @@ SectionsPanel::Row SectionsPanel::makeRow(const SectionDraft& draft)
     auto* choice = new QHBoxLayout;
     choice->addWidget(labelFor(*row.camera, tr("Camera"), holder));
     choice->addWidget(row.camera, 1);
-    auto* times = new QHBoxLayout;
-    times->addWidget(row.start, 1, Qt::AlignTop);
-    times->addWidget(row.end, 1, Qt::AlignTop);
     rows->addLayout(first);
     rows->addLayout(choice);
-    rows->addLayout(times);
+    rows->addWidget(row.start);
+    rows->addWidget(row.end);
     connectRow(row);
     return row;
 }
