@@ -57,6 +57,12 @@ std::optional<std::string> shotEndReason(const ContentView& view, const EditMark
     return std::nullopt;
 }
 
+std::size_t cutAt(const std::vector<Cut>& cuts, Frames frame)
+{
+    const auto after = std::ranges::upper_bound(cuts, frame, {}, &Cut::start);
+    return static_cast<std::size_t>(std::max<std::ptrdiff_t>(0, after - cuts.begin() - 1));
+}
+
 std::string startLabel(const ContentView& view, const Cut& cut)
 {
     return timecodeLabel(view.state().loaded->engine, cut.start);

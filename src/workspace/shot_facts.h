@@ -26,6 +26,9 @@ struct EditMarks {
 [[nodiscard]] std::optional<std::string> shotEndReason(
     const ContentView& view, const EditMarks& marks, std::size_t position);
 
+/// The cut that holds a frame of the project; `cuts` is the cut list on screen and not empty.
+[[nodiscard]] std::size_t cutAt(const std::vector<Cut>& cuts, Frames frame);
+
 /// "01:00:12;04": where the cut starts.
 [[nodiscard]] std::string startLabel(const ContentView& view, const Cut& cut);
 /// The length in seconds with the user's decimal sign, at most three decimals.

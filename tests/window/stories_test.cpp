@@ -234,6 +234,43 @@ TEST(DropView, AsksASourceForNothingBeforeTheDropAndForNothingAfterItWasSilent)
     }
 }
 
+/// Chooses a frame in the strip, or a row, and goes through other edits and back.
+void expectTheFrameStaysChosen(Gui& gui, QTableView& table, CutStrip& strip)
+{
+    gui.view().edit([](WorkspaceState& state) { // many short shots
+        EditSettings& settings = state.settings;
+        settings.mainMinimum = settings.mainMaximum = settings.otherMinimum = settings.otherMaximum = 1;
+    });
+    gui.view().generateRoughEdit();
+    Gui::settle();
+    constexpr double gutter = 24;
+    constexpr Frames chosen = 820;
+    const double x = gutter + (strip.width() - gutter) * (chosen + 0.5) / 1000;
+    QTest::mouseClick(&strip, Qt::LeftButton, {}, QPoint(qRound(x), strip.height() - 3));
+    const auto expectChosen = [&](const char* after) {
+        Gui::settle();
+        const auto& cuts = gui.state().cuts();
+        const auto row = static_cast<int>(cutAt(cuts, chosen));
+        EXPECT_EQ(table.currentIndex().row(), row) << after;
+        EXPECT_TRUE(table.viewport()->rect().contains(table.visualRect(table.model()->index(row, 0)))) << after;
+    };
+    expectChosen("a click");
+    gui.click("Shuffle rough edit");
+    expectChosen("Shuffle");
+    gui.view().edit([](WorkspaceState& state) {
+        state.settings.mainMaximum = state.settings.otherMaximum = 3; // the list is empty meanwhile
+    });
+    gui.click("Generate rough edit");
+    expectChosen("Generate");
+    gui.click("Back");
+    expectChosen("Back");
+    gui.click("Forward");
+    expectChosen("Forward");
+    gui.view().importXML(document());
+    gui.view().generateRoughEdit();
+    EXPECT_FALSE(table.currentIndex().isValid()) << "another project";
+}
+
 TEST(CutPanel, TheStripAndTheTableShowEachOther)
 {
     Gui gui(document());
@@ -250,6 +287,7 @@ TEST(CutPanel, TheStripAndTheTableShowEachOther)
     auto* strip = gui.window().findChild<CutStrip*>();
     QTest::mouseClick(strip, Qt::LeftButton, {}, QPoint(strip->width() - 2, strip->height() - 3));
     EXPECT_EQ(table->currentIndex().row(), static_cast<int>(cuts.size()) - 1);
+    expectTheFrameStaysChosen(gui, *table, *strip);
     EXPECT_EQ(table->model()->index(0, 0).data().toString(), "00:00:00:00");
     gui.view().edit([](WorkspaceState& state) { state.settings.mainShare = 20; });
     Gui::settle();

@@ -20,6 +20,9 @@ public:
     /// Shows the controller's cut list in place of what was shown.
     void show(const CameraMarks& marks);
 
+    /// Where the cut of a row starts in the project.
+    [[nodiscard]] Frames startOf(int row) const { return shown_->cuts[static_cast<std::size_t>(row)].start; }
+
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;

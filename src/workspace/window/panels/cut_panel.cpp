@@ -125,19 +125,25 @@ void CutPanel::connectAll()
     connect(back_, &QPushButton::clicked, this, [this] { view_.stepBack(); });
     connect(forward_, &QPushButton::clicked, this, [this] { view_.stepForward(); });
     connect(export_, &QPushButton::clicked, this, [this] { view_.exportRoughEdit(); });
-    connect(strip_, &CutStrip::picked, this, [this](int position) {
-        table_->selectRow(position);
+    connect(strip_, &CutStrip::picked, this, [this](int position, Frames frame) {
+        choose(position, frame);
         table_->scrollTo(model_->index(position, 0), QAbstractItemView::PositionAtCenter);
     });
     connect(
-        table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-        [this](const QModelIndex& current) { strip_->select(current.row()); });
+        table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex& current) {
+            strip_->select(current.row());
+            if (current.isValid())
+                chosen_ = model_->startOf(current.row());
+        });
 }
 
 void CutPanel::refresh(const Changes& changes)
 {
     if (has(changes, Changed::loaded)) {
         marks_ = CameraMarks(view_);
+        chosen_.reset();
+        top_ = 0;
+        table_->scrollToTop();
         const auto& loaded = view_.state().loaded;
         const auto line = loaded ? carryOverLine(loaded->engine) : std::nullopt;
         showText(*carryOver_, line.value_or(""));
@@ -152,11 +158,35 @@ void CutPanel::refresh(const Changes& changes)
 void CutPanel::showCuts()
 {
     const bool any = !view_.state().cuts().empty();
+    if (const int row = table_->rowAt(0); row >= 0)
+        top_ = model_->startOf(row);
     model_->show(marks_);
     strip_->show(marks_);
     pages_->setCurrentIndex(any ? 1 : 0);
     if (any)
-        table_->scrollToTop();
+        restoreView();
+}
+
+/// The table stands where it stood, and what was chosen is chosen in this edit too.
+void CutPanel::restoreView()
+{
+    for (QWidget* page : {static_cast<QWidget*>(pages_), pages_->currentWidget()})
+        page->layout()->activate(); // the table has its height, and its scroll bar the range
+    const auto row = [this](Frames frame) {
+        return model_->index(static_cast<int>(cutAt(view_.state().cuts(), frame)), 0);
+    };
+    table_->scrollTo(row(top_), QAbstractItemView::PositionAtTop);
+    if (!chosen_)
+        return;
+    const QModelIndex chosen = row(*chosen_);
+    choose(chosen.row(), *chosen_);
+    table_->scrollTo(chosen);
+}
+
+void CutPanel::choose(int position, Frames frame)
+{
+    table_->selectRow(position);
+    chosen_ = frame; // which the shot holds, but need not start with
 }
 
 void CutPanel::showButtons()

@@ -26,6 +26,8 @@ private:
     void arrangeMessages();
     void connectAll();
     void showCuts();
+    void restoreView();
+    void choose(int position, Frames frame);
     void showButtons();
     void showTexts();
 
@@ -45,6 +47,8 @@ private:
     ElidedLabel* carryOver_;
     QLabel* status_;
     QLabel* saveError_;
+    std::optional<Frames> chosen_; ///< the frame that a person has chosen, in this edit or an earlier one
+    Frames top_ = 0;               ///< where the table's first row in view starts, or was when there was one
 };
 
 } // namespace corvane

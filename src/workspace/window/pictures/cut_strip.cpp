@@ -67,15 +67,12 @@ QRectF CutStrip::laneOf(const std::string& camera) const
     return {all.left(), all.top() + height * static_cast<double>(found - cameras_.begin()), all.width(), height};
 }
 
-std::optional<std::size_t> CutStrip::cutAt(const QPoint& place) const
+std::optional<Frames> CutStrip::frameAt(const QPoint& place) const
 {
-    const auto& cuts = view_.state().cuts();
-    if (cuts.empty() || place.x() < gutter)
+    if (view_.state().cuts().empty() || place.x() < gutter)
         return std::nullopt;
     const QRectF all = lanes();
-    const Frames frame = TimeScale(view_.state().loaded->engine.length, all.left(), all.width()).frame(place.x());
-    const auto after = std::ranges::upper_bound(cuts, frame, {}, &Cut::start);
-    return static_cast<std::size_t>(after - cuts.begin()) - 1;
+    return TimeScale(view_.state().loaded->engine.length, all.left(), all.width()).frame(place.x());
 }
 
 QString CutStrip::facts(std::size_t position) const
@@ -176,15 +173,15 @@ void CutStrip::paintSelection(QPainter& painter) const
 
 void CutStrip::mousePressEvent(QMouseEvent* event)
 {
-    if (const auto cut = cutAt(event->position().toPoint()))
-        emit picked(static_cast<int>(*cut));
+    if (const auto frame = frameAt(event->position().toPoint()))
+        emit picked(static_cast<int>(cutAt(view_.state().cuts(), *frame)), *frame);
 }
 
 bool CutStrip::event(QEvent* event)
 {
     if (const auto* help = dynamic_cast<QHelpEvent*>(event); help != nullptr && help->type() == QEvent::ToolTip) {
-        const auto cut = cutAt(help->pos());
-        showTip(help->globalPos(), cut ? facts(*cut) : QString(), *this);
+        const auto frame = frameAt(help->pos());
+        showTip(help->globalPos(), frame ? facts(cutAt(view_.state().cuts(), *frame)) : QString(), *this);
         return true;
     }
     return QWidget::event(event);

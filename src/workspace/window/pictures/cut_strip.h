@@ -23,7 +23,8 @@ public:
     void select(int position);
 
 signals:
-    void picked(int position);
+    /// `frame` of the project is what was clicked, within the cut at `position`.
+    void picked(int position, corvane::Frames frame);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -33,7 +34,7 @@ protected:
 private:
     [[nodiscard]] QRectF lanes() const;
     [[nodiscard]] QRectF laneOf(const std::string& camera) const;
-    [[nodiscard]] std::optional<std::size_t> cutAt(const QPoint& place) const;
+    [[nodiscard]] std::optional<Frames> frameAt(const QPoint& place) const;
     [[nodiscard]] QString facts(std::size_t position) const;
     void paintLanes(QPainter& painter) const;
     void paintCuts(QPainter& painter) const;
