@@ -172,6 +172,18 @@ std::string projectLine(const ContentView& view, std::string_view decimalSign)
            " frames a second · " + timecodeLabel(engine, 0) + " to " + timecodeLabel(engine, engine.length);
 }
 
+std::string projectFacts(const ContentView& view, std::string_view decimalSign)
+{
+    const auto& loaded = view.state().loaded;
+    if (!loaded)
+        return "";
+    const CutEngine& engine = loaded->engine;
+    return timecodeText(
+               engine.length, engine.frameNumerator, engine.frameDenominator,
+               engine.dropFrame ? FrameCount::dropFrame : FrameCount::nonDrop) +
+           " · " + shortNumber(loaded->imported.framesPerSecond, decimalSign) + " fps";
+}
+
 std::string angleFacts(const ImportedAngle& angle)
 {
     std::string facts = angle.cameras.empty() ? "" : angle.cameras + " · ";

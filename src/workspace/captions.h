@@ -57,6 +57,8 @@ struct Hints {
 
 /// Name, rate and length of the loaded project in a line; empty without one.
 [[nodiscard]] std::string projectLine(const ContentView& view, std::string_view decimalSign = ".");
+/// "00:00:40:00 · 29.97 fps": how long the loaded project is, and its rate; empty without one.
+[[nodiscard]] std::string projectFacts(const ContentView& view, std::string_view decimalSign = ".");
 /// Cameras, clips and gaps of an angle in a line, for who wants to know more of it.
 [[nodiscard]] std::string angleFacts(const ImportedAngle& angle);
 /// What of the multicam clip an export leaves behind; none when it takes everything.

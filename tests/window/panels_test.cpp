@@ -9,6 +9,8 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QScrollArea>
+#include <QScrollBar>
 
 namespace corvane {
 namespace {
@@ -148,6 +150,29 @@ TEST(SectionsPanel, AddsChangesRemovesAndBringsBack)
     EXPECT_EQ(gui.settings().sections, (std::vector<SectionDraft>{both[1]}));
     QTest::keyClick(&gui.window(), Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(gui.settings().sections, both);
+}
+
+TEST(SectionsPanel, BringsANewSectionIntoViewAndAnotherProjectToItsTop)
+{
+    Gui gui(threeCameras);
+    gui.window().resize(960, 700);
+    auto* area = gui.window().findChild<QScrollArea*>();
+    auto* add = gui.withText<>("Add section");
+    for (int section = 0; section < 3; ++section) {
+        gui.view().edit([](WorkspaceState& state) { // leaves room for the next
+            if (!state.settings.sections.empty())
+                state.settings.sections.back().end = "00:00:0" + std::to_string(state.settings.sections.size()) + ":00";
+        });
+        area->ensureWidgetVisible(add);
+        add->click();
+        QWidget* name = gui.window().focusWidget();
+        const QRect row(name->parentWidget()->mapTo(area->viewport(), QPoint()), name->parentWidget()->size());
+        EXPECT_TRUE(area->viewport()->rect().contains(row)) << section << ": " << row.top() << " to " << row.bottom();
+    }
+    EXPECT_NE(gui.withText<QLabel>("Concert"), nullptr);
+    EXPECT_NE(gui.withText<QLabel>("00:00:40:00 · 25 fps"), nullptr);
+    gui.view().importXML(document());
+    EXPECT_EQ(area->verticalScrollBar()->value(), 0);
 }
 
 TEST(SectionsPanel, OffersTheLabelAfterOneThatDropFrameSkips)

@@ -244,7 +244,7 @@ void expectTheFrameStaysChosen(Gui& gui, QTableView& table, CutStrip& strip)
     gui.view().generateRoughEdit();
     Gui::settle();
     constexpr double gutter = 24;
-    constexpr Frames chosen = 820;
+    constexpr Frames chosen = 812;
     const double x = gutter + (strip.width() - gutter) * (chosen + 0.5) / 1000;
     QTest::mouseClick(&strip, Qt::LeftButton, {}, QPoint(qRound(x), strip.height() - 3));
     const auto expectChosen = [&](const char* after) {

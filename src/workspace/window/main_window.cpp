@@ -1,6 +1,7 @@
 #include "workspace/window/main_window.h"
 
 #include "platform/error.h"
+#include "workspace/captions.h"
 #include "workspace/window/controls/step_box.h"
 #include "workspace/window/drop_view.h"
 #include "workspace/window/mime_pasteboard.h"
@@ -13,6 +14,7 @@
 #include "workspace/window/panels/sections_panel.h"
 #include "workspace/window/panels/usage_panel.h"
 #include "workspace/window/qt_text.h"
+#include "workspace/window/shown_text.h"
 #include "workspace/window/tab_order.h"
 #include "workspace/window/theme.h"
 #include "workspace/window/tooltips.h"
@@ -22,7 +24,6 @@
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <QWindow>
 
@@ -113,6 +114,11 @@ QWidget* MainWindow::makeHeader()
     auto* open = new QPushButton(tr("&Import Final Cut XML…"), header);
     open->setProperty("role", "primary");
     row->addWidget(open);
+    projectName_ = new ElidedLabel({}, header);
+    projectFacts_ = new QLabel(header);
+    projectFacts_->setProperty("role", "help");
+    row->addWidget(projectName_);
+    row->addWidget(projectFacts_);
     auto* busy = new QLabel(header);
     busy->setProperty("role", "help");
     services_.busy.setLabel(busy);
@@ -180,12 +186,12 @@ void MainWindow::showLoadedPage()
 
 QWidget* MainWindow::makeSettings()
 {
-    auto* area = new QScrollArea(this);
-    area->setWidgetResizable(true);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setMinimumWidth(390);
-    auto* settings = new QWidget(area);
+    settings_ = new QScrollArea(this);
+    settings_->setWidgetResizable(true);
+    settings_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    settings_->setFocusPolicy(Qt::NoFocus);
+    settings_->setMinimumWidth(390);
+    auto* settings = new QWidget(settings_);
     auto* column = new QVBoxLayout(settings);
     column->setContentsMargins(0, 0, 6, 0);
     column->setSpacing(10);
@@ -196,8 +202,8 @@ QWidget* MainWindow::makeSettings()
     addPanel(new BookendsPanel(services_.view, settings), *column);
     addPanel(new SectionsPanel(services_.view, settings), *column);
     column->addStretch(1);
-    area->setWidget(settings);
-    return area;
+    settings_->setWidget(settings);
+    return settings_;
 }
 
 QWidget* MainWindow::makeResult()
@@ -247,7 +253,7 @@ void MainWindow::refresh(const Changes& changes)
         panel->refresh(changes);
     menus_->refresh();
     if (has(Changed::loaded))
-        pages_->setCurrentIndex(state.loaded ? 1 : 0);
+        showProject();
     if (has(Changed::loaded) || has(Changed::settings))
         orderTabsByLayout(*centralWidget());
     if (has(Changed::presets) || has(Changed::view) || has(Changed::loaded))
@@ -273,6 +279,17 @@ void MainWindow::refresh(const Changes& changes)
             [this] { aboutSheet_->reject(); });
         return makeSheet(tr("About Corvane"), &WorkspaceState::showingAbout, view);
     });
+}
+
+/// A project is shown from its beginning.
+void MainWindow::showProject()
+{
+    const auto& loaded = services_.view.state().loaded;
+    pages_->setCurrentIndex(loaded ? 1 : 0);
+    showText(*projectName_, loaded ? loaded->imported.name : "");
+    projectFacts_->setText(qt(projectFacts(services_.view, theme::decimalSign())));
+    if (settings_ != nullptr)
+        settings_->verticalScrollBar()->setValue(0);
 }
 
 void MainWindow::showSheet(QDialog*& sheet, bool WorkspaceState::* showing, const std::function<QDialog*()>& make)

@@ -8,6 +8,7 @@
 #include "workspace/window/about_window.h"
 #include "workspace/window/alert_boxes.h"
 #include "workspace/window/busy_sign.h"
+#include "workspace/window/controls/elided_label.h"
 #include "workspace/window/controls/panel.h"
 #include "workspace/window/help_window.h"
 #include "workspace/window/menus.h"
@@ -17,6 +18,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QMainWindow>
+#include <QScrollArea>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <functional>
@@ -68,6 +70,7 @@ private:
     QDialog* makeSheet(const QString& title, bool WorkspaceState::* showing, QWidget* content);
 
     void refresh(const Changes& changes);
+    void showProject();
     void showSheet(QDialog*& sheet, bool WorkspaceState::* showing, const std::function<QDialog*()>& make);
     void setDropTargeted(bool targeted);
     void restorePlace();
@@ -81,7 +84,10 @@ private:
     AlertBoxes* alerts_ = nullptr;
     QuitQuestion* quitQuestion_ = nullptr;
     SavePresetSheet* savePreset_ = nullptr;
+    ElidedLabel* projectName_ = nullptr;
+    QLabel* projectFacts_ = nullptr;
     QStackedWidget* pages_ = nullptr;
+    QScrollArea* settings_ = nullptr;
     QSplitter* split_ = nullptr;
     QSplitter* resultSplit_ = nullptr;
     QWidget* dropOutline_ = nullptr;

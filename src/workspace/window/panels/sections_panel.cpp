@@ -1,6 +1,7 @@
 #include "workspace/window/panels/sections_panel.h"
 
 #include "workspace/captions.h"
+#include "workspace/window/controls/into_view.h"
 #include "workspace/window/qt_text.h"
 
 #include <QHBoxLayout>
@@ -21,8 +22,10 @@ SectionsPanel::SectionsPanel(ContentView& view, QWidget* parent)
     connect(add_, &QPushButton::clicked, this, [this] {
         const std::size_t before = rows_.size();
         view_.addSection();
-        if (rows_.size() > before)
-            rows_.back().name->setFocus();
+        if (rows_.size() <= before)
+            return;
+        rows_.back().name->setFocus();
+        bringIntoView(*rows_.back().holder);
     });
 }
 
