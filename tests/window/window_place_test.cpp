@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <QScreen>
+#include <QScrollBar>
 #include <QSplitter>
+#include <QTableView>
 #include <random>
 
 namespace corvane {
@@ -14,6 +16,14 @@ using namespace test;
 
 const char* const geometryKey = "Corvane.window.geometry";
 const char* const splitKey = "Corvane.window.split";
+
+void dragDown(QWidget& handle, int pixels)
+{
+    const QPoint place = handle.rect().center();
+    QTest::mousePress(&handle, Qt::LeftButton, {}, place);
+    QTest::mouseMove(&handle, place + QPoint(0, pixels));
+    QTest::mouseRelease(&handle, Qt::LeftButton, {}, place);
+}
 
 TEST(WindowPlace, StaysWhereItIsOnAScreenAndIsBroughtOntoOneOtherwise)
 {
@@ -34,18 +44,72 @@ TEST(WindowPlace, StaysWhereItIsOnAScreenAndIsBroughtOntoOneOtherwise)
     EXPECT_TRUE(placeWithinScreens("damaged", {300, 200}, screens).isEmpty());
 }
 
+TEST(WindowPlace, FirstIsAsLargeAsItShouldBeWhereTheScreenHasRoomForItsFrame)
+{
+    EXPECT_EQ(firstSize({1920, 1080}), QSize(960, 860));
+    EXPECT_EQ(firstSize({1280, 800}), QSize(960, 752));
+    EXPECT_EQ(firstSize({1366, 768}), QSize(960, 720));
+    EXPECT_EQ(firstSize({853, 533}), QSize(837, 485)) << "1280 × 800 at 150 %";
+}
+
+TEST(EarlierVersions, LeftAPlaceThatOpens)
+{
+    const std::string stored = std::string(CORVANE_FIXTURES) + "/0.1.0/";
+    MemoryDefaults kept;
+    for (const char* key : {geometryKey, splitKey})
+        kept.values[key] = readFile(stored + key);
+    Gui gui(threeCameras, kept);
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    EXPECT_TRUE(screen.contains(gui.window().frameGeometry()));
+    // It was 960 × 860 at (240, 27); this screen is 800 × 800.
+    EXPECT_EQ(gui.window().geometry(), QRect(8, 40, screen.width() - 16, screen.height() - 48));
+}
+
 TEST(MainWindow, RemembersItsPlace)
 {
     Gui gui(threeCameras);
-    gui.window().setGeometry(30, 40, 760, 701);
+    gui.window().setGeometry(20, 40, 770, 701);
     const QRect place = gui.window().geometry();
     auto* split = gui.window().findChild<QSplitter*>();
     split->setSizes({500, 230});
     const QList<int> widths = split->sizes();
+    auto* result = gui.window().findChild<ResultSplit*>();
+    dragDown(*result->handle(1), -30);
+    const QList<int> heights = result->sizes();
     gui.window().close();
     Gui again(threeCameras, gui.account.defaults);
     EXPECT_EQ(again.window().geometry(), place);
     EXPECT_EQ(again.window().findChild<QSplitter*>()->sizes(), widths);
+    EXPECT_EQ(again.window().findChild<ResultSplit*>()->sizes(), heights);
+}
+
+/// 1280 × 800 at 150 %, with its frame.
+TEST(MainWindow, FitsOnASmallScreenWithManyCameras)
+{
+    Gui gui(manyCameras());
+    gui.view().generateRoughEdit();
+    const QSize size = firstSize({853, 533});
+    gui.window().resize(size);
+    Gui::settle();
+    EXPECT_EQ(gui.window().size(), size);
+}
+
+/// The usage of up to eight cameras is seen whole in the first window, where the screen has room for that.
+TEST(MainWindow, GivesTheUsageTheHeightThatItNeeds)
+{
+    for (const int cameras : {3, 8}) {
+        std::string angles;
+        for (int i = 1; i <= cameras; ++i)
+            angles += angle("Camera " + std::to_string(i), clip("0s", "40s"));
+        Gui gui(document({angles, "", R"(<mc-source angleID="Camera 1" srcEnable="all"/>)"}));
+        gui.window().resize(960, 860);
+        gui.view().generateRoughEdit();
+        Gui::settle();
+        for (const auto* table : gui.window().findChildren<QTableView*>()) {
+            if (table->accessibleName() == "Actual camera usage")
+                EXPECT_EQ(table->verticalScrollBar()->maximum(), 0) << cameras;
+        }
+    }
 }
 
 /// Saved places with bytes flipped, cut off and put in by chance.

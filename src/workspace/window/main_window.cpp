@@ -33,6 +33,7 @@ namespace {
 
 const std::string geometryKey = "Corvane.window.geometry";
 const std::string splitKey = "Corvane.window.split";
+const std::string resultSplitKey = "Corvane.window.resultSplit";
 
 /// The dashed line around the window while files hover over it.
 class DropOutline : public QWidget {
@@ -74,7 +75,7 @@ MainWindow::MainWindow(MainWindowServices services)
 {
     setWindowTitle("Corvane");
     setAcceptDrops(true);
-    resize(960, 860);
+    resize(firstWindowSize());
     auto* page = new QWidget(this);
     auto* column = new QVBoxLayout(page);
     column->setContentsMargins(12, 8, 12, 8);
@@ -172,14 +173,10 @@ QWidget* MainWindow::makeLoadedPage()
 void MainWindow::showLoadedPage()
 {
     pages_->addWidget(makeLoadedPage());
-    try {
-        const QByteArray saved = QByteArray::fromStdString(services_.defaults.value(splitKey));
-        const QList<int> widths = savedWidths(saved, split_->count());
-        if (!widths.isEmpty())
-            split_->setSizes(widths);
-    } catch (const PlatformError&) {
-        // The usual widths will do.
-    }
+    if (const QList<int> widths = savedSizes(splitKey, *split_); !widths.isEmpty())
+        split_->setSizes(widths);
+    if (const QList<int> heights = savedSizes(resultSplitKey, *resultSplit_); !heights.isEmpty())
+        resultSplit_->restore(heights);
     for (Panel* panel : panels_)
         panel->refresh(Changes().set());
 }
@@ -208,17 +205,12 @@ QWidget* MainWindow::makeSettings()
 
 QWidget* MainWindow::makeResult()
 {
-    resultSplit_ = new QSplitter(Qt::Vertical, this);
-    resultSplit_->setChildrenCollapsible(false);
-    for (Panel* panel :
-         {static_cast<Panel*>(new CutPanel(services_.view)), static_cast<Panel*>(new UsagePanel(services_.view))}) {
-        resultSplit_->addWidget(panel);
-        panels_.push_back(panel);
-    }
+    auto* cuts = new CutPanel(services_.view);
+    auto* usage = new UsagePanel(services_.view);
+    panels_.insert(panels_.end(), {cuts, usage});
+    resultSplit_ = new ResultSplit(cuts, usage, this);
     keepReadingOrder(*resultSplit_);
-    resultSplit_->setStretchFactor(0, 3);
-    resultSplit_->setStretchFactor(1, 1);
-    return resultSplit_;
+    return new ResultArea(resultSplit_, this);
 }
 
 void MainWindow::addPanel(Panel* panel, QLayout& column)
@@ -392,12 +384,24 @@ void MainWindow::restorePlace()
         restore(saveGeometry());
 }
 
+/// None when there are none, or they cannot be read: the usual ones will do.
+QList<int> MainWindow::savedSizes(const std::string& key, const QSplitter& split) const
+{
+    try {
+        return savedWidths(QByteArray::fromStdString(services_.defaults.value(key)), split.count());
+    } catch (const PlatformError&) {
+        return {};
+    }
+}
+
 void MainWindow::keepPlace()
 {
     try {
         services_.defaults.setValue(geometryKey, saveGeometry().toStdString());
         if (split_ != nullptr)
             services_.defaults.setValue(splitKey, split_->saveState().toStdString());
+        if (resultSplit_ != nullptr && resultSplit_->wasMoved())
+            services_.defaults.setValue(resultSplitKey, resultSplit_->saveState().toStdString());
     } catch (const PlatformError&) {
         return; // the next window has the usual size
     }

@@ -13,6 +13,7 @@
 #include "workspace/window/help_window.h"
 #include "workspace/window/menus.h"
 #include "workspace/window/quit_question.h"
+#include "workspace/window/result_split.h"
 #include "workspace/window/save_preset_sheet.h"
 
 #include <QDialog>
@@ -74,6 +75,7 @@ private:
     void showSheet(QDialog*& sheet, bool WorkspaceState::* showing, const std::function<QDialog*()>& make);
     void setDropTargeted(bool targeted);
     void restorePlace();
+    [[nodiscard]] QList<int> savedSizes(const std::string& key, const QSplitter& split) const;
     void stayOnScreen();
     void keepPlace();
 
@@ -89,7 +91,7 @@ private:
     QStackedWidget* pages_ = nullptr;
     QScrollArea* settings_ = nullptr;
     QSplitter* split_ = nullptr;
-    QSplitter* resultSplit_ = nullptr;
+    ResultSplit* resultSplit_ = nullptr;
     QWidget* dropOutline_ = nullptr;
     QDialog* helpSheet_ = nullptr;
     QDialog* aboutSheet_ = nullptr;

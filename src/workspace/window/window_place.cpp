@@ -125,10 +125,25 @@ QByteArray placeWithinScreens(const QByteArray& saved, const QSize& smallest, co
 
 QList<QRect> usableScreens()
 {
+    constexpr int panel = 40;
+    const bool untold = QGuiApplication::platformName().startsWith("wayland");
     QList<QRect> screens;
-    for (const QScreen* screen : QGuiApplication::screens())
-        screens << screen->availableGeometry();
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const bool whole = screen->availableGeometry() == screen->geometry();
+        screens << screen->availableGeometry().adjusted(0, 0, 0, untold && whole ? -panel : 0);
+    }
     return screens;
+}
+
+QSize firstSize(const QSize& screen)
+{
+    return QSize(960, 860).boundedTo(QRect({}, screen).marginsRemoved(usualFrame).size());
+}
+
+QSize firstWindowSize()
+{
+    const QList<QRect> screens = usableScreens(); // the primary one first
+    return firstSize(screens.isEmpty() ? QSize(1280, 800) : screens.front().size());
 }
 
 QList<int> savedWidths(const QByteArray& saved, int count)

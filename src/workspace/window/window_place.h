@@ -19,11 +19,16 @@ namespace corvane {
 [[nodiscard]] QByteArray placeWithinScreens(
     const QByteArray& saved, const QSize& smallest, const QList<QRect>& screens);
 
-/// What windows may use of each screen.
+/// What windows may use of each screen. Wayland does not tell what its panels take: one of a usual height is left free.
 [[nodiscard]] QList<QRect> usableScreens();
 
-/// The widths that QSplitter::saveState has saved, and nothing else of it; none when they cannot be read or are not
-/// `count` widths.
+/// How large a window without a saved place is, without its frame, on a screen of which windows may use `screen`.
+[[nodiscard]] QSize firstSize(const QSize& screen);
+/// The same on the screen at hand.
+[[nodiscard]] QSize firstWindowSize();
+
+/// The widths, or heights, that QSplitter::saveState has saved, and nothing else of it; none when they cannot be read
+/// or are not `count` widths.
 [[nodiscard]] QList<int> savedWidths(const QByteArray& saved, int count);
 
 } // namespace corvane

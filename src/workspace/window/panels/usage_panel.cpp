@@ -1,6 +1,7 @@
 #include "workspace/window/panels/usage_panel.h"
 
 #include <QHeaderView>
+#include <algorithm>
 
 namespace corvane {
 
@@ -27,14 +28,27 @@ UsagePanel::UsagePanel(ContentView& view, QWidget* parent)
     table_->setColumnWidth(UsageTableModel::screenTime, table_->fontMetrics().horizontalAdvance("00000.00 sec") + 16);
     table_->setColumnWidth(UsageTableModel::share, 130);
     table_->setColumnWidth(UsageTableModel::shots, table_->fontMetrics().horizontalAdvance("Shots 0") + 16);
-    table_->setMinimumHeight(90);
+    table_->setMinimumHeight(52);
     column().addWidget(table_, 1);
+}
+
+QSize UsagePanel::sizeHint() const
+{
+    constexpr int most = 8;
+    constexpr int fewest = 2;
+    const int rows = std::clamp(static_cast<int>(view_.videoAngles().size()), fewest, most);
+    const int wanted = table_->horizontalHeader()->sizeHint().height() + 2 * table_->frameWidth() +
+                       rows * table_->verticalHeader()->defaultSectionSize();
+    const QSize usual = Panel::sizeHint();
+    return {usual.width(), usual.height() - table_->sizeHint().height() + wanted};
 }
 
 void UsagePanel::refresh(const Changes& changes)
 {
     if (has(changes, Changed::loaded) || has(changes, Changed::cuts))
         model_->show();
+    if (has(changes, Changed::loaded))
+        updateGeometry();
 }
 
 } // namespace corvane

@@ -13,6 +13,8 @@ class UsagePanel : public Panel {
 public:
     explicit UsagePanel(ContentView& view, QWidget* parent = nullptr);
     void refresh(const Changes& changes) override;
+    /// High enough for all cameras, up to eight.
+    [[nodiscard]] QSize sizeHint() const override;
 
 private:
     UsageTableModel* model_;
