@@ -12,6 +12,7 @@
 #include <QDropEvent>
 #include <QListWidget>
 #include <QMimeData>
+#include <QSplitter>
 #include <QTableView>
 #include <QTextBrowser>
 #include <QUrl>
@@ -316,6 +317,9 @@ TEST(Help, IsOneSheetAndOneWindowAndSearches)
     QTest::mouseClick(topics->viewport(), Qt::LeftButton, {}, row.center());
     query->clear();
     EXPECT_EQ(topics->currentItem()->text(), found) << "who clicks a topic keeps it when the search ends";
+    const auto widthOfTopics = [](QWidget& help) { return help.findChild<QSplitter*>()->sizes().front(); };
+    const int usual = widthOfTopics(*sheet);
+    sheet->findChild<QSplitter*>()->setSizes({usual + 90, 300});
     QTest::mouseClick(gui.withText<>("Close", sheet), Qt::LeftButton);
     EXPECT_FALSE(gui.state().showingHelp);
     const auto helpWindows = [] {
@@ -328,13 +332,15 @@ TEST(Help, IsOneSheetAndOneWindowAndSearches)
     QTest::keyClick(&gui.window(), Qt::Key_F1);
     QTest::keyClick(&gui.window(), Qt::Key_F1);
     EXPECT_EQ(helpWindows(), 1);
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        EXPECT_TRUE(widget->objectName() != "helpWindow" || widthOfTopics(*widget) > usual + 60) << "remembered";
 }
 
 TEST(Help, SaysThatAManualIsMissing)
 {
     Gui gui;
     const ResourceFolders nowhere({"/nowhere"});
-    CorvaneHelpView help(loadedManual(nowhere), [] {});
+    CorvaneHelpView help(loadedManual(nowhere), gui.account.defaults, [] {});
     help.show();
     EXPECT_NE(gui.withText<QLabel>("Help could not be opened", &help), nullptr);
     EXPECT_NE(

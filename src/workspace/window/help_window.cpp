@@ -7,17 +7,19 @@
 #include "workspace/window/shown_text.h"
 #include "workspace/window/theme.h"
 #include "workspace/window/tooltips.h"
+#include "workspace/window/window_place.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
-#include <QSplitter>
 #include <QVBoxLayout>
 
 namespace corvane {
 
 namespace {
+
+const std::string splitKey = "Corvane.help.split";
 
 QString line(const PageLine& line)
 {
@@ -68,8 +70,9 @@ LoadedManual loadedManual(const Resources& resources)
     }
 }
 
-CorvaneHelpView::CorvaneHelpView(LoadedManual manual, const std::function<void()>& close, QWidget* parent)
-    : QWidget(parent), manual_(std::move(manual))
+CorvaneHelpView::CorvaneHelpView(
+    LoadedManual manual, UserDefaults& places, const std::function<void()>& close, QWidget* parent)
+    : QWidget(parent), manual_(std::move(manual)), places_(places)
 {
     auto* column = new QVBoxLayout(this);
     column->addWidget(makeHeader(close));
@@ -108,9 +111,9 @@ QWidget* CorvaneHelpView::makeHeader(const std::function<void()>& close)
 
 QWidget* CorvaneHelpView::makeTopics()
 {
-    auto* split = new QSplitter(this);
-    split->setChildrenCollapsible(false);
-    auto* left = new QWidget(split);
+    split_ = new QSplitter(this);
+    split_->setChildrenCollapsible(false);
+    auto* left = new QWidget(split_);
     auto* column = new QVBoxLayout(left);
     column->setContentsMargins(4, 0, 0, 0);
     query_ = new QLineEdit(left);
@@ -127,15 +130,16 @@ QWidget* CorvaneHelpView::makeTopics()
     for (QWidget* each : {static_cast<QWidget*>(query_), static_cast<QWidget*>(count_)})
         column->addWidget(each);
     column->addWidget(list_, 1);
-    pages_ = new QStackedWidget(split);
+    pages_ = new QStackedWidget(split_);
     page_ = new QTextBrowser(pages_);
     page_->setOpenExternalLinks(true);
     page_->setAccessibleName(tr("Topic"));
     page_->document()->setDocumentMargin(16);
     pages_->addWidget(page_);
     pages_->addWidget(makeNothingMatches());
-    split->setStretchFactor(1, 1);
-    split->setSizes({260, 640});
+    split_->setStretchFactor(1, 1);
+    const QList<int> widths = savedSizes(places_, splitKey, *split_);
+    split_->setSizes(widths.isEmpty() ? QList<int>{260, 640} : widths);
     connect(query_, &QLineEdit::textChanged, this, &CorvaneHelpView::search);
     const auto select = [this](const QListWidgetItem* item) {
         if (item == nullptr)
@@ -145,7 +149,14 @@ QWidget* CorvaneHelpView::makeTopics()
     };
     connect(list_, &QListWidget::currentItemChanged, this, select);
     connect(list_, &QListWidget::itemClicked, this, select); // also the one that is shown already
-    return split;
+    return split_;
+}
+
+void CorvaneHelpView::hideEvent(QHideEvent* event)
+{
+    if (split_ != nullptr)
+        saveSizes(places_, splitKey, *split_);
+    QWidget::hideEvent(event);
 }
 
 QWidget* CorvaneHelpView::makeNothingMatches()
@@ -228,7 +239,8 @@ void CorvaneHelpWindow::show()
         auto* column = new QVBoxLayout(window_.get());
         column->setContentsMargins(8, 8, 8, 8);
         QWidget* window = window_.get();
-        column->addWidget(new CorvaneHelpView(loadedManual(resources_), [window] { window->close(); }, window));
+        column->addWidget(
+            new CorvaneHelpView(loadedManual(resources_), places_, [window] { window->close(); }, window));
         auto* shortcut = new QShortcut(QKeySequence(QKeySequence::Close), window);
         QObject::connect(shortcut, &QShortcut::activated, window, &QWidget::close);
         auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), window);

@@ -3,10 +3,12 @@
 #include "help/manual.h"
 #include "help/topic_search.h"
 #include "platform/resources.h"
+#include "platform/user_defaults.h"
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QSplitter>
 #include <QStackedWidget>
 #include <QTextBrowser>
 #include <QWidget>
@@ -25,7 +27,12 @@ using LoadedManual = std::variant<CorvaneManual, std::string>;
 class CorvaneHelpView : public QWidget {
     Q_OBJECT
 public:
-    CorvaneHelpView(LoadedManual manual, const std::function<void()>& close, QWidget* parent = nullptr);
+    /// Remembers in `places`, which must outlive the view, where the line between topics and text was put.
+    CorvaneHelpView(
+        LoadedManual manual, UserDefaults& places, const std::function<void()>& close, QWidget* parent = nullptr);
+
+protected:
+    void hideEvent(QHideEvent* event) override;
 
 private:
     QWidget* makeHeader(const std::function<void()>& close);
@@ -37,6 +44,8 @@ private:
     void showPage(const HelpTopicList& topics);
 
     LoadedManual manual_;
+    UserDefaults& places_;
+    QSplitter* split_ = nullptr;
     HelpTopics state_;
     QLineEdit* query_ = nullptr;
     QLabel* count_ = nullptr;
@@ -49,13 +58,15 @@ private:
 /// The help window of the menu: made when it is first asked for, then kept with its search.
 class CorvaneHelpWindow {
 public:
-    explicit CorvaneHelpWindow(const Resources& resources) : resources_(resources) {}
+    /// Both must outlive the window.
+    CorvaneHelpWindow(const Resources& resources, UserDefaults& places) : resources_(resources), places_(places) {}
 
     /// Shows the window in front of the others.
     void show();
 
 private:
     const Resources& resources_;
+    UserDefaults& places_;
     std::unique_ptr<QWidget> window_;
 };
 

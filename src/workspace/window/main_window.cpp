@@ -70,7 +70,7 @@ void keepReadingOrder(QSplitter& split)
 
 MainWindow::MainWindow(MainWindowServices services)
     : services_(std::move(services)),
-      helpWindow_(services_.resources),
+      helpWindow_(services_.resources, services_.defaults),
       aboutWindow_(services_.bundle, [this] { helpWindow_.show(); })
 {
     setWindowTitle("Corvane");
@@ -173,9 +173,9 @@ QWidget* MainWindow::makeLoadedPage()
 void MainWindow::showLoadedPage()
 {
     pages_->addWidget(makeLoadedPage());
-    if (const QList<int> widths = savedSizes(splitKey, *split_); !widths.isEmpty())
+    if (const QList<int> widths = savedSizes(services_.defaults, splitKey, *split_); !widths.isEmpty())
         split_->setSizes(widths);
-    if (const QList<int> heights = savedSizes(resultSplitKey, *resultSplit_); !heights.isEmpty())
+    if (const QList<int> heights = savedSizes(services_.defaults, resultSplitKey, *resultSplit_); !heights.isEmpty())
         resultSplit_->restore(heights);
     for (Panel* panel : panels_)
         panel->refresh(Changes().set());
@@ -257,7 +257,8 @@ void MainWindow::refresh(const Changes& changes)
     dropOutline_->setVisible(state.dropTargeted);
     dropOutline_->raise();
     showSheet(helpSheet_, &WorkspaceState::showingHelp, [this] {
-        auto* view = new CorvaneHelpView(loadedManual(services_.resources), [this] { helpSheet_->reject(); });
+        auto* view = new CorvaneHelpView(
+            loadedManual(services_.resources), services_.defaults, [this] { helpSheet_->reject(); });
         view->setMinimumSize(700, 500);
         return makeSheet(tr("Corvane Help"), &WorkspaceState::showingHelp, view);
     });
@@ -384,27 +385,17 @@ void MainWindow::restorePlace()
         restore(saveGeometry());
 }
 
-/// None when there are none, or they cannot be read: the usual ones will do.
-QList<int> MainWindow::savedSizes(const std::string& key, const QSplitter& split) const
-{
-    try {
-        return savedWidths(QByteArray::fromStdString(services_.defaults.value(key)), split.count());
-    } catch (const PlatformError&) {
-        return {};
-    }
-}
-
 void MainWindow::keepPlace()
 {
     try {
         services_.defaults.setValue(geometryKey, saveGeometry().toStdString());
-        if (split_ != nullptr)
-            services_.defaults.setValue(splitKey, split_->saveState().toStdString());
-        if (resultSplit_ != nullptr && resultSplit_->wasMoved())
-            services_.defaults.setValue(resultSplitKey, resultSplit_->saveState().toStdString());
     } catch (const PlatformError&) {
         return; // the next window has the usual size
     }
+    if (split_ != nullptr)
+        saveSizes(services_.defaults, splitKey, *split_);
+    if (resultSplit_ != nullptr && resultSplit_->wasMoved())
+        saveSizes(services_.defaults, resultSplitKey, *resultSplit_);
 }
 
 } // namespace corvane

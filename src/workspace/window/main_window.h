@@ -75,7 +75,6 @@ private:
     void showSheet(QDialog*& sheet, bool WorkspaceState::* showing, const std::function<QDialog*()>& make);
     void setDropTargeted(bool targeted);
     void restorePlace();
-    [[nodiscard]] QList<int> savedSizes(const std::string& key, const QSplitter& split) const;
     void stayOnScreen();
     void keepPlace();
 

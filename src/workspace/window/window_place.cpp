@@ -1,5 +1,7 @@
 #include "workspace/window/window_place.h"
 
+#include "platform/error.h"
+
 #include <QDataStream>
 #include <QGuiApplication>
 #include <QIODevice>
@@ -162,6 +164,24 @@ QList<int> savedWidths(const QByteArray& saved, int count)
         widths << std::clamp(width, 0, widest);
     }
     return in.status() == QDataStream::Ok ? widths : QList<int>();
+}
+
+QList<int> savedSizes(const UserDefaults& defaults, const std::string& key, const QSplitter& split)
+{
+    try {
+        return savedWidths(QByteArray::fromStdString(defaults.value(key)), split.count());
+    } catch (const PlatformError&) {
+        return {};
+    }
+}
+
+void saveSizes(UserDefaults& defaults, const std::string& key, const QSplitter& split)
+{
+    try {
+        defaults.setValue(key, split.saveState().toStdString());
+    } catch (const PlatformError&) {
+        return;
+    }
 }
 
 } // namespace corvane

@@ -1,9 +1,13 @@
 #pragma once
 
+#include "platform/user_defaults.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QMargins>
 #include <QRect>
+#include <QSplitter>
+#include <string>
 
 /// Where the window and its parts were. What is read comes from a file: a wrong byte must not put the window where
 /// nobody sees it.
@@ -30,5 +34,11 @@ namespace corvane {
 /// The widths, or heights, that QSplitter::saveState has saved, and nothing else of it; none when they cannot be read
 /// or are not `count` widths.
 [[nodiscard]] QList<int> savedWidths(const QByteArray& saved, int count);
+
+/// The widths or heights that were stored for a splitter; none when there are none, or they cannot be read: the usual
+/// ones will do.
+[[nodiscard]] QList<int> savedSizes(const UserDefaults& defaults, const std::string& key, const QSplitter& split);
+/// Stores them; where that fails, the next window has the usual ones.
+void saveSizes(UserDefaults& defaults, const std::string& key, const QSplitter& split);
 
 } // namespace corvane
