@@ -90,7 +90,11 @@ TEST(PacingPanel, CouplesTheBoundsAndMovesInSteps)
 TEST(BookendsPanel, WritesBothShots)
 {
     Gui gui(threeCameras);
+    for (const int shot : {0, 1})
+        EXPECT_FALSE(
+            gui.labelled<Picker>("Camera", shot)->isEnabled() || gui.labelled<StepBox>("15 sec", shot)->isEnabled());
     gui.click("Opening");
+    EXPECT_FALSE(gui.labelled<Picker>("Camera", 1)->isEnabled());
     choose(*gui.labelled<Picker>("Camera", 0), "B (Camera 1)");
     enter(*gui.labelled<StepBox>("15 sec", 0), "4");
     gui.click("Closing");
@@ -102,6 +106,10 @@ TEST(BookendsPanel, WritesBothShots)
     EXPECT_EQ(settings.openingSeconds, 4);
     EXPECT_EQ(settings.closingCamera, "A");
     EXPECT_EQ(settings.closingSeconds, 6);
+    gui.click("Opening");
+    gui.click("Opening");
+    EXPECT_TRUE(gui.labelled<StepBox>("4 sec")->isEnabled()) << "kept while it was off";
+    EXPECT_EQ(settings.openingCamera, "B");
 }
 
 TEST(SectionsPanel, AddsChangesRemovesAndBringsBack)

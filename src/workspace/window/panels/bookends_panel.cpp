@@ -22,7 +22,8 @@ void BookendsPanel::add(const QString& title, Fields fields)
         control->setAccessibleDescription(QString(title).remove('&'));
     column().addWidget(enabled);
     auto* choice = new QHBoxLayout;
-    choice->addWidget(labelFor(*camera, tr("Camera"), this));
+    QLabel* cameraLabel = labelFor(*camera, tr("Camera"), this);
+    choice->addWidget(cameraLabel);
     choice->addWidget(camera, 1);
     column().addLayout(choice);
     column().addWidget(length);
@@ -35,7 +36,7 @@ void BookendsPanel::add(const QString& title, Fields fields)
     connect(length, &Stepper::chosen, this, [this, fields](double seconds) {
         edit([fields, seconds](EditSettings& settings) { settings.*fields.seconds = seconds; });
     });
-    bookends_.push_back({fields, enabled, camera, length});
+    bookends_.push_back({fields, enabled, cameraLabel, camera, length});
 }
 
 void BookendsPanel::refresh(const Changes& changes)
@@ -47,7 +48,12 @@ void BookendsPanel::refresh(const Changes& changes)
         cameras.push_back({angle.id, view_.angleLabel(angle.id)});
     for (const Bookend& bookend : bookends_) {
         const QSignalBlocker blocker(bookend.enabled);
-        bookend.enabled->setChecked(settings().*bookend.fields.enabled);
+        const bool on = settings().*bookend.fields.enabled;
+        bookend.enabled->setChecked(on);
+        for (QWidget* each :
+             {static_cast<QWidget*>(bookend.cameraLabel), static_cast<QWidget*>(bookend.camera),
+              static_cast<QWidget*>(bookend.length)})
+            each->setEnabled(on); // a change of what has no effect would only clear the edit
         bookend.camera->show(cameras, settings().*bookend.fields.camera);
         bookend.length->show(settings().*bookend.fields.seconds);
     }

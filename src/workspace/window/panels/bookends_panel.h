@@ -26,6 +26,7 @@ private:
     struct Bookend {
         Fields fields;
         QCheckBox* enabled;
+        QLabel* cameraLabel;
         Picker* camera;
         Stepper* length;
     };
