@@ -57,6 +57,40 @@ std::optional<std::string> shotEndReason(const ContentView& view, const EditMark
     return std::nullopt;
 }
 
+std::vector<std::size_t> shortShots(const ContentView& view, const EditMarks& marks)
+{
+    std::vector<std::size_t> positions;
+    if (view.state().cuts().empty())
+        return positions;
+    const CutEngine& engine = view.state().loaded->engine;
+    const EditSettings& settings = view.state().preview->settings;
+    const auto wasAskedFor = [&marks](const Cut& cut) {
+        const auto overlaps = [&cut](Frames start, Frames end) {
+            return cut.start < end && cut.start + cut.duration > start;
+        };
+        return (marks.opening && overlaps(marks.opening->start, marks.opening->end)) ||
+               (marks.closing && overlaps(marks.closing->start, marks.closing->end)) ||
+               std::ranges::any_of(marks.sections, [&overlaps](const FixedCameraSection& section) {
+                   return overlaps(section.start, section.end);
+               });
+    };
+    for (std::size_t i = 0; i < view.state().cuts().size(); ++i) {
+        const Cut& cut = view.state().cuts()[i];
+        const double minimum = cut.angle == settings.mainCamera ? settings.mainMinimum : settings.otherMinimum;
+        if (static_cast<double>(cut.duration) < engine.frames(minimum) && !wasAskedFor(cut))
+            positions.push_back(i);
+    }
+    return positions;
+}
+
+std::string shortShotsText(std::size_t count)
+{
+    if (count == 0)
+        return "";
+    return count == 1 ? "1 shot is shorter than your minimum"
+                      : std::to_string(count) + " shots are shorter than your minimum";
+}
+
 std::size_t cutAt(const std::vector<Cut>& cuts, Frames frame)
 {
     const auto after = std::ranges::upper_bound(cuts, frame, {}, &Cut::start);

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// What the cut list on screen says about its shots, read from the revision that drew it.
@@ -25,6 +26,14 @@ struct EditMarks {
 /// the cuts.
 [[nodiscard]] std::optional<std::string> shotEndReason(
     const ContentView& view, const EditMarks& marks, std::size_t position);
+
+/// The drawn shots that are shorter than the minimum that their edit was made with, by position and in order. Opening,
+/// closing and fixed shots are as long as they were asked to be and never among them.
+[[nodiscard]] std::vector<std::size_t> shortShots(const ContentView& view, const EditMarks& marks);
+/// "2 shots are shorter than your minimum"; empty for none.
+[[nodiscard]] std::string shortShotsText(std::size_t count);
+/// What is said of one of them.
+constexpr std::string_view shortShotText = "Shorter than your minimum.";
 
 /// The cut that holds a frame of the project; `cuts` is the cut list on screen and not empty.
 [[nodiscard]] std::size_t cutAt(const std::vector<Cut>& cuts, Frames frame);

@@ -235,6 +235,15 @@ TEST(DropView, AsksASourceForNothingBeforeTheDropAndForNothingAfterItWasSilent)
     }
 }
 
+QTableView* cutTable(Gui& gui)
+{
+    for (QTableView* each : gui.window().findChildren<QTableView*>()) {
+        if (each->accessibleName() == "Cuts")
+            return each;
+    }
+    return nullptr;
+}
+
 /// Chooses a frame in the strip, or a row, and goes through other edits and back.
 void expectTheFrameStaysChosen(Gui& gui, QTableView& table, CutStrip& strip)
 {
@@ -277,11 +286,7 @@ TEST(CutPanel, TheStripAndTheTableShowEachOther)
     Gui gui(document());
     gui.view().generateRoughEdit();
     Gui::settle();
-    QTableView* table = nullptr;
-    for (QTableView* each : gui.window().findChildren<QTableView*>()) {
-        if (each->accessibleName() == "Cuts")
-            table = each;
-    }
+    QTableView* table = cutTable(gui);
     ASSERT_NE(table, nullptr);
     const auto& cuts = gui.state().cuts();
     ASSERT_EQ(table->model()->rowCount(), static_cast<int>(cuts.size()));
@@ -294,6 +299,39 @@ TEST(CutPanel, TheStripAndTheTableShowEachOther)
     Gui::settle();
     EXPECT_EQ(table->model()->rowCount(), 0);
     EXPECT_NE(gui.withText<QLabel>("Generate an edit to preview the cuts here."), nullptr);
+}
+
+TEST(CutPanel, GoesToTheNextShotBelowItsMinimum)
+{
+    Gui gui(document());
+    gui.view().generateRoughEdit();
+    const auto show = [&gui](const std::vector<Cut>& cuts) {
+        gui.view().edit([&cuts](WorkspaceState& state) {
+            EditRevision changed = *state.preview;
+            changed.cuts = cuts;
+            state.preview = std::make_shared<const EditRevision>(changed);
+        });
+        Gui::settle();
+    };
+    show({{{}, "A", 0, 400}, {{}, "B", 400, 50}, {{}, "A", 450, 400}, {{}, "B", 850, 100}, {{}, "A", 950, 50}});
+    const QTableView* table = cutTable(gui);
+    ASSERT_NE(table, nullptr);
+    auto* next = gui.withText<>("2 shots are shorter than your minimum");
+    ASSERT_NE(next, nullptr);
+    gui.click("2 shots are shorter than your minimum");
+    EXPECT_EQ(table->currentIndex().row(), 1);
+    QTest::keyClick(next, Qt::Key_Space);
+    EXPECT_EQ(table->currentIndex().row(), 4);
+    QTest::keyClick(&gui.window(), Qt::Key_Y, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([table] { return table->currentIndex().row() == 1; })) << "after the last the first";
+    const auto told = [table](int row, int role) { return table->model()->index(row, 2).data(role); };
+    EXPECT_TRUE(told(1, Qt::ForegroundRole).isValid() && !told(0, Qt::ForegroundRole).isValid());
+    EXPECT_EQ(told(4, Qt::AccessibleDescriptionRole).toString(), "Shorter than your minimum.");
+    EXPECT_TRUE(told(4, Qt::ToolTipRole).toString().endsWith("Shorter than your minimum."));
+    auto* strip = gui.window().findChild<CutStrip*>();
+    EXPECT_TRUE(strip->accessibleDescription().endsWith("2 shots are shorter than your minimum."));
+    show({{{}, "A", 0, 1000}});
+    EXPECT_FALSE(next->isVisible());
 }
 
 TEST(Help, IsOneSheetAndOneWindowAndSearches)

@@ -99,6 +99,10 @@ TEST(ShotFacts, TellWhyShotsEnd)
                                                              "Ends with the project."};
     for (std::size_t i = 0; i < cuts.size(); ++i)
         EXPECT_EQ(shotEndReason(view, marks, i), reasons[i]) << i;
+    // At least 10 seconds on A and 4 on B, where nothing else was asked for.
+    EXPECT_EQ(shortShots(view, marks), (std::vector<std::size_t>{1, 2, 4}));
+    EXPECT_EQ(shortShotsText(3), "3 shots are shorter than your minimum");
+    EXPECT_EQ(shortShotsText(1), "1 shot is shorter than your minimum");
     EXPECT_TRUE(cutListText(view, ",").starts_with("Start (Timecode)\tCamera\tDuration (seconds)\n"
                                                    "00:00:00:00\tA (Camera 1)\t4\n00:00:04:00\tB (Camera 1)\t2\n"));
     window.importAndGenerate(replaced(document(), "\"A\"", "\"A&#9;&#10;\""));

@@ -4,6 +4,9 @@
 #include "workspace/window/theme.h"
 #include "workspace/window/tooltips.h"
 
+#include <QBrush>
+#include <algorithm>
+
 namespace corvane {
 
 CutTableModel::CutTableModel(const ContentView& view, QObject* parent) : QAbstractTableModel(parent), view_(view) {}
@@ -13,6 +16,7 @@ void CutTableModel::show(const CameraMarks& marks)
     beginResetModel();
     shown_ = view_.state().preview;
     asked_ = editMarks(view_);
+    short_ = shortShots(view_, asked_);
     looks_.clear();
     for (const ImportedAngle& angle : view_.videoAngles()) {
         const std::string label = view_.angleLabel(angle.id);
@@ -42,6 +46,10 @@ QVariant CutTableModel::data(const QModelIndex& index, int role) const
         return tip(facts(static_cast<std::size_t>(index.row())));
     if (role == Qt::AccessibleTextRole && index.column() == camera)
         return lookOf(cut).spoken;
+    if (role == Qt::ForegroundRole && index.column() == duration && isShort(index.row()))
+        return QBrush(theme::shortShot);
+    if (role == Qt::AccessibleDescriptionRole && isShort(index.row()))
+        return qt(shortShotText);
     if (role == Qt::TextAlignmentRole && index.column() == duration)
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
     if (role == Qt::DecorationRole && index.column() == camera)
@@ -69,8 +77,16 @@ QString CutTableModel::facts(std::size_t row) const
     QString label = text(shown_->cuts[row], camera);
     if (view_.state().preview != shown_)
         return label;
-    const auto reason = shotEndReason(view_, asked_, row);
-    return reason ? label + "\n" + qt(*reason) : label;
+    if (const auto reason = shotEndReason(view_, asked_, row))
+        label += "\n" + qt(*reason);
+    if (isShort(static_cast<int>(row)))
+        label += "\n" + qt(shortShotText);
+    return label;
+}
+
+bool CutTableModel::isShort(int row) const
+{
+    return std::ranges::binary_search(short_, static_cast<std::size_t>(row));
 }
 
 QVariant CutTableModel::headerData(int section, Qt::Orientation orientation, int role) const

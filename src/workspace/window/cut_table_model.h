@@ -39,10 +39,12 @@ private:
     [[nodiscard]] Look lookOf(const Cut& cut) const;
     [[nodiscard]] QString text(const Cut& cut, int column) const;
     [[nodiscard]] QString facts(std::size_t row) const;
+    [[nodiscard]] bool isShort(int row) const;
 
     const ContentView& view_;
     SharedRevision shown_;
     EditMarks asked_;
+    std::vector<std::size_t> short_;
     std::map<std::string, Look, std::less<>> looks_;
 };
 

@@ -8,6 +8,7 @@
 
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <algorithm>
 
 namespace corvane {
 
@@ -17,6 +18,7 @@ CutPanel::CutPanel(ContentView& view, QWidget* parent)
       empty_(helpLabel(tr("Generate an edit to preview the cuts here."), this)),
       summary_(new ElidedLabel({}, this)),
       strip_(new CutStrip(view, this)),
+      shortShots_(new QPushButton(this)),
       model_(new CutTableModel(view, this)),
       table_(new QTableView(this)),
       generate_(new QPushButton(this)),
@@ -42,8 +44,12 @@ void CutPanel::arrange()
     pictures->setContentsMargins(0, 0, 0, 0);
     pictures->setSpacing(column().spacing());
     pictures->addWidget(summary_);
-    keepPlace(*summary_);
     pictures->addWidget(strip_);
+    shortShots_->setProperty("role", "link");
+    shortShots_->ensurePolished(); // it has its height before it is seen
+    for (QWidget* line : {static_cast<QWidget*>(summary_), static_cast<QWidget*>(shortShots_)})
+        keepPlace(*line);
+    pictures->addWidget(shortShots_, 0, Qt::AlignLeft);
     pictures->addWidget(table_, 1);
     empty_->setAlignment(Qt::AlignCenter);
     pages_->addWidget(empty_);
@@ -125,6 +131,7 @@ void CutPanel::connectAll()
     connect(back_, &QPushButton::clicked, this, [this] { view_.stepBack(); });
     connect(forward_, &QPushButton::clicked, this, [this] { view_.stepForward(); });
     connect(export_, &QPushButton::clicked, this, [this] { view_.exportRoughEdit(); });
+    connect(shortShots_, &QPushButton::clicked, this, [this] { goToNextShortShot(); });
     connect(strip_, &CutStrip::picked, this, [this](int position, Frames frame) {
         choose(position, frame);
         table_->scrollTo(model_->index(position, 0), QAbstractItemView::PositionAtCenter);
@@ -163,6 +170,7 @@ void CutPanel::showCuts()
     model_->show(marks_);
     strip_->show(marks_);
     pages_->setCurrentIndex(any ? 1 : 0);
+    showShortShots();
     if (any)
         restoreView();
 }
@@ -181,6 +189,24 @@ void CutPanel::restoreView()
     const QModelIndex chosen = row(*chosen_);
     choose(chosen.row(), *chosen_);
     table_->scrollTo(chosen);
+}
+
+void CutPanel::showShortShots()
+{
+    short_ = shortShots(view_, editMarks(view_));
+    shortShots_->setText(qt(shortShotsText(short_.size())).replace("your", "&your"));
+    shortShots_->setVisible(!short_.empty());
+}
+
+/// The next one after the chosen row; after the last the first.
+void CutPanel::goToNextShortShot()
+{
+    const int row = table_->currentIndex().row(); // -1 for none
+    const auto isLater = [row](std::size_t position) { return static_cast<int>(position) > row; };
+    const auto later = std::ranges::find_if(short_, isLater);
+    const auto next = static_cast<int>(later == short_.end() ? short_.front() : *later);
+    table_->selectRow(next);
+    table_->scrollTo(model_->index(next, 0), QAbstractItemView::PositionAtCenter);
 }
 
 void CutPanel::choose(int position, Frames frame)

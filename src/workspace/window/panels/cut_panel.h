@@ -28,6 +28,8 @@ private:
     void showCuts();
     void restoreView();
     void choose(int position, Frames frame);
+    void showShortShots();
+    void goToNextShortShot();
     void showButtons();
     void showTexts();
 
@@ -36,6 +38,7 @@ private:
     QLabel* empty_;
     ElidedLabel* summary_;
     CutStrip* strip_;
+    QPushButton* shortShots_; ///< goes to the next of the shots that are too short
     CutTableModel* model_;
     QTableView* table_;
     QPushButton* generate_;
@@ -47,6 +50,7 @@ private:
     ElidedLabel* carryOver_;
     QLabel* status_;
     QLabel* saveError_;
+    std::vector<std::size_t> short_;
     std::optional<Frames> chosen_; ///< the frame that a person has chosen, in this edit or an earlier one
     Frames top_ = 0;               ///< where the table's first row in view starts, or was when there was one
 };

@@ -34,6 +34,7 @@ void CutStrip::show(const CameraMarks& marks)
 {
     marks_ = marks;
     asked_ = editMarks(view_);
+    short_ = shortShots(view_, asked_);
     selected_ = -1;
     cameras_.clear();
     for (const ImportedAngle& angle : view_.videoAngles())
@@ -41,8 +42,11 @@ void CutStrip::show(const CameraMarks& marks)
     const int lanes = std::max(1, static_cast<int>(cameras_.size()));
     setFixedHeight(static_cast<int>(axisHeight) + lanes * (lanes > roomyLanes ? narrowestLane : widestLane));
     const auto& cuts = view_.state().cuts();
+    QString more;
+    if (!short_.empty())
+        more += " " + qt(shortShotsText(short_.size())) + ".";
     setAccessibleDescription(
-        tr("%1 cuts on %2 cameras. The table below has the same cuts.").arg(cuts.size()).arg(cameras_.size()));
+        tr("%1 cuts on %2 cameras. The table below has the same cuts.").arg(cuts.size()).arg(cameras_.size()) + more);
     if (underMouse())
         hideTip(); // it tells of the edit that was shown before
     update();
@@ -82,6 +86,8 @@ QString CutStrip::facts(std::size_t position) const
                    tr("%1 sec").arg(qt(durationLabel(view_, cut, theme::decimalSign())));
     if (const auto reason = shotEndReason(view_, asked_, position))
         text += "\n" + qt(*reason);
+    if (std::ranges::binary_search(short_, position))
+        text += "\n" + qt(shortShotText);
     return text;
 }
 
@@ -97,6 +103,7 @@ void CutStrip::paintEvent(QPaintEvent*)
     paintLanes(painter);
     paintCuts(painter);
     paintMarks(painter);
+    paintShortShots(painter);
     paintSelection(painter);
 }
 
@@ -154,6 +161,27 @@ void CutStrip::paintMarks(QPainter& painter) const
                 QRectF(left + 0.5, all.top() + 0.5, std::max(2.0, scale.x(shot->end) - left - 1), all.height() - 1));
         }
     }
+}
+
+/// An arrow above each: the shot itself may be narrower than a pixel.
+void CutStrip::paintShortShots(QPainter& painter) const
+{
+    const QRectF all = lanes();
+    const TimeScale scale(view_.state().loaded->engine.length, all.left(), all.width());
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(theme::shortShot);
+    for (const std::size_t position : short_) {
+        const Cut& cut = view_.state().cuts()[position];
+        const QRectF lane = laneOf(cut.angle);
+        const double left = scale.x(cut.start);
+        const double right = std::max(left + 1, scale.x(cut.start + cut.duration));
+        painter.drawRect(QRectF(left, lane.top() + 1, right - left, lane.height() - 2));
+        const QPointF tip((left + right) / 2, all.top() + 1);
+        painter.drawPolygon(QPolygonF({tip, tip + QPointF(-4, -6), tip + QPointF(4, -6)}));
+    }
+    painter.restore();
 }
 
 void CutStrip::paintSelection(QPainter& painter) const

@@ -39,11 +39,13 @@ private:
     void paintLanes(QPainter& painter) const;
     void paintCuts(QPainter& painter) const;
     void paintMarks(QPainter& painter) const;
+    void paintShortShots(QPainter& painter) const;
     void paintSelection(QPainter& painter) const;
 
     const ContentView& view_;
     CameraMarks marks_;
     EditMarks asked_;
+    std::vector<std::size_t> short_;
     std::vector<std::string> cameras_; ///< a lane each, from the top
     int selected_ = -1;
 };
