@@ -29,18 +29,26 @@ std::string wholeNumber(double value)
 const std::string wholeProjectCovered =
     "Selected cameras cover the whole project, including all fixed camera sections.";
 
-/// The title and the ranges in timecodes; empty without any.
-std::string rangesInWords(const CutEngine& engine, std::string_view title, const std::vector<FrameRange>& ranges)
+/// The title and what `words` makes of each of the list; empty without any.
+template <class Each, class Words>
+std::string listInWords(std::string_view title, const std::vector<Each>& list, const Words& words)
 {
     constexpr std::size_t most = 50; // nobody listens longer
     std::string text;
-    for (std::size_t i = 0; i < std::min(most, ranges.size()); ++i) {
+    for (std::size_t i = 0; i < std::min(most, list.size()); ++i) {
         text += i == 0 ? std::string(title) : ", ";
-        text += timecodeLabel(engine, ranges[i].start) + " to " + timecodeLabel(engine, ranges[i].end);
+        text += words(list[i]);
     }
-    if (ranges.size() > most)
-        text += " and " + std::to_string(ranges.size() - most) + " more";
+    if (list.size() > most)
+        text += " and " + std::to_string(list.size() - most) + " more";
     return text.empty() ? text : text + ".";
+}
+
+std::string rangesInWords(const CutEngine& engine, std::string_view title, const std::vector<FrameRange>& ranges)
+{
+    return listInWords(title, ranges, [&engine](const FrameRange& range) {
+        return timecodeLabel(engine, range.start) + " to " + timecodeLabel(engine, range.end);
+    });
 }
 
 } // namespace
@@ -334,6 +342,13 @@ std::string stretchesInWords(const CutEngine& engine, const std::vector<FrameRan
     const std::string gaps = rangesInWords(
         engine, footage.empty() ? "No footage: " : " No footage: ", uncoveredStretches(stretches, engine.length));
     return footage + gaps;
+}
+
+std::string markersInWords(const CutEngine& engine, const std::vector<ClipMarker>& markers)
+{
+    return listInWords("Markers: ", markers, [&engine](const ClipMarker& marker) {
+        return marker.name + (marker.name.empty() ? "" : " at ") + timecodeLabel(engine, marker.frame);
+    });
 }
 
 std::string gapsInWords(const CutEngine& engine, const std::vector<FrameRange>& gaps)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "import/clip_markers.h"
 #include "workspace/content_view.h"
 
 #include <cstddef>
@@ -114,6 +115,8 @@ struct AudioChoice {
 [[nodiscard]] std::string secondsLabel(double seconds);
 /// Where there is footage and where there is none, with timecodes: for who cannot see the bar.
 [[nodiscard]] std::string stretchesInWords(const CutEngine& engine, const std::vector<FrameRange>& stretches);
+/// "Markers: Sermon at 00:10:00:00, Communion at 00:31:20:10."; empty without any.
+[[nodiscard]] std::string markersInWords(const CutEngine& engine, const std::vector<ClipMarker>& markers);
 /// "Gaps: 00:00:30:00 to 00:00:40:00.", or that there is none.
 [[nodiscard]] std::string gapsInWords(const CutEngine& engine, const std::vector<FrameRange>& gaps);
 

@@ -3,6 +3,8 @@
 #include "workspace/window/controls/step_box.h"
 #include "workspace/window/controls/step_slider.h"
 #include "workspace/window/pictures/coverage_bar.h"
+#include "workspace/window/pictures/cut_strip.h"
+#include "workspace/window/pictures/time_axis.h"
 
 #include <gtest/gtest.h>
 
@@ -238,6 +240,20 @@ TEST(PresetsPanel, SavesAppliesUpdatesAndDeletes)
     gui.click("Start a New List…");
     EXPECT_EQ(gui.withText<>("Start a New List…"), nullptr);
     EXPECT_EQ(gui.labelled<Picker>("Preset")->count(), 1);
+}
+
+TEST(CoveragePanel, NamesTheMarkersOfTheSourceClip)
+{
+    Gui gui(document({.inClip = R"(<mc-source angleID="A" srcEnable="all"/><marker start="20s" value="Sermon"/>)"}));
+    gui.view().generateRoughEdit();
+    Gui::settle();
+    const auto* axis = gui.window().findChild<TimeAxis*>();
+    EXPECT_EQ(axis->accessibleDescription(), "Markers: Sermon at 00:00:20:00.");
+    const auto* strip = gui.window().findChild<CutStrip*>();
+    EXPECT_TRUE(strip->accessibleDescription().endsWith("Markers: Sermon at 00:00:20:00."));
+    const TimeScale scale(1000, 0, axis->width());
+    EXPECT_EQ(markerAt(axis->width() / 2 + 3, scale, {{500, "Sermon"}}), (ClipMarker{500, "Sermon"}));
+    EXPECT_EQ(markerAt(axis->width() / 2 + 9, scale, {{500, "Sermon"}}), std::nullopt);
 }
 
 TEST(CoveragePanel, NamesTheProjectItsBarsAndItsGaps)

@@ -176,6 +176,16 @@ TEST(Words, TellCoverageAndWhatIsLeftBehind)
     view.importXML(
         document({angle("A", clip("0s", "20s") + "<gap duration=\"20s\"/>") + angle("B", clip("0s", "40s"))}));
     EXPECT_EQ(angleFacts(window.state().loaded->imported.angles[0]), "Camera 1 · 1 clip · 1 gap");
+    view.importXML(document({.inClip = R"(<mc-source angleID="A" srcEnable="all"/>
+        <marker start="10s" duration="1/25s" value="Sermon"/><chapter-marker start="5s" value="Choir"/>
+        <marker start="soon" value="lost"/><marker start="1/26s" value="lost"/><marker value="lost"/>
+        <marker start="40s" value="behind the end"/><keyword start="1s" value="no marker"/><marker start="0s"/>)"}));
+    ASSERT_EQ(window.state().error, std::nullopt) << "none is a refusal";
+    const CutEngine& marked = window.state().loaded->engine;
+    EXPECT_EQ(clipMarkers(marked), (std::vector<ClipMarker>{{0, ""}, {125, "Choir"}, {250, "Sermon"}}));
+    EXPECT_EQ(
+        markersInWords(marked, clipMarkers(marked)),
+        "Markers: 00:00:00:00, Choir at 00:00:05:00, Sermon at 00:00:10:00.");
     EXPECT_EQ(timecodeProblem(view, "00:00:01:00"), std::nullopt);
     EXPECT_NE(timecodeProblem(view, "00:00:01:25"), std::nullopt);
 }

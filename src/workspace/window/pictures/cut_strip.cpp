@@ -1,6 +1,7 @@
 #include "workspace/window/pictures/cut_strip.h"
 
 #include "timecode/timecode.h"
+#include "workspace/captions.h"
 #include "workspace/window/pictures/time_axis.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/theme.h"
@@ -16,7 +17,6 @@ namespace corvane {
 namespace {
 
 constexpr double gutter = 24; // for the letters
-constexpr double axisHeight = 20;
 constexpr int widestLane = 14;
 constexpr int narrowestLane = 9;
 constexpr int roomyLanes = 8;
@@ -36,15 +36,18 @@ void CutStrip::show(const CameraMarks& marks)
     asked_ = editMarks(view_);
     short_ = shortShots(view_, asked_);
     selected_ = -1;
+    markers_ = view_.state().loaded ? clipMarkers(view_.state().loaded->engine) : std::vector<ClipMarker>();
     cameras_.clear();
     for (const ImportedAngle& angle : view_.videoAngles())
         cameras_.push_back(angle.id);
     const int lanes = std::max(1, static_cast<int>(cameras_.size()));
-    setFixedHeight(static_cast<int>(axisHeight) + lanes * (lanes > roomyLanes ? narrowestLane : widestLane));
+    setFixedHeight(axisHeight(markers_) + lanes * (lanes > roomyLanes ? narrowestLane : widestLane));
     const auto& cuts = view_.state().cuts();
     QString more;
     if (!short_.empty())
         more += " " + qt(shortShotsText(short_.size())) + ".";
+    if (!markers_.empty())
+        more += " " + qt(markersInWords(view_.state().loaded->engine, markers_));
     setAccessibleDescription(
         tr("%1 cuts on %2 cameras. The table below has the same cuts.").arg(cuts.size()).arg(cameras_.size()) + more);
     if (underMouse())
@@ -60,7 +63,8 @@ void CutStrip::select(int position)
 
 QRectF CutStrip::lanes() const
 {
-    return {gutter, axisHeight, width() - gutter, height() - axisHeight};
+    const int axis = axisHeight(markers_);
+    return QRectF(gutter, axis, width() - gutter, height() - axis);
 }
 
 QRectF CutStrip::laneOf(const std::string& camera) const
@@ -77,6 +81,17 @@ std::optional<Frames> CutStrip::frameAt(const QPoint& place) const
         return std::nullopt;
     const QRectF all = lanes();
     return TimeScale(view_.state().loaded->engine.length, all.left(), all.width()).frame(place.x());
+}
+
+QString CutStrip::factsAt(const QPoint& place) const
+{
+    const auto frame = frameAt(place);
+    if (!frame)
+        return {};
+    const QRectF all = lanes();
+    const CutEngine& engine = view_.state().loaded->engine;
+    const auto marker = markerAt(place.x(), TimeScale(engine.length, all.left(), all.width()), markers_);
+    return place.y() < all.top() && marker ? markerFacts(engine, *marker) : facts(cutAt(view_.state().cuts(), *frame));
 }
 
 QString CutStrip::facts(std::size_t position) const
@@ -98,7 +113,7 @@ void CutStrip::paintEvent(QPaintEvent*)
     QPainter painter(this);
     const QRectF all = lanes();
     painter.save();
-    paintAxis(painter, QRectF(all.left(), 0, all.width(), axisHeight), view_.state().loaded->engine);
+    paintAxis(painter, QRectF(all.left(), 0, all.width(), all.top()), view_.state().loaded->engine, markers_);
     painter.restore();
     paintLanes(painter);
     paintCuts(painter);
@@ -208,8 +223,7 @@ void CutStrip::mousePressEvent(QMouseEvent* event)
 bool CutStrip::event(QEvent* event)
 {
     if (const auto* help = dynamic_cast<QHelpEvent*>(event); help != nullptr && help->type() == QEvent::ToolTip) {
-        const auto frame = frameAt(help->pos());
-        showTip(help->globalPos(), frame ? facts(cutAt(view_.state().cuts(), *frame)) : QString(), *this);
+        showTip(help->globalPos(), factsAt(help->pos()), *this);
         return true;
     }
     return QWidget::event(event);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "import/clip_markers.h"
 #include "workspace/shot_facts.h"
 #include "workspace/window/camera_marks.h"
 
@@ -33,6 +34,7 @@ protected:
 
 private:
     [[nodiscard]] QRectF lanes() const;
+    [[nodiscard]] QString factsAt(const QPoint& place) const;
     [[nodiscard]] QRectF laneOf(const std::string& camera) const;
     [[nodiscard]] std::optional<Frames> frameAt(const QPoint& place) const;
     [[nodiscard]] QString facts(std::size_t position) const;
@@ -45,6 +47,7 @@ private:
     const ContentView& view_;
     CameraMarks marks_;
     EditMarks asked_;
+    std::vector<ClipMarker> markers_;
     std::vector<std::size_t> short_;
     std::vector<std::string> cameras_; ///< a lane each, from the top
     int selected_ = -1;

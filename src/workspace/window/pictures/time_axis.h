@@ -1,8 +1,10 @@
 #pragma once
 
-#include "import/cut_engine.h"
+#include "import/clip_markers.h"
 
+#include <QHelpEvent>
 #include <QWidget>
+#include <optional>
 #include <vector>
 
 namespace corvane {
@@ -29,8 +31,18 @@ private:
 /// so far apart that labels of `labelWidth` pixels do not touch; none where even days would touch.
 [[nodiscard]] std::vector<Frames> tickFrames(const CutEngine& engine, double width, double labelWidth);
 
-/// Paints ticks and their timecodes into the rectangle.
-void paintAxis(QPainter& painter, const QRectF& place, const CutEngine& engine);
+/// What an axis is high: a line of timecodes, and one of names above it where there are markers.
+[[nodiscard]] int axisHeight(const std::vector<ClipMarker>& markers);
+
+/// Paints ticks and their timecodes into the rectangle, and markers with their names above them.
+void paintAxis(QPainter& painter, const QRectF& place, const CutEngine& engine, const std::vector<ClipMarker>& markers);
+
+/// The marker, the last of several, that a person points at; none where there is none.
+[[nodiscard]] std::optional<ClipMarker> markerAt(
+    double x, const TimeScale& scale, const std::vector<ClipMarker>& markers);
+
+/// The marker's name and its timecode, for a tooltip.
+[[nodiscard]] QString markerFacts(const CutEngine& engine, const ClipMarker& marker);
 
 /// The timecodes above a column of bars.
 class TimeAxis : public QWidget {
@@ -42,9 +54,11 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     const CutEngine* engine_ = nullptr;
+    std::vector<ClipMarker> markers_;
 };
 
 } // namespace corvane
