@@ -287,7 +287,7 @@ bool isInUse(const ContentView& view, const std::string& camera)
 
 std::string coverageLabel(const ContentView& view, const std::string& camera)
 {
-    return view.angleLabel(camera) + (isInUse(view, camera) ? "" : " (excluded)");
+    return view.angleLabel(camera) + std::string(isInUse(view, camera) ? "" : excludedNote);
 }
 
 std::vector<AudioChoice> audioChoices(const ContentView& view)
@@ -300,7 +300,8 @@ std::vector<AudioChoice> audioChoices(const ContentView& view)
     for (const ImportedAngle& angle : view.state().loaded->imported.angles) {
         const auto& stretches = engine.audioStretches(angle.id);
         if (!stretches.empty())
-            choices.push_back({angle.id, view.angleLabel(angle.id) + (stretches == wholeProject ? "" : " (has gaps)")});
+            choices.push_back(
+                {angle.id, view.angleLabel(angle.id) + std::string(stretches == wholeProject ? "" : gapsNote)});
     }
     return choices;
 }

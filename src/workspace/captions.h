@@ -94,9 +94,12 @@ struct UsageRow {
 
 /// True for a camera that the settings use anywhere: main, included, enabled bookends, fixed sections.
 [[nodiscard]] bool isInUse(const ContentView& view, const std::string& camera);
-/// The label of a coverage bar: " (excluded)" after cameras that are not in use.
+/// What labels of cameras and of audio angles can end in.
+inline constexpr std::string_view excludedNote = " (excluded)";
+inline constexpr std::string_view gapsNote = " (has gaps)";
+/// The label of a coverage bar, with its note after cameras that are not in use.
 [[nodiscard]] std::string coverageLabel(const ContentView& view, const std::string& camera);
-/// The angles that can be the continuous audio, labelled, " (has gaps)" where the sound is not continuous.
+/// The angles that can be the continuous audio, labelled, with a note where the sound is not continuous.
 struct AudioChoice {
     std::string id;
     std::string label;

@@ -106,14 +106,14 @@ private:
 inline const std::string threeCameras =
     document({angle("A", clip("0s", "40s")) + angle("B", clip("0s", "40s")) + angle("C", clip("0s", "30s"))});
 
-/// Sixteen cameras whose names no window shows whole.
+/// Sixteen cameras whose names no window shows whole, and which begin and end alike.
 inline std::string manyCameras()
 {
     std::string angles;
     for (int i = 1; i <= 16; ++i)
-        angles += "<mc-angle angleID=\"cam" + std::to_string(i) + "\" name=\"Camera " + std::to_string(i) +
-                  " in the northern gallery above the organ &amp; choir, handheld by a visiting operator\">" +
-                  clip("0s", "40s") + "</mc-angle>";
+        angles += "<mc-angle angleID=\"cam" + std::to_string(i) +
+                  "\" name=\"In the northern gallery above the organ &amp; choir, camera " + std::to_string(i) +
+                  ", handheld by a visiting operator\">" + clip("0s", "40s") + "</mc-angle>";
     return document({angles, "", R"(<mc-source angleID="cam1" srcEnable="all"/>)"});
 }
 

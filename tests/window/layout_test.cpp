@@ -1,6 +1,8 @@
 #include "gui.h"
+#include "workspace/window/controls/elided_check_box.h"
 #include "workspace/window/controls/elided_label.h"
 #include "workspace/window/controls/picker.h"
+#include "workspace/window/pictures/coverage_bar.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +11,9 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QTableView>
 #include <map>
+#include <set>
 
 namespace corvane {
 namespace {
@@ -72,6 +76,76 @@ TEST(Layout, ShowsOrElidesEveryTextAtEverySize)
     gui.view().edit([](WorkspaceState& state) { state.settings.sections[0].end = "half past nine"; });
     for (const QSize size : {QSize(960, 860), QSize(1280, 800), QSize(1920, 1080)})
         expectAllReadable(gui, size);
+}
+
+void expectDifferent(const std::vector<QImage>& pictures, const char* where)
+{
+    ASSERT_EQ(pictures.size(), 16U) << where;
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
+        for (std::size_t j = 0; j < i; ++j)
+            EXPECT_TRUE(pictures[i] != pictures[j]) << where << ": " << i << " and " << j;
+    }
+}
+
+TEST(Layout, PaintsNamesThatBeginAlikeDifferently)
+{
+    Gui gui(manyCameras());
+    gui.window().resize(gui.window().minimumSizeHint());
+    for (int camera = 3; camera <= 16; camera += 2)
+        gui.view().setCameraIncluded("cam" + std::to_string(camera), ContentView::Inclusion::excluded);
+    gui.view().generateRoughEdit();
+    Gui::settle();
+    std::vector<QImage> bars;
+    std::vector<QImage> boxes;
+    std::vector<QImage> rows;
+    std::vector<QImage> choices;
+    for (ElidedLabel* label : gui.window().findChildren<ElidedLabel*>()) {
+        if (label->text().startsWith("In the northern") && qobject_cast<CoverageBar*>(label->buddy()) != nullptr)
+            bars.push_back(label->grab().toImage());
+    }
+    for (ElidedCheckBox* box : gui.window().findChildren<ElidedCheckBox*>()) {
+        box->setIcon({}); // which differs anyhow
+        boxes.push_back(box->grab().toImage());
+    }
+    for (QTableView* table : gui.window().findChildren<QTableView*>()) {
+        for (int row = 0; row < table->model()->rowCount() && table->accessibleName() != "Cuts"; ++row) {
+            table->scrollTo(table->model()->index(row, 0));
+            const QRect cell = table->visualRect(table->model()->index(row, 0));
+            rows.push_back(table->viewport()->grab(cell.adjusted(24, 0, 0, 0)).toImage());
+        }
+    }
+    auto* picker = gui.labelled<Picker>("Main camera");
+    for (int choice = 0; choice < picker->count(); ++choice) {
+        const QSignalBlocker blocker(picker);
+        picker->setCurrentIndex(choice);
+        choices.push_back(picker->grab().toImage());
+    }
+    expectDifferent(bars, "coverage");
+    expectDifferent(boxes, "tick boxes");
+    expectDifferent(rows, "usage");
+    expectDifferent(choices, "picker");
+}
+
+TEST(Elision, KeepsWhatTellsANameFromOthersAndItsNote)
+{
+    QStringList names;
+    for (int i = 1; i <= 16; ++i)
+        names << QString("Day2_InterviewOwner_Kitchen_Cam%1_wide (Camera 1)").arg(i, 2, 10, QChar('0'));
+    const auto places = tellingPlaces({names.begin(), names.end()});
+    const QFontMetrics metrics(QApplication::font());
+    for (const QString note : {"", " (excluded)", " (has gaps)"}) {
+        for (int width = metrics.horizontalAdvance("Audio: Cam16…" + note); width < 400; width += 7) {
+            std::set<QString> painted;
+            for (int i = 0; i < 16; ++i) {
+                const qsizetype telling = places[static_cast<std::size_t>(i)];
+                const QString text = elided(metrics, "Audio: " + names[i] + note, width, {7, telling});
+                EXPECT_TRUE(text.startsWith("Audio: ") && text.endsWith(note)) << utf8(text);
+                EXPECT_LE(metrics.horizontalAdvance(text), width + 1) << utf8(text);
+                painted.insert(text);
+            }
+            EXPECT_EQ(painted.size(), 16U) << width << ": " << utf8(*painted.begin());
+        }
+    }
 }
 
 TEST(Layout, EveryAltKeyMeansOneThing)

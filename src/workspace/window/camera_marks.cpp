@@ -1,5 +1,8 @@
 #include "workspace/window/camera_marks.h"
 
+#include "workspace/window/elision.h"
+#include "workspace/window/qt_text.h"
+
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPixmap>
@@ -14,9 +17,10 @@ constexpr std::array<QRgb, 16> colors = {0xff5aa9e6, 0xffe8b04b, 0xff6cc28b, 0xf
                                          0xff4fc1c0, 0xffe2795d, 0xffb7c9e2, 0xffb98a5e, 0xff8bd450, 0xffc99bdc,
                                          0xff5f86d9, 0xfff2d8a7, 0xff3e9c74, 0xffef9fb0};
 
-CameraMark markAt(std::size_t position)
+CameraMark markAt(std::size_t position, qsizetype telling)
 {
     CameraMark mark;
+    mark.telling = telling;
     mark.color = QColor(colors.at(position % colors.size()));
     if (position >= colors.size())
         mark.color = mark.color.darker(140);
@@ -32,14 +36,19 @@ CameraMarks::CameraMarks(const ContentView& view)
 {
     if (!view.state().loaded)
         return;
-    std::size_t position = 0;
-    for (const ImportedAngle& angle : view.state().loaded->imported.angles)
-        marks_.emplace(angle.id, markAt(position++));
+    const std::vector<ImportedAngle>& angles = view.state().loaded->imported.angles;
+    std::vector<QString> labels;
+    labels.reserve(angles.size());
+    for (const ImportedAngle& angle : angles)
+        labels.push_back(shown(view.angleLabel(angle.id)));
+    const std::vector<qsizetype> places = tellingPlaces(labels);
+    for (std::size_t position = 0; position < angles.size(); ++position)
+        marks_.emplace(angles[position].id, markAt(position, places[position]));
 }
 
 const CameraMark& CameraMarks::of(std::string_view camera) const
 {
-    static const CameraMark unknown = {QColor(0x88, 0x88, 0x88), QString()};
+    static const CameraMark unknown = {QColor(0x88, 0x88, 0x88), QString(), 0};
     const auto found = marks_.find(camera);
     return found == marks_.end() ? unknown : found->second;
 }

@@ -12,10 +12,12 @@
 
 namespace corvane {
 
-/// How a camera is told apart wherever it is drawn: by its colour, and by a letter where colours are not seen.
+/// How a camera is told apart wherever it is drawn: by its colour, by a letter where colours are not seen, and by its
+/// name.
 struct CameraMark {
     QColor color;
-    QString letter; ///< "A" for the first angle of the project; "AA" after "Z"
+    QString letter;        ///< "A" for the first angle of the project; "AA" after "Z"
+    qsizetype telling = 0; ///< where its label differs from the others', as NamePlace::telling
 };
 
 /// The marks of all angles of the loaded project, in project order.

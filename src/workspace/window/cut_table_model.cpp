@@ -1,5 +1,6 @@
 #include "workspace/window/cut_table_model.h"
 
+#include "workspace/window/name_delegate.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/theme.h"
 #include "workspace/window/tooltips.h"
@@ -20,7 +21,7 @@ void CutTableModel::show(const CameraMarks& marks)
     looks_.clear();
     for (const ImportedAngle& angle : view_.videoAngles()) {
         const std::string label = view_.angleLabel(angle.id);
-        looks_.emplace(angle.id, Look{shown(label), qt(label), marks.chip(angle.id)});
+        looks_.emplace(angle.id, Look{shown(label), qt(label), marks.chip(angle.id), marks.of(angle.id).telling});
     }
     endResetModel();
 }
@@ -54,13 +55,15 @@ QVariant CutTableModel::data(const QModelIndex& index, int role) const
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
     if (role == Qt::DecorationRole && index.column() == camera)
         return lookOf(cut).chip;
+    if (role == NameDelegate::tellingRole)
+        return lookOf(cut).telling;
     return {};
 }
 
 CutTableModel::Look CutTableModel::lookOf(const Cut& cut) const
 {
     const auto look = looks_.find(cut.angle);
-    return look == looks_.end() ? Look{shown(cut.angle), qt(cut.angle), {}} : look->second;
+    return look == looks_.end() ? Look{shown(cut.angle), qt(cut.angle), {}, 0} : look->second;
 }
 
 QString CutTableModel::text(const Cut& cut, int column) const

@@ -34,6 +34,7 @@ private:
         QString label;
         QString spoken;
         QIcon chip;
+        qsizetype telling = 0; ///< as NamePlace::telling
     };
 
     [[nodiscard]] Look lookOf(const Cut& cut) const;

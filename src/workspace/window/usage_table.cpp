@@ -1,5 +1,6 @@
 #include "workspace/window/usage_table.h"
 
+#include "workspace/window/name_delegate.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/theme.h"
 #include "workspace/window/tooltips.h"
@@ -54,6 +55,8 @@ QVariant UsageTableModel::data(const QModelIndex& index, int role) const
         return row.percent;
     case colorRole:
         return marks_.of(row.camera).color;
+    case NameDelegate::tellingRole:
+        return marks_.of(row.camera).telling;
     case targetRole:
         return row.camera == mainCamera_ ? QVariant(target_) : QVariant();
     default:

@@ -20,6 +20,12 @@ void ElidedLabel::setFacts(std::vector<std::string> lines)
     facts_ = std::move(lines);
 }
 
+void ElidedLabel::setName(const NamePlace& name)
+{
+    name_ = name;
+    update();
+}
+
 bool ElidedLabel::isElided() const
 {
     return fontMetrics().horizontalAdvance(text()) > contentsRect().width();
@@ -66,7 +72,8 @@ void ElidedLabel::paintEvent(QPaintEvent*)
 
 QString ElidedLabel::shownText(int width) const
 {
-    return fontMetrics().elidedText(text(), Qt::ElideRight, width);
+    return name_ ? elided(fontMetrics(), text(), width, *name_)
+                 : fontMetrics().elidedText(text(), Qt::ElideRight, width);
 }
 
 } // namespace corvane

@@ -1,12 +1,16 @@
 #pragma once
 
+#include "workspace/window/elision.h"
+
 #include <QLabel>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace corvane {
 
-/// A line of text that ends in "…" where it does not fit; the whole then stands in the tooltip.
+/// A line of text that ends in "…" where it does not fit, or has it in the middle of a name; the whole then stands in
+/// the tooltip.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 public:
@@ -14,6 +18,8 @@ public:
 
     /// What the tooltip says below the text, line by line, also while that fits.
     void setFacts(std::vector<std::string> lines);
+    /// What of the text is a name.
+    void setName(const NamePlace& name);
     [[nodiscard]] bool isElided() const;
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -27,6 +33,7 @@ private:
     [[nodiscard]] QString shownText(int width) const;
 
     std::vector<std::string> facts_;
+    std::optional<NamePlace> name_;
 };
 
 } // namespace corvane

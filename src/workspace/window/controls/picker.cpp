@@ -1,6 +1,8 @@
 #include "workspace/window/controls/picker.h"
 
 #include "workspace/window/controls/scroll_past.h"
+#include "workspace/window/elision.h"
+#include "workspace/window/name_delegate.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/tooltips.h"
 
@@ -18,6 +20,7 @@ Picker::Picker(QWidget* parent) : QComboBox(parent)
     setMinimumContentsLength(8);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     letScrollingPass(*this);
+    setItemDelegate(new NameDelegate(this));
     connect(this, &QComboBox::activated, this, [this](int position) {
         if (position >= 0 && position < static_cast<int>(entries_.size()))
             emit picked(entries_[static_cast<std::size_t>(position)].value);
@@ -30,12 +33,17 @@ void Picker::show(const std::vector<Entry>& entries, const std::string& chosen)
     if (entries != entries_) {
         entries_ = entries;
         clear();
+        std::vector<QString> labels;
         for (const Entry& entry : entries_) {
             const QString label = shown(entry.label);
             addItem(label);
             setItemData(count() - 1, tip(label), Qt::ToolTipRole);
             setItemData(count() - 1, qt(entry.label), Qt::AccessibleTextRole);
+            labels.push_back(label);
         }
+        const std::vector<qsizetype> places = tellingPlaces(labels);
+        for (int i = 0; i < count(); ++i)
+            setItemData(i, places[static_cast<std::size_t>(i)], NameDelegate::tellingRole);
     }
     const auto found = std::ranges::find(entries_, chosen, &Entry::value);
     const int position = found == entries_.end() ? -1 : static_cast<int>(found - entries_.begin());
@@ -71,7 +79,8 @@ void Picker::paintEvent(QPaintEvent*)
     QStyleOptionComboBox option;
     initStyleOption(&option);
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
-    option.currentText = fontMetrics().elidedText(option.currentText, Qt::ElideRight, widthForText());
+    const qsizetype telling = currentData(NameDelegate::tellingRole).toLongLong();
+    option.currentText = elided(fontMetrics(), option.currentText, widthForText(), {0, telling});
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 

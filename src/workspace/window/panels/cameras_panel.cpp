@@ -117,12 +117,11 @@ void CamerasPanel::addCamera(const ImportedAngle& angle)
     camera.holder = new QWidget(this);
     auto* rows = new QVBoxLayout(camera.holder);
     rows->setContentsMargins(0, 0, 0, 4);
-    camera.included = new QCheckBox(camera.holder);
+    camera.included = new ElidedCheckBox(camera.holder);
     showText(*camera.included, label);
     camera.included->setIcon(marks_.chip(angle.id));
     setTip(*camera.included, std::vector{label});
-    camera.included->setMinimumWidth(1); // a long name is cut off at the right edge, not the panel widened
-    camera.included->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    camera.included->setTelling(marks_.of(angle.id).telling);
     camera.wait = new Stepper(utf8(tr("Wait before returning to this camera")), waitSeconds, camera.holder);
     camera.wait->box().setAccessibleDescription(qt(label));
     rows->addWidget(camera.included);
@@ -155,7 +154,9 @@ void CamerasPanel::addFrequency(Camera& camera, const std::string& label)
     camera.percent->setWordWrap(false);
     auto* name = new ElidedLabel({}, camera.frequencyHolder);
     name->setBuddy(camera.frequency);
-    showText(*name, utf8(tr("Frequency for ")) + label);
+    const QString before = tr("Frequency for ");
+    showText(*name, utf8(before) + label);
+    name->setName({before.size(), marks_.of(camera.id).telling});
     camera.frequency->setAccessibleName(name->accessibleName());
     auto* line = new QHBoxLayout;
     line->addWidget(camera.weight);

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "workspace/window/camera_marks.h"
+#include "workspace/window/controls/elided_check_box.h"
 #include "workspace/window/controls/elided_label.h"
 #include "workspace/window/controls/panel.h"
 #include "workspace/window/controls/picker.h"
 #include "workspace/window/controls/step_slider.h"
 #include "workspace/window/controls/stepper.h"
 
-#include <QCheckBox>
 #include <vector>
 
 namespace corvane {
@@ -24,7 +24,7 @@ private:
     struct Camera {
         std::string id;
         QWidget* holder;
-        QCheckBox* included;
+        ElidedCheckBox* included;
         Stepper* wait;
         QWidget* frequencyHolder;
         QLabel* weight;

@@ -8,12 +8,6 @@
 
 namespace corvane {
 
-namespace {
-
-constexpr int labelWidth = 150;
-
-} // namespace
-
 CoveragePanel::CoveragePanel(ContentView& view, QWidget* parent)
     : Panel(tr("Recording coverage"), view, parent),
       grid_(nullptr),
@@ -81,12 +75,28 @@ void CoveragePanel::build()
     showText(*missing_, line);
     missing_->setFacts(missing);
     missing_->setVisible(!missing.empty());
+    shareWidth();
+}
+
+void CoveragePanel::resizeEvent(QResizeEvent* event)
+{
+    Panel::resizeEvent(event);
+    shareWidth();
+}
+
+/// A label is as wide as its name needs, while the bars keep the larger part of the panel.
+void CoveragePanel::shareWidth()
+{
+    constexpr int percent = 45;
+    for (ElidedLabel* label : rowsHolder_->findChildren<ElidedLabel*>()) {
+        if (label->buddy() != nullptr)
+            label->setMaximumWidth(width() * percent / 100);
+    }
 }
 
 CoveragePanel::Row CoveragePanel::addRow(const std::string& camera)
 {
     const Row row = {camera, new ElidedLabel({}, rowsHolder_), new CoverageBar(rowsHolder_)};
-    row.label->setFixedWidth(labelWidth);
     row.label->setBuddy(row.bar);
     const int position = grid_->rowCount();
     grid_->addWidget(row.label, position, 0);
@@ -104,14 +114,17 @@ void CoveragePanel::showUse()
         setSpokenName(*row.bar, label); // a label's own for its buddy would lose every "&"
         row.label->setEnabled(used);
         const CameraMark& mark = marks_.of(row.camera);
+        row.label->setName({0, mark.telling});
         const auto& stretches = engine.stretches(row.camera);
         row.bar->show(
             {engine.length, stretches, used ? mark.color : theme::unusedGrey, mark.letter,
              qt(stretchesInWords(engine, stretches))});
     }
     const std::string& audio = settings().audio;
-    const std::string label = utf8(tr("Audio: ")) + (audio.empty() ? "" : view_.angleLabel(audio));
+    const QString before = tr("Audio: ");
+    const std::string label = utf8(before) + (audio.empty() ? "" : view_.angleLabel(audio));
     showText(*audio_.label, label);
+    audio_.label->setName({before.size(), marks_.of(audio).telling});
     setSpokenName(*audio_.bar, label);
     const auto& sound = engine.audioStretches(audio);
     audio_.bar->show({engine.length, sound, theme::mutedBeige, {}, qt(stretchesInWords(engine, sound))});

@@ -18,6 +18,9 @@ public:
     explicit CoveragePanel(ContentView& view, QWidget* parent = nullptr);
     void refresh(const Changes& changes) override;
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     struct Row {
         std::string camera;
@@ -29,6 +32,7 @@ private:
     Row addRow(const std::string& camera);
     void showUse();
     void showGaps();
+    void shareWidth();
 
     CameraMarks marks_;
     QGridLayout* grid_;

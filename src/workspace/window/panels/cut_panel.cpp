@@ -2,6 +2,7 @@
 
 #include "workspace/captions.h"
 #include "workspace/window/controls/kept_lines.h"
+#include "workspace/window/name_delegate.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/shown_text.h"
 #include "workspace/window/tooltips.h"
@@ -62,6 +63,7 @@ void CutPanel::arrange()
 void CutPanel::arrangeTable()
 {
     table_->setModel(model_);
+    table_->setItemDelegateForColumn(CutTableModel::camera, new NameDelegate(table_));
     table_->setAccessibleName(tr("Cuts"));
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -240,6 +242,8 @@ void CutPanel::showTexts()
         label.setVisible(text && !text->empty());
     };
     show(*summary_, summaryLine(view_));
+    const std::string& audio = view_.state().settings.audio;
+    summary_->setName({summary_->text().size() - shown(view_.angleLabel(audio)).size(), marks_.of(audio).telling});
     show(*position_, positionCaption(view_));
     anotherCamera_->setVisible(asksForAnotherCamera(view_));
     show(*status_, view_.state().status);

@@ -1,5 +1,7 @@
 #include "workspace/window/panels/usage_panel.h"
 
+#include "workspace/window/name_delegate.h"
+
 #include <QHeaderView>
 #include <algorithm>
 
@@ -11,6 +13,7 @@ UsagePanel::UsagePanel(ContentView& view, QWidget* parent)
       table_(new QTableView(this))
 {
     table_->setModel(model_);
+    table_->setItemDelegateForColumn(UsageTableModel::camera, new NameDelegate(table_));
     table_->setItemDelegateForColumn(UsageTableModel::share, new ShareBarDelegate(table_));
     table_->setAccessibleName(tr("Actual camera usage"));
     table_->setSelectionMode(QAbstractItemView::NoSelection);
