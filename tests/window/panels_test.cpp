@@ -1,4 +1,5 @@
 #include "gui.h"
+#include "workspace/window/camera_marks.h"
 #include "workspace/window/controls/picker.h"
 #include "workspace/window/controls/step_box.h"
 #include "workspace/window/controls/step_slider.h"
@@ -254,6 +255,16 @@ TEST(CoveragePanel, NamesTheMarkersOfTheSourceClip)
     const TimeScale scale(1000, 0, axis->width());
     EXPECT_EQ(markerAt(axis->width() / 2 + 3, scale, {{500, "Sermon"}}), (ClipMarker{500, "Sermon"}));
     EXPECT_EQ(markerAt(axis->width() / 2 + 9, scale, {{500, "Sermon"}}), std::nullopt);
+}
+
+TEST(CameraMarks, CountCamerasAndNotAngles)
+{
+    Gui gui(document(
+        {angle("Mix", clip("0s", "40s", "a")) + angle("A", clip("0s", "40s")) + angle("B", clip("0s", "40s"))}));
+    const CameraMarks marks(gui.view());
+    EXPECT_EQ(marks.of("A").letter, "A");
+    EXPECT_EQ(marks.of("B").letter, "B");
+    EXPECT_EQ(marks.of("Mix").letter, "");
 }
 
 TEST(CoveragePanel, NamesTheProjectItsBarsAndItsGaps)

@@ -12,7 +12,7 @@ namespace corvane {
 
 namespace {
 
-/// Neighbours differ in hue and in lightness. From the seventeenth angle on they come again, darker.
+/// Neighbours differ in hue and in lightness. From the seventeenth camera on they come again, darker.
 constexpr std::array<QRgb, 16> colors = {0xff5aa9e6, 0xffe8b04b, 0xff6cc28b, 0xffd977a6, 0xff9d8df1, 0xffcfd86b,
                                          0xff4fc1c0, 0xffe2795d, 0xffb7c9e2, 0xffb98a5e, 0xff8bd450, 0xffc99bdc,
                                          0xff5f86d9, 0xfff2d8a7, 0xff3e9c74, 0xffef9fb0};
@@ -34,9 +34,7 @@ CameraMark markAt(std::size_t position, qsizetype telling)
 
 CameraMarks::CameraMarks(const ContentView& view)
 {
-    if (!view.state().loaded)
-        return;
-    const std::vector<ImportedAngle>& angles = view.state().loaded->imported.angles;
+    const std::vector<ImportedAngle> angles = view.videoAngles();
     std::vector<QString> labels;
     labels.reserve(angles.size());
     for (const ImportedAngle& angle : angles)

@@ -16,11 +16,11 @@ namespace corvane {
 /// name.
 struct CameraMark {
     QColor color;
-    QString letter;        ///< "A" for the first angle of the project; "AA" after "Z"
+    QString letter;        ///< "A" for the first camera of the project; "AA" after "Z"
     qsizetype telling = 0; ///< where its label differs from the others', as NamePlace::telling
 };
 
-/// The marks of all angles of the loaded project, in project order.
+/// The marks of the loaded project's cameras, which are its angles with video, in project order.
 class CameraMarks {
 public:
     CameraMarks() = default;
