@@ -2,6 +2,7 @@
 
 #include "engine/coverage_report.h"
 #include "export/carry_over.h"
+#include "export/hand_off.h"
 #include "import/final_cut_import_error.h"
 #include "platform/numbers.h"
 #include "platform/text.h"
@@ -213,6 +214,11 @@ std::optional<std::string> carryOverLine(const CutEngine& engine)
         line.empty() ? "Following a shape of another clip: " : " Following a shape of another clip: ",
         left.lostTracking);
     return line.empty() ? std::nullopt : std::optional(line);
+}
+
+bool tellsOfSuccess(std::string_view message)
+{
+    return message.starts_with(exportSaved);
 }
 
 std::optional<std::string> quitQuestion(const ContentView& view)

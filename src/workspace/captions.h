@@ -64,6 +64,8 @@ struct Hints {
 [[nodiscard]] std::string angleFacts(const ImportedAngle& angle);
 /// What of the multicam clip an export leaves behind; none when it takes everything.
 [[nodiscard]] std::optional<std::string> carryOverLine(const CutEngine& engine);
+/// True for the message of an alert that tells first of all what has been done.
+[[nodiscard]] bool tellsOfSuccess(std::string_view message);
 /// What to ask before the window closes; none when the session is saved.
 [[nodiscard]] std::optional<std::string> quitQuestion(const ContentView& view);
 /// What the reader of timecodes says about a text; none when it can be read, and without a project.

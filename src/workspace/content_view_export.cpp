@@ -82,7 +82,7 @@ void ContentView::exportFinished(const std::optional<ServiceError>& error, const
             return;
         }
         state.status = "XML and settings were saved. Final Cut Pro could not be opened.";
-        fail("Your export is saved at " + xmlURL + ". Open it in Final Cut manually. " + error->description);
+        fail(std::string(exportSaved) + xmlURL + ". Open it in Final Cut manually. " + error->description);
     });
 }
 

@@ -59,6 +59,7 @@ void expectAlert(Gui& gui, const std::string& message)
     ASSERT_NE(box, nullptr) << message;
     EXPECT_EQ(box->windowTitle(), "Corvane");
     EXPECT_EQ(utf8(box->text()), message);
+    EXPECT_EQ(box->icon(), QMessageBox::Warning);
     EXPECT_TRUE(box->textInteractionFlags() & Qt::TextSelectableByMouse);
     QTest::keyClick(box, Qt::Key_Return);
     EXPECT_EQ(gui.state().error, std::nullopt);
@@ -96,6 +97,7 @@ TEST(Story, FromADropToAnExportAndARestart)
     QMessageBox* box = gui.alert();
     ASSERT_NE(box, nullptr);
     EXPECT_TRUE(box->text().startsWith("Your export is saved at "));
+    EXPECT_NE(box->icon(), QMessageBox::Warning) << "it is";
     QTest::keyClick(box, Qt::Key_Return);
     for (QAction* action : gui.window().findChildren<QAction*>()) {
         if (readText(action->text()) == "Show Last Export")

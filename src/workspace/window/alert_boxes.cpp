@@ -1,7 +1,9 @@
 #include "workspace/window/alert_boxes.h"
 
+#include "workspace/captions.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/shown_text.h"
+#include "workspace/window/theme.h"
 
 #include <algorithm>
 
@@ -12,7 +14,6 @@ namespace {
 void prepare(QMessageBox& box)
 {
     box.setWindowTitle("Corvane");
-    box.setIcon(QMessageBox::Warning);
     box.setStandardButtons(QMessageBox::Ok);
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -20,6 +21,9 @@ void prepare(QMessageBox& box)
 
 void fill(QMessageBox& box, const std::string& message, const std::string& informativeText)
 {
+    box.setIcon(QMessageBox::Warning);
+    if (tellsOfSuccess(message))
+        box.setIconPixmap(theme::icon().pixmap(QSize(48, 48), box.devicePixelRatioF()));
     box.setText(shown(message));
     box.setInformativeText(shown(informativeText));
     const auto speak = [&box](const char* labelName, const std::string& text) { // what the box itself has no way for
