@@ -265,6 +265,10 @@ TEST(CameraMarks, CountCamerasAndNotAngles)
     EXPECT_EQ(marks.of("A").letter, "A");
     EXPECT_EQ(marks.of("B").letter, "B");
     EXPECT_EQ(marks.of("Mix").letter, "");
+    const auto painted = [icon = marks.chip("B")](QIcon::Mode mode) {
+        return icon.pixmap(QSize(18, 18), mode).toImage();
+    };
+    EXPECT_EQ(painted(QIcon::Selected), painted(QIcon::Normal)) << "a chosen row keeps its camera's colour";
 }
 
 TEST(CoveragePanel, NamesTheProjectItsBarsAndItsGaps)

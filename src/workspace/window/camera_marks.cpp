@@ -54,8 +54,11 @@ const CameraMark& CameraMarks::of(std::string_view camera) const
 QIcon CameraMarks::chip(std::string_view camera) const
 {
     constexpr int size = 18;
-    QIcon icon(chipPixmap(of(camera), size, 1));
-    icon.addPixmap(chipPixmap(of(camera), size, 2));
+    QIcon icon;
+    for (const int pixelRatio : {1, 2}) {
+        for (const auto mode : {QIcon::Normal, QIcon::Selected}) // styles would tint the one for chosen rows
+            icon.addPixmap(chipPixmap(of(camera), size, pixelRatio), mode);
+    }
     return icon;
 }
 
