@@ -1,5 +1,6 @@
 #include "workspace/window/theme.h"
 
+#include "workspace/window/flat_controls.h"
 #include "workspace/window/qt_text.h"
 
 #include <QFile>
@@ -44,7 +45,8 @@ QPalette palette()
     return colors;
 }
 
-/// Check boxes with a border that can be seen on dark ground, and labels that take no text for markup.
+/// Check boxes with a border that can be seen on dark ground, flat pickers and number boxes, and labels that take no
+/// text for markup.
 class DarkStyle : public QProxyStyle {
 public:
     using QProxyStyle::QProxyStyle;
@@ -72,6 +74,21 @@ public:
         QStyleOptionComboBox marked = *box;
         marked.currentText = shown(utf8(box->currentText));
         QProxyStyle::drawControl(element, &marked, painter, widget);
+    }
+
+    void drawComplexControl(
+        ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+        const QWidget* widget) const override
+    {
+        const auto part = [&](SubControl which) { return proxy()->subControlRect(control, option, which, widget); };
+        if (control == CC_ComboBox) {
+            paintPicker(*painter, *option, part(SC_ComboBoxArrow));
+        } else if (const auto* box = qstyleoption_cast<const QStyleOptionSpinBox*>(option);
+                   control == CC_SpinBox && box != nullptr) {
+            paintNumberBox(*painter, *box, part(SC_SpinBoxUp), part(SC_SpinBoxDown));
+        } else {
+            QProxyStyle::drawComplexControl(control, option, painter, widget);
+        }
     }
 
     void drawPrimitive(
