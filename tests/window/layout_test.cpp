@@ -114,6 +114,11 @@ TEST(Layout, PaintsNamesThatBeginAlikeDifferently)
             rows.push_back(table->viewport()->grab(cell.adjusted(24, 0, 0, 0)).toImage());
         }
     }
+    for (QTableView* table : gui.window().findChildren<QTableView*>()) {
+        const int camera = table->accessibleName() == "Cuts" ? 1 : 0;
+        for (int other = 0; other < table->model()->columnCount(); ++other)
+            EXPECT_GE(table->columnWidth(camera), table->columnWidth(other)) << "the cameras' column shrinks last";
+    }
     auto* picker = gui.labelled<Picker>("Main camera");
     for (int choice = 0; choice < picker->count(); ++choice) {
         const QSignalBlocker blocker(picker);

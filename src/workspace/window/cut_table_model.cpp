@@ -98,7 +98,7 @@ QVariant CutTableModel::headerData(int section, Qt::Orientation orientation, int
         return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
     if (role == Qt::TextAlignmentRole)
         return QVariant((section == duration ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-    if (role != Qt::DisplayRole)
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
         return {};
     switch (section) {
     case start:

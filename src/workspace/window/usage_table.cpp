@@ -6,6 +6,7 @@
 #include "workspace/window/tooltips.h"
 
 #include <QPainter>
+#include <algorithm>
 
 namespace corvane {
 
@@ -84,7 +85,7 @@ QVariant UsageTableModel::headerData(int section, Qt::Orientation orientation, i
         return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
     if (role == Qt::TextAlignmentRole)
         return QVariant((section == camera ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
-    if (role != Qt::DisplayRole)
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
         return {};
     switch (section) {
     case camera:
@@ -102,7 +103,8 @@ void ShareBarDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
 {
     const double number = option.fontMetrics.horizontalAdvance("100.0%") + 12;
     const QRectF cell = option.rect;
-    const QRectF bar(cell.left() + 6, cell.top() + 5, cell.width() - number - 6, cell.height() - 10);
+    const double room = std::max(0.0, cell.width() - number - 6); // none where the column is narrow
+    const QRectF bar(cell.left() + 6, cell.top() + 5, room, cell.height() - 10);
     painter->save();
     painter->fillRect(bar, QColor(0x33, 0x31, 0x2f));
     const double percent = index.data(UsageTableModel::percentRole).toDouble();
@@ -110,13 +112,13 @@ void ShareBarDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
         QRectF(bar.left(), bar.top(), bar.width() * percent / 100, bar.height()),
         index.data(UsageTableModel::colorRole).value<QColor>());
     const QVariant target = index.data(UsageTableModel::targetRole);
-    if (target.isValid()) {
+    if (target.isValid() && room > 0) {
         const double x = bar.left() + bar.width() * target.toDouble() / 100;
         painter->setPen(QPen(theme::warmWhite, 2));
         painter->drawLine(QPointF(x, bar.top() - 3), QPointF(x, bar.bottom() + 3));
     }
     painter->setPen(option.palette.color(QPalette::Text));
-    painter->drawText(cell.adjusted(0, 0, -6, 0), Qt::AlignRight | Qt::AlignVCenter, index.data().toString());
+    painter->drawText(cell.adjusted(0, 0, -3, 0), Qt::AlignRight | Qt::AlignVCenter, index.data().toString());
     painter->restore();
 }
 

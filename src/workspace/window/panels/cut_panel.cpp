@@ -1,6 +1,7 @@
 #include "workspace/window/panels/cut_panel.h"
 
 #include "workspace/captions.h"
+#include "workspace/window/column_widths.h"
 #include "workspace/window/controls/kept_lines.h"
 #include "workspace/window/name_delegate.h"
 #include "workspace/window/qt_text.h"
@@ -75,11 +76,15 @@ void CutPanel::arrangeTable()
     table_->verticalHeader()->hide();
     table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 8);
-    table_->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table_->horizontalHeader()->setSectionResizeMode(CutTableModel::camera, QHeaderView::Stretch);
-    table_->horizontalHeader()->setHighlightSections(false);
-    for (const int section : {CutTableModel::start, CutTableModel::duration})
-        table_->setColumnWidth(section, table_->horizontalHeader()->sectionSizeHint(section) + 8);
+    const auto columnOf = [this](CutTableModel::Column section, const char* widest) {
+        constexpr int margins = 10;
+        return ColumnWidths::Column{
+            section, table_->fontMetrics().horizontalAdvance(widest) + margins,
+            table_->horizontalHeader()->sectionSizeHint(section) + margins};
+    };
+    new ColumnWidths( // which the table owns
+        *table_, CutTableModel::camera,
+        {columnOf(CutTableModel::start, "00:00:00:00"), columnOf(CutTableModel::duration, "00000.00")});
     table_->setMinimumHeight(74);
     table_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored); // it takes what the rest leaves
 }

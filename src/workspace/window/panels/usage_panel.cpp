@@ -1,5 +1,6 @@
 #include "workspace/window/panels/usage_panel.h"
 
+#include "workspace/window/column_widths.h"
 #include "workspace/window/name_delegate.h"
 
 #include <QHeaderView>
@@ -24,13 +25,13 @@ UsagePanel::UsagePanel(ContentView& view, QWidget* parent)
     table_->verticalHeader()->hide();
     table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 8);
-    QHeaderView& header = *table_->horizontalHeader();
-    header.setHighlightSections(false);
-    header.setSectionResizeMode(QHeaderView::Fixed);
-    header.setSectionResizeMode(UsageTableModel::camera, QHeaderView::Stretch);
-    table_->setColumnWidth(UsageTableModel::screenTime, table_->fontMetrics().horizontalAdvance("00000.00 sec") + 16);
-    table_->setColumnWidth(UsageTableModel::share, 130);
-    table_->setColumnWidth(UsageTableModel::shots, table_->fontMetrics().horizontalAdvance("Shots 0") + 16);
+    const auto wide = [this](const char* text) { return table_->fontMetrics().horizontalAdvance(text) + 10; };
+    const int number = wide("100.0%");
+    new ColumnWidths( // which the table owns
+        *table_, UsageTableModel::camera,
+        {{UsageTableModel::screenTime, wide("00000.00 sec"), wide("00000.00 sec") + 6},
+         {UsageTableModel::share, number + 30, number + 76}, // the rest is the bar
+         {UsageTableModel::shots, wide("Shots"), wide("Shots 0")}});
     table_->setMinimumHeight(52);
     column().addWidget(table_, 1);
 }
