@@ -108,6 +108,17 @@ def cut_rows():
     return [[table.getAccessibleAt(row, column).name for column in range(3)] for row in range(table.nRows)]
 
 
+def add_and_remove_section():
+    press(find("Add section", BUTTON))
+    find("Remove", BUTTON)
+    controls = [node.name for node in walk(find("Fixed camera sections"))
+                if node.getRoleName() in ("text", "combo box") + BUTTON]
+    expect(controls == ["Add section", "Section name (optional)", "Camera", "Start", "End", "Remove"],
+           f"a section is read in its order: {controls}")
+    press(find("Remove", BUTTON))
+    gone("Remove")
+
+
 def main():
     program, project = sys.argv[1:]
     process = subprocess.Popen([program])
@@ -136,6 +147,7 @@ def main():
         press(find("Randomly double main camera holds", ("check box",)))
         until(lambda: find("Randomly double main camera holds").getState().contains(pyatspi.STATE_CHECKED), "a check")
         expect(True, "settings change and what depends on them follows")
+        add_and_remove_section()
         press(find("Generate rough edit", BUTTON))
         find("Edit 2 of 2")
         expect(len(cut_rows()) > 0, "the new edit is read")

@@ -206,7 +206,9 @@ TEST(Layout, TabVisitsEverythingOnceInReadingOrder)
     EXPECT_LT(at("Randomly double main camera holds"), at("Opening"));
     EXPECT_LT(at("Closing"), at("Add section"));
     EXPECT_LT(at("Add section"), at("Section name (optional)"));
-    EXPECT_LT(at("HH:MM:SS:FF"), at("Shuffle rough edit"));
+    EXPECT_LT(at("Section name (optional)"), at("HH:MM:SS:FF"));
+    EXPECT_LT(at("HH:MM:SS:FF"), at("Remove"));
+    EXPECT_LT(at("Remove"), at("Shuffle rough edit"));
     EXPECT_LT(at("Shuffle rough edit"), at("Export to Final Cut…"));
     EXPECT_LT(at("Export to Final Cut…"), static_cast<std::ptrdiff_t>(names.size()));
 }

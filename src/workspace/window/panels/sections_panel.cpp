@@ -86,16 +86,14 @@ SectionsPanel::Row SectionsPanel::makeRow(const SectionDraft& draft)
     row.name->setPlaceholderText(tr("Section name (optional)"));
     row.name->setAccessibleName(tr("Section name (optional)"));
     auto* rows = new QVBoxLayout(holder);
-    auto* first = new QHBoxLayout;
-    first->addWidget(row.name, 1);
-    first->addWidget(row.remove);
     auto* choice = new QHBoxLayout;
     choice->addWidget(labelFor(*row.camera, tr("Camera"), holder));
     choice->addWidget(row.camera, 1);
-    rows->addLayout(first);
+    rows->addWidget(row.name);
     rows->addLayout(choice);
     rows->addWidget(row.start);
     rows->addWidget(row.end);
+    rows->addWidget(row.remove, 0, Qt::AlignRight); // last: nobody comes across it on the way to the times
     connectRow(row);
     return row;
 }
