@@ -1,4 +1,5 @@
 #include "gui.h"
+#include "workspace/captions.h"
 #include "workspace/window/controls/elided_check_box.h"
 #include "workspace/window/controls/elided_label.h"
 #include "workspace/window/controls/picker.h"
@@ -11,6 +12,8 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QSlider>
 #include <QTableView>
 #include <map>
 #include <set>
@@ -178,6 +181,33 @@ TEST(Layout, EveryAltKeyMeansOneThing)
             take(label->text());
     }
     EXPECT_GT(keys.size(), 12U);
+}
+
+TEST(Layout, ACameraTakesFewLinesWhichKeepTheirPlaces)
+{
+    Gui gui(manyCameras());
+    gui.window().resize(960, 860);
+    Gui::settle();
+    const auto* area = gui.window().findChild<QScrollArea*>();
+    EXPECT_LE(area->widget()->height(), 4 * area->viewport()->height()) << "sixteen cameras on four screens";
+    const auto places = [&] {
+        Gui::settle();
+        std::vector<QPoint> all;
+        for (const QWidget* each : area->widget()->findChildren<QWidget*>()) {
+            if (qobject_cast<const QAbstractButton*>(each) != nullptr || qobject_cast<const QSlider*>(each) != nullptr)
+                all.push_back(each->mapTo(area->widget(), QPoint()));
+        }
+        return all;
+    };
+    const auto before = places();
+    for (int camera = 2; camera < 16; ++camera) {
+        auto* box = gui.window().findChildren<ElidedCheckBox*>().at(camera - 1);
+        auto* slider = gui.window().findChildren<QSlider*>().at(camera - 1);
+        EXPECT_LE(box->parentWidget()->height() + slider->parentWidget()->height(), 100);
+        box->click();
+        EXPECT_TRUE(places() == before) << "after camera " << camera << " is left out";
+    }
+    EXPECT_FALSE(frequenciesMatter(gui.view()));
 }
 
 TEST(Layout, TabVisitsEverythingOnceInReadingOrder)

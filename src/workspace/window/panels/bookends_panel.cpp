@@ -25,8 +25,8 @@ void BookendsPanel::add(const QString& title, Fields fields)
     QLabel* cameraLabel = labelFor(*camera, tr("Camera"), this);
     choice->addWidget(cameraLabel);
     choice->addWidget(camera, 1);
+    choice->addWidget(length);
     column().addLayout(choice);
-    column().addWidget(length);
     connect(enabled, &QCheckBox::toggled, this, [this, fields](bool on) {
         edit([fields, on](EditSettings& settings) { settings.*fields.enabled = on; });
     });

@@ -26,6 +26,25 @@ double valueOr(const Map& map, const std::string& id, double absent)
     return found == map.end() ? absent : found->second;
 }
 
+QString weightText(double weight)
+{
+    return CamerasPanel::tr("Frequency: %1").arg(qt(fixed(std::round(weight), 0)));
+}
+
+QString percentText(int percent)
+{
+    return CamerasPanel::tr("%1% of additional camera choices").arg(percent);
+}
+
+/// The lines of one camera, close to each other.
+QVBoxLayout* linesIn(QWidget& holder)
+{
+    auto* lines = new QVBoxLayout(&holder);
+    lines->setContentsMargins(0, 0, 0, 3);
+    lines->setSpacing(1);
+    return lines;
+}
+
 } // namespace
 
 CamerasPanel::CamerasPanel(ContentView& view, QWidget* parent)
@@ -45,6 +64,7 @@ CamerasPanel::CamerasPanel(ContentView& view, QWidget* parent)
     column().addLayout(choices);
     column().addWidget(mainWait_);
     addHeading(tr("Additional cameras"));
+    cameraRows_->setSpacing(0);
     column().addLayout(cameraRows_);
     addHelp(tr("The wait starts when a camera's shot ends. For example, a 120 sec wait means a shot ending at 05:00 "
                "can return at 07:00 or later. It does not set the shot length. Zero means no waiting."));
@@ -64,6 +84,7 @@ CamerasPanel::CamerasPanel(ContentView& view, QWidget* parent)
         oneOrTheOther->addWidget(help, 0, 0, Qt::AlignTop);
     }
     column().addLayout(oneOrTheOther);
+    frequencyRows_->setSpacing(0);
     column().addLayout(frequencyRows_);
 
     connect(main_, &Picker::picked, this, [this](const std::string& id) { view_.selectMainCamera(id); });
@@ -115,8 +136,7 @@ void CamerasPanel::addCamera(const ImportedAngle& angle)
     Camera camera{};
     camera.id = angle.id;
     camera.holder = new QWidget(this);
-    auto* rows = new QVBoxLayout(camera.holder);
-    rows->setContentsMargins(0, 0, 0, 4);
+    QVBoxLayout* rows = linesIn(*camera.holder);
     camera.included = new ElidedCheckBox(camera.holder);
     showText(*camera.included, label);
     camera.included->setIcon(marks_.chip(angle.id));
@@ -146,8 +166,7 @@ void CamerasPanel::addCamera(const ImportedAngle& angle)
 void CamerasPanel::addFrequency(Camera& camera, const std::string& label)
 {
     camera.frequencyHolder = new QWidget(this);
-    auto* rows = new QVBoxLayout(camera.frequencyHolder);
-    rows->setContentsMargins(0, 0, 0, 4);
+    QVBoxLayout* rows = linesIn(*camera.frequencyHolder);
     camera.frequency = new StepSlider(weights, camera.frequencyHolder);
     camera.weight = new QLabel(camera.frequencyHolder);
     camera.percent = helpLabel({}, camera.frequencyHolder);
@@ -158,12 +177,20 @@ void CamerasPanel::addFrequency(Camera& camera, const std::string& label)
     showText(*name, utf8(before) + label);
     name->setName({before.size(), marks_.of(camera.id).telling});
     camera.frequency->setAccessibleName(name->accessibleName());
-    auto* line = new QHBoxLayout;
-    line->addWidget(camera.weight);
-    line->addWidget(camera.frequency, 1);
-    rows->addWidget(name);
-    rows->addLayout(line);
-    rows->addWidget(camera.percent);
+    // The slider keeps its width while it is dragged.
+    for (const auto& [text, widest] : {std::pair(camera.weight, weightText(10)), {camera.percent, percentText(100)}})
+        text->setMinimumWidth(text->fontMetrics().horizontalAdvance(widest));
+    constexpr int gap = 8;
+    auto* first = new QHBoxLayout;
+    first->setSpacing(gap);
+    first->addWidget(camera.weight);
+    first->addWidget(name, 1);
+    rows->addLayout(first);
+    auto* second = new QHBoxLayout;
+    second->setSpacing(gap);
+    second->addWidget(camera.frequency, 1);
+    second->addWidget(camera.percent);
+    rows->addLayout(second);
     frequencyRows_->addWidget(camera.frequencyHolder);
 }
 
@@ -182,9 +209,9 @@ void CamerasPanel::showCamera(const Camera& camera)
     camera.wait->show(valueOr(settings().returnTimes, camera.id, 0));
     camera.frequencyHolder->setVisible(included && frequenciesMatter(view_));
     const double weight = valueOr(settings().frequencies, camera.id, 5);
-    camera.weight->setText(tr("Frequency: %1").arg(qt(fixed(std::round(weight), 0))));
+    camera.weight->setText(weightText(weight));
     camera.frequency->show(weight);
-    camera.percent->setText(tr("%1% of additional camera choices").arg(frequencyPercent(view_, camera.id)));
+    camera.percent->setText(percentText(frequencyPercent(view_, camera.id)));
 }
 
 } // namespace corvane

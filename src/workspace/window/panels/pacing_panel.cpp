@@ -37,6 +37,8 @@ void PacingPanel::addBounds(const QString& title, double EditSettings::* minimum
 {
     auto* group = new QGroupBox(title, this);
     auto* rows = new QVBoxLayout(group);
+    rows->setContentsMargins(6, 2, 6, 2);
+    rows->setSpacing(2);
     addBound(*rows, tr("Minimum"), minimum);
     addBound(*rows, tr("Maximum"), maximum);
     column().addWidget(group);
