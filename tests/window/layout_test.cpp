@@ -183,6 +183,23 @@ TEST(Layout, EveryAltKeyMeansOneThing)
     EXPECT_GT(keys.size(), 12U);
 }
 
+TEST(Layout, NoButtonLiesOverATableAtTheSmallestSize)
+{
+    Gui gui(manyCameras());
+    gui.view().generateRoughEdit();
+    const std::string lines = utf8(QString("XML and settings were saved. ").repeated(16));
+    gui.view().edit([&](WorkspaceState& state) { state.status = state.sessionSaveError.emplace(lines); });
+    for (int shrunk = 0; shrunk < 3; ++shrunk) {
+        gui.window().resize(300, 300);
+        Gui::settle();
+    }
+    const auto place = [&](QWidget* widget) { return QRect(widget->mapTo(&gui.window(), QPoint()), widget->size()); };
+    for (QTableView* table : gui.window().findChildren<QTableView*>()) {
+        for (QPushButton* button : gui.window().findChildren<QPushButton*>())
+            EXPECT_FALSE(button->isVisible() && place(button).intersects(place(table))) << utf8(button->text());
+    }
+}
+
 TEST(Layout, ACameraTakesFewLinesWhichKeepTheirPlaces)
 {
     Gui gui(manyCameras());

@@ -1,5 +1,8 @@
 #include "workspace/window/controls/panel.h"
 
+#include <QResizeEvent>
+#include <algorithm>
+
 namespace corvane {
 
 Panel::Panel(const QString& title, ContentView& view, QWidget* parent)
@@ -12,6 +15,19 @@ Panel::Panel(const QString& title, ContentView& view, QWidget* parent)
     auto* heading = new QLabel(title, this);
     heading->setProperty("role", "title");
     column_->addWidget(heading);
+}
+
+QSize Panel::minimumSizeHint() const
+{
+    const QSize size = QFrame::minimumSizeHint();
+    return {size.width(), std::max(size.height(), layout()->totalMinimumHeightForWidth(width()))};
+}
+
+void Panel::resizeEvent(QResizeEvent* event)
+{
+    QFrame::resizeEvent(event);
+    if (event->oldSize().width() != event->size().width())
+        updateGeometry();
 }
 
 void Panel::edit(const std::function<void(EditSettings&)>& change)

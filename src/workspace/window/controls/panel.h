@@ -17,7 +17,12 @@ public:
     /// Shows what changed. Nothing is written.
     virtual void refresh(const Changes& changes) = 0;
 
+    /// High enough for the texts as they wrap at the width that the panel has: a splitter asks for no more than this.
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
 protected:
+    void resizeEvent(QResizeEvent* event) override;
+
     [[nodiscard]] static bool has(const Changes& changes, Changed what)
     {
         return changes.test(static_cast<std::size_t>(what));
