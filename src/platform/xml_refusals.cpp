@@ -50,7 +50,7 @@ std::string sentence(const ParserComplaint& complaint, const std::string& place,
     constexpr const char* exportAgain = "Export the XML from Final Cut again.";
     const char first = firstSign(document);
     if (first == '\0')
-        return std::string("This file is empty. ") + exportAgain;
+        return "This file is empty. Export the XML from Final Cut again.";
     if (first != '<')
         return "This file is not XML. Choose a file that Final Cut has exported as XML.";
     if (isAboutEntity(complaint.code))
