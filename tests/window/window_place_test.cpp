@@ -106,8 +106,8 @@ TEST(MainWindow, GivesTheUsageTheHeightThatItNeeds)
         gui.view().generateRoughEdit();
         Gui::settle();
         for (const auto* table : gui.window().findChildren<QTableView*>()) {
-            if (table->accessibleName() == "Actual camera usage")
-                EXPECT_EQ(table->verticalScrollBar()->maximum(), 0) << cameras;
+            EXPECT_TRUE(table->accessibleName() != "Actual camera usage" || table->verticalScrollBar()->maximum() == 0)
+                << cameras;
         }
     }
 }

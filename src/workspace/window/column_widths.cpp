@@ -2,12 +2,15 @@
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QStyle>
 #include <QStyleOptionHeader>
 #include <algorithm>
 
 namespace corvane {
 
 namespace {
+
+constexpr int leastForNames = 80;
 
 /// The toolkit's own does not cut its texts where a column is narrow.
 class ElidedHeader : public QHeaderView {
@@ -31,6 +34,11 @@ ColumnWidths::ColumnWidths(QTableView& table, int names, std::vector<Column> oth
     table.setHorizontalHeader(new ElidedHeader(&table));
     table.horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table.viewport()->installEventFilter(this);
+    int least = leastForNames;
+    for (const Column& column : others_)
+        least += column.least;
+    const int scrollBar = table.style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2 * table.frameWidth();
+    table.setMinimumWidth(least + scrollBar);
     connect(table.model(), &QAbstractItemModel::modelReset, this, [this] {
         measureNames();
         share();
