@@ -13,6 +13,8 @@
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWheelEvent>
+#include <utility>
+#include <vector>
 
 namespace corvane {
 namespace {
@@ -67,6 +69,20 @@ TEST(StepBox, ShowsWhatStandsBetweenItsStepsAndGivesOnlySteps)
     EXPECT_EQ(chosen, 50) << "not while it is typed";
     QTest::keyClick(&box, Qt::Key_G, Qt::ControlModifier);
     EXPECT_EQ(chosen, 90) << "before a menu's key does its work";
+    using Typed = std::vector<std::pair<const char*, double>>;
+    for (const auto& [typed, nearest] : Typed{{"604", 600}, {"99999999999", 600}, {"-30", 0}}) {
+        box.selectAll();
+        QTest::keyClicks(&box, typed);
+        EXPECT_EQ(box.text(), typed) << "no digit is dropped";
+        QFocusEvent left(QEvent::FocusOut, Qt::TabFocusReason);
+        QApplication::sendEvent(&box, &left);
+        EXPECT_EQ(chosen, nearest);
+        EXPECT_EQ(box.text().toDouble(), nearest);
+    }
+    box.selectAll();
+    QTest::keyClicks(&box, "5x7");
+    QTest::keyClick(&box, Qt::Key_Up);
+    EXPECT_EQ(chosen, 70) << "from what was typed";
     setByAssistance(box, 123);
     EXPECT_EQ(chosen, 120);
     box.show(600);

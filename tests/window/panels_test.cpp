@@ -88,6 +88,11 @@ TEST(PacingPanel, CouplesTheBoundsAndMovesInSteps)
     gui.account.inbox.setXMLData(threeCameras);
     typedIn->clearFocus();
     EXPECT_EQ(gui.settings().mainMinimum, 5) << "what was half typed for another project does not count";
+    typedIn->setFocus();
+    typedIn->selectAll();
+    QTest::keyClicks(typedIn, "604");
+    gui.window().close();
+    EXPECT_EQ(gui.settings().mainMinimum, 120) << "what is typed counts before the window closes";
 }
 
 TEST(BookendsPanel, WritesBothShots)

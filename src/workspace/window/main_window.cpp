@@ -336,6 +336,8 @@ void MainWindow::dropEvent(QDropEvent* event)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    if (auto* typedIn = qobject_cast<StepBox*>(focusWidget()))
+        typedIn->interpretText();
     if (!quitQuestion_->mayClose()) {
         event->ignore();
         return;

@@ -7,12 +7,28 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QSignalBlocker>
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
 namespace corvane {
+
+namespace {
+
+/// What was typed, with the signs that numbers of the program have.
+QString plainNumber(const QString& text)
+{
+    QString plain = text.trimmed().replace(qt(theme::decimalSign()), ".");
+    for (QChar& each : plain) {
+        if (each.isDigit())
+            each = QChar('0' + each.digitValue());
+    }
+    return plain;
+}
+
+} // namespace
 
 StepBox::StepBox(Range range, QWidget* parent) : QDoubleSpinBox(parent), step_(range.step)
 {
@@ -48,6 +64,7 @@ void StepBox::forgetTyping()
 
 void StepBox::stepBy(int steps)
 {
+    interpretText(); // from what is typed
     const double position = value() / step_;
     const double next = (steps > 0 ? std::floor(position) : std::ceil(position)) + steps;
     setValue(next * step_);
@@ -56,6 +73,29 @@ void StepBox::stepBy(int steps)
 QString StepBox::textFromValue(double value) const
 {
     return qt(shortNumber(value, theme::decimalSign()));
+}
+
+double StepBox::valueFromText(const QString& text) const
+{
+    return readNumber(utf8(plainNumber(text))).value_or(value());
+}
+
+/// The toolkit would refuse the digit that leads beyond the range, and keep the others.
+QValidator::State StepBox::validate(QString& text, int&) const
+{
+    static const QRegularExpression numberOrItsStart("^[+-]?\\d*\\.?\\d*$");
+    const QString plain = plainNumber(text);
+    if (!numberOrItsStart.match(plain).hasMatch())
+        return QValidator::Invalid;
+    const auto number = readNumber(utf8(plain));
+    const bool inRange = number && *number >= minimum() && *number <= maximum();
+    return inRange ? QValidator::Acceptable : QValidator::Intermediate;
+}
+
+void StepBox::fixup(QString& text) const
+{
+    if (const auto number = readNumber(utf8(plainNumber(text))))
+        text = textFromValue(std::clamp(*number, minimum(), maximum()));
 }
 
 /// A key of a menu works on what is shown: what is still being typed counts first.

@@ -5,7 +5,8 @@
 namespace corvane {
 
 /// A number that people choose in steps: the multiples of `step` within the range. A value between two steps can be
-/// shown and stays until a person moves the control.
+/// shown and stays until a person moves the control. Every number can be typed; one beyond the range goes to its
+/// nearest end when the field is left, at Return, and before a command runs.
 class StepBox : public QDoubleSpinBox {
     Q_OBJECT
 public:
@@ -25,6 +26,9 @@ public:
 
     void stepBy(int steps) override;
     [[nodiscard]] QString textFromValue(double value) const override;
+    [[nodiscard]] double valueFromText(const QString& text) const override;
+    QValidator::State validate(QString& text, int& caret) const override;
+    void fixup(QString& text) const override;
 
     bool event(QEvent* event) override;
 
