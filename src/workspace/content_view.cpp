@@ -99,7 +99,8 @@ void ContentView::notify(const WorkspaceState& before)
     mark(Changed::undoable, state_.undoable != before.undoable);
     mark(
         Changed::texts, state_.status != before.status || state_.sessionSaveError != before.sessionSaveError ||
-                            state_.lastExport != before.lastExport || state_.presetNotice != before.presetNotice);
+                            state_.lastExport != before.lastExport || state_.canReopen != before.canReopen ||
+                            state_.presetNotice != before.presetNotice);
     mark(
         Changed::presets, state_.chosenPreset != before.chosenPreset || state_.presetName != before.presetName ||
                               state_.storedPresets != before.storedPresets);

@@ -61,6 +61,7 @@ struct WorkspaceState {
     EditSettings settings;
     std::optional<std::string> sourceFile; ///< where the loaded project was read from, when it was read from a file
     std::optional<std::string> lastExport; ///< the XML that was exported last
+    bool canReopen = false;                ///< a previous project was there at the last look
     Undoable undoable;
     std::optional<EditSettings> restoredSettings; ///< what a restore put on screen, until the next change
 
@@ -221,6 +222,7 @@ private:
     [[nodiscard]] StoredSession readSession(std::string bytes) const;
     void show(StoredSession session);
     void keepReplacedSession();
+    void lookForPreviousSession();
 
     [[nodiscard]] std::vector<EditPreset> decodePresetsOrCloseSheet();
     void storePresets(std::vector<EditPreset> presets);

@@ -28,6 +28,7 @@ void ContentView::importXML(const std::string& data)
         state.settings = settings;
         state.preview.reset();
         state.status.clear();
+        lookForPreviousSession();
         saveWanted_ = true;
     });
 }

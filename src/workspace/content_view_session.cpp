@@ -32,6 +32,7 @@ void ContentView::windowAppeared()
 {
     react(); // a project that arrived before the window takes precedence over the stored session
     edit([this](WorkspaceState& state) {
+        lookForPreviousSession();
         if (std::exchange(state.didRestore, true))
             return;
         restoreSession();
@@ -131,11 +132,22 @@ std::optional<std::string> ContentView::keepUnkeptSession()
     }
 }
 
+/// Not at every change: whether there is one changes with an import and a reopening.
+void ContentView::lookForPreviousSession()
+{
+    try {
+        state_.canReopen = unkeptSession_ || somethingNamed(services_.sessions.previousFileURL());
+    } catch (const std::exception&) {
+        state_.canReopen = false;
+    }
+}
+
 void ContentView::reopenPreviousSession()
 {
     edit([this](WorkspaceState& state) {
         try {
             if (!unkeptSession_ && !somethingNamed(services_.sessions.previousFileURL())) {
+                state.canReopen = false;
                 fail("There is no previous project to reopen.");
                 return;
             }
@@ -152,6 +164,7 @@ void ContentView::reopenPreviousSession()
             fail(notRestored + failure.what());
             return;
         }
+        lookForPreviousSession();
         state.chosenPreset.clear();
         state.presetNotice.clear();
         saveWanted_ = true;

@@ -19,7 +19,9 @@ TEST(ReplacedSessions, AreKeptAndBroughtBack)
     EXPECT_EQ(window.state().error, "There is no previous project to reopen.");
     window.importAndGenerate(document());
     const std::vector<Cut> cuts = window.state().cuts();
+    EXPECT_FALSE(window.state().canReopen);
     window.view().importXML(replaced(document(), "Concert", "Other"));
+    EXPECT_TRUE(window.state().canReopen);
     window.view().addSection();
     window.view().reopenPreviousSession();
     window.view().reopenPreviousSession();
@@ -35,6 +37,10 @@ TEST(ReplacedSessions, AreKeptAndBroughtBack)
     window.view().reopenPreviousSession();
     EXPECT_EQ(window.state().loaded->imported.name, "Other") << "what it replaced became the previous one";
     // The same for a session that is only stored, because a project arrived before it could be restored.
+    window.quit();
+    window.start();
+    window.view().windowAppeared();
+    EXPECT_TRUE(window.state().canReopen) << "at the start, too";
     window.quit();
     window.start();
     window.view().importXML(replaced(document(), "Concert", "Third"));

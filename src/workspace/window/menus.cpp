@@ -24,7 +24,7 @@ void Menus::makeFileMenu(QMainWindow& window)
     QMenu& menu = *window.menuBar()->addMenu(tr("&File"));
     QAction* open = menu.addAction(tr("&Import Final Cut XML…"), this, [this] { view_.chooseProjectFile(); });
     open->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
-    menu.addAction(tr("&Reopen Previous Project"), this, [this] { view_.reopenPreviousSession(); });
+    reopen_ = menu.addAction(tr("&Reopen Previous Project"), this, [this] { view_.reopenPreviousSession(); });
     menu.addSeparator();
     export_ = menu.addAction(tr("&Export to Final Cut…"), this, [this] { view_.exportRoughEdit(); });
     export_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
@@ -77,6 +77,7 @@ void Menus::copyCutList() const
 void Menus::refresh()
 {
     const Enabling enabled = enabling(view_);
+    reopen_->setEnabled(view_.state().canReopen);
     export_->setEnabled(enabled.exportEdit);
     showLastExport_->setEnabled(view_.state().lastExport.has_value());
     const auto undo = undoText(view_);

@@ -35,6 +35,7 @@ private:
     ContentView& view_;
     MenuActions actions_;
     CorvaneUpdateState updates_;
+    QAction* reopen_ = nullptr;
     QAction* export_ = nullptr;
     QAction* showLastExport_ = nullptr;
     QAction* undo_ = nullptr;
