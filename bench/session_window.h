@@ -56,6 +56,7 @@ private:
         {
             return std::nullopt;
         }
+        void rememberProject(const std::string&) override {}
         void rememberFolder(const std::string&) override {}
     };
 

@@ -15,6 +15,8 @@ public:
 
     /// One file or bundle; folders can be chosen, bundles are not browsed into.
     [[nodiscard]] virtual std::optional<std::string> chooseProject(const std::string& message) = 0;
+    /// A project was loaded from this file or bundle: the next choice of one begins beside it.
+    virtual void rememberProject(const std::string& location) = 0;
     /// One folder, which may be made in the dialog. `firstFolder` is where to begin while none was remembered; empty
     /// when nothing speaks for any.
     [[nodiscard]] virtual std::optional<std::string> chooseFolder(

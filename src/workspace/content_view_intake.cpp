@@ -43,8 +43,10 @@ void ContentView::openProjectFile(const std::string& location)
         }
         const auto before = state.loaded;
         importXML(file.bytes);
-        if (state.loaded != before)
-            state.sourceFile = location;
+        if (state.loaded == before)
+            return;
+        state.sourceFile = location;
+        services_.dialogs.rememberProject(location);
     });
 }
 

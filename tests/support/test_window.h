@@ -16,6 +16,7 @@ struct AnsweringDialogs : Dialogs {
     int asked = 0;
     std::string firstFolder; ///< proposed for the last export
     std::vector<std::string> remembered;
+    std::vector<std::string> projects; ///< that were loaded
 
     std::optional<std::string> chooseProject(const std::string&) override { return reply(); }
     std::optional<std::string> chooseFolder(const std::string&, const std::string&, const std::string& first) override
@@ -23,6 +24,7 @@ struct AnsweringDialogs : Dialogs {
         firstFolder = first;
         return reply();
     }
+    void rememberProject(const std::string& location) override { projects.push_back(location); }
     void rememberFolder(const std::string& folder) override { remembered.push_back(folder); }
     std::optional<std::string> reply()
     {

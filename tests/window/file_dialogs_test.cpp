@@ -1,6 +1,7 @@
 #include "gui.h"
 #include "support/opened_files.h"
 #include "workspace/window/file_dialogs.h"
+#include "workspace/window/usual_places.h"
 
 #include <gtest/gtest.h>
 
@@ -14,6 +15,7 @@
 #include <QStyledItemDelegate>
 #include <QTimer>
 #include <QToolTip>
+#include <QTreeView>
 #include <filesystem>
 #include <fstream>
 
@@ -42,6 +44,8 @@ private:
         ASSERT_NE(dialog, nullptr);
         openedAt = dialog->directory().absolutePath();
         look_(*dialog);
+        if (!dialog->isVisible())
+            return; // answered already
         if (name_.isEmpty()) {
             QTest::keyClick(dialog, Qt::Key_Escape);
             return;
@@ -61,6 +65,18 @@ private:
     QObject timer_;
 };
 
+/// The item in the folder that is shown, once it is there.
+QModelIndex itemNamed(const QAbstractItemView& list, const QString& name)
+{
+    QModelIndexList found;
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        const QModelIndex root = list.rootIndex();
+        found = list.model()->match(list.model()->index(0, 0, root), Qt::DisplayRole, name, 1, Qt::MatchExactly);
+        return !found.isEmpty();
+    })) << utf8(name);
+    return found.value(0);
+}
+
 TEST(FileDialogs, TakeABundleWholeAndRememberTheFolder)
 {
     const ScratchFolder scratch;
@@ -77,9 +93,15 @@ TEST(FileDialogs, TakeABundleWholeAndRememberTheFolder)
         EXPECT_EQ(person.openedAt, QDir::homePath());
     }
     {
+        Person person("");
+        EXPECT_EQ(dialogs.chooseProject("Choose."), std::nullopt);
+        EXPECT_EQ(person.openedAt, QDir::homePath()) << "none was loaded";
+    }
+    dialogs.rememberProject(bundle + "/");
+    {
         Person person("Plain.fcpxml");
         EXPECT_EQ(dialogs.chooseProject("Choose."), folder + "/Plain.fcpxml");
-        EXPECT_EQ(utf8(person.openedAt), folder) << "where the last project was";
+        EXPECT_EQ(utf8(person.openedAt), folder) << "beside the last project that was loaded";
     }
     {
         Person person(qt(bundle + "/Info.fcpxml"));
@@ -87,6 +109,36 @@ TEST(FileDialogs, TakeABundleWholeAndRememberTheFolder)
     }
     Person person("");
     EXPECT_EQ(dialogs.chooseProject("Choose."), std::nullopt);
+}
+
+TEST(FileDialogs, ShowDatesAndTheUsualPlacesAndLeaveThePlacesOfOtherProgramsAlone)
+{
+    const ScratchFolder scratch;
+    std::filesystem::create_directory(scratch.file("Downloads"));
+    const QUrl downloads = QUrl::fromLocalFile(qt(scratch.file("Downloads")));
+    const QByteArray home = qgetenv("HOME");
+    qputenv("HOME", QByteArray::fromStdString(scratch.file(".")));
+    MemoryDefaults defaults;
+    FileDialogs dialogs(defaults);
+    const auto look = [&downloads](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Import Final Cut XML");
+        EXPECT_TRUE(dialog.sidebarUrls().contains(downloads));
+        const auto* list = dialog.findChild<QTreeView*>("treeView");
+        (void)itemNamed(*list, "Downloads");
+        const int dates = list->model()->columnCount() - 1;
+        EXPECT_GE(list->columnWidth(dates), static_cast<const QAbstractItemView*>(list)->sizeHintForColumn(dates));
+        EXPECT_LE(list->columnViewportPosition(dates) + list->columnWidth(dates), list->viewport()->width());
+    };
+    {
+        Person person("", look);
+        EXPECT_EQ(dialogs.chooseProject("Choose."), std::nullopt);
+    }
+    EXPECT_FALSE(ProjectFileDialog(nullptr).sidebarUrls().contains(downloads));
+    qputenv("HOME", home);
+    for (const char* mount : {"/media/anna/STICK", "/run/media/anna/STICK", "/mnt/share", "/srv/recordings"})
+        EXPECT_TRUE(isMountForPeople(mount, "/home/anna")) << mount;
+    for (const char* mount : {"/", "/home", "/home/anna", "/boot/efi", "/run/user/1000/doc"})
+        EXPECT_FALSE(isMountForPeople(mount, "/home/anna")) << mount;
 }
 
 TEST(FileDialogs, ProposeTheFolderBesideTheSourceForTheFirstExportOnly)

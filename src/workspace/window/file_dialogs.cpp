@@ -3,6 +3,7 @@
 #include "platform/error.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/tooltips.h"
+#include "workspace/window/usual_places.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -10,8 +11,12 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QLabel>
+#include <QScreen>
+#include <QSplitter>
 #include <QStyledItemDelegate>
+#include <QTreeView>
 
 namespace corvane {
 
@@ -43,6 +48,46 @@ QString bundleOrFile(const QString& chosen)
     return file.fileName() == "Info.fcpxml" && isBundle(folder) ? folder.absoluteFilePath() : chosen;
 }
 
+/// The list with its columns, in a window wide enough for the last of them, which are the dates, and for the names of
+/// places.
+void showDates(QFileDialog& dialog)
+{
+    dialog.setViewMode(QFileDialog::Detail);
+    if (const auto* list = dialog.findChild<QTreeView*>("treeView")) {
+        list->header()->setStretchLastSection(false);
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
+    const int line = dialog.fontMetrics().height();
+    if (auto* split = dialog.findChild<QSplitter*>("splitter"))
+        split->setSizes({10 * line, 45 * line});
+    dialog.resize(QSize(55 * line, 34 * line).boundedTo(dialog.screen()->availableSize() * 9 / 10));
+}
+
+/// The usual places, beside those that the chooser has already. It stores what it shows for every program of its
+/// toolkit: when it closes they go, but for what the user has changed.
+class UsualPlaces {
+public:
+    explicit UsualPlaces(QFileDialog& dialog) : dialog_(dialog), added_(usualPlaces())
+    {
+        const QList<QUrl> before = dialog_.sidebarUrls();
+        added_.removeIf([&before](const QUrl& place) { return before.contains(place); });
+        dialog_.setSidebarUrls(before + added_);
+    }
+    UsualPlaces(const UsualPlaces&) = delete;
+    UsualPlaces& operator=(const UsualPlaces&) = delete;
+    ~UsualPlaces()
+    {
+        QList<QUrl> left = dialog_.sidebarUrls();
+        left.removeIf([this](const QUrl& place) { return added_.contains(place); });
+        dialog_.setSidebarUrls(left);
+    }
+
+private:
+    QFileDialog& dialog_;
+    QList<QUrl> added_;
+};
+
 } // namespace
 
 ProjectFileDialog::ProjectFileDialog(QWidget* parent) : QFileDialog(parent)
@@ -66,12 +111,10 @@ std::optional<std::string> FileDialogs::chooseProject(const std::string& message
     ProjectFileDialog dialog(parent_);
     prepare(dialog);
     dialog.setDirectory(lastFolder(importFolderKey, ""));
-    const auto chosen = ask(dialog, message);
+    const auto chosen = ask(dialog, QObject::tr("Import Final Cut XML"), message);
     if (!chosen)
         return std::nullopt;
-    const QString project = bundleOrFile(QFile::decodeName(chosen->c_str()));
-    remember(importFolderKey, QFileInfo(project).absolutePath());
-    return QFile::encodeName(project).toStdString();
+    return QFile::encodeName(bundleOrFile(QFile::decodeName(chosen->c_str()))).toStdString();
 }
 
 std::optional<std::string> FileDialogs::chooseFolder(
@@ -83,7 +126,13 @@ std::optional<std::string> FileDialogs::chooseFolder(
     dialog.setOption(QFileDialog::ShowDirsOnly);
     dialog.setLabelText(QFileDialog::Accept, qt(prompt));
     dialog.setDirectory(lastFolder(exportFolderKey, firstFolder));
-    return ask(dialog, message);
+    return ask(dialog, QObject::tr("Export to Final Cut"), message);
+}
+
+void FileDialogs::rememberProject(const std::string& location)
+{
+    const QString project = QDir::cleanPath(QFile::decodeName(location.c_str())); // of a bundle it may end in "/"
+    remember(importFolderKey, QFileInfo(bundleOrFile(project)).absolutePath());
 }
 
 void FileDialogs::rememberFolder(const std::string& folder)
@@ -95,6 +144,7 @@ void FileDialogs::prepare(QFileDialog& dialog)
 {
     dialog.setOption(QFileDialog::DontUseNativeDialog); // it shows the message, too
     dialog.setIconProvider(&icons_);                    // before it goes on with the folder that it began with
+    showDates(dialog);
     auto* names = new ShownNames(&dialog);
     dialog.setItemDelegate(names);
     for (QAbstractItemView* list : dialog.findChildren<QAbstractItemView*>())
@@ -107,9 +157,10 @@ void FileDialogs::prepare(QFileDialog& dialog)
     }
 }
 
-std::optional<std::string> FileDialogs::ask(QFileDialog& dialog, const std::string& message)
+std::optional<std::string> FileDialogs::ask(QFileDialog& dialog, const QString& title, const std::string& message)
 {
-    dialog.setWindowTitle("Corvane");
+    const UsualPlaces places(dialog);
+    dialog.setWindowTitle(title);
     if (auto* grid = qobject_cast<QGridLayout*>(dialog.layout())) {
         auto* label = new QLabel(qt(message), &dialog);
         label->setWordWrap(true);

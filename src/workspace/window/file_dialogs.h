@@ -10,8 +10,8 @@
 
 namespace corvane {
 
-/// The window's own choosers. They open at the folder that was used last, which the user defaults remember: for exports
-/// the one that took the last export.
+/// The window's own choosers. They open beside the project that was loaded last and in the folder that took the last
+/// export, which the user defaults remember.
 class FileDialogs : public Dialogs {
 public:
     explicit FileDialogs(UserDefaults& defaults) : defaults_(defaults) {}
@@ -22,11 +22,13 @@ public:
     [[nodiscard]] std::optional<std::string> chooseProject(const std::string& message) override;
     [[nodiscard]] std::optional<std::string> chooseFolder(
         const std::string& prompt, const std::string& message, const std::string& firstFolder) override;
+    void rememberProject(const std::string& location) override;
     void rememberFolder(const std::string& folder) override;
 
 private:
     void prepare(QFileDialog& dialog);
-    [[nodiscard]] std::optional<std::string> ask(QFileDialog& dialog, const std::string& message);
+    [[nodiscard]] static std::optional<std::string> ask(
+        QFileDialog& dialog, const QString& title, const std::string& message);
     [[nodiscard]] QString lastFolder(const std::string& key, const std::string& otherwise) const;
     void remember(const std::string& key, const QString& folder);
 

@@ -1,0 +1,77 @@
+#include "workspace/window/usual_places.h"
+
+#include <QDir>
+#include <QStandardPaths>
+#include <QStorageInfo>
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <future>
+#include <memory>
+#include <thread>
+
+namespace corvane {
+
+namespace {
+
+bool isAtOrIn(const QString& path, const QString& folder)
+{
+    return path == folder || path.startsWith(folder + "/");
+}
+
+QStringList mounts(const QString& home)
+{
+    QStringList found;
+    for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
+        if (volume.isReady() && volume.fileSystemType() != "tmpfs" && isMountForPeople(volume.rootPath(), home))
+            found << volume.rootPath();
+    }
+    // The shares that the desktop's file manager has mounted are folders in one of its own.
+    const QDir shares(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + "/gvfs");
+    for (const QFileInfo& share : shares.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
+        found << share.absoluteFilePath();
+    return found;
+}
+
+/// A share whose other end has gone may never answer: it costs the others their place, but no more than a moment.
+QStringList mountsThatAnswer(const QString& home)
+{
+    constexpr auto patience = std::chrono::milliseconds(500);
+    const auto answer = std::make_shared<std::promise<QStringList>>();
+    auto found = answer->get_future();
+    std::thread([answer, home] { answer->set_value(mounts(home)); }).detach();
+    return found.wait_for(patience) == std::future_status::ready ? found.get() : QStringList();
+}
+
+} // namespace
+
+bool isMountForPeople(const QString& mountPoint, const QString& home)
+{
+    if (mountPoint == "/" || isAtOrIn(home, mountPoint))
+        return false;
+    if (isAtOrIn(mountPoint, "/run/media"))
+        return true;
+    constexpr std::array ofTheSystem = {"/bin",  "/boot", "/dev",  "/efi", "/etc",     "/lib", "/nix", "/opt",
+                                        "/proc", "/run",  "/snap", "/sys", "/sysroot", "/tmp", "/usr", "/var"};
+    return std::ranges::none_of(
+        ofTheSystem, [&mountPoint](const char* folder) { return isAtOrIn(mountPoint, folder); });
+}
+
+QList<QUrl> usualPlaces()
+{
+    QStringList paths;
+    for (const auto place :
+         {QStandardPaths::DesktopLocation, QStandardPaths::DocumentsLocation, QStandardPaths::DownloadLocation})
+        paths << QStandardPaths::writableLocation(place);
+    paths << mountsThatAnswer(QDir::homePath());
+    paths.removeDuplicates();
+    QList<QUrl> places;
+    for (const QString& path : paths) {
+        // A folder without a place of its own stands for home, which choosers have already.
+        if (path != QDir::homePath() && QFileInfo(path).isDir())
+            places << QUrl::fromLocalFile(path);
+    }
+    return places;
+}
+
+} // namespace corvane
