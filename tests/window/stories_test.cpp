@@ -69,9 +69,13 @@ TEST(Story, FromADropToAnExportAndARestart)
 {
     Gui gui;
     auto* zone = gui.window().findChild<ProjectDropView*>();
-    const std::unique_ptr<QMimeData> project(files({written(gui, "Concert.fcpxml", document())}));
+    QTest::mouseClick(zone, Qt::LeftButton);
+    EXPECT_EQ(gui.account.dialogs.asked, 1);
+    const std::string file = written(gui, "Concert.fcpxml", document());
+    const std::unique_ptr<QMimeData> project(files({file}));
     EXPECT_TRUE(drop(*zone, *project));
     ASSERT_NE(gui.state().loaded, nullptr);
+    EXPECT_EQ(gui.account.dialogs.projects, std::vector{file}) << "the next chooser begins beside it";
     EXPECT_FALSE(gui.withText<>("Export to Final Cut…")->isEnabled());
     EXPECT_EQ(gui.withText<>("Export to Final Cut…")->toolTip(), "Generate an edit first.");
     gui.click("Generate rough edit");
@@ -109,8 +113,10 @@ TEST(Story, FromADropToAnExportAndARestart)
 TEST(Story, ByKeyboardAloneFromImportToExport)
 {
     Gui gui;
-    gui.account.dialogs.answer = written(gui, "Concert.fcpxml", document());
     QTest::keyClick(&gui.window(), Qt::Key_O, Qt::ControlModifier);
+    EXPECT_EQ(gui.account.dialogs.asked, 1);
+    gui.account.dialogs.answer = written(gui, "Concert.fcpxml", document());
+    QTest::keyClick(gui.window().findChild<ProjectDropView*>(), Qt::Key_Space);
     ASSERT_NE(gui.state().loaded, nullptr);
     QTest::keyClick(&gui.window(), Qt::Key_G, Qt::ControlModifier);
     QTest::keyClick(&gui.window(), Qt::Key_G, Qt::ControlModifier);

@@ -2,6 +2,7 @@
 
 #include "workspace/window/controls/panel.h"
 #include "workspace/window/controls/picker.h"
+#include "workspace/window/drop_view.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -168,6 +169,21 @@ public:
     }
 };
 
+/// The box for projects works as a button does.
+class AccessibleDropView : public QAccessibleWidget {
+public:
+    explicit AccessibleDropView(ProjectDropView& view) : QAccessibleWidget(&view, QAccessible::Button) {}
+
+    [[nodiscard]] QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
+    void doAction(const QString& action) override
+    {
+        if (action == pressAction()) // the answer does not wait for the chooser
+            QMetaObject::invokeMethod(object(), "clicked", Qt::QueuedConnection);
+        else
+            QAccessibleWidget::doAction(action);
+    }
+};
+
 QAccessibleInterface* makeAccessible(const QString&, QObject* object)
 {
     if (auto* picker = qobject_cast<Picker*>(object))
@@ -176,6 +192,8 @@ QAccessibleInterface* makeAccessible(const QString&, QObject* object)
         return new QAccessibleWidget(panel, QAccessible::Grouping);
     if (auto* box = qobject_cast<QMessageBox*>(object); box != nullptr && box->objectName() == "alert")
         return new AccessibleAlert(*box);
+    if (auto* box = qobject_cast<ProjectDropView*>(object))
+        return new AccessibleDropView(*box);
     auto* widget = qobject_cast<QWidget*>(object);
     if (widget != nullptr && widget->property("picture").toBool())
         return new QAccessibleWidget(widget, QAccessible::Graphic);

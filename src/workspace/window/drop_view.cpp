@@ -5,6 +5,8 @@
 #include "workspace/window/theme.h"
 
 #include <QDragEnterEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -17,6 +19,9 @@ ProjectDropView::ProjectDropView(XMLInbox& inbox, QWidget* parent)
 {
     setAcceptDrops(true);
     setMinimumHeight(160);
+    setFocusPolicy(Qt::TabFocus);
+    setCursor(Qt::PointingHandCursor);
+    setAccessibleName(hint_->text());
     auto* column = new QVBoxLayout(this);
     hint_->setAlignment(Qt::AlignCenter);
     hint_->setWordWrap(true);
@@ -70,7 +75,7 @@ void ProjectDropView::paintEvent(QPaintEvent*)
 {
     constexpr double radius = 12;
     QColor border = theme::orange;
-    border.setAlphaF(dropActive_ ? 1.0F : 0.35F);
+    border.setAlphaF(dropActive_ || hasFocus() ? 1.0F : 0.35F);
     QColor ground = dropActive_ ? theme::orange : theme::lighterGrey;
     ground.setAlphaF(dropActive_ ? 0.12F : 1.0F);
     QPainter painter(this);
@@ -80,11 +85,28 @@ void ProjectDropView::paintEvent(QPaintEvent*)
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), radius, radius);
 }
 
+void ProjectDropView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+        emit clicked();
+}
+
+void ProjectDropView::keyPressEvent(QKeyEvent* event)
+{
+    const int key = event->key();
+    if (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter)
+        emit clicked();
+    else
+        QFrame::keyPressEvent(event);
+}
+
 FinalCutProjectDropZone::FinalCutProjectDropZone(XMLInbox& inbox, QWidget* parent) : QWidget(parent)
 {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(new ProjectDropView(inbox, this));
+    auto* view = new ProjectDropView(inbox, this);
+    connect(view, &ProjectDropView::clicked, this, &FinalCutProjectDropZone::clicked);
+    column->addWidget(view);
 }
 
 } // namespace corvane

@@ -8,7 +8,7 @@
 namespace corvane {
 
 /// The place for a project dragged from Final Cut or a file manager. It lights up while one hovers over it; what is
-/// dropped goes into the inbox.
+/// dropped goes into the inbox. A click, or Space or Return, asks for a file instead.
 class ProjectDropView : public QFrame {
     Q_OBJECT
 public:
@@ -16,12 +16,17 @@ public:
 
     [[nodiscard]] bool dropActive() const { return dropActive_; }
 
+signals:
+    void clicked();
+
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void hover(QDragMoveEvent& event);
@@ -37,6 +42,9 @@ class FinalCutProjectDropZone : public QWidget {
     Q_OBJECT
 public:
     explicit FinalCutProjectDropZone(XMLInbox& inbox, QWidget* parent = nullptr);
+
+signals:
+    void clicked();
 };
 
 } // namespace corvane

@@ -149,8 +149,10 @@ QWidget* MainWindow::makeEmptyPage()
     text->setAlignment(Qt::AlignHCenter);
     text->setWordWrap(true);
     text->setProperty("role", "title");
+    auto* zone = new FinalCutProjectDropZone(services_.inbox, page);
+    connect(zone, &FinalCutProjectDropZone::clicked, this, [this] { services_.view.chooseProjectFile(); });
     column->addStretch(1);
-    column->addWidget(new FinalCutProjectDropZone(services_.inbox, page), 3);
+    column->addWidget(zone, 3);
     column->addWidget(text);
     column->addStretch(1);
     return page;
