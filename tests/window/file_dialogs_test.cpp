@@ -111,6 +111,34 @@ TEST(FileDialogs, TakeABundleWholeAndRememberTheFolder)
     EXPECT_EQ(dialogs.chooseProject("Choose."), std::nullopt);
 }
 
+TEST(FileDialogs, ChooseABundleByADoubleClickAndByReturnAndGoIntoOtherFolders)
+{
+    const ScratchFolder scratch;
+    std::filesystem::create_directories(scratch.file("projects/Concert.fcpxmld"));
+    MemoryDefaults defaults;
+    FileDialogs dialogs(defaults);
+    dialogs.rememberProject(scratch.file("any.fcpxml"));
+    for (const auto mode : {QFileDialog::List, QFileDialog::Detail}) {
+        const auto look = [mode](QFileDialog& dialog) {
+            dialog.setViewMode(mode);
+            auto* list = dialog.findChild<QAbstractItemView*>(mode == QFileDialog::List ? "listView" : "treeView");
+            for (const char* folder : {"projects", "Concert.fcpxmld"}) {
+                const QModelIndex item = itemNamed(*list, folder);
+                list->setCurrentIndex(item);
+                const QPoint place = list->visualRect(item).center();
+                if (mode == QFileDialog::List) {
+                    QTest::keyClick(list, Qt::Key_Return);
+                } else {
+                    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
+                    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
+                }
+            }
+        };
+        Person person("", look);
+        EXPECT_EQ(dialogs.chooseProject("Choose."), scratch.file("projects/Concert.fcpxmld"));
+    }
+}
+
 TEST(FileDialogs, ShowDatesAndTheUsualPlacesAndLeaveThePlacesOfOtherProgramsAlone)
 {
     const ScratchFolder scratch;

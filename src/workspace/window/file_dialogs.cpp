@@ -10,6 +10,7 @@
 #include <QCompleter>
 #include <QDir>
 #include <QFileInfo>
+#include <QFileSystemModel>
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -27,7 +28,8 @@ const std::string exportFolderKey = "Corvane.window.lastExportFolder";
 
 bool isBundle(const QFileInfo& file)
 {
-    return file.isDir() && file.suffix().compare("fcpxmld", Qt::CaseInsensitive) == 0;
+    const QString path = QDir::cleanPath(file.absoluteFilePath()); // a name that was typed may end in "/"
+    return file.isDir() && path.endsWith(".fcpxmld", Qt::CaseInsensitive);
 }
 
 /// Draws the names of files.
@@ -95,6 +97,27 @@ ProjectFileDialog::ProjectFileDialog(QWidget* parent) : QFileDialog(parent)
     setOption(DontUseNativeDialog); // the desktop's own choosers take either files or folders
     setFileMode(ExistingFile);
     setNameFilter(tr("Final Cut Pro XML (*.fcpxml *.fcpxmld)"));
+    for (const char* name : {"listView", "treeView"}) {
+        auto* list = findChild<QAbstractItemView*>(name);
+        if (list == nullptr)
+            continue;
+        disconnect(list, &QAbstractItemView::activated, this, nullptr); // the toolkit goes into every folder
+        connect(
+            list, &QAbstractItemView::activated, this, [this, list](const QModelIndex& item) { enter(*list, item); });
+    }
+}
+
+void ProjectFileDialog::enter(QAbstractItemView& list, const QModelIndex& item)
+{
+    const QString path = item.data(QFileSystemModel::FilePathRole).toString();
+    const QFileInfo file(path);
+    if (path.isEmpty() || (file.isDir() && !isBundle(file))) {
+        setDirectory(path);
+        emit directoryEntered(path);
+    } else if (item.flags().testFlag(Qt::ItemIsEnabled)) {
+        list.setCurrentIndex(item);
+        accept();
+    }
 }
 
 void ProjectFileDialog::accept()

@@ -4,6 +4,7 @@
 #include "platform/user_defaults.h"
 #include "workspace/window/name_icons.h"
 
+#include <QAbstractItemView>
 #include <QFileDialog>
 #include <QPointer>
 #include <QWidget>
@@ -37,7 +38,7 @@ private:
     QPointer<QWidget> parent_;
 };
 
-/// A file chooser in which a .fcpxmld folder is chosen whole by its Open button.
+/// A file chooser in which a .fcpxmld folder is one item: a double click, Return and the Open button choose it.
 class ProjectFileDialog : public QFileDialog {
     Q_OBJECT
 public:
@@ -45,6 +46,9 @@ public:
 
 protected:
     void accept() override;
+
+private:
+    void enter(QAbstractItemView& list, const QModelIndex& item);
 };
 
 } // namespace corvane
