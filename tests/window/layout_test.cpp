@@ -259,5 +259,32 @@ TEST(Layout, TabVisitsEverythingOnceInReadingOrder)
     EXPECT_LT(at("Export to Final Cut…"), static_cast<std::ptrdiff_t>(names.size()));
 }
 
+TEST(Layout, KeysGoToEveryPartAndPanel)
+{
+    Gui gui(manyCameras());
+    gui.view().generateRoughEdit();
+    Gui::settle();
+    const auto key = [&gui](int pressed, Qt::KeyboardModifiers with) {
+        QTest::keyClick(&gui.window(), static_cast<Qt::Key>(pressed), with);
+        Gui::settle();
+        const QWidget* widget = gui.window().focusWidget();
+        EXPECT_FALSE(widget->visibleRegion().isEmpty()) << "scrolled into view";
+        while (widget != nullptr && qobject_cast<const Panel*>(widget) == nullptr)
+            widget = widget->parentWidget();
+        return widget != nullptr ? utf8(widget->accessibleName()) : "";
+    };
+    int digit = Qt::Key_1;
+    for (const char* panel :
+         {"Saved presets", "Recording coverage", "Cameras and audio", "Camera balance and pacing",
+          "Opening and closing shots", "Fixed camera sections", "Rough edit", "Actual camera usage"}) {
+        EXPECT_EQ(gui.withText<QLabel>(panel)->toolTip(), QString("Alt+%1").arg(digit - Qt::Key_0));
+        EXPECT_EQ(key(digit++, Qt::AltModifier), panel);
+    }
+    gui.withText<>("About")->setFocus();
+    EXPECT_EQ(key(Qt::Key_F6, Qt::ShiftModifier), "Actual camera usage");
+    EXPECT_EQ(key(Qt::Key_F6, Qt::NoModifier), "Fixed camera sections") << "where the focus was last";
+    EXPECT_EQ(key(Qt::Key_F6, Qt::NoModifier), "Rough edit");
+}
+
 } // namespace
 } // namespace corvane

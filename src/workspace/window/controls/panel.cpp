@@ -1,20 +1,26 @@
 #include "workspace/window/controls/panel.h"
 
+#include "workspace/window/tooltips.h"
+
 #include <QResizeEvent>
 #include <algorithm>
 
 namespace corvane {
 
 Panel::Panel(const QString& title, ContentView& view, QWidget* parent)
-    : QFrame(parent), view_(view), column_(new QVBoxLayout(this))
+    : QFrame(parent), view_(view), column_(new QVBoxLayout(this)), title_(new QLabel(title, this))
 {
     setObjectName(title);
     setAccessibleName(title);
     column_->setContentsMargins(14, 12, 14, 14);
     column_->setSpacing(8);
-    auto* heading = new QLabel(title, this);
-    heading->setProperty("role", "title");
-    column_->addWidget(heading);
+    title_->setProperty("role", "title");
+    column_->addWidget(title_);
+}
+
+void Panel::showKey(const QKeySequence& key)
+{
+    setTip(*title_, key.toString(QKeySequence::NativeText));
 }
 
 QSize Panel::minimumSizeHint() const

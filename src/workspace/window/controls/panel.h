@@ -3,6 +3,7 @@
 #include "workspace/content_view.h"
 
 #include <QFrame>
+#include <QKeySequence>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -19,6 +20,9 @@ public:
 
     /// High enough for the texts as they wrap at the width that the panel has: a splitter asks for no more than this.
     [[nodiscard]] QSize minimumSizeHint() const override;
+
+    /// The tip of the title names the key that goes to the panel.
+    void showKey(const QKeySequence& key);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -40,6 +44,7 @@ protected:
 
 private:
     QVBoxLayout* column_;
+    QLabel* title_;
 };
 
 /// A paragraph in the colour of explanations.

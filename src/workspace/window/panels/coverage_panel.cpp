@@ -16,6 +16,7 @@ CoveragePanel::CoveragePanel(ContentView& view, QWidget* parent)
       missing_(new ElidedLabel({}, this)),
       warning_(helpLabel({}, this))
 {
+    setFocusPolicy(Qt::TabFocus); // as a whole: none of its parts can be changed
     addHelp(tr("Coloured sections have footage. Empty sections are gaps. All bars use the same project timecode."));
     column().addWidget(rowsHolder_);
     missing_->setProperty("role", "help");

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "workspace/window/controls/panel.h"
+
+#include <QObject>
+#include <QWidget>
+#include <vector>
+
+namespace corvane {
+
+/// The keys that go about in the loaded window: F6 and Shift+F6 from one of its parts to the next and to the one
+/// before, back to the control that had the focus there last; Alt and a digit to a panel, in their order, which is
+/// brought into view.
+class PartKeys : public QObject {
+    Q_OBJECT
+public:
+    /// `window` owns it; the parts and the panels must live as long.
+    PartKeys(std::vector<QWidget*> parts, const std::vector<Panel*>& panels, QWidget& window);
+
+private:
+    void goOn(int steps);
+
+    std::vector<QWidget*> parts_;
+    QWidget& window_;
+};
+
+} // namespace corvane
