@@ -156,18 +156,23 @@ Hints hints(const ContentView& view)
     const Enabling enabled = enabling(view);
     const WorkspaceState& state = view.state();
     Hints hints;
-    if (!state.loaded) {
-        hints.generate = "Import a project first.";
-    } else if (!enabled.generate) {
+    if (!enabled.generate) {
         hints.generate =
             view.includedOtherCameras().empty() ? "Include another camera." : "Choose the continuous audio.";
     }
     if (!enabled.exportEdit)
-        hints.exportEdit = state.loaded ? "Generate an edit first." : "Import a project first.";
+        hints.exportEdit = "Generate an edit first.";
     if (!enabled.back)
         hints.back = state.history.items.empty() ? "There is no edit yet." : "This is the first edit.";
     if (!enabled.forward)
         hints.forward = state.history.items.empty() ? "There is no edit yet." : "This is the last edit.";
+    if (!enabled.apply)
+        hints.apply = "Choose a preset first.";
+    hints.deletePreset = hints.apply;
+    hints.saveAs = hints.generate;
+    hints.update = hints.apply ? hints.apply : hints.generate;
+    if (!enabled.save)
+        hints.save = "Type a name first.";
     return hints;
 }
 

@@ -53,6 +53,11 @@ struct Hints {
     std::optional<std::string> exportEdit;
     std::optional<std::string> back;
     std::optional<std::string> forward;
+    std::optional<std::string> apply;
+    std::optional<std::string> saveAs;
+    std::optional<std::string> update;
+    std::optional<std::string> deletePreset;
+    std::optional<std::string> save; ///< in the save sheet
 };
 [[nodiscard]] Hints hints(const ContentView& view);
 

@@ -209,6 +209,7 @@ TEST(PresetsPanel, SavesAppliesUpdatesAndDeletes)
 {
     Gui gui(threeCameras);
     EXPECT_FALSE(gui.withText<>("Apply")->isEnabled());
+    EXPECT_EQ(gui.withText<>("Apply")->toolTip(), "Choose a preset first.");
     gui.click("Save as…");
     auto* sheet = QApplication::activeModalWidget();
     ASSERT_NE(sheet, nullptr);

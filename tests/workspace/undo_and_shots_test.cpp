@@ -115,16 +115,23 @@ TEST(Hints, SayWhyAButtonCannotBePressed)
     ContentView& view = window.view();
     view.importXML(document({angle("A", clip("0s", "40s")) + angle("B", "")}));
     EXPECT_EQ(window.state().error, "Include at least two video angles in your multicam.");
-    EXPECT_EQ(hints(view).generate, "Import a project first.");
     view.importXML(document());
     EXPECT_EQ(hints(view).generate, std::nullopt);
     EXPECT_EQ(hints(view).exportEdit, "Generate an edit first.");
     EXPECT_EQ(hints(view).back, "There is no edit yet.");
+    EXPECT_EQ(hints(view).update, "Choose a preset first.");
+    EXPECT_EQ(hints(view).saveAs, std::nullopt);
+    view.beginSavePreset();
+    EXPECT_EQ(hints(view).save, "Type a name first.");
+    view.edit([](WorkspaceState& state) { state.presetName = "Sermon"; });
+    view.savePreset(ContentView::PresetSave::asNew);
+    EXPECT_EQ(hints(view).update, std::nullopt);
     view.setCameraIncluded("B", ContentView::Inclusion::excluded);
     EXPECT_EQ(hints(view).generate, "Include another camera.");
     view.setCameraIncluded("B", ContentView::Inclusion::included);
     view.edit([](WorkspaceState& state) { state.settings.audio.clear(); });
     EXPECT_EQ(hints(view).generate, "Choose the continuous audio.");
+    EXPECT_EQ(hints(view).update, "Choose the continuous audio.");
 }
 
 TEST(Hints, SayWhichEditsTheNextOneReplaces)

@@ -2,6 +2,7 @@
 
 #include "workspace/captions.h"
 #include "workspace/window/qt_text.h"
+#include "workspace/window/tooltips.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -49,6 +50,7 @@ void SavePresetSheet::refresh(const Changes& changes)
         name_->setText(qt(state.presetName));
     }
     save_->setEnabled(enabling(view_).save);
+    setTip(*save_, qt(hints(view_).save.value_or("")));
     if (state.showSavePreset == isVisible())
         return;
     if (state.showSavePreset) {

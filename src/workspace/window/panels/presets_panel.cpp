@@ -4,6 +4,7 @@
 #include "workspace/window/controls/kept_lines.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/shown_text.h"
+#include "workspace/window/tooltips.h"
 
 #include <QHBoxLayout>
 
@@ -59,15 +60,17 @@ void PresetsPanel::refresh(const Changes& changes)
         picker_->show(entries, view_.state().chosenPreset);
     }
     const Enabling enabled = enabling(view_);
-    const auto enable = [this](QPushButton& button, bool on) {
+    const Hints why = hints(view_);
+    const auto show = [this](QPushButton& button, bool on, const std::optional<std::string>& hint) {
         if (!on && window()->focusWidget() == &button)
             picker_->setFocus(); // the toolkit would take it to another panel, and scroll there
         button.setEnabled(on);
+        setTip(button, qt(hint.value_or("")));
     };
-    enable(*apply_, enabled.apply);
-    enable(*saveAs_, enabled.saveAs);
-    enable(*update_, enabled.update);
-    enable(*delete_, enabled.deletePreset);
+    show(*apply_, enabled.apply, why.apply);
+    show(*saveAs_, enabled.saveAs, why.saveAs);
+    show(*update_, enabled.update, why.update);
+    show(*delete_, enabled.deletePreset, why.deletePreset);
     startNewList_->setVisible(!view_.presetsCanBeRead());
     showMessage(*notice_, view_.state().presetNotice);
     notice_->setVisible(!view_.state().presetNotice.empty());
