@@ -252,8 +252,8 @@ void MainWindow::refresh(const Changes& changes)
         showProject();
     if (has(Changed::loaded) || has(Changed::settings))
         orderTabsByLayout(*centralWidget());
-    if (has(Changed::presets) || has(Changed::view) || has(Changed::loaded))
-        savePreset_->refresh(changes);
+    if (has(Changed::presets) || has(Changed::view))
+        savePreset_->refresh();
     if (has(Changed::alerts))
         alerts_->refresh();
     if (!has(Changed::view))

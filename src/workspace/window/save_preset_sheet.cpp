@@ -40,11 +40,9 @@ SavePresetSheet::SavePresetSheet(ContentView& view, QWidget* parent)
     });
 }
 
-void SavePresetSheet::refresh(const Changes& changes)
+void SavePresetSheet::refresh()
 {
     const WorkspaceState& state = view_.state();
-    if (isVisible() && changes.test(static_cast<std::size_t>(Changed::loaded)))
-        reject();
     if (utf8(name_->text()) != state.presetName) {
         const QSignalBlocker blocker(name_);
         name_->setText(qt(state.presetName));

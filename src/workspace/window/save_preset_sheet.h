@@ -14,8 +14,8 @@ class SavePresetSheet : public QDialog {
 public:
     SavePresetSheet(ContentView& view, QWidget* parent);
 
-    /// Another project closes it: the settings to be named are not on screen any more.
-    void refresh(const Changes& changes);
+    /// Shows what changed. Another project leaves it open, and the name as it was typed.
+    void refresh();
     void reject() override;
 
 private:
