@@ -2,8 +2,8 @@
 
     assistive_story.py PROGRAM PROJECT
 
-Imports through the file chooser, chooses a main camera, generates, steps back, changes a setting and reads the cut
-table. Run it inside a session bus with a display (see on_a_screen.sh).
+Reads Help and About, imports through the file chooser, chooses a main camera, generates, steps back, changes settings
+and reads the cut table. Run it inside a session bus with a display (see on_a_screen.sh).
 """
 import os
 import subprocess
@@ -82,8 +82,44 @@ def expect(is_so, told):
     print("ok:", told)
 
 
+def menu_item(menu, name):
+    """An item of a menu that need not be open."""
+    def look():
+        return next((item for bar in walk(application()) if bar.name == menu and bar.getRoleName() == "menu item"
+                     for item in walk(bar) if item.name == name), None)
+    return until(look, f"{name!r} in the menu {menu!r}")
+
+
+def read_help_and_about():
+    """Over the window, and then in the windows of the menu."""
+    for open_help in (lambda: find("Help", BUTTON), lambda: menu_item("Help", "Corvane Help")):
+        press(open_help())
+        manual = find("Corvane Help", ("dialog",))
+        search = find("Search the manual", ("text", "entry"))
+        search.queryEditableText().setTextContents("no such word")
+        find("No matching topics", ("label",))
+        press(find("Clear the search", BUTTON))
+        until(lambda: text(search) == "", "the end of the search")
+        press(next(node for node in walk(manual) if node.name == "Close" and node.getRoleName() in BUTTON))
+        gone("Corvane Help")
+    expect(True, "the manual is a dialog, and the button that ends its search has a name")
+    for open_about in (lambda: find("About", BUTTON), lambda: menu_item("Help", "About Corvane")):
+        press(open_about())
+        find("About Corvane", ("dialog",))
+        link = find("Corvane website", ("link",))
+        until(lambda: link.queryComponent().grabFocus() and focused(link), "the focus on the link")
+        press(find("Close", BUTTON))
+        gone("About Corvane")
+    expect(True, "About is a dialog, and the website a link")
+
+
+def focused(node):
+    return node.getState().contains(pyatspi.STATE_FOCUSED)
+
+
 def import_project(project):
-    press(find("Import Final Cut XML…", BUTTON))
+    press(find("Drag a project from Final Cut’s browser here, or drop an XML file", BUTTON))
+    find("Import Final Cut XML", ("dialog", "file chooser"))
     find("Choose a .fcpxml file or .fcpxmld bundle.", ("label",))
     field = find("File name:", ("text",))
     field.queryEditableText().setTextContents(project)
@@ -94,11 +130,24 @@ def import_project(project):
 def choose_main_camera():
     picker = find("Main camera", ("combo box",))
     before = text(picker)
+    picker.queryComponent().grabFocus()
+    until(lambda: focused(picker), "the focus on the picker")
     other = next(entry for entry in picker if entry.name != before)
     chosen = other.name
     press(other)
     until(lambda: text(find("Main camera", ("combo box",))) == chosen, "the choice")
     expect(True, f"the main camera was {before!r} and is {chosen!r}")
+
+
+def change_numbers():
+    wait = find("Wait before returning to main camera: 0 sec", ("spin button",))
+    steps = [box.queryValue().minimumIncrement for box in (wait, find("Minimum: 10 sec", ("spin button",)))]
+    expect(steps == [10, 1], f"number boxes tell their steps, {steps}")
+    wait.queryEditableText().setTextContents("604")
+    wait = find("Wait before returning to main camera: 600 sec", ("spin button",))
+    expect(text(wait) == "600", "what is beyond the range goes to its nearest end")
+    wait.queryValue().currentValue = 0
+    find("Wait before returning to main camera: 0 sec")
 
 
 def cut_rows():
@@ -124,8 +173,12 @@ def main():
     process = subprocess.Popen([program])
     try:
         find("Corvane", ("frame",))
+        read_help_and_about()
         import_project(project)
         choose_main_camera()
+        change_numbers()
+        reason = find("Apply", BUTTON).description
+        expect(reason == "Choose a preset first.", f"a disabled button says why: {reason}")
         press(find("Generate rough edit", BUTTON))
         press(find("Shuffle rough edit", BUTTON))
         find("Edit 2 of 2")

@@ -1,5 +1,6 @@
 #include "workspace/window/about_window.h"
 
+#include "workspace/window/controls/link_label.h"
 #include "workspace/window/help_window.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/theme.h"
@@ -50,10 +51,8 @@ CorvaneAboutView::CorvaneAboutView(
     column->addWidget(centred(qt(product::about), "", this));
     column->addWidget(picture(QPixmap(":/corvane/publisher.png"), this));
     column->addWidget(centred(qt(product::publisher), "heading", this));
-    auto* link = centred(
-        "<a href=\"" + qt(product::website) + "\">" + qt(product::websiteLink).toHtmlEscaped() + "</a>", "", this);
-    link->setTextFormat(Qt::RichText);
-    link->setOpenExternalLinks(true);
+    auto* link = new LinkLabel(qt(product::websiteLink), QUrl(qt(product::website)), this);
+    link->setAlignment(Qt::AlignHCenter);
     column->addWidget(link);
     column->addWidget(centred(qt(product::contribution), "help", this));
     column->addWidget(centred(qt(product::noSupport), "help", this));
@@ -75,6 +74,7 @@ void CorvaneAboutWindow::show()
     if (!window_) {
         window_ = std::make_unique<QWidget>(nullptr, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
         window_->setObjectName("aboutWindow");
+        window_->setProperty("dialog", true);
         window_->setWindowTitle(QObject::tr("About Corvane"));
         QWidget* window = window_.get();
         auto* column = new QVBoxLayout(window);

@@ -1,5 +1,6 @@
 #include "workspace/window/accessible_widgets.h"
 
+#include "workspace/window/controls/link_label.h"
 #include "workspace/window/controls/panel.h"
 #include "workspace/window/controls/picker.h"
 #include "workspace/window/drop_view.h"
@@ -118,11 +119,16 @@ public:
             return static_cast<QAccessibleTextInterface*>(this);
         return QAccessibleWidget::interface_cast(type);
     }
-    [[nodiscard]] QStringList actionNames() const override { return {showMenuAction(), pressAction()}; }
+    [[nodiscard]] QStringList actionNames() const override
+    {
+        return {showMenuAction(), pressAction(), setFocusAction()};
+    }
     void doAction(const QString& action) override
     {
         if ((action == showMenuAction() || action == pressAction()) && picker().isEnabled())
             picker().showPopup();
+        else
+            QAccessibleWidget::doAction(action);
     }
 
     // The choice as a text that can be read but not changed.
@@ -150,6 +156,20 @@ private:
     [[nodiscard]] QString chosen() const { return picker().labelAt(picker().currentIndex()); }
 
     mutable std::map<int, QAccessible::Id> entries_;
+};
+
+class AccessibleLink : public QAccessibleWidget {
+public:
+    explicit AccessibleLink(LinkLabel& label) : QAccessibleWidget(&label, QAccessible::Link) {}
+
+    [[nodiscard]] QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
+    void doAction(const QString& action) override
+    {
+        if (action == pressAction())
+            qobject_cast<LinkLabel*>(object())->follow();
+        else
+            QAccessibleWidget::doAction(action);
+    }
 };
 
 /// The toolkit's own tells the texts as they are drawn.
@@ -194,7 +214,11 @@ QAccessibleInterface* makeAccessible(const QString&, QObject* object)
         return new AccessibleAlert(*box);
     if (auto* box = qobject_cast<ProjectDropView*>(object))
         return new AccessibleDropView(*box);
+    if (auto* link = qobject_cast<LinkLabel*>(object))
+        return new AccessibleLink(*link);
     auto* widget = qobject_cast<QWidget*>(object);
+    if (widget != nullptr && widget->property("dialog").toBool())
+        return new QAccessibleWidget(widget, QAccessible::Dialog);
     if (widget != nullptr && widget->property("picture").toBool())
         return new QAccessibleWidget(widget, QAccessible::Graphic);
     return nullptr;

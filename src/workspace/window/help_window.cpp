@@ -3,6 +3,7 @@
 #include "help/help_texts.h"
 #include "help/product.h"
 #include "help/topic_page.h"
+#include "workspace/window/controls/link_label.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/shown_text.h"
 #include "workspace/window/theme.h"
@@ -13,6 +14,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace corvane {
@@ -121,6 +123,8 @@ QWidget* CorvaneHelpView::makeTopics()
     setTip(*query_, qt(help_texts::searchHelp));
     query_->setAccessibleName(qt(help_texts::searchPlaceholder));
     query_->setClearButtonEnabled(true);
+    for (auto* clear : query_->findChildren<QToolButton*>())
+        clear->setAccessibleName(tr("Clear the search"));
     count_ = new QLabel(left);
     count_->setProperty("role", "help");
     list_ = new QListWidget(left);
@@ -187,12 +191,9 @@ QWidget* CorvaneHelpView::makeFailure(const std::string& error)
     showMessage(*text, error);
     text->setWordWrap(true);
     text->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    auto* link = new QLabel(
-        "<a href=\"" + qt(product::website) + "\">" + qt(help_texts::visitWebsite).toHtmlEscaped() + "</a>", page);
-    link->setTextFormat(Qt::RichText);
-    link->setOpenExternalLinks(true);
+    auto* link = new LinkLabel(qt(help_texts::visitWebsite), QUrl(qt(product::website)), page);
     column->addStretch(1);
-    for (QLabel* each : {title, text, link})
+    for (QLabel* each : {title, text, static_cast<QLabel*>(link)})
         column->addWidget(each, 0, Qt::AlignHCenter);
     column->addStretch(2);
     return page;
@@ -233,6 +234,7 @@ void CorvaneHelpWindow::show()
     if (!window_) {
         window_ = std::make_unique<QWidget>();
         window_->setObjectName("helpWindow");
+        window_->setProperty("dialog", true);
         window_->setWindowTitle(qt(help_texts::title));
         window_->resize(900, 660);
         window_->setMinimumSize(700, 500);

@@ -34,7 +34,8 @@ StepBox::StepBox(Range range, QWidget* parent) : QDoubleSpinBox(parent), step_(r
 {
     setRange(range.minimum, range.maximum);
     setSingleStep(range.step);
-    setDecimals(3); // what is shown may stand between the steps
+    setProperty("stepSize", range.step); // where the toolkit looks for what it tells assistive technology
+    setDecimals(3);                      // what is shown may stand between the steps
     setKeyboardTracking(false);
     setAlignment(Qt::AlignRight);
     setAccelerated(true);
