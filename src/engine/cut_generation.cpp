@@ -1,5 +1,6 @@
 #include "engine/cut_generation.h"
 
+#include "engine/setting_limits.h"
 #include "engine/validation.h"
 #include "import/final_cut_import_error.h"
 #include "platform/numbers.h"
@@ -12,8 +13,6 @@
 namespace corvane {
 
 namespace {
-
-constexpr double defaultWeight = 5;
 
 double valueFor(const std::map<std::string, double, std::less<>>& values, const std::string& camera, double absent)
 {
@@ -96,7 +95,7 @@ private:
         std::string id;
         const std::vector<FrameRange>* stretches = nullptr;
         std::size_t stretch = 0; ///< the first that ends after position; only ever moves forward
-        double weight = defaultWeight;
+        double weight = usualFrequency;
         Frames wait = 0;
         std::optional<Frames> lastShotEnd;
     };
@@ -108,7 +107,7 @@ private:
         Camera camera;
         camera.id = id;
         camera.stretches = &engine_.stretches(id);
-        camera.weight = valueFor(inputs_.frequencies, id, defaultWeight);
+        camera.weight = valueFor(inputs_.frequencies, id, usualFrequency);
         camera.wait = wholeFrames(std::ceil(engine_.frames(valueFor(inputs_.returnTimes, id, 0))));
         cameras_.push_back(camera);
     }

@@ -1,5 +1,6 @@
 #include "engine/validation.h"
 
+#include "engine/setting_limits.h"
 #include "import/final_cut_import_error.h"
 #include "timecode/timecode.h"
 
@@ -18,15 +19,10 @@ void require(bool condition, const std::string& otherwise)
         throw FinalCutImportError::invalid(otherwise);
 }
 
-/// False for what is no number.
-bool within(double value, double lowest, double highest)
+/// A share of the screen time as a fraction.
+bool isShare(double fraction)
 {
-    return value >= lowest && value <= highest;
-}
-
-bool allWithin(const std::map<std::string, double, std::less<>>& values, double lowest, double highest)
-{
-    return std::ranges::all_of(values, [=](const auto& entry) { return within(entry.second, lowest, highest); });
+    return fraction >= limits::mainShare.lowest / 100 && fraction <= limits::mainShare.highest / 100;
 }
 
 bool camerasUsable(const CutEngine& engine, const GenerationInputs& inputs)
@@ -54,13 +50,14 @@ void requireBookendFootage(
 EditFrame validateInputs(const CutEngine& engine, const GenerationInputs& inputs)
 {
     const std::string chooseCameras = "Choose a main camera and at least one additional video angle.";
-    require(allWithin(inputs.returnTimes, 0, 600), "Minimum return times must be between 0 and 600 seconds.");
+    require(limits::returnTime.holdAll(inputs.returnTimes), "Minimum return times must be between 0 and 600 seconds.");
     require(camerasUsable(engine, inputs), chooseCameras);
-    require(within(inputs.mainShare, 0.1, 0.9) && within(inputs.averageShot, 4, 20), chooseCameras);
-    require(allWithin(inputs.frequencies, 1, 10), "Camera frequency must be between 1 and 10.");
+    require(isShare(inputs.mainShare) && limits::averageShot.hold(inputs.averageShot), chooseCameras);
+    require(limits::frequency.holdAll(inputs.frequencies), "Camera frequency must be between 1 and 10.");
     for (const auto& range : {inputs.mainRange, inputs.otherRange}) {
         require(
-            !range || (range->lower >= 1 && range->upper <= 120), "Shot lengths must be between 1 and 120 seconds.");
+            !range || (range->lower >= limits::shotLength.lowest && range->upper <= limits::shotLength.highest),
+            "Shot lengths must be between 1 and 120 seconds.");
     }
 
     EditFrame frame;
@@ -81,7 +78,8 @@ Frames bookendFrames(const CutEngine& engine, const std::optional<BookendShot>& 
 {
     if (!shot)
         return 0;
-    require(within(shot->seconds, 1, 120), "Opening and closing lengths must be between 1 and 120 seconds.");
+    require(
+        limits::bookendLength.hold(shot->seconds), "Opening and closing lengths must be between 1 and 120 seconds.");
     return roundedFrames(engine, shot->seconds);
 }
 

@@ -1,3 +1,4 @@
+#include "engine/setting_limits.h"
 #include "import/final_cut_import_error.h"
 #include "platform/error.h"
 #include "platform/text.h"
@@ -20,32 +21,28 @@ bool isBlank(std::string_view text)
     return trimmed(text).empty();
 }
 
-bool within(double value, double lowest, double highest)
-{
-    return value >= lowest && value <= highest;
-}
-
 bool isRange(const std::optional<double>& minimum, const std::optional<double>& maximum)
 {
     if (!minimum && !maximum)
         return true;
-    return minimum && maximum && 1 <= *minimum && *minimum <= *maximum && *maximum <= 120;
+    return minimum && maximum && limits::shotLength.holdRange(*minimum, *maximum);
 }
 
 bool isBookend(const std::optional<PresetBookend>& bookend)
 {
-    return !bookend || (!isBlank(bookend->angleName) && within(bookend->seconds, 1, 120));
+    return !bookend || (!isBlank(bookend->angleName) && limits::bookendLength.hold(bookend->seconds));
 }
 
 bool isValid(const EditPreset& preset)
 {
     const auto validWait = [](const PresetReturnTime& row) {
-        return !isBlank(row.angleName) && within(row.seconds, 0, 600);
+        return !isBlank(row.angleName) && limits::returnTime.hold(row.seconds);
     };
     const auto validWeight = [](const PresetFrequency& row) {
-        return !isBlank(row.angleName) && within(row.weight, 1, 10);
+        return !isBlank(row.angleName) && limits::frequency.hold(row.weight);
     };
-    return !isBlank(preset.name) && within(preset.mainShare, 10, 90) && within(preset.averageShot, 4, 20) &&
+    return !isBlank(preset.name) && limits::mainShare.hold(preset.mainShare) &&
+           limits::averageShot.hold(preset.averageShot) &&
            (!preset.returnTimes || std::ranges::all_of(*preset.returnTimes, validWait)) &&
            (!preset.frequencies || std::ranges::all_of(*preset.frequencies, validWeight)) &&
            isBookend(preset.opening) && isBookend(preset.closing) && isRange(preset.mainMinimum, preset.mainMaximum) &&

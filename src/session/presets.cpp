@@ -145,14 +145,13 @@ EditPreset makePreset(
     preset.audioAngleName = nameOf(audioAngles(project, engine), settings.audio);
     preset.returnTimes.emplace();
     preset.frequencies.emplace();
-    constexpr double absentWeight = 5;
     for (const ImportedAngle& angle : video) {
         const auto wait = settings.returnTimes.find(angle.id);
         if (wait != settings.returnTimes.end())
             preset.returnTimes->push_back({angle.name, wait->second});
         const auto weight = settings.frequencies.find(angle.id);
         preset.frequencies->push_back(
-            {angle.name, weight == settings.frequencies.end() ? absentWeight : weight->second});
+            {angle.name, weight == settings.frequencies.end() ? usualFrequency : weight->second});
     }
     if (settings.openingEnabled)
         preset.opening = {nameOf(video, settings.openingCamera), settings.openingSeconds};
@@ -179,7 +178,8 @@ AppliedPreset appliedPreset(
     settings.frequencies.clear();
     settings.returnTimes.clear();
     for (const ImportedAngle& angle : video.angles()) {
-        settings.frequencies[angle.id] = video.value(angle, preset.frequencies, &PresetFrequency::weight, 5);
+        settings.frequencies[angle.id] =
+            video.value(angle, preset.frequencies, &PresetFrequency::weight, usualFrequency);
         settings.returnTimes[angle.id] = video.value(angle, preset.returnTimes, &PresetReturnTime::seconds, 0);
     }
     if (const auto choice = matchCameras(preset, video, audio)) {
@@ -202,8 +202,8 @@ AppliedPreset appliedPreset(
 
 DerivedRanges derivedRanges(double mainShare, double averageShot)
 {
-    const auto shortest = [](double target) { return std::max(1.0, std::floor(0.75 * target)); };
-    const auto longest = [](double target) { return std::max(1.0, std::ceil(1.25 * target)); };
+    const auto shortest = [](double target) { return std::max(limits::shotLength.lowest, std::floor(0.75 * target)); };
+    const auto longest = [](double target) { return std::max(limits::shotLength.lowest, std::ceil(1.25 * target)); };
     const double main = mainShare * (2 * averageShot) / 100;
     const double other = (1 - mainShare / 100) * (2 * averageShot);
     return {shortest(main), longest(main), shortest(other), longest(other)};

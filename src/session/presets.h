@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/edit_settings.h"
+#include "engine/setting_limits.h"
 #include "import/cut_engine.h"
 #include "import/project_import.h"
 #include "platform/identifier.h"
@@ -15,19 +16,19 @@ namespace corvane {
 
 struct PresetReturnTime {
     std::string angleName;
-    double seconds = 0; ///< 0 … 600
+    double seconds = 0; ///< limits::returnTime
     bool operator==(const PresetReturnTime&) const = default;
 };
 
 struct PresetFrequency {
     std::string angleName;
-    double weight = 5; ///< 1 … 10
+    double weight = usualFrequency; ///< limits::frequency
     bool operator==(const PresetFrequency&) const = default;
 };
 
 struct PresetBookend {
     std::string angleName;
-    double seconds = 15; ///< 1 … 120
+    double seconds = 15; ///< limits::bookendLength
     bool operator==(const PresetBookend&) const = default;
 };
 

@@ -1,5 +1,7 @@
 #include "session/record_reading.h"
 
+#include "engine/setting_fields.h"
+
 namespace corvane {
 
 namespace {
@@ -26,32 +28,43 @@ PresetBookend readBookend(const JsonValue& value)
     return {value.member("angleName").text(), value.member("seconds").number()};
 }
 
+void read(const JsonValue& value, double& number)
+{
+    number = value.number();
+}
+
+void read(const JsonValue& value, bool& isOn)
+{
+    isOn = value.boolean();
+}
+
+void read(const JsonValue& value, std::string& text)
+{
+    text = value.text();
+}
+
+void read(const JsonValue& value, std::set<std::string>& cameras)
+{
+    for (std::string& camera : value.list(&JsonValue::text))
+        cameras.insert(std::move(camera));
+}
+
+void read(const JsonValue& value, std::map<std::string, double, std::less<>>& numbersByCamera)
+{
+    numbersByCamera = value.map(&JsonValue::number);
+}
+
+void read(const JsonValue& value, std::vector<SectionDraft>& sections)
+{
+    sections = value.list(readSection);
+}
+
 } // namespace
 
 EditSettings readSettings(const JsonValue& value)
 {
-    const auto number = [&](std::string_view name) { return value.member(name).number(); };
     EditSettings settings;
-    settings.mainShare = number("mainShare");
-    settings.averageShot = number("averageShot");
-    settings.mainMinimum = number("mainMinimum");
-    settings.mainMaximum = number("mainMaximum");
-    settings.otherMinimum = number("otherMinimum");
-    settings.otherMaximum = number("otherMaximum");
-    settings.mainCamera = value.member("mainCamera").text();
-    for (std::string& camera : value.member("otherCameras").list(&JsonValue::text))
-        settings.otherCameras.insert(std::move(camera));
-    settings.frequencies = value.member("frequencies").map(&JsonValue::number);
-    settings.returnTimes = value.member("returnTimes").map(&JsonValue::number);
-    settings.audio = value.member("audio").text();
-    settings.doubleMain = value.member("doubleMain").boolean();
-    settings.openingEnabled = value.member("openingEnabled").boolean();
-    settings.openingCamera = value.member("openingCamera").text();
-    settings.openingSeconds = number("openingSeconds");
-    settings.closingEnabled = value.member("closingEnabled").boolean();
-    settings.closingCamera = value.member("closingCamera").text();
-    settings.closingSeconds = number("closingSeconds");
-    settings.sections = value.member("sections").list(readSection);
+    forEachSetting([&](const auto& field) { read(value.member(field.name), settings.*field.member); });
     return settings;
 }
 

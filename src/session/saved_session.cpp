@@ -1,6 +1,7 @@
 #include "session/saved_session.h"
 
 #include "engine/coverage_report.h"
+#include "engine/setting_fields.h"
 #include "engine/validation.h"
 #include "import/final_cut_import_error.h"
 #include "platform/error.h"
@@ -18,16 +19,6 @@ void require(bool condition, const char* otherwise)
 {
     if (!condition)
         throw FinalCutImportError::invalid(otherwise);
-}
-
-bool within(double value, double lowest, double highest)
-{
-    return value >= lowest && value <= highest;
-}
-
-bool isRange(double minimum, double maximum)
-{
-    return 1 <= minimum && minimum <= maximum && maximum <= 120;
 }
 
 bool camerasKnown(const CutEngine& engine, const EditSettings& settings)
@@ -125,16 +116,7 @@ void validateSession(const SavedEditSession& session, const CutEngine& engine)
 
 void validateStoredSettings(const EditSettings& settings)
 {
-    const auto allWithin = [](const auto& values, double lowest, double highest) {
-        return std::ranges::all_of(values, [=](const auto& entry) { return within(entry.second, lowest, highest); });
-    };
-    require(
-        within(settings.mainShare, 10, 90) && within(settings.averageShot, 4, 20) &&
-            isRange(settings.mainMinimum, settings.mainMaximum) &&
-            isRange(settings.otherMinimum, settings.otherMaximum) && within(settings.openingSeconds, 1, 120) &&
-            within(settings.closingSeconds, 1, 120) && allWithin(settings.frequencies, 1, 10) &&
-            allWithin(settings.returnTimes, 0, 600),
-        "The saved session contains invalid settings. Its stored data has been kept.");
+    require(areWithinLimits(settings), "The saved session contains invalid settings. Its stored data has been kept.");
 }
 
 } // namespace corvane

@@ -1,5 +1,6 @@
 #include "session/session_encoding.h"
 
+#include "engine/setting_fields.h"
 #include "platform/base64.h"
 #include "platform/error.h"
 
@@ -22,7 +23,17 @@ double finite(double value)
     return value;
 }
 
-Json numbersByCamera(const std::map<std::string, double, std::less<>>& values)
+Json json(const auto& value)
+{
+    return value;
+}
+
+Json json(double value)
+{
+    return finite(value);
+}
+
+Json json(const std::map<std::string, double, std::less<>>& values)
 {
     Json object = Json::object();
     for (const auto& [camera, value] : values)
@@ -30,7 +41,7 @@ Json numbersByCamera(const std::map<std::string, double, std::less<>>& values)
     return object;
 }
 
-Json sections(const std::vector<SectionDraft>& drafts)
+Json json(const std::vector<SectionDraft>& drafts)
 {
     Json list = Json::array();
     for (const SectionDraft& draft : drafts)
@@ -65,26 +76,8 @@ void appendCuts(std::string& out, const std::vector<Cut>& cuts)
 
 std::string encodedSettings(const EditSettings& settings)
 {
-    const Json object = {
-        {"mainShare", finite(settings.mainShare)},
-        {"averageShot", finite(settings.averageShot)},
-        {"mainMinimum", finite(settings.mainMinimum)},
-        {"mainMaximum", finite(settings.mainMaximum)},
-        {"otherMinimum", finite(settings.otherMinimum)},
-        {"otherMaximum", finite(settings.otherMaximum)},
-        {"mainCamera", settings.mainCamera},
-        {"otherCameras", settings.otherCameras},
-        {"frequencies", numbersByCamera(settings.frequencies)},
-        {"returnTimes", numbersByCamera(settings.returnTimes)},
-        {"audio", settings.audio},
-        {"doubleMain", settings.doubleMain},
-        {"openingEnabled", settings.openingEnabled},
-        {"openingCamera", settings.openingCamera},
-        {"openingSeconds", finite(settings.openingSeconds)},
-        {"closingEnabled", settings.closingEnabled},
-        {"closingCamera", settings.closingCamera},
-        {"closingSeconds", finite(settings.closingSeconds)},
-        {"sections", sections(settings.sections)}};
+    Json object = Json::object();
+    forEachSetting([&](const auto& field) { object[std::string(field.name)] = json(settings.*field.member); });
     return object.dump();
 }
 

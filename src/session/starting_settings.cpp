@@ -1,6 +1,7 @@
 #include "session/starting_settings.h"
 
 #include "engine/generation_inputs.h"
+#include "engine/setting_limits.h"
 #include "import/final_cut_import_error.h"
 
 #include <algorithm>
@@ -22,10 +23,9 @@ EditSettings startingSettings(const ImportedProject& project, const CutEngine& e
     settings.closingCamera = settings.mainCamera;
     settings.otherCameras.clear();
     settings.frequencies.clear();
-    constexpr double startingWeight = 5;
     for (auto angle = angles.begin() + 1; angle != angles.end(); ++angle) {
         settings.otherCameras.insert(angle->id);
-        settings.frequencies[angle->id] = startingWeight;
+        settings.frequencies[angle->id] = usualFrequency;
     }
     settings.audio = defaultAudioAngle(project, engine);
     return settings;

@@ -1,6 +1,7 @@
 #include "workspace/captions.h"
 
 #include "engine/coverage_report.h"
+#include "engine/setting_limits.h"
 #include "export/carry_over.h"
 #include "export/hand_off.h"
 #include "import/final_cut_import_error.h"
@@ -17,9 +18,8 @@ namespace {
 
 double weightOf(const EditSettings& settings, const std::string& camera)
 {
-    constexpr double absent = 5;
     const auto found = settings.frequencies.find(camera);
-    return found == settings.frequencies.end() ? absent : found->second;
+    return found == settings.frequencies.end() ? usualFrequency : found->second;
 }
 
 std::string wholeNumber(double value)

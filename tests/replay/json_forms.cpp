@@ -1,9 +1,12 @@
 #include "replay/json_forms.h"
 
+#include "engine/setting_fields.h"
 #include "platform/base64.h"
 #include "session/record_reading.h"
 
 #include <limits>
+#include <map>
+#include <type_traits>
 
 namespace corvane::replay {
 
@@ -31,6 +34,31 @@ std::optional<BookendShot> bookend(const Json& json)
     return BookendShot{json.at("angle").get<std::string>(), number(json.at("seconds"))};
 }
 
+void put(const Json& json, double& value)
+{
+    value = number(json);
+}
+
+void put(const Json& json, std::map<std::string, double, std::less<>>& values)
+{
+    values = numbersByCamera(json);
+}
+
+void put(const Json& json, std::vector<SectionDraft>& sections)
+{
+    sections.clear();
+    for (const Json& section : json)
+        sections.push_back(
+            {identifier(section.at("id")), section.at("name"), section.at("camera"), section.at("start"),
+             section.at("end")});
+}
+
+template <class Value>
+void put(const Json& json, Value& value)
+{
+    value = json.get<Value>();
+}
+
 Json coverageJson(const Coverage& coverage)
 {
     Json all = Json::object();
@@ -54,21 +82,6 @@ Json audioSourcePlace(const CutEngine& engine)
 
 } // namespace
 
-const std::map<std::string, double EditSettings::*> numberFields = {
-    {"mainShare", &EditSettings::mainShare},           {"averageShot", &EditSettings::averageShot},
-    {"mainMinimum", &EditSettings::mainMinimum},       {"mainMaximum", &EditSettings::mainMaximum},
-    {"otherMinimum", &EditSettings::otherMinimum},     {"otherMaximum", &EditSettings::otherMaximum},
-    {"openingSeconds", &EditSettings::openingSeconds}, {"closingSeconds", &EditSettings::closingSeconds}};
-const std::map<std::string, bool EditSettings::*> switchFields = {
-    {"doubleMain", &EditSettings::doubleMain},
-    {"openingEnabled", &EditSettings::openingEnabled},
-    {"closingEnabled", &EditSettings::closingEnabled}};
-const std::map<std::string, std::string EditSettings::*> textFields = {
-    {"mainCamera", &EditSettings::mainCamera},
-    {"audio", &EditSettings::audio},
-    {"openingCamera", &EditSettings::openingCamera},
-    {"closingCamera", &EditSettings::closingCamera}};
-
 double number(const Json& json)
 {
     constexpr double infinity = std::numeric_limits<double>::infinity();
@@ -89,22 +102,32 @@ Identifier identifier(const Json& text)
     return Identifier::parse(text.get_ref<const std::string&>()).value();
 }
 
+bool putSetting(EditSettings& settings, std::string_view name, const Json& value)
+{
+    bool known = false;
+    forEachSetting([&](const auto& field) {
+        if (field.name != name)
+            return;
+        put(value, settings.*field.member);
+        known = true;
+    });
+    return known;
+}
+
+double EditSettings::* numberSetting(std::string_view name)
+{
+    double EditSettings::* found = nullptr;
+    forEachSetting([&]<class Value>(const SettingField<Value>& field) {
+        if constexpr (std::is_same_v<Value, double>)
+            found = field.name == name ? field.member : found;
+    });
+    return found;
+}
+
 EditSettings settings(const Json& json)
 {
     EditSettings settings;
-    for (const auto& [name, field] : numberFields)
-        settings.*field = number(json.at(name));
-    for (const auto& [name, field] : switchFields)
-        settings.*field = json.at(name);
-    for (const auto& [name, field] : textFields)
-        settings.*field = json.at(name);
-    settings.otherCameras = json.at("otherCameras").get<std::set<std::string>>();
-    settings.frequencies = numbersByCamera(json.at("frequencies"));
-    settings.returnTimes = numbersByCamera(json.at("returnTimes"));
-    for (const Json& section : json.at("sections"))
-        settings.sections.push_back(
-            {identifier(section.at("id")), section.at("name"), section.at("camera"), section.at("start"),
-             section.at("end")});
+    forEachSetting([&](const auto& field) { put(json.at(std::string(field.name)), settings.*field.member); });
     return settings;
 }
 

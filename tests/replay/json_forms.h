@@ -8,9 +8,9 @@
 
 #include <nlohmann/json.hpp>
 
-#include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// The forms in which cases and answers write the records.
@@ -23,10 +23,10 @@ using Json = nlohmann::json;
 [[nodiscard]] std::string bytes(const Json& base64);
 [[nodiscard]] Identifier identifier(const Json& text);
 
-/// The settings that stand for themselves, by the names that cases give them.
-extern const std::map<std::string, double EditSettings::*> numberFields;
-extern const std::map<std::string, bool EditSettings::*> switchFields;
-extern const std::map<std::string, std::string EditSettings::*> textFields;
+/// Puts the value of a case into the setting of that name; false when no setting has it.
+bool putSetting(EditSettings& settings, std::string_view name, const Json& value);
+/// The number among the settings that has that name.
+[[nodiscard]] double EditSettings::* numberSetting(std::string_view name);
 
 [[nodiscard]] EditSettings settings(const Json& json);
 [[nodiscard]] GenerationInputs generationInputs(const Json& json);

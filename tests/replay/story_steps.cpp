@@ -28,13 +28,9 @@ void setField(StoryStage& stage, const Json& step)
     const std::string field = otherNames.contains(name) ? otherNames.at(name) : name;
     const Json& value = step.at("value");
     stage.window().edit([&](WorkspaceState& state) {
-        if (numberFields.contains(field))
-            state.settings.*numberFields.at(field) = number(value);
-        else if (switchFields.contains(field))
-            state.settings.*switchFields.at(field) = value.get<bool>();
-        else if (textFields.contains(field))
-            state.settings.*textFields.at(field) = value.get<std::string>();
-        else if (viewSwitches.contains(field))
+        if (putSetting(state.settings, field, value))
+            return;
+        if (viewSwitches.contains(field))
             state.*viewSwitches.at(field) = value.get<bool>();
         else
             state.presetName = value.get<std::string>();
@@ -152,7 +148,7 @@ const std::map<std::string, Step> steps = {
     {"set", setField},
     {"setBound",
      [](StoryStage& stage, const Json& step) {
-         stage.window().setBound(numberFields.at(step.at("field")), number(step.at("value")));
+         stage.window().setBound(numberSetting(step.at("field").get<std::string>()), number(step.at("value")));
      }},
     {"setReturnTime",
      [](StoryStage& stage, const Json& step) {
