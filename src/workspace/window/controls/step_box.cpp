@@ -30,7 +30,7 @@ QString plainNumber(const QString& text)
 
 } // namespace
 
-StepBox::StepBox(Range range, QWidget* parent) : QDoubleSpinBox(parent), step_(range.step)
+StepBox::StepBox(StepRange range, QWidget* parent) : QDoubleSpinBox(parent), step_(range.step)
 {
     setRange(range.minimum, range.maximum);
     setSingleStep(range.step);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "workspace/window/controls/step_range.h"
+
 #include <QDoubleSpinBox>
 
 namespace corvane {
@@ -10,13 +12,7 @@ namespace corvane {
 class StepBox : public QDoubleSpinBox {
     Q_OBJECT
 public:
-    struct Range {
-        int minimum;
-        int maximum;
-        int step;
-    };
-
-    explicit StepBox(Range range, QWidget* parent = nullptr);
+    explicit StepBox(StepRange range, QWidget* parent = nullptr);
 
     /// Shows the value; chosen is not told.
     void show(double value);

@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-StepSlider::StepSlider(Range range, QWidget* parent) : QSlider(Qt::Horizontal, parent), step_(range.step)
+StepSlider::StepSlider(StepRange range, QWidget* parent) : QSlider(Qt::Horizontal, parent), step_(range.step)
 {
     setRange(range.minimum, range.maximum);
     setSingleStep(range.step);

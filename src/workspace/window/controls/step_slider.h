@@ -1,5 +1,7 @@
 #pragma once
 
+#include "workspace/window/controls/step_range.h"
+
 #include <QSlider>
 
 namespace corvane {
@@ -8,13 +10,7 @@ namespace corvane {
 class StepSlider : public QSlider {
     Q_OBJECT
 public:
-    struct Range {
-        int minimum;
-        int maximum;
-        int step;
-    };
-
-    explicit StepSlider(Range range, QWidget* parent = nullptr);
+    explicit StepSlider(StepRange range, QWidget* parent = nullptr);
 
     /// Shows the value, rounded to a whole number; chosen is not told.
     void show(double value);

@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-Stepper::Stepper(std::string word, StepBox::Range range, QWidget* parent)
+Stepper::Stepper(std::string word, StepRange range, QWidget* parent)
     : QWidget(parent), word_(std::move(word)), label_(new QLabel(this)), box_(new StepBox(range, this))
 {
     auto* line = new QHBoxLayout(this);

@@ -12,7 +12,7 @@ namespace corvane {
 class Stepper : public QWidget {
     Q_OBJECT
 public:
-    Stepper(std::string word, StepBox::Range range, QWidget* parent = nullptr);
+    Stepper(std::string word, StepRange range, QWidget* parent = nullptr);
 
     /// Shows the seconds; chosen is not told.
     void show(double seconds);

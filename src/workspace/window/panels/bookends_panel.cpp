@@ -17,7 +17,7 @@ void BookendsPanel::add(const QString& title, Fields fields)
 {
     auto* enabled = new QCheckBox(title, this);
     auto* camera = new Picker(this);
-    auto* length = new Stepper("", {1, 120, 1}, this);
+    auto* length = new Stepper("", stepsWithin(limits::bookendLength, 1), this);
     for (QWidget* control : {static_cast<QWidget*>(camera), static_cast<QWidget*>(&length->box())})
         control->setAccessibleDescription(QString(title).remove('&'));
     column().addWidget(enabled);

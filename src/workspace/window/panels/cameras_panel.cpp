@@ -16,8 +16,8 @@ namespace corvane {
 
 namespace {
 
-constexpr StepBox::Range waitSeconds = {0, 600, 10};
-constexpr StepSlider::Range weights = {1, 10, 1};
+constexpr StepRange waitSeconds = stepsWithin(limits::returnTime, 10);
+constexpr StepRange frequencies = stepsWithin(limits::frequency, 1);
 
 template <class Map>
 double valueOr(const Map& map, const std::string& id, double absent)
@@ -167,7 +167,7 @@ void CamerasPanel::addFrequency(Camera& camera, const std::string& label)
 {
     camera.frequencyHolder = new QWidget(this);
     QVBoxLayout* rows = linesIn(*camera.frequencyHolder);
-    camera.frequency = new StepSlider(weights, camera.frequencyHolder);
+    camera.frequency = new StepSlider(frequencies, camera.frequencyHolder);
     camera.weight = new QLabel(camera.frequencyHolder);
     camera.percent = helpLabel({}, camera.frequencyHolder);
     camera.percent->setWordWrap(false);
@@ -208,7 +208,7 @@ void CamerasPanel::showCamera(const Camera& camera)
     camera.wait->setVisible(included);
     camera.wait->show(valueOr(settings().returnTimes, camera.id, 0));
     camera.frequencyHolder->setVisible(included && frequenciesMatter(view_));
-    const double weight = valueOr(settings().frequencies, camera.id, 5);
+    const double weight = valueOr(settings().frequencies, camera.id, usualFrequency);
     camera.weight->setText(weightText(weight));
     camera.frequency->show(weight);
     camera.percent->setText(percentText(frequencyPercent(view_, camera.id)));

@@ -11,7 +11,7 @@ namespace corvane {
 PacingPanel::PacingPanel(ContentView& view, QWidget* parent)
     : Panel(tr("Camera balance and pacing"), view, parent),
       shareLabel_(new QLabel(this)),
-      share_(new StepSlider({10, 90, 5}, this)),
+      share_(new StepSlider(stepsWithin(limits::mainShare, 5), this)),
       double_(new QCheckBox(tr("Randomly &double main camera holds"), this))
 {
     shareLabel_->setWordWrap(true);
@@ -46,7 +46,7 @@ void PacingPanel::addBounds(const QString& title, double EditSettings::* minimum
 
 void PacingPanel::addBound(QVBoxLayout& rows, const QString& word, double EditSettings::* seconds)
 {
-    auto* stepper = new Stepper(utf8(word), {1, 120, 1}, this);
+    auto* stepper = new Stepper(utf8(word), stepsWithin(limits::shotLength, 1), this);
     rows.addWidget(stepper);
     connect(stepper, &Stepper::chosen, this, [this, seconds](double chosen) { view_.setBound(seconds, chosen); });
     bounds_.push_back({seconds, stepper});
