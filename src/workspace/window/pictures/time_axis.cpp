@@ -28,7 +28,8 @@ void paintMarkers(
     for (std::size_t i = 0; i < markers.size(); ++i) {
         const double x = scale.x(markers[i].frame);
         painter.setPen(QPen(theme::orange, 1));
-        painter.drawLine(QPointF(x, place.top() + 2), QPointF(x, place.bottom()));
+        painter.drawLine(QPointF(x, place.top() + 2), QPointF(x, place.top() + namesHeight));
+        painter.drawLine(QPointF(x, place.bottom() - 4), QPointF(x, place.bottom())); // not through the timecodes
         const double next = i + 1 < markers.size() ? scale.x(markers[i + 1].frame) : place.right();
         const double room = std::max(next, x + narrowest) - x - 6;
         if (x < free || x + narrowest > place.right())
