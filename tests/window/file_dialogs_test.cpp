@@ -148,9 +148,11 @@ TEST(FileDialogs, ShowDatesAndTheUsualPlacesAndLeaveThePlacesOfOtherProgramsAlon
     qputenv("HOME", QByteArray::fromStdString(scratch.file(".")));
     MemoryDefaults defaults;
     FileDialogs dialogs(defaults);
+    ProjectFileDialog(nullptr).setViewMode(QFileDialog::List); // as another program may have left it
     const auto look = [&downloads](QFileDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Import Final Cut XML");
         EXPECT_TRUE(dialog.sidebarUrls().contains(downloads));
+        EXPECT_EQ(dialog.viewMode(), QFileDialog::Detail);
         const auto* list = dialog.findChild<QTreeView*>("treeView");
         (void)itemNamed(*list, "Downloads");
         const int dates = list->model()->columnCount() - 1;
