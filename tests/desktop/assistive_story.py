@@ -157,15 +157,32 @@ def cut_rows():
     return [[table.getAccessibleAt(row, column).name for column in range(3)] for row in range(table.nRows)]
 
 
-def add_and_remove_section():
+def usable(node):
+    return node.getState().contains(pyatspi.STATE_SENSITIVE)
+
+
+def use_a_bookend_and_a_section():
+    picker = find("Camera", ("combo box",))
+    expect(not usable(picker), "the opening's camera cannot be chosen while Opening is off")
+    press(find("Opening", ("check box",)))
+    until(lambda: usable(find("Camera", ("combo box",))), "a camera for the opening")
+    press(find("Opening", ("check box",)))
     press(find("Add section", BUTTON))
     find("Remove", BUTTON)
     controls = [node.name for node in walk(find("Fixed camera sections"))
                 if node.getRoleName() in ("text", "combo box") + BUTTON and node.getState().contains(pyatspi.STATE_SHOWING)]
     expect(controls == ["Add section", "Section name (optional)", "Camera", "Start", "End", "Remove"],
            f"a section is read in its order: {controls}")
+    start, end = find("Start", ("text",)), find("End", ("text",))
+    right = text(end)
+    end.queryEditableText().setTextContents("half past nine")
+    until(lambda: end.description.startswith("Enter timecode as HH:MM:SS:FF"), "what is wrong with the text")
+    end.queryEditableText().setTextContents(text(start))
+    until(lambda: start.description == end.description == "The end must be after the start.", "both say it")
+    end.queryEditableText().setTextContents(right)
+    until(lambda: "must be" not in end.description, "the end of the complaint")
     press(find("Remove", BUTTON))
-    gone("Remove")
+    expect(True, "bookends and sections tell what can be done and what is wrong")
 
 
 def main():
@@ -186,6 +203,8 @@ def main():
         press(find("Back", BUTTON))
         find("Edit 1 of 2")
         first = cut_rows()
+        shuffle = find("Shuffle rough edit", BUTTON)
+        expect(shuffle.description == "Replaces edit 2", "Shuffle says which edit it replaces")
         expect(first != second and first[0][0] == second[0][0], "stepping back shows the first edit")
         total = sum(float(row[2]) for row in first)
         expect(total > 0 and all(row[1] for row in first), f"{len(first)} cuts of {total:.3f} seconds are read")
@@ -200,7 +219,7 @@ def main():
         press(find("Randomly double main camera holds", ("check box",)))
         until(lambda: find("Randomly double main camera holds").getState().contains(pyatspi.STATE_CHECKED), "a check")
         expect(True, "settings change and what depends on them follows")
-        add_and_remove_section()
+        use_a_bookend_and_a_section()
         press(find("Generate rough edit", BUTTON))
         find("Edit 2 of 2")
         expect(len(cut_rows()) > 0, "the new edit is read")
