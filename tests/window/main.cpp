@@ -11,6 +11,9 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
+    QFont font = QApplication::font();
+    font.setFamily("DejaVu Sans"); // which every desktop with fonts has: what fits depends on it
+    QApplication::setFont(font);
     corvane::theme::apply(application);
     corvane::installAccessibleWidgets();
     return RUN_ALL_TESTS();

@@ -96,7 +96,11 @@ void CutPanel::arrangeButtons()
     generate_->setText(tr("&Generate rough edit"));
     generate_->ensurePolished();
     generate_->setMinimumWidth(generate_->sizeHint().width());
-    position_->setMinimumWidth(position_->fontMetrics().horizontalAdvance(tr("Edit %1 of %1").arg(888)));
+    position_->setText(tr("Edit %1 of %1").arg(888));
+    position_->ensurePolished();
+    constexpr int whatDigitsDiffer = 2; // pixels
+    position_->setMinimumWidth(position_->sizeHint().width() + whatDigitsDiffer);
+    position_->clear();
     keepPlace(*position_);
     auto* first = new QHBoxLayout;
     first->addWidget(generate_, 1);
