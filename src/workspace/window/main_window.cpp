@@ -2,6 +2,7 @@
 
 #include "platform/error.h"
 #include "workspace/captions.h"
+#include "workspace/window/area_keys.h"
 #include "workspace/window/controls/step_box.h"
 #include "workspace/window/drop_view.h"
 #include "workspace/window/mime_pasteboard.h"
@@ -13,7 +14,6 @@
 #include "workspace/window/panels/presets_panel.h"
 #include "workspace/window/panels/sections_panel.h"
 #include "workspace/window/panels/usage_panel.h"
-#include "workspace/window/part_keys.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/shown_text.h"
 #include "workspace/window/tab_order.h"
@@ -182,7 +182,7 @@ void MainWindow::showLoadedPage()
         resultSplit_->restore(heights);
     for (Panel* panel : panels_)
         panel->refresh(Changes().set());
-    new PartKeys({split_->widget(0), resultSplit_->widget(0), resultSplit_->widget(1)}, panels_, *this);
+    new AreaKeys({split_->widget(0), resultSplit_->widget(0), resultSplit_->widget(1)}, panels_, *this);
 }
 
 QWidget* MainWindow::makeSettings()

@@ -8,19 +8,19 @@
 
 namespace corvane {
 
-/// The keys that go about in the loaded window: F6 and Shift+F6 from one of its parts to the next and to the one
+/// The keys that go about in the loaded window: F6 and Shift+F6 from one of its areas to the next and to the one
 /// before, back to the control that had the focus there last; Alt and a digit to a panel, in their order, which is
 /// brought into view.
-class PartKeys : public QObject {
+class AreaKeys : public QObject {
     Q_OBJECT
 public:
-    /// `window` owns it; the parts and the panels must live as long.
-    PartKeys(std::vector<QWidget*> parts, const std::vector<Panel*>& panels, QWidget& window);
+    /// `window` owns it; the areas and the panels must live as long.
+    AreaKeys(std::vector<QWidget*> areas, const std::vector<Panel*>& panels, QWidget& window);
 
 private:
     void goOn(int steps);
 
-    std::vector<QWidget*> parts_;
+    std::vector<QWidget*> areas_;
     QWidget& window_;
 };
 

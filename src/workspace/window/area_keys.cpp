@@ -1,4 +1,4 @@
-#include "workspace/window/part_keys.h"
+#include "workspace/window/area_keys.h"
 
 #include <QScrollArea>
 #include <QScrollBar>
@@ -15,14 +15,14 @@ bool isStop(const QWidget& widget)
            widget.focusProxy() == nullptr;
 }
 
-/// Where Tab would stop first in the part; the part itself where it stops nowhere.
-QWidget& firstStop(QWidget& part)
+/// Where Tab would stop first in the area; the area itself where it stops nowhere.
+QWidget& firstStop(QWidget& area)
 {
-    for (QWidget* next = part.nextInFocusChain(); next != &part; next = next->nextInFocusChain()) {
-        if (part.isAncestorOf(next) && isStop(*next))
+    for (QWidget* next = area.nextInFocusChain(); next != &area; next = next->nextInFocusChain()) {
+        if (area.isAncestorOf(next) && isStop(*next))
             return *next;
     }
-    return part;
+    return area;
 }
 
 /// The area that scrolls the widget; none for one that is not scrolled.
@@ -50,8 +50,8 @@ void goTo(Panel& panel)
 
 } // namespace
 
-PartKeys::PartKeys(std::vector<QWidget*> parts, const std::vector<Panel*>& panels, QWidget& window)
-    : QObject(&window), parts_(std::move(parts)), window_(window)
+AreaKeys::AreaKeys(std::vector<QWidget*> areas, const std::vector<Panel*>& panels, QWidget& window)
+    : QObject(&window), areas_(std::move(areas)), window_(window)
 {
     const auto onKey = [this](const QKeySequence& key, const std::function<void()>& work) {
         connect(new QShortcut(key, &window_), &QShortcut::activated, this, work);
@@ -66,18 +66,18 @@ PartKeys::PartKeys(std::vector<QWidget*> parts, const std::vector<Panel*>& panel
     }
 }
 
-void PartKeys::goOn(int steps)
+void AreaKeys::goOn(int steps)
 {
     const QWidget* now = window_.focusWidget();
     const auto here = std::ranges::find_if(
-        parts_, [now](const QWidget* part) { return now != nullptr && (part == now || part->isAncestorOf(now)); });
-    const int count = static_cast<int>(parts_.size());
-    int position = static_cast<int>(here - parts_.begin());
-    if (position == count) // above the parts
+        areas_, [now](const QWidget* area) { return now != nullptr && (area == now || area->isAncestorOf(now)); });
+    const int count = static_cast<int>(areas_.size());
+    int position = static_cast<int>(here - areas_.begin());
+    if (position == count) // above the areas
         position = steps > 0 ? -1 : 0;
-    QWidget& part = *parts_[static_cast<std::size_t>((position + steps + count) % count)];
-    QWidget* last = part.focusWidget();
-    takeFocus(last != nullptr && isStop(*last) ? *last : firstStop(part));
+    QWidget& area = *areas_[static_cast<std::size_t>((position + steps + count) % count)];
+    QWidget* last = area.focusWidget();
+    takeFocus(last != nullptr && isStop(*last) ? *last : firstStop(area));
 }
 
 } // namespace corvane
