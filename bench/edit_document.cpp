@@ -1,9 +1,9 @@
 #include "bench/edit_document.h"
 
+#include "base/identifier.h"
 #include "bench/document_text.h"
 #include "bench/repeatable_numbers.h"
 #include "import/time_values.h"
-#include "platform/identifier.h"
 
 #include <array>
 

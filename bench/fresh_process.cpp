@@ -1,7 +1,7 @@
 #include "bench/fresh_process.h"
 
+#include "base/numbers.h"
 #include "bench/stopwatch.h"
-#include "platform/numbers.h"
 
 #include <fcntl.h>
 #include <spawn.h>

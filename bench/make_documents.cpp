@@ -1,6 +1,6 @@
 // Writes a generated document: corvane_bench_documents MEGABYTES FILE.
+#include "base/numbers.h"
 #include "bench/document_generator.h"
-#include "platform/numbers.h"
 
 #include <cstdlib>
 #include <fstream>

@@ -1,6 +1,6 @@
 #include "bench/measurements.h"
 
-#include "platform/numbers.h"
+#include "base/numbers.h"
 
 #include <algorithm>
 #include <iostream>

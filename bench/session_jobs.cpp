@@ -1,9 +1,9 @@
 #include "bench/session_jobs.h"
 
+#include "base/numbers.h"
 #include "bench/conditions.h"
 #include "bench/session_window.h"
 #include "bench/stopwatch.h"
-#include "platform/numbers.h"
 #include "session/saved_session.h"
 
 #include <malloc.h>

@@ -1,7 +1,7 @@
 #include "bench/target_table.h"
 
+#include "base/numbers.h"
 #include "bench/measurements.h"
-#include "platform/numbers.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,9 @@
 // The whole road without a window: an exported project in, a rough edit with the starting settings out. A terminal
 // obeys controls as a window does: what comes from the document is printed as the window would draw it.
 //     corvane_rough_edit PROJECT.fcpxml FOLDER
+#include "base/error.h"
+#include "base/numbers.h"
+#include "base/text.h"
 #include "engine/coverage_report.h"
 #include "engine/generation_inputs.h"
 #include "export/carry_over.h"
@@ -9,10 +12,7 @@
 #include "export/settings_record.h"
 #include "import/final_cut_import_error.h"
 #include "intake/project_file.h"
-#include "platform/error.h"
 #include "platform/files.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
 #include "session/starting_settings.h"
 #include "timecode/timecode.h"
 

@@ -1,6 +1,6 @@
+#include "base/error.h"
 #include "fuzz/target.h"
 #include "import/final_cut_import_error.h"
-#include "platform/error.h"
 
 #include <cstddef>
 #include <cstdint>

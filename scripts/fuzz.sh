@@ -19,7 +19,7 @@ if [ "$1" = sums ]; then
 fi
 seconds=$1
 shift
-[ $# -gt 0 ] || set -- apple_events documents edits manuals presets sessions timecode work
+[ $# -gt 0 ] || set -- documents edits manuals presets sessions timecode work
 
 install_packages "${build_packages[@]}" "${test_packages[@]}" "${fuzz_packages[@]}"
 build fuzz "${@/#/fuzz_}"

@@ -1,7 +1,7 @@
 #include "fuzz/edits/written_edit.h"
 
 #include "fuzz/edits/plain_coverage.h"
-#include "platform/xml_writing.h"
+#include "xml/writing.h"
 
 #include <algorithm>
 #include <map>

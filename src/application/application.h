@@ -1,8 +1,8 @@
 #pragma once
 
 #include "desktop/single_instance.h"
-#include "intake/share_receiver.h"
-#include "platform/apple_event_manager.h"
+#include "intake/final_cut/apple_event_manager.h"
+#include "intake/final_cut/share_receiver.h"
 #include "platform/resources.h"
 #include "platform/updater.h"
 #include "platform/user_defaults.h"

@@ -1,7 +1,7 @@
 #include "application/application.h"
+#include "base/file_url.h"
 #include "desktop/silent_bus.h"
 #include "help/product.h"
-#include "platform/file_url.h"
 #include "platform/files.h"
 #include "workspace/window/accessible_widgets.h"
 #include "workspace/window/theme.h"

@@ -1,6 +1,6 @@
 #include "desktop/single_instance.h"
 
-#include "platform/file_url.h"
+#include "base/file_url.h"
 
 #include <sys/socket.h>
 

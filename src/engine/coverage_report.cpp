@@ -1,9 +1,9 @@
 #include "engine/coverage_report.h"
 
+#include "base/numbers.h"
 #include "engine/generation_inputs.h"
 #include "engine/validation.h"
 #include "import/final_cut_import_error.h"
-#include "platform/numbers.h"
 #include "timecode/timecode.h"
 
 #include <algorithm>

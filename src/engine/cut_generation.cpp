@@ -1,9 +1,9 @@
 #include "engine/cut_generation.h"
 
+#include "base/numbers.h"
 #include "engine/setting_limits.h"
 #include "engine/validation.h"
 #include "import/final_cut_import_error.h"
-#include "platform/numbers.h"
 #include "timecode/timecode.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "base/identifier.h"
+#include "base/random.h"
 #include "engine/edit_settings.h"
 #include "import/cut_engine.h"
-#include "platform/identifier.h"
-#include "platform/random.h"
 
 #include <array>
 #include <cstddef>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/identifier.h"
 #include "import/frame_range.h"
-#include "platform/identifier.h"
 
 #include <map>
 #include <set>

@@ -1,8 +1,8 @@
 #include "export/export_files.h"
 
+#include "base/error.h"
+#include "base/text.h"
 #include "import/final_cut_import_error.h"
-#include "platform/error.h"
-#include "platform/text.h"
 
 #include <algorithm>
 

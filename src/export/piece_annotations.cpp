@@ -2,7 +2,7 @@
 
 #include "export/piece_parts.h"
 #include "import/time_values.h"
-#include "platform/xml_writing.h"
+#include "xml/writing.h"
 
 #include <algorithm>
 #include <array>

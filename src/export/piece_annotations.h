@@ -2,7 +2,7 @@
 
 #include "engine/edit_settings.h"
 #include "import/cut_engine.h"
-#include "platform/xml.h"
+#include "xml/document.h"
 
 #include <cstddef>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "export/piece_parts.h"
 
 #include "import/project_import.h"
-#include "platform/xml_writing.h"
+#include "xml/writing.h"
 
 namespace corvane {
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/identifier.h"
 #include "import/cut_engine.h"
-#include "platform/identifier.h"
-#include "platform/xml_tree.h"
+#include "xml/tree.h"
 
 #include <array>
 #include <cstddef>

@@ -1,14 +1,14 @@
 #include "export/rough_edit_writer.h"
 
+#include "base/numbers.h"
 #include "engine/coverage_report.h"
 #include "engine/validation.h"
 #include "export/piece_annotations.h"
 #include "export/piece_parts.h"
 #include "import/final_cut_import_error.h"
 #include "import/time_values.h"
-#include "platform/numbers.h"
-#include "platform/xml_tree.h"
-#include "platform/xml_writing.h"
+#include "xml/tree.h"
+#include "xml/writing.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/identifier.h"
 #include "engine/edit_settings.h"
 #include "import/cut_engine.h"
-#include "platform/identifier.h"
 
 #include <optional>
 #include <string>

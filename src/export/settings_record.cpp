@@ -1,8 +1,8 @@
 #include "export/settings_record.h"
 
+#include "base/numbers.h"
 #include "engine/coverage_report.h"
 #include "engine/generation_inputs.h"
-#include "platform/numbers.h"
 #include "timecode/timecode.h"
 
 #include <algorithm>

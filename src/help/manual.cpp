@@ -1,8 +1,8 @@
 #include "help/manual.h"
 
-#include "platform/error.h"
+#include "base/error.h"
+#include "base/json_reading.h"
 #include "platform/files.h"
-#include "platform/json_reading.h"
 
 #include <algorithm>
 #include <set>

@@ -1,7 +1,7 @@
 #include "help/topic_search.h"
 
+#include "base/text.h"
 #include "help/help_texts.h"
-#include "platform/text.h"
 
 #include <algorithm>
 

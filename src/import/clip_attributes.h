@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/xml.h"
+#include "xml/document.h"
 
 #include <optional>
 #include <string_view>

@@ -2,7 +2,7 @@
 
 #include "import/frame_range.h"
 #include "import/project_import.h"
-#include "platform/xml.h"
+#include "xml/document.h"
 
 #include <cstdint>
 #include <map>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/xml.h"
+#include "xml/document.h"
 
 #include <cstddef>
 #include <optional>

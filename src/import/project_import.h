@@ -1,7 +1,7 @@
 #pragma once
 
 #include "import/project_outline.h"
-#include "platform/xml.h"
+#include "xml/document.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "import/media_resources.h"
-#include "platform/xml.h"
+#include "xml/document.h"
 
 namespace corvane {
 

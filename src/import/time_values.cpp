@@ -1,7 +1,7 @@
 #include "import/time_values.h"
 
+#include "base/numbers.h"
 #include "import/final_cut_import_error.h"
-#include "platform/numbers.h"
 
 #include <array>
 #include <charconv>

@@ -1,8 +1,8 @@
 #include "intake/project_file.h"
 
-#include "platform/error.h"
+#include "base/error.h"
+#include "base/text.h"
 #include "platform/files.h"
-#include "platform/text.h"
 
 namespace corvane {
 

@@ -1,6 +1,6 @@
 #include "platform/application_support.h"
 
-#include "platform/error.h"
+#include "base/error.h"
 #include "platform/files.h"
 
 #include <pwd.h>

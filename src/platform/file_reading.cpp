@@ -1,4 +1,4 @@
-#include "platform/error.h"
+#include "base/error.h"
 #include "platform/file_errors.h"
 #include "platform/files.h"
 

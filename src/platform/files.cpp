@@ -1,8 +1,8 @@
 #include "platform/files.h"
 
+#include "base/identifier.h"
+#include "base/numbers.h"
 #include "platform/file_errors.h"
-#include "platform/identifier.h"
-#include "platform/numbers.h"
 
 #include <fcntl.h>
 #include <signal.h>

@@ -1,8 +1,8 @@
 #include "platform/kept_files.h"
 
-#include "platform/error.h"
+#include "base/error.h"
+#include "base/numbers.h"
 #include "platform/file_errors.h"
-#include "platform/numbers.h"
 
 #include <algorithm>
 #include <cerrno>

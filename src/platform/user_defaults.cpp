@@ -1,7 +1,7 @@
 #include "platform/user_defaults.h"
 
+#include "base/error.h"
 #include "platform/application_support.h"
-#include "platform/error.h"
 #include "platform/kept_files.h"
 
 namespace corvane {

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/identifier.h"
+#include "base/timestamp.h"
 #include "engine/edit_settings.h"
-#include "platform/identifier.h"
-#include "platform/timestamp.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,7 +1,7 @@
+#include "base/error.h"
+#include "base/text.h"
 #include "engine/setting_limits.h"
 #include "import/final_cut_import_error.h"
-#include "platform/error.h"
-#include "platform/text.h"
 #include "session/presets.h"
 #include "session/record_reading.h"
 

@@ -1,7 +1,7 @@
 #include "session/presets.h"
 
+#include "base/text.h"
 #include "engine/generation_inputs.h"
-#include "platform/text.h"
 
 #include <algorithm>
 #include <cmath>

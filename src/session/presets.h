@@ -1,10 +1,10 @@
 #pragma once
 
+#include "base/identifier.h"
 #include "engine/edit_settings.h"
 #include "engine/setting_limits.h"
 #include "import/cut_engine.h"
 #include "import/project_import.h"
-#include "platform/identifier.h"
 
 #include <optional>
 #include <string>

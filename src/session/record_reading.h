@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/json_reading.h"
 #include "engine/edit_settings.h"
-#include "platform/json_reading.h"
 #include "session/edit_history.h"
 #include "session/presets.h"
 

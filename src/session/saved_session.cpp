@@ -1,10 +1,10 @@
 #include "session/saved_session.h"
 
+#include "base/error.h"
 #include "engine/coverage_report.h"
 #include "engine/setting_fields.h"
 #include "engine/validation.h"
 #include "import/final_cut_import_error.h"
-#include "platform/error.h"
 #include "session/record_reading.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "session/session_encoding.h"
 
+#include "base/base64.h"
+#include "base/error.h"
 #include "engine/setting_fields.h"
-#include "platform/base64.h"
-#include "platform/error.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,6 +1,6 @@
 #include "session/session_store.h"
 
-#include "platform/error.h"
+#include "base/error.h"
 #include "platform/kept_files.h"
 #include "session/saved_session.h"
 

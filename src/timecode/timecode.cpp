@@ -1,8 +1,8 @@
 #include "timecode/timecode.h"
 
+#include "base/numbers.h"
+#include "base/text.h"
 #include "import/final_cut_import_error.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
 
 #include <algorithm>
 #include <array>

@@ -1,12 +1,12 @@
 #include "workspace/captions.h"
 
+#include "base/numbers.h"
+#include "base/text.h"
 #include "engine/coverage_report.h"
 #include "engine/setting_limits.h"
 #include "export/carry_over.h"
 #include "export/hand_off.h"
 #include "import/final_cut_import_error.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
 #include "timecode/timecode.h"
 
 #include <algorithm>

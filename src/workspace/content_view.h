@@ -1,12 +1,12 @@
 #pragma once
 
+#include "base/timestamp.h"
 #include "engine/cut_generation.h"
 #include "engine/edit_settings.h"
 #include "import/cut_engine.h"
 #include "intake/xml_inbox.h"
 #include "platform/dialogs.h"
 #include "platform/security_scope.h"
-#include "platform/timestamp.h"
 #include "platform/user_defaults.h"
 #include "platform/workspace_services.h"
 #include "session/edit_history.h"

@@ -1,9 +1,9 @@
 #include "workspace/shot_facts.h"
 
+#include "base/numbers.h"
+#include "base/text.h"
 #include "engine/generation_inputs.h"
 #include "engine/validation.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
 #include "timecode/timecode.h"
 
 #include <algorithm>

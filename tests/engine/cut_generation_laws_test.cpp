@@ -1,8 +1,8 @@
+#include "base/numbers.h"
 #include "engine/coverage_report.h"
 #include "engine/cut_generation.h"
 #include "engine/validation.h"
 #include "import/final_cut_import_error.h"
-#include "platform/numbers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "export/rough_edit_writer.h"
-#include "platform/xml_tree.h"
 #include "support/documents.h"
+#include "xml/tree.h"
 
 #include <gtest/gtest.h>
 

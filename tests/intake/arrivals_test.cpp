@@ -1,4 +1,4 @@
-#include "intake/pasteboard_rule.h"
+#include "intake/final_cut/pasteboard_rule.h"
 #include "intake/project_file.h"
 #include "support/child_process.h"
 #include "support/scratch_folder.h"

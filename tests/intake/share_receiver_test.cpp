@@ -1,7 +1,6 @@
+#include "base/error.h"
+#include "intake/final_cut/share_receiver.h"
 #include "intake/project_file.h"
-#include "intake/share_receiver.h"
-#include "platform/apple_event_bytes.h"
-#include "platform/error.h"
 #include "support/failing_files.h"
 #include "support/scratch_folder.h"
 
@@ -133,18 +132,18 @@ TEST(ShareReceiver, RefusesEveryRequestThatIsNotExactlyRight)
     EXPECT_EQ(answer(receiver, "getd", {}), notFound);
     for (const D& other : {D(), D::text("pnam"), D::list({right})})
         EXPECT_TRUE(get(receiver, other) == notFound && get(receiver, property("pnam", other)) == notFound);
-    // One bit of each byte of the request is turned over. What may differ: the types of the two records (8 bytes), the
-    // property's key form (its key, its type and the code: 12), the asset's container (its key and its type: 8).
-    const std::string request = encodedDescriptor(right);
-    std::map<std::string, std::size_t> replies;
-    for (std::size_t at = 0; at < request.size(); ++at) {
-        std::string bytes = request;
-        bytes[at] = static_cast<char>(bytes[at] ^ 1);
-        ++replies[*get(receiver, decodedDescriptor(bytes).value_or(D())).asText()];
-    }
-    EXPECT_EQ(replies["Final Cut project"], 28U);
-    EXPECT_EQ(replies[*unsupported.asText()], 4U) << "the property's code";
-    EXPECT_EQ(replies[*notFound.asText()], request.size() - 32);
+    const D prop = D::typeCode("prop"), form = D::enumerated("prop"), code = D::typeCode("pnam");
+    const D stranger = *D::record({{"want", D::typeCode("aset")},
+                                   {"form", D::enumerated("ID  ")},
+                                   {"seld", D::text("00000000-0000-4000-8000-000000000000")},
+                                   {"from", D()}})
+                            .coerced("obj ");
+    for (const D& wrong :
+         {D::record({{"want", D::typeCode("docu")}, {"form", form}, {"seld", code}, {"from", asset}}),
+          D::record({{"form", form}, {"seld", code}, {"from", asset}}),
+          D::record({{"want", prop}, {"form", form}, {"seld", D::text("pnam")}, {"from", asset}}),
+          D::record({{"want", prop}, {"form", form}, {"seld", code}}), property("pnam", stranger)})
+        EXPECT_EQ(get(receiver, wrong), notFound);
 }
 
 TEST(ShareReceiver, MakesAFolderOrTellsWhyNot)

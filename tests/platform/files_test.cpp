@@ -1,4 +1,4 @@
-#include "platform/error.h"
+#include "base/error.h"
 #include "platform/kept_files.h"
 #include "support/child_process.h"
 #include "support/failing_files.h"

@@ -1,7 +1,7 @@
 #include "replay/json_forms.h"
 
+#include "base/base64.h"
 #include "engine/setting_fields.h"
-#include "platform/base64.h"
 #include "session/record_reading.h"
 
 #include <limits>

@@ -1,4 +1,4 @@
-#include "platform/base64.h"
+#include "base/base64.h"
 #include "replay/story_stage.h"
 #include "session/presets.h"
 #include "workspace/captions.h"

@@ -1,6 +1,6 @@
 #include "replay/story_stage.h"
 
-#include "platform/error.h"
+#include "base/error.h"
 
 #include <cerrno>
 #include <fstream>

@@ -1,4 +1,4 @@
-#include "platform/text.h"
+#include "base/text.h"
 #include "replay/kinds.h"
 #include "replay/story_stage.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/error.h"
+#include "base/error.h"
 #include "support/scratch_folder.h"
 #include "workspace/content_view.h"
 

@@ -1,5 +1,5 @@
 #include "gui.h"
-#include "intake/share_receiver.h"
+#include "intake/final_cut/share_receiver.h"
 #include "workspace/shot_facts.h"
 #include "workspace/window/drop_view.h"
 #include "workspace/window/help_window.h"

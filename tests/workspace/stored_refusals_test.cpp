@@ -1,4 +1,4 @@
-#include "platform/base64.h"
+#include "base/base64.h"
 #include "support/documents.h"
 #include "support/test_window.h"
 

@@ -1,6 +1,6 @@
 #include "workspace/window/drop_view.h"
 
-#include "intake/pasteboard_rule.h"
+#include "intake/final_cut/pasteboard_rule.h"
 #include "workspace/window/mime_pasteboard.h"
 #include "workspace/window/theme.h"
 

@@ -1,6 +1,6 @@
 #include "workspace/window/file_dialogs.h"
 
-#include "platform/error.h"
+#include "base/error.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/tooltips.h"
 #include "workspace/window/usual_places.h"

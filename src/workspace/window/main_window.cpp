@@ -1,6 +1,6 @@
 #include "workspace/window/main_window.h"
 
-#include "platform/error.h"
+#include "base/error.h"
 #include "workspace/captions.h"
 #include "workspace/window/area_keys.h"
 #include "workspace/window/controls/step_box.h"

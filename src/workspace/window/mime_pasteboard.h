@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/pasteboard.h"
+#include "intake/final_cut/pasteboard.h"
 
 #include <QMimeData>
 #include <QUrl>

@@ -1,6 +1,6 @@
 #include "workspace/window/window_place.h"
 
-#include "platform/error.h"
+#include "base/error.h"
 
 #include <QDataStream>
 #include <QGuiApplication>

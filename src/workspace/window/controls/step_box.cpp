@@ -1,6 +1,6 @@
 #include "workspace/window/controls/step_box.h"
 
-#include "platform/numbers.h"
+#include "base/numbers.h"
 #include "workspace/window/controls/scroll_past.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/theme.h"

@@ -1,6 +1,6 @@
 #include "workspace/window/panels/cameras_panel.h"
 
-#include "platform/numbers.h"
+#include "base/numbers.h"
 #include "workspace/captions.h"
 #include "workspace/window/controls/kept_lines.h"
 #include "workspace/window/qt_text.h"

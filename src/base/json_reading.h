@@ -1,0 +1,135 @@
+#pragma once
+
+#include "base/identifier.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+/// Strict reading of JSON that this program, an earlier version or anyone else has written. What does not fit is
+/// refused with a PlatformError that names the place: "The data cannot be read: history.items[3].cuts[0].start is not
+/// a whole number." Members that nobody asks for are passed over; of two with the same name the last counts.
+namespace corvane {
+
+struct JsonTree;
+
+/// What null says in a place that may be missing.
+enum class Null { isRefused, isMissing };
+
+/// One value of a document. It refers to the value that it was taken from, which tells the way to it when something
+/// is refused: so it is neither kept nor copied.
+class JsonValue {
+    template <class Read>
+    using Made = std::decay_t<std::invoke_result_t<const Read&, const JsonValue&>>;
+
+public:
+    JsonValue(const JsonValue&) = delete;
+    JsonValue& operator=(const JsonValue&) = delete;
+    ~JsonValue() = default;
+
+    /// Valid UTF-8.
+    [[nodiscard]] std::string text() const;
+    /// A finite number.
+    [[nodiscard]] double number() const;
+    /// A number of 64 bits without a fraction, however it is written: 1, 1.0, 1e0.
+    [[nodiscard]] std::int64_t integer() const;
+    [[nodiscard]] bool boolean() const;
+    /// A UUID in its grouped form, in either case.
+    [[nodiscard]] Identifier identifier() const;
+    /// What a padded Base64 text stands for.
+    [[nodiscard]] std::string bytes() const;
+
+    /// A member that must be there.
+    [[nodiscard]] JsonValue member(std::string_view name) const&;
+    [[nodiscard]] JsonValue member(std::string_view name) const&& = delete;
+
+    /// A member that may be missing, read by `read(const JsonValue&)`: optional("end", Null::…, &JsonValue::number).
+    template <class Read>
+    [[nodiscard]] auto optional(std::string_view name, Null null, const Read& read) const -> std::optional<Made<Read>>
+    {
+        if (const std::size_t node = find(name, null); node != none)
+            return std::invoke(read, JsonValue(*this, node));
+        return std::nullopt;
+    }
+
+    /// The items of a list, each read by `read(const JsonValue&)`.
+    template <class Read>
+    [[nodiscard]] auto list(const Read& read) const -> std::vector<Made<Read>>
+    {
+        const std::size_t count = itemCount();
+        std::vector<Made<Read>> items;
+        items.reserve(count);
+        std::size_t node = node_ + 1;
+        for (std::size_t position = 0; position < count; ++position, node = nodeAfter(node))
+            items.push_back(std::invoke(read, JsonValue(*this, node, position)));
+        return items;
+    }
+
+    /// The members of an object in which any name may stand, each read by `read(const JsonValue&)`.
+    template <class Read>
+    [[nodiscard]] auto map(const Read& read) const -> std::map<std::string, Made<Read>, std::less<>>
+    {
+        const std::size_t end = membersEnd();
+        std::map<std::string, Made<Read>, std::less<>> members;
+        for (std::size_t node = node_ + 1; node < end; node = nodeAfter(node))
+            members.insert_or_assign(nameOf(node), std::invoke(read, JsonValue(*this, node)));
+        return members;
+    }
+
+    /// Refuses this value: the complaint ends a sentence that begins with its place, as "is used twice."
+    [[noreturn]] void refuse(std::string_view complaint) const;
+
+private:
+    friend class JsonDocument;
+    static constexpr std::size_t none = static_cast<std::size_t>(-1);
+
+    explicit JsonValue(const JsonTree& root);
+    JsonValue(const JsonValue& parent, std::size_t node, std::size_t position = none);
+
+    [[nodiscard]] std::string_view textView() const;
+    [[nodiscard]] std::size_t itemCount() const;
+    [[nodiscard]] std::size_t membersEnd() const;
+    [[nodiscard]] std::size_t find(std::string_view name, Null null) const;
+    [[nodiscard]] std::size_t nodeAfter(std::size_t node) const;
+    [[nodiscard]] const std::string& nameOf(std::size_t node) const;
+    [[nodiscard]] std::string place() const;
+
+    const JsonTree& tree_;
+    const JsonValue* parent_ = nullptr; ///< none for the whole document
+    std::size_t node_ = 0;
+    std::size_t position_ = none; ///< of an item in its list
+};
+
+/// A parsed document.
+class JsonDocument {
+public:
+    JsonDocument(JsonDocument&&) noexcept;
+    JsonDocument& operator=(JsonDocument&&) noexcept;
+    ~JsonDocument();
+
+    [[nodiscard]] JsonValue root() const& { return JsonValue(*tree_); }
+    [[nodiscard]] JsonValue root() const&& = delete;
+
+    /// True when members stand in it, at any depth, that nobody has asked for by now.
+    [[nodiscard]] bool holdsMore() const;
+
+private:
+    friend JsonDocument parseJson(std::string bytes, std::string_view subject);
+    explicit JsonDocument(std::unique_ptr<const JsonTree> tree);
+
+    std::unique_ptr<const JsonTree> tree_;
+};
+
+/// Parses a whole document, which it keeps; `subject` begins every complaint about it. Fails with PlatformError where
+/// it is no JSON or larger than 2 GB, numbers do not fit into 64 bits, or lists and objects stand in each other more
+/// than 256 deep.
+[[nodiscard]] JsonDocument parseJson(std::string bytes, std::string_view subject = "The data");
+
+} // namespace corvane

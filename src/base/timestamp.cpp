@@ -1,0 +1,51 @@
+#include "base/timestamp.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <string_view>
+
+namespace corvane {
+
+namespace {
+
+using namespace std::chrono;
+
+constexpr sys_seconds referenceDate = sys_days(year(2001) / January / 1);
+constexpr sys_seconds earliest = sys_days(year(0) / January / 1);
+constexpr sys_seconds latest = sys_days(year(9999) / December / 31) + hours(24) - seconds(1);
+
+void append(std::string& text, std::int64_t number, std::size_t width, std::string_view after)
+{
+    const std::string digits = std::to_string(number);
+    text.append(width - std::min(width, digits.size()), '0').append(digits).append(after);
+}
+
+} // namespace
+
+Timestamp Timestamp::now()
+{
+    return {duration<double>(system_clock::now() - referenceDate).count()};
+}
+
+std::string Timestamp::isoText() const
+{
+    const auto lowest = static_cast<double>((earliest - referenceDate).count());
+    const auto highest = static_cast<double>((latest - referenceDate).count());
+    const double inside = std::isnan(this->seconds) ? lowest : std::clamp(this->seconds, lowest, highest);
+    const sys_seconds moment = referenceDate + std::chrono::seconds(static_cast<std::int64_t>(std::floor(inside)));
+    const sys_days day = floor<days>(moment);
+    const year_month_day date(day);
+    const hh_mm_ss time(moment - day);
+
+    std::string text;
+    append(text, static_cast<int>(date.year()), 4, "-");
+    append(text, static_cast<unsigned>(date.month()), 2, "-");
+    append(text, static_cast<unsigned>(date.day()), 2, "T");
+    append(text, time.hours().count(), 2, ":");
+    append(text, time.minutes().count(), 2, ":");
+    append(text, time.seconds().count(), 2, "Z");
+    return text;
+}
+
+} // namespace corvane

@@ -1,0 +1,140 @@
+#include "xml/document.h"
+
+#include "xml/reading.h"
+
+#include <libxml/tree.h>
+
+#include <algorithm>
+
+namespace corvane::xml {
+
+namespace {
+
+std::string_view view(const xmlChar* text)
+{
+    return text == nullptr ? std::string_view() : std::string_view(reinterpret_cast<const char*>(text));
+}
+
+bool hasPrefix(const xmlNs* space)
+{
+    return space != nullptr && space->prefix != nullptr;
+}
+
+} // namespace
+
+std::string Element::name() const
+{
+    std::string text(view(node_->name));
+    if (hasPrefix(node_->ns))
+        text.insert(0, std::string(view(node_->ns->prefix)) + ":");
+    return text;
+}
+
+std::string_view Element::plainName() const
+{
+    return hasPrefix(node_->ns) ? std::string_view() : view(node_->name);
+}
+
+std::optional<std::string_view> Element::attribute(std::string_view name) const
+{
+    std::optional<std::string_view> value;
+    readAttributes({&name, 1}, {&value, 1});
+    return value;
+}
+
+void Element::readAttributes(
+    std::span<const std::string_view> names, std::span<std::optional<std::string_view>> values) const
+{
+    for (const xmlAttr* attribute = node_->properties; attribute != nullptr; attribute = attribute->next) {
+        if (hasPrefix(attribute->ns))
+            continue;
+        const std::string_view attributeName = view(attribute->name);
+        const auto asked = std::ranges::find(names, attributeName);
+        if (asked == names.end())
+            continue; // the value of this one is not even looked at
+        // Entities are substituted while parsing, so that a value is one text node, or none when it is empty.
+        const xmlNode* text = attribute->children;
+        values[static_cast<std::size_t>(asked - names.begin())] =
+            text == nullptr ? std::string_view() : view(text->content);
+    }
+}
+
+void Element::fetchAhead() const
+{
+    constexpr std::size_t cacheLine = 64;
+    constexpr std::size_t farthest = 8192; // about two clips with their attributes and notes
+    const char* memory = reinterpret_cast<const char*>(node_);
+    for (std::size_t distance = sizeof(xmlNode); distance < farthest; distance += cacheLine)
+        __builtin_prefetch(memory + distance); // no access: past the heap's end it does nothing
+}
+
+std::optional<Element> Element::parent() const
+{
+    _xmlNode* above = node_->parent;
+    return above != nullptr && above->type == XML_ELEMENT_NODE ? std::optional(Element(above)) : std::nullopt;
+}
+
+ElementRange Element::children() const
+{
+    return {ElementIterator(node_->children, nullptr)};
+}
+
+std::optional<Element> Element::firstChild(std::string_view name) const
+{
+    for (const Element child : children()) {
+        if (child.named(name))
+            return child;
+    }
+    return std::nullopt;
+}
+
+ElementRange Element::descendants() const
+{
+    return {ElementIterator(node_->children, node_)};
+}
+
+ElementIterator::ElementIterator(_xmlNode* first, const _xmlNode* below) : node_(first), below_(below)
+{
+    settle();
+}
+
+ElementIterator& ElementIterator::operator++()
+{
+    step();
+    settle();
+    return *this;
+}
+
+void ElementIterator::settle()
+{
+    while (node_ != nullptr && node_->type != XML_ELEMENT_NODE)
+        step();
+}
+
+void ElementIterator::step()
+{
+    if (below_ == nullptr) {
+        node_ = node_->next;
+        return;
+    }
+    if (node_->type == XML_ELEMENT_NODE && node_->children != nullptr) {
+        node_ = node_->children;
+        return;
+    }
+    while (node_ != below_ && node_->next == nullptr)
+        node_ = node_->parent;
+    node_ = node_ == below_ ? nullptr : node_->next;
+}
+
+Document Document::parse(std::string_view bytes)
+{
+    return Document(readDocument(bytes));
+}
+
+std::optional<Element> Document::root() const
+{
+    xmlNode* root = xmlDocGetRootElement(document_.get());
+    return root == nullptr ? std::nullopt : std::optional(Element(root));
+}
+
+} // namespace corvane::xml

@@ -1,0 +1,364 @@
+#include "xml/reading.h"
+
+#include "base/error.h"
+#include "xml/limits.h"
+#include "xml/refusals.h"
+#include "xml/text_elements.h"
+
+#include <libxml/SAX2.h>
+#include <libxml/parser.h>
+#include <libxml/tree.h>
+
+#include <algorithm>
+#include <functional>
+#include <mutex>
+#include <span>
+#include <string>
+#include <vector>
+
+// Newer versions of the library mark as old what older ones have nothing else for.
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+
+namespace corvane::xml {
+
+namespace {
+
+std::string_view view(const xmlChar* text)
+{
+    return text == nullptr ? std::string_view() : std::string_view(reinterpret_cast<const char*>(text));
+}
+
+void addCharacters(xmlParserCtxtPtr parser, std::string_view text)
+{
+    xmlSAX2Characters(parser, reinterpret_cast<const xmlChar*>(text.data()), static_cast<int>(text.size()));
+}
+
+struct FreeParser {
+    void operator()(xmlParserCtxtPtr parser) const { xmlFreeParserCtxt(parser); }
+};
+
+/// A start tag as the parser gives it.
+struct StartTag {
+    std::string_view name;                ///< empty when it has a prefix
+    std::span<const xmlChar*> namespaces; ///< of each: prefix, address
+    std::span<const xmlChar*> attributes; ///< of each: name, prefix, address, begin and end of the value
+};
+
+/// One way through a document, within the limits. It decides which blanks are text: in an element that holds text, and
+/// below it, all are; elsewhere those that only set elements apart are left out. Every event comes with a parser, the
+/// one started here or one that the library makes for the text of an entity.
+class Reading {
+public:
+    Reading(std::string_view bytes, bool keepsBlanks);
+
+    /// Fails with PlatformError.
+    [[nodiscard]] std::shared_ptr<xmlDoc> document();
+    /// True when blanks were left out before it turned out that they stand beside text.
+    [[nodiscard]] bool lostBlanks() const { return lostBlanks_; }
+
+private:
+    /// An element that is open.
+    struct Level {
+        bool asItStands = false; ///< every blank in it counts
+        bool nodes = false;      ///< it holds something beside text
+        bool leftOut = false;    ///< blanks in it or below it were left out
+        std::size_t namespaces = 0;
+        std::size_t text = 0; ///< bytes
+    };
+
+    static Reading& of(void* parser) { return *static_cast<Reading*>(static_cast<xmlParserCtxtPtr>(parser)->_private); }
+    void listenToDeclarations();
+    void listenToEntities();
+    void listenToContents();
+    static int read(void* reading, char* out, int room);
+    template <class Error>
+    static void onError(void* parser, Error* error);
+    [[nodiscard]] std::string place() const;
+
+    /// Counts something; refuses when it is too much.
+    template <class Count>
+    void count(const Count& count);
+    void measure(const StartTag& tag);
+    void open(const StartTag& tag);
+    void close(xmlParserCtxtPtr parser);
+    void text(xmlParserCtxtPtr parser, std::string_view text);
+    void textFollows(xmlParserCtxtPtr parser);
+    void nodeFollows();
+
+    std::string_view bytes_;
+    bool keepsBlanks_;
+    std::unique_ptr<xmlParserCtxt, FreeParser> parser_;
+    ParserLimits limits_;
+    std::string refusal_; ///< once there is one, the parser gets no more bytes
+    std::vector<Level> levels_;
+    std::size_t namespaces_ = 0; ///< in scope
+    std::string blanks_;         ///< the last text, when what follows decides whether it counts
+    bool lostBlanks_ = false;
+};
+
+Reading::Reading(std::string_view bytes, bool keepsBlanks)
+    : bytes_(bytes), keepsBlanks_(keepsBlanks), parser_(xmlNewParserCtxt()), limits_(bytes)
+{
+    if (!parser_)
+        throw PlatformError("There is not enough memory to read this file. Close other programs and import again.");
+    parser_->_private = this;
+    parser_->sax->serror = onError;
+    listenToDeclarations();
+    listenToEntities();
+    listenToContents();
+}
+
+void Reading::listenToDeclarations()
+{
+    xmlSAXHandler& events = *parser_->sax;
+    events.internalSubset = [](void* parser, auto... type) {
+        of(parser).limits_.documentTypeStarts();
+        xmlSAX2InternalSubset(parser, type...);
+    };
+    events.externalSubset = [](void* parser, auto...) { of(parser).limits_.documentTypeEnds(); }; // it is never read
+    events.elementDecl = [](void* parser, auto... declaration) {
+        of(parser).count(&ParserLimits::declaration);
+        xmlSAX2ElementDecl(parser, declaration...);
+    };
+    events.attributeDecl = [](void* parser, auto... declaration) {
+        of(parser).count(&ParserLimits::declaration);
+        xmlSAX2AttributeDecl(parser, declaration...);
+    };
+    events.notationDecl = [](void* parser, auto... declaration) {
+        of(parser).count(&ParserLimits::declaration);
+        xmlSAX2NotationDecl(parser, declaration...);
+    };
+    events.unparsedEntityDecl = [](void* parser, auto... declaration) {
+        of(parser).count(&ParserLimits::declaration);
+        xmlSAX2UnparsedEntityDecl(parser, declaration...);
+    };
+}
+
+void Reading::listenToEntities()
+{
+    xmlSAXHandler& events = *parser_->sax;
+    events.entityDecl = [](void* parser, const xmlChar* name, int type, const xmlChar* publicID,
+                           const xmlChar* systemID, xmlChar* text) {
+        of(parser).count(&ParserLimits::declaration);
+        if (type == XML_INTERNAL_GENERAL_ENTITY) {
+            of(parser).limits_.entity(view(name), view(text));
+            xmlSAX2EntityDecl(parser, name, type, publicID, systemID, text);
+        } else if (type == XML_EXTERNAL_GENERAL_PARSED_ENTITY) { // as one that is no text, and without its place
+            xmlSAX2UnparsedEntityDecl(parser, name, nullptr, nullptr, reinterpret_cast<const xmlChar*>(""));
+        } else {
+            of(parser).count([name](ParserLimits& limits) { limits.parameterEntity(view(name)); });
+        }
+    };
+    events.getParameterEntity = [](void* parser, const xmlChar* name) -> xmlEntityPtr {
+        of(parser).count([name](ParserLimits& limits) { limits.parameterEntity(view(name)); });
+        return nullptr;
+    };
+    events.getEntity = [](void* data, const xmlChar* name) -> xmlEntityPtr {
+        const auto parser = static_cast<xmlParserCtxtPtr>(data);
+        const xmlEntityPtr entity = xmlSAX2GetEntity(parser, name);
+        of(parser).count([name](ParserLimits& limits) { limits.entityReference(view(name)); });
+        of(parser).textFollows(parser);
+        if (of(parser).refusal_.empty())
+            return entity;
+        parser->wellFormed = 0; // or the library would look for it itself
+        return nullptr;
+    };
+}
+
+void Reading::listenToContents()
+{
+    xmlSAXHandler& events = *parser_->sax;
+    events.startElementNs = [](void* parser, const xmlChar* name, const xmlChar* prefix, const xmlChar* address,
+                               int spaces, const xmlChar** spaceList, int count, int defaults, const xmlChar** list) {
+        of(parser).open(
+            {prefix == nullptr ? view(name) : std::string_view(),
+             {spaceList, static_cast<std::size_t>(spaces) * 2},
+             {list, static_cast<std::size_t>(count) * 5}});
+        if (of(parser).refusal_.empty())
+            xmlSAX2StartElementNs(parser, name, prefix, address, spaces, spaceList, count, defaults, list);
+    };
+    events.endElementNs = [](void* parser, auto... name) {
+        of(parser).close(static_cast<xmlParserCtxtPtr>(parser));
+        xmlSAX2EndElementNs(parser, name...);
+    };
+    events.characters = [](void* parser, const xmlChar* text, int size) {
+        const std::string_view whole(reinterpret_cast<const char*>(text), static_cast<std::size_t>(size));
+        of(parser).text(static_cast<xmlParserCtxtPtr>(parser), whole);
+    };
+    events.ignorableWhitespace = events.characters; // what can be ignored is decided here
+    events.cdataBlock = [](void* parser, auto... text) {
+        of(parser).textFollows(static_cast<xmlParserCtxtPtr>(parser));
+        xmlSAX2CDataBlock(parser, text...);
+    };
+    events.comment = [](void* parser, auto... text) {
+        of(parser).nodeFollows();
+        xmlSAX2Comment(parser, text...);
+    };
+    events.processingInstruction = [](void* parser, auto... text) {
+        of(parser).nodeFollows();
+        xmlSAX2ProcessingInstruction(parser, text...);
+    };
+}
+
+int Reading::read(void* self, char* out, int room)
+{
+    Reading& reading = *static_cast<Reading*>(self);
+    std::string_view piece;
+    if (reading.refusal_.empty())
+        reading.count([&](ParserLimits& limits) { piece = limits.next(static_cast<std::size_t>(room)); });
+    return static_cast<int>(piece.copy(out, piece.size()));
+}
+
+/// Fatal errors refuse, and so does an entity that nothing is known of, which is none to the library where a part of
+/// the document type stands elsewhere.
+template <class Error>
+void Reading::onError(void* parser, Error* error)
+{
+    Reading& reading = of(parser);
+    if (error == nullptr || !reading.refusal_.empty() ||
+        (error->level != XML_ERR_FATAL && error->code != XML_WAR_UNDECLARED_ENTITY))
+        return;
+    const auto words = [](const char* text) { return text == nullptr ? std::string_view() : text; };
+    reading.refusal_ =
+        refusalText({error->code, words(error->message), words(error->str1)}, reading.place(), reading.bytes_);
+}
+
+/// In the document, even while the text of an entity is read.
+std::string Reading::place() const
+{
+    const xmlParserInput* input = parser_->inputNr > 0 ? *parser_->inputTab : nullptr;
+    return input == nullptr ? "line 1"
+                            : "line " + std::to_string(input->line) + ", column " + std::to_string(input->col);
+}
+
+template <class Count>
+void Reading::count(const Count& count)
+{
+    std::invoke(count, limits_);
+    if (refusal_.empty() && !limits_.excess().empty())
+        refusal_ = limits_.excess() + " (" + place() + "). Export the XML from Final Cut again.";
+}
+
+void Reading::measure(const StartTag& tag)
+{
+    const std::size_t attributes = tag.attributes.size() / 5;
+    const std::size_t namespaces = tag.namespaces.size() / 2;
+    count([&](ParserLimits& limits) {
+        limits.element({levels_.size(), attributes, namespaces, namespaces_}, xmlDictSize(parser_->dict));
+    });
+    if (!limits_.mayGrow())
+        return;
+    // What is there by default cannot be told from what the tag says. Said, it takes at least these bytes.
+    std::size_t bytes = attributes * sizeof(R"( a="")") + namespaces * sizeof(R"( xmlns="")");
+    for (std::size_t n = 0; n < attributes; ++n)
+        bytes += static_cast<std::size_t>(tag.attributes[n * 5 + 4] - tag.attributes[n * 5 + 3]);
+    for (std::size_t n = 0; n < namespaces; ++n)
+        bytes += view(tag.namespaces[n * 2 + 1]).size();
+    count([bytes](ParserLimits& limits) { limits.growth(bytes); });
+}
+
+void Reading::open(const StartTag& tag)
+{
+    nodeFollows();
+    Level level;
+    level.namespaces = tag.namespaces.size() / 2;
+    level.asItStands = (levels_.empty() ? keepsBlanks_ : levels_.back().asItStands) || isTextElement(tag.name);
+    for (std::size_t n = 0; n < tag.attributes.size(); n += 5) {
+        if (view(tag.attributes[n + 1]) == "xml" && view(tag.attributes[n]) == "space")
+            level.asItStands = true;
+    }
+    levels_.push_back(level);
+    namespaces_ += level.namespaces;
+    measure(tag);
+}
+
+void Reading::close(xmlParserCtxtPtr parser)
+{
+    if (levels_.empty())
+        return;
+    if (!levels_.back().nodes && !blanks_.empty())
+        textFollows(parser); // the blanks are all that it holds
+    nodeFollows();
+    const Level closed = levels_.back();
+    levels_.pop_back();
+    namespaces_ -= closed.namespaces;
+    if (!levels_.empty())
+        levels_.back().leftOut = levels_.back().leftOut || closed.leftOut;
+}
+
+void Reading::text(xmlParserCtxtPtr parser, std::string_view text)
+{
+    limits_.contents();
+    if (levels_.empty())
+        return;
+    levels_.back().text += text.size();
+    count([this](ParserLimits& limits) { limits.text(levels_.back().text); });
+    if (!levels_.back().asItStands && isBlank(text)) {
+        blanks_ += text;
+        return;
+    }
+    textFollows(parser);
+    addCharacters(parser, text);
+}
+
+/// Text follows in the element that is open: the blanks before it count, and so do all others in it.
+void Reading::textFollows(xmlParserCtxtPtr parser)
+{
+    limits_.contents();
+    if (levels_.empty())
+        return;
+    levels_.back().asItStands = true;
+    lostBlanks_ = lostBlanks_ || levels_.back().leftOut;
+    if (!blanks_.empty())
+        addCharacters(parser, blanks_);
+    blanks_.clear();
+}
+
+/// Something else follows in it: the blanks before that only set it apart.
+void Reading::nodeFollows()
+{
+    limits_.contents();
+    if (levels_.empty())
+        return;
+    levels_.back().nodes = true;
+    levels_.back().leftOut = levels_.back().leftOut || !blanks_.empty();
+    blanks_.clear();
+}
+
+std::shared_ptr<xmlDoc> Reading::document()
+{
+    constexpr int options = XML_PARSE_NONET | XML_PARSE_NOENT | XML_PARSE_COMPACT;
+    std::shared_ptr<xmlDoc> document(
+        xmlCtxtReadIO(parser_.get(), read, nullptr, this, nullptr, nullptr, options), xmlFreeDoc);
+    if (refusal_.empty() && !document)
+        refusal_ = refusalText({}, place(), bytes_);
+    if (!refusal_.empty())
+        throw PlatformError(refusal_);
+    return document;
+}
+
+void prepareLibrary()
+{
+    static std::once_flag once;
+    std::call_once(once, [] {
+        xmlInitParser();
+        xmlSetExternalEntityLoader(
+            [](const char*, const char*, xmlParserCtxtPtr) -> xmlParserInputPtr { return nullptr; });
+    });
+}
+
+} // namespace
+
+std::shared_ptr<_xmlDoc> readDocument(std::string_view bytes)
+{
+    prepareLibrary();
+    {
+        Reading reading(bytes, false);
+        auto document = reading.document();
+        if (!reading.lostBlanks())
+            return document;
+    }
+    return Reading(bytes, true).document();
+}
+
+} // namespace corvane::xml

@@ -1,0 +1,74 @@
+#include "xml/refusals.h"
+
+#include <libxml/xmlerror.h>
+
+#include <algorithm>
+
+namespace corvane::xml {
+
+namespace {
+
+/// The first character that is no blank, in any of the encodings that keep the characters of XML's own as they are;
+/// zero when there is none.
+char firstSign(std::string_view document)
+{
+    using namespace std::string_view_literals;
+    const std::size_t at = document.find_first_not_of("\xEF\xBB\xBF\xFE\xFF\0 \t\r\n"sv);
+    return at == std::string_view::npos ? '\0' : document[at];
+}
+
+bool isAboutEntity(int code)
+{
+    return code == XML_ERR_UNDECLARED_ENTITY || code == XML_WAR_UNDECLARED_ENTITY || code == XML_ERR_UNPARSED_ENTITY;
+}
+
+/// Whether the parser has met one of its own limits.
+bool isTooLarge(int code, std::string_view document)
+{
+    constexpr int resourceLimit = 114;               // XML_ERR_RESOURCE_LIMIT, which older versions do not have
+    constexpr std::size_t longestPiece = 10'000'000; // and of something that has no end it says the same
+    switch (code) {
+    case XML_ERR_NO_MEMORY:
+    case XML_ERR_INTERNAL_ERROR:
+    case XML_ERR_NAME_TOO_LONG:
+    case XML_ERR_ENTITY_LOOP:
+    case XML_ERR_ELEMCONTENT_NOT_FINISHED:
+    case resourceLimit:
+        return true;
+    case XML_ERR_ATTRIBUTE_NOT_FINISHED:
+    case XML_ERR_CDATA_NOT_FINISHED:
+    case XML_ERR_COMMENT_NOT_FINISHED:
+    case XML_ERR_PI_NOT_FINISHED:
+        return document.size() > longestPiece;
+    default:
+        return false;
+    }
+}
+
+std::string sentence(const ParserComplaint& complaint, const std::string& place, std::string_view document)
+{
+    constexpr const char* exportAgain = "Export the XML from Final Cut again.";
+    const char first = firstSign(document);
+    if (first == '\0')
+        return "This file is empty. Export the XML from Final Cut again.";
+    if (first != '<')
+        return "This file is not XML. Choose a file that Final Cut has exported as XML.";
+    if (isAboutEntity(complaint.code))
+        return "This file does not say what the entity “&" + std::string(complaint.name) + ";” stands for (" + place +
+               "). Replace it with the text itself, or export the XML from Final Cut again.";
+    if (isTooLarge(complaint.code, document))
+        return "What this file holds at " + place + " is too large to be read, or has no end. " + exportAgain;
+    return "This file is damaged at " + place + ". " + exportAgain;
+}
+
+} // namespace
+
+std::string refusalText(const ParserComplaint& complaint, const std::string& place, std::string_view document)
+{
+    std::string words(complaint.words);
+    words.erase(words.find_last_not_of(" \n") + 1);
+    std::ranges::replace(words, '\n', ' ');
+    return sentence(complaint, place, document) + " (" + (words.empty() ? "unknown error" : words) + ")";
+}
+
+} // namespace corvane::xml

@@ -1,0 +1,199 @@
+#include "xml/writing.h"
+
+#include "xml/text_elements.h"
+
+#include <libxml/tree.h>
+
+#include <algorithm>
+
+namespace corvane::xml {
+
+namespace {
+
+std::string_view view(const xmlChar* text)
+{
+    return text == nullptr ? std::string_view() : std::string_view(reinterpret_cast<const char*>(text));
+}
+
+enum class Place { content, attribute };
+
+/// What is written for a character that a reader would take for something else; nothing when it can stand as it is.
+std::string_view reference(char character, Place place)
+{
+    const bool inAttribute = place == Place::attribute;
+    switch (character) {
+    case '&':
+        return "&amp;";
+    case '<':
+        return "&lt;";
+    case '>':
+        return "&gt;";
+    case '\r':
+        return "&#13;"; // readers make a line feed of it
+    case '\n':
+        return inAttribute ? "&#10;" : ""; // and a blank of each of these
+    case '\t':
+        return inAttribute ? "&#9;" : "";
+    case '"':
+        return inAttribute ? "&quot;" : "";
+    default:
+        return "";
+    }
+}
+
+/// The one way in which text gets into a document.
+void appendEscaped(std::string& out, std::string_view text, Place place)
+{
+    std::size_t written = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const std::string_view escaped = reference(text[at], place);
+        if (escaped.empty())
+            continue;
+        out.append(text, written, at - written);
+        out += escaped;
+        written = at + 1;
+    }
+    out.append(text, written);
+}
+
+bool hasPrefix(const xmlNs* space)
+{
+    return space != nullptr && space->prefix != nullptr;
+}
+
+void appendName(std::string& out, const xmlNs* space, const xmlChar* name)
+{
+    if (hasPrefix(space)) {
+        out += view(space->prefix);
+        out += ':';
+    }
+    out += view(name);
+}
+
+void appendNamespace(std::string& out, const xmlNs& space)
+{
+    out += space.prefix == nullptr ? " xmlns" : " xmlns:";
+    out += view(space.prefix);
+    out += "=\"";
+    appendEscaped(out, view(space.href), Place::attribute);
+    out += '"';
+}
+
+void appendAttribute(std::string& out, const xmlAttr& attribute)
+{
+    out += ' ';
+    appendName(out, attribute.ns, attribute.name);
+    out += "=\"";
+    for (const xmlNode* text = attribute.children; text != nullptr; text = text->next)
+        appendEscaped(out, view(text->content), Place::attribute);
+    out += '"';
+}
+
+void appendStartTag(std::string& out, const xmlNode& element, std::initializer_list<std::string_view> without)
+{
+    out += '<';
+    appendName(out, element.ns, element.name);
+    for (const xmlNs* space = element.nsDef; space != nullptr; space = space->next)
+        appendNamespace(out, *space);
+    for (const xmlAttr* attribute = element.properties; attribute != nullptr; attribute = attribute->next) {
+        if (hasPrefix(attribute->ns) || std::ranges::find(without, view(attribute->name)) == without.end())
+            appendAttribute(out, *attribute);
+    }
+}
+
+bool isBlankText(const xmlNode& node)
+{
+    return node.type == XML_TEXT_NODE && isBlank(view(node.content));
+}
+
+bool keepsSpace(const xmlNode& element)
+{
+    for (const xmlAttr* attribute = element.properties; attribute != nullptr; attribute = attribute->next) {
+        if (hasPrefix(attribute->ns) && view(attribute->ns->prefix) == "xml" && view(attribute->name) == "space")
+            return attribute->children != nullptr && view(attribute->children->content) == "preserve";
+    }
+    return false;
+}
+
+/// True when blanks and line feeds between the children would change what the element says.
+bool holdsText(const xmlNode& element)
+{
+    bool onlyText = true;
+    for (const xmlNode* child = element.children; child != nullptr; child = child->next) {
+        const bool isText = child->type == XML_TEXT_NODE || child->type == XML_CDATA_SECTION_NODE;
+        if (isText && !isBlankText(*child))
+            return true;
+        onlyText = onlyText && isText;
+    }
+    return onlyText || (!hasPrefix(element.ns) && isTextElement(view(element.name))) || keepsSpace(element);
+}
+
+void appendNode(std::string& out, const xmlNode& node, int level, bool asItStands);
+
+void appendLine(std::string& out, int level)
+{
+    constexpr int deepest = 30; // deeper ones stand below each other
+    out += '\n';
+    out.append(static_cast<std::size_t>(std::min(level, deepest)) * 2, ' ');
+}
+
+void appendElement(std::string& out, const xmlNode& element, int level, bool asItStands)
+{
+    appendStartTag(out, element, {});
+    if (element.children == nullptr) {
+        out += "/>";
+        return;
+    }
+    out += '>';
+    asItStands = asItStands || holdsText(element);
+    for (const xmlNode* child = element.children; child != nullptr; child = child->next) {
+        if (!asItStands && isBlankText(*child))
+            continue;
+        if (!asItStands)
+            appendLine(out, level + 1);
+        appendNode(out, *child, level + 1, asItStands);
+    }
+    if (!asItStands)
+        appendLine(out, level);
+    out += "</";
+    appendName(out, element.ns, element.name);
+    out += '>';
+}
+
+/// There are no other kinds: an entity is either replaced by its text while a document is read, or refused.
+void appendNode(std::string& out, const xmlNode& node, int level, bool asItStands)
+{
+    const std::string_view content = node.type == XML_ELEMENT_NODE ? std::string_view() : view(node.content);
+    if (node.type == XML_ELEMENT_NODE) {
+        appendElement(out, node, level, asItStands);
+    } else if (node.type == XML_COMMENT_NODE) {
+        out.append("<!--").append(content).append("-->");
+    } else if (node.type == XML_PI_NODE) {
+        out.append("<?").append(view(node.name)).append(content.empty() ? "" : " ").append(content).append("?>");
+    } else if (node.type == XML_CDATA_SECTION_NODE && content.find('\r') == std::string_view::npos) {
+        out.append("<![CDATA[").append(content).append("]]>");
+    } else {
+        appendEscaped(out, content, Place::content);
+    }
+}
+
+} // namespace
+
+void writeElement(std::string& out, Element element, int level)
+{
+    appendNode(out, *element.node(), level, false);
+}
+
+std::string openTag(Element element, std::initializer_list<std::string_view> without)
+{
+    std::string text;
+    appendStartTag(text, *element.node(), without);
+    return text;
+}
+
+bool isEmpty(Element element)
+{
+    return element.node()->children == nullptr;
+}
+
+} // namespace corvane::xml

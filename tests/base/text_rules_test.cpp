@@ -1,0 +1,65 @@
+#include "base/text.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+
+namespace corvane {
+namespace {
+
+TEST(TextRules, LowerCaseIsUnicodesOwnAndNothingIsLost)
+{
+    const std::map<std::string, std::string> lower = {
+        {"", ""}, {"Sunday 10", "sunday 10"}, {"ΣΑΣ", "σας"}, {"İI", "i̇i"}, {"ẞⅣ𐐀", "ßⅳ𐐨"}, {"A\xff\xc3", "a\xff\xc3"}};
+    for (const auto& [text, expected] : lower)
+        EXPECT_EQ(lowerCased(text), expected) << text;
+    EXPECT_EQ(trimmed("\xff x "), "\xff x") << "what is no text is left as it is";
+}
+
+TEST(TextRules, NamesSortByTheUsersLanguage)
+{
+    EXPECT_TRUE(NameOrder("")("Ängel", "Zebra") < 0);
+    EXPECT_TRUE(NameOrder("sv_SE")("Ängel", "Zebra") > 0);
+    EXPECT_TRUE(NameOrder()("alpha", "Beta") < 0) << "whatever the language, and where there is none";
+}
+
+TEST(TextRules, ControlsAreDrawnAsMarksOneForOne)
+{
+    const std::map<std::string, std::string> drawn = {
+        {"", ""},
+        {"Élodie & \"Кам\" 👩‍🎬 שלום",
+         "Élodie & \"Кам\" 👩‍🎬 שלום"}, // joined by a character that cannot be seen, either
+        {"a\nb\r\nc\vd\fe\xc2\x85", "a↵b↵↵c↵d↵e↵"},
+        {"\u2028a\u2029", "↵a↵"},
+        {"a\tb", "a⇥b"},
+        {"\u200E\u202A\u202D\u2066", "⇉⇉⇉⇉"},
+        {"\u061C\u200F\u202B\u202E\u2067", "⇇⇇⇇⇇⇇"},
+        {"\u202C\u2068\u2069", "⇄⇄⇄"},
+        {std::string("\0\x1b[31m\x7f\xc2\x9b", 9), "��[31m��"},
+        {"\xe2\x80\xff\n", "\xe2\x80\xff↵"}};
+    for (const auto& [text, expected] : drawn)
+        EXPECT_EQ(withVisibleControls(text), expected) << expected;
+}
+
+TEST(TextRules, LongTextsLoseTheirMiddleAndNoCharacterIsSplit)
+{
+    const auto times = [](std::size_t count, std::string_view text) {
+        std::string all;
+        for (; count > 0; --count)
+            all += text;
+        return all;
+    };
+    EXPECT_EQ(withoutMiddle(times(600, "é")), times(600, "é"));
+    EXPECT_EQ(withoutMiddle(times(601, "é")), times(299, "é") + "…" + times(300, "é"));
+    EXPECT_EQ(withoutMiddle("abcdefgh", 6), "ab…fgh");
+    EXPECT_EQ(withoutMiddle(times(301, "e\u0301")), times(149, "e\u0301") + "…" + times(150, "e\u0301"));
+    EXPECT_EQ(withoutMiddle(times(400, "🇸🇪")), times(149, "🇸🇪") + "…" + times(150, "🇸🇪")) << "no half flags";
+    const std::string tower = "e" + times(9'000'000, "\u0301");
+    EXPECT_EQ(withoutMiddle(tower), "e" + times(298, "\u0301") + "…" + times(300, "\u0301"));
+    EXPECT_EQ(withoutMiddle(times(9'000'000, "\x80")).size(), 599 + 3) << "what is no text is counted byte by byte";
+    EXPECT_EQ(shownText(times(700, "\n")), times(299, "↵") + "…" + times(300, "↵"));
+}
+
+} // namespace
+} // namespace corvane
