@@ -5,6 +5,7 @@
 #include "bench/edit_document.h"
 #include "bench/stopwatch.h"
 #include "export/rough_edit_writer.h"
+#include "import/project_loading.h"
 
 #include <array>
 #include <stdexcept>

@@ -6,6 +6,7 @@
 #include "bench/fresh_process.h"
 #include "bench/stopwatch.h"
 #include "import/cut_engine.h"
+#include "import/project_loading.h"
 #include "platform/files.h"
 
 #include <array>

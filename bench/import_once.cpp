@@ -4,6 +4,7 @@
 #include "bench/bare_document.h"
 #include "bench/stopwatch.h"
 #include "import/cut_engine.h"
+#include "import/project_loading.h"
 #include "platform/files.h"
 
 #include <cstdint>

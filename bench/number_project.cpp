@@ -23,7 +23,7 @@ Frames firstStretch(std::int64_t angle)
     return angle * period / angles;
 }
 
-std::vector<FrameRange> stretches(std::int64_t angle, Frames length)
+std::vector<FrameRange> videoRanges(std::int64_t angle, Frames length)
 {
     std::vector<FrameRange> all;
     for (Frames start = firstStretch(angle); start < length; start += period)
@@ -82,9 +82,9 @@ NumberProject numberProject(std::int64_t hours)
         imported.id = id;
         imported.name = numbered("Camera ", static_cast<std::size_t>(angle) + 1);
         project.imported.angles.push_back(imported);
-        project.engine.coverage[id] = stretches(angle, project.engine.length);
-        project.engine.audioCoverage[id] =
-            angle == 0 ? std::vector<FrameRange>{{0, project.engine.length}} : stretches(angle, project.engine.length);
+        project.engine.coverage[id] = videoRanges(angle, project.engine.length);
+        project.engine.audioCoverage[id] = angle == 0 ? std::vector<FrameRange>{{0, project.engine.length}}
+                                                      : videoRanges(angle, project.engine.length);
     }
     project.engine.audioID = project.imported.angles.front().id;
     addSettings(project, hours);

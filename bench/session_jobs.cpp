@@ -4,6 +4,7 @@
 #include "bench/conditions.h"
 #include "bench/session_window.h"
 #include "bench/stopwatch.h"
+#include "import/project_loading.h"
 #include "session/saved_session.h"
 
 #include <malloc.h>

@@ -2,6 +2,7 @@
 
 #include "bench/edit_document.h"
 #include "bench/repeatable_numbers.h"
+#include "import/project_loading.h"
 #include "session/starting_settings.h"
 
 #include <fcntl.h>

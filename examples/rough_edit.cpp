@@ -11,6 +11,7 @@
 #include "export/rough_edit_writer.h"
 #include "export/settings_record.h"
 #include "import/final_cut_import_error.h"
+#include "import/project_loading.h"
 #include "intake/project_file.h"
 #include "platform/files.h"
 #include "session/starting_settings.h"
@@ -60,7 +61,7 @@ void printProject(const ImportedProject& project, const CutEngine& engine)
               << std::left << std::setw(30) << "Angle" << std::setw(16) << "Video" << "Audio\n";
     for (const ImportedAngle& angle : project.angles)
         std::cout << std::setw(30) << shownText(angle.name) << std::setw(16)
-                  << coverage(engine, engine.stretches(angle.id)) << coverage(engine, engine.audioStretches(angle.id))
+                  << coverage(engine, engine.videoRanges(angle.id)) << coverage(engine, engine.audioRanges(angle.id))
                   << "\n";
 }
 

@@ -4,6 +4,8 @@
 #include "export/rough_edit_writer.h"
 #include "fuzz/target.h"
 #include "import/final_cut_import_error.h"
+#include "import/project_import.h"
+#include "import/project_loading.h"
 
 std::string runFuzzInput(std::string_view bytes)
 {

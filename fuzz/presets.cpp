@@ -3,6 +3,7 @@
 #include "session/presets.h"
 
 #include "fuzz/target.h"
+#include "import/project_loading.h"
 #include "support/documents.h"
 
 #include <algorithm>

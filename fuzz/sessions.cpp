@@ -1,6 +1,7 @@
 // Bytes as a session file: read, checked against its own project, and saved again.
 
 #include "fuzz/target.h"
+#include "import/project_loading.h"
 #include "session/saved_session.h"
 #include "session/session_encoding.h"
 

@@ -3,6 +3,7 @@
 
 #include "fuzz/byte_draws.h"
 #include "fuzz/target.h"
+#include "import/project_import.h"
 #include "support/documents.h"
 #include "support/test_window.h"
 

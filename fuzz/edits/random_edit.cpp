@@ -6,6 +6,8 @@
 #include "fuzz/edits/random_document.h"
 #include "fuzz/edits/written_edit.h"
 #include "import/final_cut_import_error.h"
+#include "import/project_loading.h"
+#include "import/source_document.h"
 
 #include <algorithm>
 
@@ -20,7 +22,7 @@ std::string brokenCoverage(const CutEngine& engine)
     };
     for (const auto& [angle, stretches] : engine.coverage) {
         const auto painted = paintedAngle(engine.source->document, angle);
-        const auto& audible = engine.audioStretches(angle);
+        const auto& audible = engine.audioRanges(angle);
         for (Frames frame = 0; frame < engine.length; ++frame) {
             const PaintedFrame found = {holds(stretches, frame), holds(audible, frame)};
             if (found != painted[static_cast<std::size_t>(frame)])

@@ -17,10 +17,10 @@ namespace {
 void addFootage(
     std::vector<FrameRange>& covered, const CutEngine& engine, std::string_view camera, Frames from, Frames to)
 {
-    const auto& stretches = engine.stretches(camera);
+    const auto& ranges = engine.videoRanges(camera);
     const auto beforeEnd = [](Frames frame, const FrameRange& range) { return frame < range.end; };
-    for (auto each = std::upper_bound(stretches.begin(), stretches.end(), from, beforeEnd);
-         each != stretches.end() && each->start < to; ++each) {
+    for (auto each = std::upper_bound(ranges.begin(), ranges.end(), from, beforeEnd);
+         each != ranges.end() && each->start < to; ++each) {
         const FrameRange piece = {std::max(each->start, from), std::min(each->end, to)};
         if (piece.start < piece.end)
             covered.push_back(piece);
@@ -139,7 +139,7 @@ std::optional<std::string> setupWarning(
         return gapWarning(engine, gaps.front(), decimalSign);
     if (settings.audio.empty())
         return std::nullopt;
-    const auto silences = uncoveredStretches(engine.audioStretches(settings.audio), engine.length);
+    const auto silences = uncoveredStretches(engine.audioRanges(settings.audio), engine.length);
     if (silences.empty())
         return std::nullopt;
     return "Selected audio has a gap at " + timecodeLabel(engine, silences.front().start) +
@@ -148,7 +148,7 @@ std::optional<std::string> setupWarning(
 
 void checkContinuousAudio(const CutEngine& engine, std::string_view audioAngle)
 {
-    if (engine.audioStretches(audioAngle) != std::vector<FrameRange>{{0, engine.length}})
+    if (engine.audioRanges(audioAngle) != std::vector<FrameRange>{{0, engine.length}})
         throw FinalCutImportError::invalid(
             "This audio angle does not cover the whole project. Choose a continuous audio angle.");
 }

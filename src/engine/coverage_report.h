@@ -2,7 +2,7 @@
 
 #include "engine/edit_settings.h"
 #include "import/cut_engine.h"
-#include "import/project_import.h"
+#include "import/imported_project.h"
 
 #include <cstdint>
 #include <map>
@@ -25,7 +25,7 @@ using UsageByCamera = std::map<std::string, CameraUsage, std::less<>>;
 /// Usage by camera; a camera without cuts has no entry. Cuts of one camera that touch are one shot.
 [[nodiscard]] UsageByCamera cameraUsage(const std::vector<Cut>& cuts);
 
-/// The footage that generation may use, as stretches in no order, or why that cannot be told.
+/// The footage that generation may use, as ranges in no order, or why that cannot be told.
 struct CoverageReport {
     std::vector<FrameRange> covered;
     std::optional<std::string> message;
@@ -51,7 +51,7 @@ struct CoverageReport {
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings,
     std::string_view decimalSign = ".");
 
-/// Refuses an audio angle whose sound is not exactly one stretch over the whole project.
+/// Refuses an audio angle whose sound is not exactly one range over the whole project.
 void checkContinuousAudio(const CutEngine& engine, std::string_view audioAngle);
 
 } // namespace corvane

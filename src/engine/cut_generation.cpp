@@ -93,8 +93,8 @@ public:
 private:
     struct Camera {
         std::string id;
-        const std::vector<FrameRange>* stretches = nullptr;
-        std::size_t stretch = 0; ///< the first that ends after position; only ever moves forward
+        const std::vector<FrameRange>* ranges = nullptr;
+        std::size_t range = 0; ///< the first that ends after position; only ever moves forward
         double weight = usualFrequency;
         Frames wait = 0;
         std::optional<Frames> lastShotEnd;
@@ -106,7 +106,7 @@ private:
     {
         Camera camera;
         camera.id = id;
-        camera.stretches = &engine_.stretches(id);
+        camera.ranges = &engine_.videoRanges(id);
         camera.weight = valueFor(inputs_.frequencies, id, usualFrequency);
         camera.wait = wholeFrames(std::ceil(engine_.frames(valueFor(inputs_.returnTimes, id, 0))));
         cameras_.push_back(camera);
@@ -134,10 +134,10 @@ private:
     {
         eligible_.clear();
         for (Camera& camera : cameras_) {
-            const auto& stretches = *camera.stretches;
-            while (camera.stretch < stretches.size() && stretches[camera.stretch].end <= position_)
-                ++camera.stretch;
-            if (camera.stretch < stretches.size() && stretches[camera.stretch].start <= position_)
+            const auto& ranges = *camera.ranges;
+            while (camera.range < ranges.size() && ranges[camera.range].end <= position_)
+                ++camera.range;
+            if (camera.range < ranges.size() && ranges[camera.range].start <= position_)
                 eligible_.push_back(&camera);
         }
     }
@@ -146,8 +146,8 @@ private:
     {
         std::optional<Frames> next;
         for (const Camera& camera : cameras_) {
-            const auto later = std::ranges::upper_bound(*camera.stretches, position_, {}, &FrameRange::start);
-            if (later != camera.stretches->end())
+            const auto later = std::ranges::upper_bound(*camera.ranges, position_, {}, &FrameRange::start);
+            if (later != camera.ranges->end())
                 next = std::min(next.value_or(later->start), later->start);
         }
         note(next ? GenerationEvent::noFootageInGap : GenerationEvent::noFootageToTheEnd);
@@ -259,7 +259,7 @@ private:
         const Frames boundary = nextBoundary();
         Camera& camera = pick(candidates());
         const Frames byLength = position_ + drawLength(isMain(camera));
-        const Frames footageEnd = (*camera.stretches)[camera.stretch].end;
+        const Frames footageEnd = (*camera.ranges)[camera.range].end;
         const Frames end = std::min({byLength, footageEnd, boundary});
         note(
             end == byLength         ? GenerationEvent::endsByLength

@@ -45,7 +45,7 @@ struct EditSettings {
     bool operator==(const EditSettings&) const = default;
 };
 
-/// A camera held over the half-open stretch [start, end) of project frames.
+/// A camera held over the half-open range [start, end) of project frames.
 struct FixedCameraSection {
     std::string angle;
     Frames start = 0;

@@ -12,7 +12,7 @@ std::vector<ImportedAngle> videoAngles(const ImportedProject& project, const Cut
 {
     std::vector<ImportedAngle> angles;
     std::ranges::copy_if(project.angles, std::back_inserter(angles), [&](const ImportedAngle& angle) {
-        return !engine.stretches(angle.id).empty();
+        return !engine.videoRanges(angle.id).empty();
     });
     return angles;
 }

@@ -31,7 +31,7 @@ bool camerasUsable(const CutEngine& engine, const GenerationInputs& inputs)
         return false;
     std::set<std::string_view> seen;
     const auto usable = [&](const std::string& camera) {
-        return seen.insert(camera).second && !engine.stretches(camera).empty();
+        return seen.insert(camera).second && !engine.videoRanges(camera).empty();
     };
     return usable(inputs.mainCamera) && std::ranges::all_of(inputs.otherCameras, usable);
 }
@@ -106,10 +106,10 @@ std::vector<FixedCameraSection> validateFixedSections(
 
 bool hasFootage(const CutEngine& engine, std::string_view camera, Frames start, Frames end)
 {
-    // Normalised stretches are sorted and apart, so only the last that starts at or before `start` can hold it.
-    const auto& stretches = engine.stretches(camera);
-    const auto after = std::ranges::upper_bound(stretches, start, {}, &FrameRange::start);
-    return after != stretches.begin() && std::prev(after)->holds(start, end);
+    // Normalised ranges are sorted and apart, so only the last that starts at or before `start` can hold it.
+    const auto& ranges = engine.videoRanges(camera);
+    const auto after = std::ranges::upper_bound(ranges, start, {}, &FrameRange::start);
+    return after != ranges.begin() && std::prev(after)->holds(start, end);
 }
 
 Frames wholeFrames(double frames)

@@ -25,11 +25,11 @@ struct EditFrame {
 [[nodiscard]] Frames bookendFrames(const CutEngine& engine, const std::optional<BookendShot>& shot);
 
 /// The sections sorted by start (equal starts keep their order). Refuses sections that are empty, leave
-/// [freeStart, freeEnd), overlap, or are not held by one single stretch of their camera's footage.
+/// [freeStart, freeEnd), overlap, or are not held by one single range of their camera's footage.
 [[nodiscard]] std::vector<FixedCameraSection> validateFixedSections(
     const CutEngine& engine, std::vector<FixedCameraSection> sections, Frames freeStart, Frames freeEnd);
 
-/// True when one stretch holds all of [start, end).
+/// True when one range holds all of [start, end).
 [[nodiscard]] bool hasFootage(const CutEngine& engine, std::string_view camera, Frames start, Frames end);
 
 /// A whole double as a frame count; what is far beyond any project, or no number, becomes the nearest count inside.

@@ -2,6 +2,7 @@
 
 #include "export/piece_annotations.h"
 #include "export/piece_parts.h"
+#include "import/source_document.h"
 
 #include <algorithm>
 #include <map>

@@ -1,6 +1,7 @@
 #include "export/piece_annotations.h"
 
 #include "export/piece_parts.h"
+#include "import/source_document.h"
 #include "import/time_values.h"
 #include "xml/writing.h"
 

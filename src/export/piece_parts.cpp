@@ -1,6 +1,7 @@
 #include "export/piece_parts.h"
 
 #include "import/project_import.h"
+#include "import/source_document.h"
 #include "xml/writing.h"
 
 namespace corvane {

@@ -6,6 +6,7 @@
 #include "export/piece_annotations.h"
 #include "export/piece_parts.h"
 #include "import/final_cut_import_error.h"
+#include "import/source_document.h"
 #include "import/time_values.h"
 #include "xml/tree.h"
 #include "xml/writing.h"

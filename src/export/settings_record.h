@@ -1,7 +1,7 @@
 #pragma once
 
 #include "import/cut_engine.h"
-#include "import/project_import.h"
+#include "import/imported_project.h"
 #include "session/edit_history.h"
 
 #include <string>

@@ -14,11 +14,8 @@ namespace {
 
 constexpr int deepestLevel = 39;
 
-/// About a hundred megabytes of spans made by using compound clips again and again.
-constexpr std::size_t mostCopiedSpans = 4'000'000;
-
-/// Under a second of looking for circles.
-constexpr std::int64_t mostSearchSteps = 10'000'000;
+/// Of one document: far more than a project has clips, and still less than a hundred megabytes.
+constexpr std::int64_t mostSpans = 1'000'000;
 
 bool isAllowed(std::string_view elementName)
 {
@@ -29,32 +26,19 @@ bool isAllowed(std::string_view elementName)
 
 } // namespace
 
-AngleMediaWalker::AngleMediaWalker(const MediaResources& resources)
-    : resources_(resources), compounds_(resources.mediaCount()), uses_(resources.mediaCount())
-{
-}
-
-const std::vector<AngleMediaWalker::Span>& AngleMediaWalker::walk(
-    xml::Element element, std::string_view angleName, const VisitedReferences& visited, int depth)
+std::vector<AngleMediaWalker::Span> AngleMediaWalker::walk(
+    xml::Element element, std::string_view angleName, VisitedReferences visited, int depth)
 {
     angleName_ = angleName;
-    path_ = visited;
+    visited_ = std::move(visited);
     spans_.clear();
-    inside_.reset();
-    uses_.leaveAll();
-    for (const std::string_view reference : visited) {
-        if (const MediaEntry* media = resources_.media(reference))
-            uses_.enterConnected(media->index);
-    }
-    deepest_ = depth;
     append(element, depth);
-    return spans_;
+    return std::move(spans_);
 }
 
 void AngleMediaWalker::append(xml::Element element, int depth)
 {
-    ++visits_;
-    deepest_ = std::max(deepest_, depth);
+    budget_.spend(angleName_);
     if (depth > deepestLevel)
         refuse(" contains excessively nested clips.");
     const std::string_view kind = element.plainName();
@@ -74,17 +58,17 @@ void AngleMediaWalker::append(xml::Element element, int depth)
     const std::size_t firstSpan = spans_.size();
     if (isMediaClip(kind))
         appendMedia(element, clip, start, duration);
-    const bool opensCompound = kind == "ref-clip";
-    if (opensCompound)
-        enterCompound(clip);
+    const auto compound = kind == "ref-clip" ? std::optional(enterCompound(clip)) : std::nullopt;
     for (const xml::Element child : element.children()) {
         if (isAllowed(child.plainName()))
             append(child, depth + 1);
     }
-    if (opensCompound) {
-        uses_.leaveConnected();
-        appendCompound(clip, depth + 1);
-        path_.erase(*clip.ref);
+    if (compound) {
+        for (const xml::Element child : compound->children()) {
+            if (child.named("spine"))
+                append(child, depth + 1);
+        }
+        visited_.erase(*clip.ref);
     }
     if (duration && !(std::isfinite(*duration) && *duration > 0))
         refuse(" contains invalid clip duration.");
@@ -119,68 +103,21 @@ void AngleMediaWalker::appendMedia(
             ". Finish importing media in Final Cut and export XML again.");
     if (!duration)
         duration = parseSeconds(asset->duration);
+    if (++found_ > mostSpans) // the next visit is refused
+        budget_.left = 0;
     spans_.push_back(
         {start, start + *duration, kind != "audio" && asset->hasVideo, kind != "video" && asset->hasAudio});
 }
 
-/// The reference counts as visited from here on, also for the clips connected to it.
-void AngleMediaWalker::enterCompound(const ClipAttributes& clip)
+/// The sequence that a reference leads to. The reference counts as visited from here on, also for the clips that are
+/// connected to it.
+xml::Element AngleMediaWalker::enterCompound(const ClipAttributes& clip)
 {
-    const MediaEntry* media = clip.ref ? resources_.media(clip.ref) : nullptr;
-    if (media == nullptr || path_.contains(*clip.ref) || !media->element.firstChild("sequence"))
+    const auto media = clip.ref ? resources_.media(clip.ref) : std::nullopt;
+    const auto sequence = media ? media->firstChild("sequence") : std::nullopt;
+    if (!sequence || !visited_.insert(*clip.ref).second)
         refuse(" contains a missing or circular compound clip reference.");
-    path_.insert(*clip.ref);
-    if (inside_)
-        uses_.add(*inside_, media->index);
-    uses_.enterConnected(media->index);
-}
-
-void AngleMediaWalker::appendCompound(const ClipAttributes& clip, int depth)
-{
-    const MediaEntry& media = *resources_.media(clip.ref);
-    Compound& compound = compounds_[media.index];
-    if (compound.walked && !leadsInACircle(media.index)) {
-        appendCopy(compound, depth);
-        return;
-    }
-    const auto insideBefore = std::exchange(inside_, media.index);
-    const int deepestBefore = std::exchange(deepest_, depth - 1);
-    const std::size_t firstSpan = spans_.size();
-    for (const xml::Element child : media.element.firstChild("sequence")->children()) {
-        if (child.named("spine"))
-            append(child, depth);
-    }
-    compound.spans.assign(spans_.begin() + static_cast<std::ptrdiff_t>(firstSpan), spans_.end());
-    compound.levels = deepest_ - depth;
-    compound.walked = true;
-    inside_ = insideBefore;
-    deepest_ = std::max(deepest_, deepestBefore);
-}
-
-void AngleMediaWalker::appendCopy(const Compound& compound, int depth)
-{
-    if (depth + compound.levels > deepestLevel)
-        refuse(" contains excessively nested clips.");
-    deepest_ = std::max(deepest_, depth + compound.levels);
-    copiedSpans_ += compound.spans.size();
-    if (copiedSpans_ > mostCopiedSpans)
-        refuseRepetition();
-    spans_.insert(spans_.end(), compound.spans.begin(), compound.spans.end());
-}
-
-/// The walk then finds the place and refuses it.
-bool AngleMediaWalker::leadsInACircle(std::size_t compound)
-{
-    const bool leads = uses_.leadToConnected(compound);
-    if (uses_.steps() > mostSearchSteps)
-        refuseRepetition();
-    return leads;
-}
-
-void AngleMediaWalker::refuseRepetition() const
-{
-    refuse(" uses compound clips inside each other too many times to be read. Break apart these compound clips in "
-           "Final Cut and export XML again.");
+    return *sequence;
 }
 
 void AngleMediaWalker::mapIntoParent(

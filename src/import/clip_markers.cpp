@@ -1,6 +1,7 @@
 #include "import/clip_markers.h"
 
 #include "import/final_cut_import_error.h"
+#include "import/source_document.h"
 #include "import/time_values.h"
 
 #include <algorithm>

@@ -11,7 +11,7 @@ using Frames = std::int64_t;
 /// Frame counts read from a document lie within plus and minus this.
 inline constexpr Frames largestFrameCount = 999'999'999;
 
-/// A half-open stretch [start, end) of project frames.
+/// A half-open range [start, end) of project frames.
 struct FrameRange {
     Frames start = 0;
     Frames end = 0;

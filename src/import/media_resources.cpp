@@ -19,7 +19,6 @@ void addCameraNames(std::vector<std::string_view>& names, xml::Element metadata)
 
 AssetFacts readAsset(xml::Element asset, std::optional<std::string_view>& id)
 {
-    asset.fetchAhead();
     constexpr std::array<std::string_view, 6> names = {"id", "name", "duration", "hasVideo", "hasAudio", "src"};
     const auto values = asset.attributes(names);
     id = values[0];
@@ -50,7 +49,7 @@ MediaResources::MediaResources(xml::Element resources)
             assets_.push_back(std::move(facts));
         } else if (child.named("media")) {
             mediaIds_.add(child.attribute("id"), media_.size());
-            media_.push_back({child, media_.size()});
+            media_.push_back(child);
         } else if (child.named("format")) {
             formatIds_.add(child.attribute("id"), formats_.size());
             formats_.push_back(child);
@@ -64,10 +63,10 @@ const AssetFacts* MediaResources::asset(Reference id) const
     return place ? &assets_[*place] : nullptr;
 }
 
-const MediaEntry* MediaResources::media(Reference id) const
+std::optional<xml::Element> MediaResources::media(Reference id) const
 {
     const auto place = mediaIds_.find(id);
-    return place ? &media_[*place] : nullptr;
+    return place ? std::optional(media_[*place]) : std::nullopt;
 }
 
 std::optional<xml::Element> MediaResources::format(Reference id) const

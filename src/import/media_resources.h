@@ -20,12 +20,6 @@ struct AssetFacts {
     std::vector<std::string_view> cameraNames; ///< from the metadata, as written, repeats kept
 };
 
-/// One `media`: a multicam or a compound clip. `index` counts the media of the document from 0.
-struct MediaEntry {
-    xml::Element element;
-    std::size_t index;
-};
-
 /// The assets, media and formats of a document's `resources`, found by id. Where an id occurs twice the first one
 /// counts. An absent id is found by an absent reference; an empty one is an id like any other.
 class MediaResources {
@@ -35,9 +29,9 @@ public:
     explicit MediaResources(xml::Element resources);
 
     [[nodiscard]] const AssetFacts* asset(Reference id) const;
-    [[nodiscard]] const MediaEntry* media(Reference id) const;
+    /// A multicam or a compound clip.
+    [[nodiscard]] std::optional<xml::Element> media(Reference id) const;
     [[nodiscard]] std::optional<xml::Element> format(Reference id) const;
-    [[nodiscard]] std::size_t mediaCount() const { return media_.size(); }
 
 private:
     class Index {
@@ -51,7 +45,7 @@ private:
     };
 
     std::vector<AssetFacts> assets_;
-    std::vector<MediaEntry> media_;
+    std::vector<xml::Element> media_;
     std::vector<xml::Element> formats_;
     Index assetIds_;
     Index mediaIds_;

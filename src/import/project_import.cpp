@@ -1,6 +1,5 @@
 #include "import/project_import.h"
 
-#include "import/angle_footage.h"
 #include "import/clip_collector.h"
 #include "import/final_cut_import_error.h"
 #include "import/time_values.h"
@@ -26,24 +25,32 @@ std::string joined(const Texts& texts)
     return all;
 }
 
-ImportedAngle importAngle(xml::Element element, ClipCollector& collector, AngleFootage* footage)
+ImportedAngle importAngle(
+    xml::Element element, const MediaResources& resources, VisitBudget& budget, std::set<std::string_view>& missing)
 {
     const auto id = element.attribute("angleID");
     if (!id)
         throw FinalCutImportError::invalid("A camera angle is missing its identifier.");
-    const std::string_view name = element.attribute("name").value_or("Unnamed angle");
-    collector.begin(element, name);
-    if (footage != nullptr)
-        footage->begin(element);
-    std::int64_t gaps = 0;
-    for (const xml::Element child : element.children()) {
-        collector.add(child);
-        if (footage != nullptr)
-            footage->add(child);
-        gaps += child.named("gap") ? 1 : 0;
-    }
-    const AngleClips clips = collector.finish();
-    return {std::string(*id), std::string(name), joined(clips.cameras), clips.count, gaps, clips.firstOffset};
+    ImportedAngle angle;
+    angle.id = *id;
+    angle.name = element.attribute("name").value_or("Unnamed angle");
+    std::set<std::string_view> cameras;
+    ClipCollector(resources, budget).collect(element, angle.name, [&](xml::Element clip) {
+        const auto [offsetText, ref] = clip.attributes(std::array<std::string_view, 2>{"offset", "ref"});
+        const double offset = parseSeconds(offsetText.value_or("0s"));
+        angle.firstRecording = std::min(angle.firstRecording.value_or(offset), offset);
+        ++angle.clipCount;
+        const AssetFacts* asset = resources.asset(ref);
+        if (asset != nullptr)
+            cameras.insert(asset->cameraNames.begin(), asset->cameraNames.end());
+        if (asset == nullptr)
+            missing.insert(clip.attribute("name").value_or("Unnamed clip"));
+        else if (!asset->located)
+            missing.insert(asset->name.value_or("Unnamed clip"));
+    });
+    angle.cameras = joined(cameras);
+    angle.gapCount = std::ranges::count_if(element.children(), [](xml::Element child) { return child.named("gap"); });
+    return angle;
 }
 
 bool idsDistinct(const std::vector<ImportedAngle>& angles)
@@ -76,7 +83,7 @@ bool suppliesAudio(xml::Element mcSource)
     return mode == "all" || mode == "audio";
 }
 
-ImportedProject importProject(const ProjectOutline& outline, AngleFootage* footage)
+ImportedProject importProject(const ProjectOutline& outline, VisitBudget& budget)
 {
     const double frameDuration =
         parseSeconds(outline.format ? outline.format->attribute("frameDuration") : std::nullopt);
@@ -84,11 +91,11 @@ ImportedProject importProject(const ProjectOutline& outline, AngleFootage* foota
     if (!(frameDuration > 0) || !(duration > 0))
         throw FinalCutImportError::invalid("The project must have a positive duration and frame rate.");
 
-    ClipCollector collector(outline.resources);
+    std::set<std::string_view> missing;
     std::vector<ImportedAngle> angles;
     for (const xml::Element child : outline.multicam.children()) {
         if (child.named("mc-angle"))
-            angles.push_back(importAngle(child, collector, footage));
+            angles.push_back(importAngle(child, outline.resources, budget, missing));
     }
     if (angles.size() < 2 || !idsDistinct(angles))
         throw FinalCutImportError::invalid("The multicam needs at least two uniquely identified angles.");
@@ -100,13 +107,14 @@ ImportedProject importProject(const ProjectOutline& outline, AngleFootage* foota
     imported.framesPerSecond = 1 / frameDuration;
     imported.audioAngles = audioAngles(outline.original, angles);
     imported.angles = std::move(angles);
-    imported.missingLocations.assign(collector.missingLocations().begin(), collector.missingLocations().end());
+    imported.missingLocations.assign(missing.begin(), missing.end());
     return imported;
 }
 
 ImportedProject importProject(const xml::Document& document)
 {
-    return importProject(outlineProject(document));
+    VisitBudget budget;
+    return importProject(outlineProject(document), budget);
 }
 
 ImportedProject importProject(std::string_view bytes)

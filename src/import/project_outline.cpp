@@ -59,8 +59,8 @@ ProjectOutline outlineProject(const xml::Document& document)
     const auto resourcesElement = root->firstChild("resources");
     require(resourcesElement.has_value(), "The export has no media resources.");
     MediaResources resources(*resourcesElement);
-    const MediaEntry* media = resources.media(original->attribute("ref"));
-    const auto multicam = media == nullptr ? std::nullopt : media->element.firstChild("multicam");
+    const auto media = resources.media(original->attribute("ref"));
+    const auto multicam = media ? media->firstChild("multicam") : std::nullopt;
     require(multicam.has_value(), "The multicam definition is missing from this export.");
     const auto format = resources.format(sequence->attribute("format"));
     return {document, *root, project, *sequence, *original, std::move(resources), *multicam, format};

@@ -58,7 +58,7 @@ std::vector<ImportedAngle> audioAngles(const ImportedProject& project, const Cut
 {
     std::vector<ImportedAngle> angles;
     std::ranges::copy_if(project.angles, std::back_inserter(angles), [&](const ImportedAngle& angle) {
-        return !engine.audioStretches(angle.id).empty();
+        return !engine.audioRanges(angle.id).empty();
     });
     return angles;
 }

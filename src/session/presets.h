@@ -4,7 +4,7 @@
 #include "engine/edit_settings.h"
 #include "engine/setting_limits.h"
 #include "import/cut_engine.h"
-#include "import/project_import.h"
+#include "import/imported_project.h"
 
 #include <optional>
 #include <string>

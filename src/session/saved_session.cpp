@@ -5,6 +5,7 @@
 #include "engine/setting_fields.h"
 #include "engine/validation.h"
 #include "import/final_cut_import_error.h"
+#include "import/project_loading.h"
 #include "session/record_reading.h"
 
 #include <algorithm>
@@ -23,7 +24,7 @@ void require(bool condition, const char* otherwise)
 
 bool camerasKnown(const CutEngine& engine, const EditSettings& settings)
 {
-    const auto hasVideo = [&](const std::string& camera) { return !engine.stretches(camera).empty(); };
+    const auto hasVideo = [&](const std::string& camera) { return !engine.videoRanges(camera).empty(); };
     return hasVideo(settings.mainCamera) && std::ranges::all_of(settings.otherCameras, hasVideo) &&
            std::ranges::all_of(settings.sections, hasVideo, &SectionDraft::camera) &&
            (!settings.openingEnabled || hasVideo(settings.openingCamera)) &&

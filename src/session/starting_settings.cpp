@@ -37,7 +37,7 @@ std::string defaultAudioAngle(const ImportedProject& project, const CutEngine& e
     const ImportedAngle* firstWithSound = nullptr;
     const ImportedAngle* firstThroughout = nullptr;
     for (const ImportedAngle& angle : project.angles) {
-        const auto& stretches = engine.audioStretches(angle.id);
+        const auto& stretches = engine.audioRanges(angle.id);
         if (stretches.empty())
             continue;
         if (angle.id == engine.audioID)

@@ -2,7 +2,7 @@
 
 #include "engine/edit_settings.h"
 #include "import/cut_engine.h"
-#include "import/project_import.h"
+#include "import/imported_project.h"
 
 #include <string>
 

@@ -29,14 +29,14 @@ struct LabelCount {
     }
 };
 
-FrameCount frameCount(const CutEngine& engine)
+FrameCount frameCount(const TimeBase& time)
 {
-    return engine.dropFrame ? FrameCount::dropFrame : FrameCount::nonDrop;
+    return time.dropFrame ? FrameCount::dropFrame : FrameCount::nonDrop;
 }
 
-LabelCount labelCount(const CutEngine& engine)
+LabelCount labelCount(const TimeBase& time)
 {
-    return {engine.frameNumerator, engine.frameDenominator, frameCount(engine)};
+    return {time.frameNumerator, time.frameDenominator, frameCount(time)};
 }
 
 /// The frames that are counted before the label of so many whole seconds and frames.
@@ -112,46 +112,45 @@ std::string timecodeText(Frames frames, std::int64_t frameNumerator, std::int64_
     return text;
 }
 
-std::string timecodeLabel(const CutEngine& engine, Frames frame)
+std::string timecodeLabel(const TimeBase& time, Frames frame)
 {
-    return timecodeText(
-        frame + engine.timelineStart, engine.frameNumerator, engine.frameDenominator, frameCount(engine));
+    return timecodeText(frame + time.timelineStart, time.frameNumerator, time.frameDenominator, frameCount(time));
 }
 
-Frames parseTimecode(const CutEngine& engine, std::string_view text)
+Frames parseTimecode(const TimeBase& time, std::string_view text)
 {
     const auto label = readLabel(text);
     if (!label)
         throw FinalCutImportError::invalid("Enter timecode as HH:MM:SS:FF, for example 00:05:30:00.");
-    const LabelCount labels = labelCount(engine);
+    const LabelCount labels = labelCount(time);
     if (label->frames >= labels.nominal)
         throw FinalCutImportError::invalid(
             "The frame field must be less than " + std::to_string(labels.nominal) + " for this project.");
     const std::int64_t seconds = label->wholeSeconds();
     if (dropsLabels(seconds) && label->frames < labels.dropped)
         throw FinalCutImportError::invalid("That frame label is skipped in drop-frame timecode.");
-    return framesBefore(labels, seconds, label->frames) - engine.timelineStart;
+    return framesBefore(labels, seconds, label->frames) - time.timelineStart;
 }
 
-std::optional<std::string> labelAfterSkipped(const CutEngine& engine, std::string_view text)
+std::optional<std::string> labelAfterSkipped(const TimeBase& time, std::string_view text)
 {
     const auto label = readLabel(text);
-    const LabelCount labels = labelCount(engine);
+    const LabelCount labels = labelCount(time);
     if (!label || !dropsLabels(label->wholeSeconds()) || label->frames >= labels.dropped)
         return std::nullopt;
-    return timecodeLabel(engine, framesBefore(labels, label->wholeSeconds(), labels.dropped) - engine.timelineStart);
+    return timecodeLabel(time, framesBefore(labels, label->wholeSeconds(), labels.dropped) - time.timelineStart);
 }
 
-std::vector<Frames> roundTimes(const CutEngine& engine, std::int64_t step)
+std::vector<Frames> roundTimes(const TimeBase& time, std::int64_t step)
 {
-    const LabelCount labels = labelCount(engine);
+    const LabelCount labels = labelCount(time);
     // Labels run ahead of the frames that are counted, never behind: this one is not after the project's first.
-    const std::int64_t first = std::max<std::int64_t>(0, engine.timelineStart / labels.nominal / step * step);
+    const std::int64_t first = std::max<std::int64_t>(0, time.timelineStart / labels.nominal / step * step);
     std::vector<Frames> frames;
     for (std::int64_t seconds = first;; seconds += step) {
         const Frames frame =
-            framesBefore(labels, seconds, dropsLabels(seconds) ? labels.dropped : 0) - engine.timelineStart;
-        if (frame >= engine.length)
+            framesBefore(labels, seconds, dropsLabels(seconds) ? labels.dropped : 0) - time.timelineStart;
+        if (frame >= time.length)
             return frames;
         if (frame >= 0)
             frames.push_back(frame);

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "import/cut_engine.h"
-#include "import/frame_range.h"
+#include "import/time_base.h"
 
 #include <cstdint>
 #include <optional>
@@ -21,20 +20,20 @@ enum class FrameCount { nonDrop, dropFrame };
 [[nodiscard]] std::string timecodeText(
     Frames frames, std::int64_t frameNumerator, std::int64_t frameDenominator, FrameCount count);
 
-/// The label of a project frame: counted from the engine's timelineStart, as the sequence counts.
-[[nodiscard]] std::string timecodeLabel(const CutEngine& engine, Frames frame);
+/// The label of a project frame: counted from timelineStart, as the sequence counts.
+[[nodiscard]] std::string timecodeLabel(const TimeBase& time, Frames frame);
 
 /// The project frame of a typed label, which may lie outside the project. Colons and semicolons are the same, widths
 /// are free. Refuses other texts, a frame field at or above the nominal rate, and labels that drop-frame leaves out.
-[[nodiscard]] Frames parseTimecode(const CutEngine& engine, std::string_view text);
+[[nodiscard]] Frames parseTimecode(const TimeBase& time, std::string_view text);
 
 /// The first label that exists after a typed one that drop-frame leaves out: 01:25:00;02 for 01:25:00;00. None for any
 /// other text.
-[[nodiscard]] std::optional<std::string> labelAfterSkipped(const CutEngine& engine, std::string_view text);
+[[nodiscard]] std::optional<std::string> labelAfterSkipped(const TimeBase& time, std::string_view text);
 
 /// The project frames, in order, that carry the first label at or after each multiple of `step` seconds of timecode:
 /// 00:01:00:00 at 23.976 and 25, but 00:01:00;02 at 29.97 drop-frame, where the labels before it are left out. Labels
 /// below 00:00:00:00 are left out too.
-[[nodiscard]] std::vector<Frames> roundTimes(const CutEngine& engine, std::int64_t step);
+[[nodiscard]] std::vector<Frames> roundTimes(const TimeBase& time, std::int64_t step);
 
 } // namespace corvane

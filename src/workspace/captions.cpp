@@ -309,10 +309,10 @@ std::vector<AudioChoice> audioChoices(const ContentView& view)
     const CutEngine& engine = view.state().loaded->engine;
     const std::vector<FrameRange> wholeProject = {{0, engine.length}};
     for (const ImportedAngle& angle : view.state().loaded->imported.angles) {
-        const auto& stretches = engine.audioStretches(angle.id);
-        if (!stretches.empty())
+        const auto& ranges = engine.audioRanges(angle.id);
+        if (!ranges.empty())
             choices.push_back(
-                {angle.id, view.angleLabel(angle.id) + std::string(stretches == wholeProject ? "" : gapsNote)});
+                {angle.id, view.angleLabel(angle.id) + std::string(ranges == wholeProject ? "" : gapsNote)});
     }
     return choices;
 }
@@ -348,11 +348,11 @@ std::string secondsLabel(double seconds)
     return wholeNumber(seconds) + " sec";
 }
 
-std::string stretchesInWords(const CutEngine& engine, const std::vector<FrameRange>& stretches)
+std::string footageInWords(const CutEngine& engine, const std::vector<FrameRange>& ranges)
 {
-    const std::string footage = rangesInWords(engine, "Footage: ", stretches);
+    const std::string footage = rangesInWords(engine, "Footage: ", ranges);
     const std::string gaps = rangesInWords(
-        engine, footage.empty() ? "No footage: " : " No footage: ", uncoveredStretches(stretches, engine.length));
+        engine, footage.empty() ? "No footage: " : " No footage: ", uncoveredStretches(ranges, engine.length));
     return footage + gaps;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "import/clip_markers.h"
+#include "import/imported_project.h"
 #include "workspace/content_view.h"
 
 #include <cstddef>
@@ -42,7 +43,7 @@ struct Enabling {
 
 /// The first reason why a generation would fail; none without a project. `decimalSign` is the user's.
 [[nodiscard]] std::optional<std::string> setupWarning(const ContentView& view, std::string_view decimalSign = ".");
-/// The stretches that no selected camera covers; none without a project and while the settings cannot be read.
+/// The ranges that no selected camera covers; none without a project and while the settings cannot be read.
 [[nodiscard]] std::optional<std::vector<FrameRange>> videoGaps(const ContentView& view);
 /// "2 uncovered video section(s)", or that there is none.
 [[nodiscard]] std::string videoGapsText(const ContentView& view);
@@ -124,7 +125,7 @@ struct AudioChoice {
 /// "15 sec".
 [[nodiscard]] std::string secondsLabel(double seconds);
 /// Where there is footage and where there is none, with timecodes: for who cannot see the bar.
-[[nodiscard]] std::string stretchesInWords(const CutEngine& engine, const std::vector<FrameRange>& stretches);
+[[nodiscard]] std::string footageInWords(const CutEngine& engine, const std::vector<FrameRange>& ranges);
 /// "Markers: Sermon at 00:10:00:00, Communion at 00:31:20:10."; empty without any.
 [[nodiscard]] std::string markersInWords(const CutEngine& engine, const std::vector<ClipMarker>& markers);
 /// "Gaps: 00:00:30:00 to 00:00:40:00.", or that there is none.

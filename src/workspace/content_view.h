@@ -4,6 +4,7 @@
 #include "engine/cut_generation.h"
 #include "engine/edit_settings.h"
 #include "import/cut_engine.h"
+#include "import/imported_project.h"
 #include "intake/xml_inbox.h"
 #include "platform/dialogs.h"
 #include "platform/security_scope.h"

@@ -1,3 +1,4 @@
+#include "import/project_loading.h"
 #include "intake/project_file.h"
 #include "session/starting_settings.h"
 #include "workspace/content_view.h"

@@ -1,3 +1,4 @@
+#include "import/project_loading.h"
 #include "session/saved_session.h"
 #include "workspace/content_view.h"
 

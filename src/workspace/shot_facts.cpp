@@ -51,8 +51,8 @@ std::optional<std::string> shotEndReason(const ContentView& view, const EditMark
     }
     if (marks.closing && marks.closing->start == end)
         return "The closing shot begins.";
-    const auto& stretches = engine.stretches(cut.angle);
-    if (std::ranges::find(stretches, end, &FrameRange::end) != stretches.end())
+    const auto& ranges = engine.videoRanges(cut.angle);
+    if (std::ranges::find(ranges, end, &FrameRange::end) != ranges.end())
         return "The camera's footage ends.";
     return std::nullopt;
 }

@@ -11,7 +11,7 @@
 /// What the cut list on screen says about its shots, read from the revision that drew it.
 namespace corvane {
 
-/// The stretches of the edit that were not drawn but asked for. Frames of the project, half-open.
+/// The ranges of the edit that were not drawn but asked for. Frames of the project, half-open.
 struct EditMarks {
     std::optional<FrameRange> opening;
     std::optional<FrameRange> closing;

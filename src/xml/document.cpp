@@ -59,15 +59,6 @@ void Element::readAttributes(
     }
 }
 
-void Element::fetchAhead() const
-{
-    constexpr std::size_t cacheLine = 64;
-    constexpr std::size_t farthest = 8192; // about two clips with their attributes and notes
-    const char* memory = reinterpret_cast<const char*>(node_);
-    for (std::size_t distance = sizeof(xmlNode); distance < farthest; distance += cacheLine)
-        __builtin_prefetch(memory + distance); // no access: past the heap's end it does nothing
-}
-
 std::optional<Element> Element::parent() const
 {
     _xmlNode* above = node_->parent;

@@ -43,10 +43,6 @@ public:
         return values;
     }
 
-    /// Asks for the memory behind this element, where the parser puts what comes next in the document: a sweep over
-    /// many elements then does not wait for each piece of them. Nothing but time depends on it.
-    void fetchAhead() const;
-
     /// The element around this one; none for the root.
     [[nodiscard]] std::optional<Element> parent() const;
     /// The child elements, in document order.

@@ -1,4 +1,5 @@
 #include "export/rough_edit_writer.h"
+#include "import/project_loading.h"
 #include "support/documents.h"
 #include "xml/tree.h"
 

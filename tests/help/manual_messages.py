@@ -38,8 +38,6 @@ EXCEPTIONS = {
     "Unsupported Final Cut asset property.": "an answer to the program that shares",
     "No files were named.": "an answer to the program that shares",
     "Only files can be opened.": "an answer to the program that shares",
-    "The Apple Event data is nested too deeply.": "about the bytes of such an answer or question",
-    "The Apple Event data is too large.": "about the bytes of such an answer or question",
 }
 # Calls whose texts stand beside what they explain, or are for who cannot see the window.
 EXPLAINING = re.compile(r"(addHelp|helpLabel|setAccessibleName|setAccessibleDescription)\(tr\($")

@@ -1,4 +1,6 @@
 #include "import/cut_engine.h"
+#include "import/project_import.h"
+#include "import/project_loading.h"
 #include "support/documents.h"
 #include "support/refusals.h"
 

@@ -18,7 +18,7 @@ def expect(true, fault):
 
 # The scripting definition has every code that the receiver answers; commands are known by two codes in one.
 defined = {element.get("code") for element in xml.parse(bundle / "Corvane.sdef").iter()} - {None}
-answered = set(re.findall('"([^"]{4})"', (root / "src/intake/share_receiver.cpp").read_text()))
+answered = set(re.findall('"([^"]{4})"', (root / "src/intake/final_cut/share_receiver.cpp").read_text()))
 # The grammar of object specifiers and events, and the standard command that reads a property.
 grammar = {"----", "want", "seld", "from", "form", "prop", "obj ", "core", "getd"}
 for code in sorted(answered - grammar):

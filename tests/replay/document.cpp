@@ -3,6 +3,8 @@
 #include "engine/generation_inputs.h"
 #include "export/rough_edit_writer.h"
 #include "export/settings_record.h"
+#include "import/project_import.h"
+#include "import/project_loading.h"
 #include "replay/kinds.h"
 #include "session/record_reading.h"
 #include "session/saved_session.h"

@@ -2,6 +2,7 @@
 
 #include "base/base64.h"
 #include "engine/setting_fields.h"
+#include "import/source_document.h"
 #include "session/record_reading.h"
 
 #include <limits>

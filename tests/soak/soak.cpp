@@ -2,6 +2,7 @@
 // first thing that is not as it should be. `edits` watches the memory, `kills` ends the process at any moment and
 // restores, `together` lets two processes work on the files of one account.
 
+#include "import/project_loading.h"
 #include "session/saved_session.h"
 #include "support/child_process.h"
 #include "support/documents.h"

@@ -40,13 +40,13 @@ struct Rate {
     std::int64_t numerator, denominator;
     int nominal, dropped;
 
-    [[nodiscard]] CutEngine engine() const
+    [[nodiscard]] TimeBase time() const
     {
-        CutEngine engine;
-        engine.frameNumerator = numerator;
-        engine.frameDenominator = denominator;
-        engine.dropFrame = true;
-        return engine;
+        TimeBase time;
+        time.frameNumerator = numerator;
+        time.frameDenominator = denominator;
+        time.dropFrame = true;
+        return time;
     }
 };
 // 2002/60000 is 29.97 in other terms; 24000/1001, 1/25 and 1/30 know no drop-frame though it is asked for.
@@ -56,13 +56,13 @@ constexpr Rate rates[] = {{1001, 30000, 30, 2}, {1001, 60000, 60, 4}, {2002, 600
 TEST(Timecode, CountsLikeAClockForADay)
 {
     for (const Rate& rate : rates) {
-        const CutEngine engine = rate.engine();
+        const TimeBase time = rate.time();
         Clock clock{rate.nominal, rate.dropped};
         for (Frames frame = 0; clock.hours < 24; ++frame, clock.tick()) {
             const std::string label = clock.label();
-            ASSERT_EQ(timecodeLabel(engine, frame), label) << frame;
+            ASSERT_EQ(timecodeLabel(time, frame), label) << frame;
             if (frame % 7 == 0 || clock.seconds == 0) {
-                ASSERT_EQ(parseTimecode(engine, label), frame) << label;
+                ASSERT_EQ(parseTimecode(time, label), frame) << label;
             }
         }
     }
@@ -71,15 +71,15 @@ TEST(Timecode, CountsLikeAClockForADay)
 TEST(Timecode, TellsTheLabelAfterASkippedOne)
 {
     for (const Rate& rate : rates) {
-        CutEngine engine = rate.engine();
-        engine.timelineStart = 35'000;
+        TimeBase time = rate.time();
+        time.timelineStart = 35'000;
         for (int frame = 0; frame < 6; ++frame) {
             const std::string frames = ":0" + std::to_string(frame);
-            const auto instead = labelAfterSkipped(engine, "1:25:0" + frames);
+            const auto instead = labelAfterSkipped(time, "1:25:0" + frames);
             EXPECT_EQ(instead.has_value(), frame < rate.dropped);
             EXPECT_EQ(instead.value_or(""), frame < rate.dropped ? "01:25:00;0" + std::to_string(rate.dropped) : "");
-            EXPECT_EQ(labelAfterSkipped(engine, "01:20:00" + frames), std::nullopt);
-            EXPECT_EQ(labelAfterSkipped(engine, "01:60:00" + frames), std::nullopt);
+            EXPECT_EQ(labelAfterSkipped(time, "01:20:00" + frames), std::nullopt);
+            EXPECT_EQ(labelAfterSkipped(time, "01:60:00" + frames), std::nullopt);
         }
     }
 }
@@ -87,20 +87,20 @@ TEST(Timecode, TellsTheLabelAfterASkippedOne)
 TEST(Timecode, RoundTimesAreTheFirstLabelsOfTheirSeconds)
 {
     for (const Rate& rate : rates) {
-        CutEngine engine = rate.engine();
-        engine.timelineStart = 35'000; // in the middle of a minute
-        engine.length = rate.nominal * 4000;
+        TimeBase time = rate.time();
+        time.timelineStart = 35'000; // in the middle of a minute
+        time.length = rate.nominal * 4000;
         for (const int step : {1, 15, 60, 300, 3600}) {
             std::vector<Frames> expected;
             Clock clock{rate.nominal, rate.dropped};
-            for (Frames frame = -engine.timelineStart, last = -1; frame < engine.length; ++frame, clock.tick()) {
+            for (Frames frame = -time.timelineStart, last = -1; frame < time.length; ++frame, clock.tick()) {
                 const Frames time = ((clock.hours * 60 + clock.minutes) * 60 + clock.seconds) / step;
                 if (time != last && frame >= 0 && clock.seconds % std::min(step, 60) == 0 &&
                     clock.frames <= rate.dropped)
                     expected.push_back(frame);
                 last = time;
             }
-            ASSERT_EQ(roundTimes(engine, step), expected) << rate.denominator << ", every " << step << " s";
+            ASSERT_EQ(roundTimes(time, step), expected) << rate.denominator << ", every " << step << " s";
         }
     }
 }

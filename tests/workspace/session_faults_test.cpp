@@ -1,3 +1,4 @@
+#include "import/project_import.h"
 #include "session/saved_session.h"
 #include "support/child_process.h"
 #include "support/documents.h"

@@ -1,3 +1,4 @@
+#include "import/project_loading.h"
 #include "support/documents.h"
 #include "support/test_window.h"
 #include "workspace/captions.h"
@@ -160,15 +161,15 @@ TEST(Words, TellCoverageAndWhatIsLeftBehind)
     view.importXML(withGap);
     const CutEngine& engine = window.state().loaded->engine;
     EXPECT_EQ(
-        stretchesInWords(engine, engine.stretches("A")),
+        footageInWords(engine, engine.videoRanges("A")),
         "Footage: 00:00:00:00 to 00:00:20:00, 00:00:30:00 to 00:00:40:00. No footage: 00:00:20:00 to 00:00:30:00.");
-    EXPECT_EQ(stretchesInWords(engine, {}), "No footage: 00:00:00:00 to 00:00:40:00.");
+    EXPECT_EQ(footageInWords(engine, {}), "No footage: 00:00:00:00 to 00:00:40:00.");
     std::vector<FrameRange> many;
     for (Frames frame = 0; frame < 1000; frame += 20)
         many.push_back({frame, frame + 10});
-    EXPECT_EQ(stretchesInWords(engine, many).find("more"), std::string::npos) << "fifty with, fifty without footage";
+    EXPECT_EQ(footageInWords(engine, many).find("more"), std::string::npos) << "fifty with, fifty without footage";
     many.insert(many.begin(), {{0, 2}, {3, 5}});
-    EXPECT_NE(stretchesInWords(engine, many).find(" and 2 more. No footage: "), std::string::npos);
+    EXPECT_NE(footageInWords(engine, many).find(" and 2 more. No footage: "), std::string::npos);
     EXPECT_EQ(projectLine(view, ","), "Concert · 25 frames a second · 00:00:00:00 to 00:00:40:00");
     EXPECT_EQ(carryOverLine(engine), std::nullopt);
     EXPECT_EQ(

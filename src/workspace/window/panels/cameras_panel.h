@@ -1,5 +1,6 @@
 #pragma once
 
+#include "import/imported_project.h"
 #include "workspace/window/camera_marks.h"
 #include "workspace/window/controls/elided_check_box.h"
 #include "workspace/window/controls/elided_label.h"

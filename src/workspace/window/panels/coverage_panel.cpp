@@ -116,10 +116,10 @@ void CoveragePanel::showUse()
         row.label->setEnabled(used);
         const CameraMark& mark = marks_.of(row.camera);
         row.label->setName({0, mark.telling});
-        const auto& stretches = engine.stretches(row.camera);
+        const auto& stretches = engine.videoRanges(row.camera);
         row.bar->show(
             {engine.length, stretches, used ? mark.color : theme::unusedGrey, mark.letter,
-             qt(stretchesInWords(engine, stretches))});
+             qt(footageInWords(engine, stretches))});
     }
     const std::string& audio = settings().audio;
     const QString before = tr("Audio: ");
@@ -127,8 +127,8 @@ void CoveragePanel::showUse()
     showText(*audio_.label, label);
     audio_.label->setName({before.size(), marks_.of(audio).telling});
     setSpokenName(*audio_.bar, label);
-    const auto& sound = engine.audioStretches(audio);
-    audio_.bar->show({engine.length, sound, theme::mutedBeige, {}, qt(stretchesInWords(engine, sound))});
+    const auto& sound = engine.audioRanges(audio);
+    audio_.bar->show({engine.length, sound, theme::mutedBeige, {}, qt(footageInWords(engine, sound))});
 }
 
 void CoveragePanel::showGaps()

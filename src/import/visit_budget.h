@@ -1,0 +1,26 @@
+#pragma once
+
+#include "import/final_cut_import_error.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace corvane {
+
+/// How often the walks over the angles of one document may visit an element. Compound clips that use each other again
+/// and again make more of a few lines than can be read; ten million visits take about a second.
+struct VisitBudget {
+    std::int64_t left = 10'000'000;
+
+    void spend(std::string_view angleName)
+    {
+        if (--left < 0)
+            throw FinalCutImportError::invalid(
+                "Camera " + std::string(angleName) +
+                " uses compound clips inside each other too many times to be read. Break apart these compound clips in "
+                "Final Cut and export XML again.");
+    }
+};
+
+} // namespace corvane
