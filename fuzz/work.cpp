@@ -208,7 +208,7 @@ private:
     }
     void usePreset()
     {
-        const auto presets = view().storedPresets();
+        const auto presets = view().presets().presets();
         if (presets.empty())
             return;
         const EditPreset preset = draws_.anyOf(presets);

@@ -66,7 +66,7 @@ Enabling enabling(const ContentView& view)
     const WorkspaceState& state = view.state();
     const EditHistory& history = state.history;
     const bool camerasChosen = !view.includedOtherCameras().empty() && !state.settings.audio.empty();
-    const bool presetChosen = view.chosenPresetRecord().has_value();
+    const bool presetChosen = view.chosenPreset().has_value();
     Enabling enabled;
     enabled.generate = camerasChosen;
     enabled.exportEdit = !state.cuts().empty();

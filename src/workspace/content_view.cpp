@@ -29,7 +29,9 @@ void coupleBounds(double& minimum, double& maximum, double minimumBefore)
 } // namespace
 
 ContentView::ContentView(WorkspaceServicesInUse services)
-    : services_(std::move(services)), inboxSubscription_(services_.inbox.observe([this] { react(); }))
+    : services_(std::move(services)),
+      presets_(services_.defaults),
+      inboxSubscription_(services_.inbox.observe([this] { react(); }))
 {
 }
 

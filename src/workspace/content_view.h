@@ -11,7 +11,7 @@
 #include "platform/user_defaults.h"
 #include "platform/workspace_services.h"
 #include "session/edit_history.h"
-#include "session/presets.h"
+#include "session/preset_library.h"
 #include "session/session_encoding.h"
 #include "session/session_store.h"
 
@@ -165,9 +165,10 @@ public:
     void stepForward();
 
     // Presets
-    [[nodiscard]] std::vector<EditPreset> storedPresets() const; ///< empty when the list cannot be read
-    [[nodiscard]] bool presetsCanBeRead() const;
-    [[nodiscard]] std::optional<EditPreset> chosenPresetRecord() const;
+    [[nodiscard]] const PresetLibrary& presets() const { return presets_; }
+    [[nodiscard]] std::optional<EditPreset> chosenPreset() const { return presets_.preset(state_.chosenPreset); }
+    /// Another process has changed the stored list.
+    void readPresets();
     void beginSavePreset();
     enum class PresetSave { asNew, update };
     void savePreset(PresetSave kind);
@@ -225,7 +226,8 @@ private:
     void keepReplacedSession();
     void lookForPreviousSession();
 
-    [[nodiscard]] std::vector<EditPreset> decodePresetsOrCloseSheet();
+    [[nodiscard]] std::vector<EditPreset> currentPresets();
+    [[nodiscard]] std::vector<EditPreset> presetsOrCloseSheet();
     void storePresets(std::vector<EditPreset> presets);
     void bringBack(const RemovedSection& removed);
     void bringBack(const EditPreset& deleted);
@@ -234,10 +236,9 @@ private:
         const std::string& folder, const std::string& xml, const std::string& record, const std::string& projectName);
     void exportFinished(const std::optional<ServiceError>& error, const std::string& xmlURL);
 
-    static constexpr const char* presetsKey = "Corvane.savedPresets.v1";
-
     WorkspaceServicesInUse services_;
     WorkspaceState state_;
+    PresetLibrary presets_;
     SessionEncoder encoder_;
     std::deque<std::string> alerts_;
     std::size_t alertsNoticed_ = 0;

@@ -17,34 +17,6 @@ const LoadedDocument& nothingLoaded()
 
 } // namespace
 
-std::vector<EditPreset> ContentView::storedPresets() const
-{
-    try {
-        return decodePresets(services_.defaults.value(presetsKey));
-    } catch (const std::exception&) {
-        return {};
-    }
-}
-
-bool ContentView::presetsCanBeRead() const
-{
-    try {
-        (void)decodePresets(services_.defaults.value(presetsKey));
-        return true;
-    } catch (const std::exception&) {
-        return false;
-    }
-}
-
-std::optional<EditPreset> ContentView::chosenPresetRecord() const
-{
-    for (const EditPreset& preset : storedPresets()) {
-        if (preset.id.text() == state_.chosenPreset)
-            return preset;
-    }
-    return std::nullopt;
-}
-
 void ContentView::beginSavePreset()
 {
     edit([](WorkspaceState& state) {
@@ -57,8 +29,8 @@ void ContentView::savePreset(PresetSave kind)
 {
     edit([this, kind](WorkspaceState& state) {
         try {
-            std::vector<EditPreset> presets = decodePresetsOrCloseSheet();
-            const auto chosen = chosenPresetRecord();
+            std::vector<EditPreset> presets = presetsOrCloseSheet();
+            const auto chosen = chosenPreset();
             const bool update = kind == PresetSave::update;
             if (update && !chosen)
                 return;
@@ -85,26 +57,26 @@ void ContentView::savePreset(PresetSave kind)
     });
 }
 
-std::vector<EditPreset> ContentView::decodePresetsOrCloseSheet()
+std::vector<EditPreset> ContentView::presetsOrCloseSheet()
 {
     try {
-        return decodePresets(services_.defaults.value(presetsKey));
+        return currentPresets();
     } catch (...) {
         state_.showSavePreset = false;
         throw;
     }
 }
 
-/// Sorts and stores the list, once it has been read back without a complaint; otherwise the old one stays. What a newer
-/// version has stored is kept aside first.
+/// Another process may have changed them: the picker shows it.
+std::vector<EditPreset> ContentView::currentPresets()
+{
+    ++state_.storedPresets;
+    return presets_.current();
+}
+
 void ContentView::storePresets(std::vector<EditPreset> presets)
 {
-    sortPresets(presets);
-    const std::string bytes = encodePresets(presets);
-    (void)decodePresets(bytes);
-    if (presetsHoldMore(services_.defaults.value(presetsKey)))
-        (void)services_.defaults.keepAside(presetsKey);
-    services_.defaults.setValue(presetsKey, bytes);
+    presets_.store(std::move(presets));
     ++state_.storedPresets;
 }
 
@@ -124,11 +96,11 @@ void ContentView::applyPreset(const EditPreset& preset)
 void ContentView::deletePreset()
 {
     edit([this](WorkspaceState& state) {
-        const auto chosen = chosenPresetRecord();
+        const auto chosen = chosenPreset();
         if (!chosen)
             return;
         try {
-            std::vector<EditPreset> presets = decodePresets(services_.defaults.value(presetsKey));
+            std::vector<EditPreset> presets = currentPresets();
             std::erase_if(presets, [&](const EditPreset& other) { return other.id == chosen->id; });
             storePresets(std::move(presets));
             state.chosenPreset.clear();
@@ -140,15 +112,22 @@ void ContentView::deletePreset()
     });
 }
 
+void ContentView::readPresets()
+{
+    edit([this](WorkspaceState& state) {
+        presets_.read();
+        ++state.storedPresets;
+    });
+}
+
 void ContentView::startNewPresetList()
 {
     edit([this](WorkspaceState& state) {
-        ++state.storedPresets; // whatever is there now is shown
-        if (presetsCanBeRead())
+        readPresets();
+        if (presets_.canBeRead())
             return;
         try {
-            const std::string kept = services_.defaults.keepAside(presetsKey);
-            services_.defaults.setValue(presetsKey, encodePresets({}));
+            const std::string kept = presets_.startNew();
             state.chosenPreset.clear();
             state.presetNotice = "Started a new list. The old one has been kept in the file " + kept + ".";
         } catch (const std::exception& failure) {

@@ -37,11 +37,8 @@ void ContentView::windowAppeared()
         if (std::exchange(state.didRestore, true))
             return;
         restoreSession();
-        try {
-            (void)decodePresets(services_.defaults.value(presetsKey));
-        } catch (const std::exception&) {
+        if (!presets_.canBeRead())
             fail("Saved presets could not be read. Their stored data has been kept.");
-        }
     });
 }
 

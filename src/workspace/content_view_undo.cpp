@@ -31,7 +31,7 @@ void ContentView::bringBack(const RemovedSection& removed)
 void ContentView::bringBack(const EditPreset& deleted)
 {
     try {
-        std::vector<EditPreset> presets = decodePresets(services_.defaults.value(presetsKey));
+        std::vector<EditPreset> presets = currentPresets();
         if (std::ranges::any_of(presets, [&](const EditPreset& other) { return sameName(other.name, deleted.name); })) {
             fail("A preset with that name already exists. Choose it and use Update, or save with another name.");
             state_.undoable = deleted;

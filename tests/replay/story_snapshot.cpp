@@ -45,7 +45,7 @@ Json fields(StoryStage& stage)
         {"imported", state.loaded ? Json(state.loaded->imported.name) : Json(nullptr)},
         {"engine", state.loaded ? Json(state.loaded->engine.length) : Json(nullptr)},
         {"cuts", cuts},
-        {"chosenPreset", place(stage.window().storedPresets(), state.chosenPreset)}};
+        {"chosenPreset", place(stage.window().presets().presets(), state.chosenPreset)}};
 }
 
 Json derived(const ContentView& window)

@@ -48,7 +48,7 @@ void setSection(StoryStage& stage, const Json& step)
 
 void choosePreset(StoryStage& stage, const Json& step)
 {
-    const auto stored = stage.window().storedPresets();
+    const auto stored = stage.window().presets().presets();
     const Json& position = step.at("position");
     stage.window().edit([&](WorkspaceState& state) {
         state.chosenPreset = position.is_null() ? "" : stored.at(position.get<std::size_t>()).id.text();
@@ -174,7 +174,7 @@ const std::map<std::string, Step> steps = {
     {"beginSavePreset", [](StoryStage& stage, const Json&) { stage.window().beginSavePreset(); }},
     {"applyPreset",
      [](StoryStage& stage, const Json&) {
-         if (const auto preset = stage.window().chosenPresetRecord())
+         if (const auto preset = stage.window().chosenPreset())
              stage.window().applyPreset(*preset);
      }},
     {"deletePreset", [](StoryStage& stage, const Json&) { stage.window().deletePreset(); }},
@@ -188,7 +188,11 @@ const std::map<std::string, Step> steps = {
     {"dismissError", [](StoryStage& stage, const Json&) { stage.window().dismissError(); }},
     {"sessionStore", [](StoryStage& stage, const Json& step) { stage.sessionStore = step.at("state"); }},
     {"replaceSession", replaceSession},
-    {"replacePresets", [](StoryStage& stage, const Json& step) { stage.presets() = bytes(step.at("data")); }},
+    {"replacePresets",
+     [](StoryStage& stage, const Json& step) {
+         stage.presets() = bytes(step.at("data"));
+         stage.window().readPresets();
+     }},
     {"placeFile", [](StoryStage& stage, const Json& step) { std::ofstream(placeOf(stage, step)) << "a file"; }},
     {"removeFile", [](StoryStage& stage, const Json& step) { std::filesystem::remove(placeOf(stage, step)); }},
 };

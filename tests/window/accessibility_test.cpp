@@ -87,7 +87,7 @@ TEST(Accessibility, TextThatIsPutIntoAFieldIsTaken)
     QWidget* sheet = QApplication::activeModalWidget();
     put(sheet->findChild<QLineEdit*>(), "Sermon");
     QTest::mouseClick(gui.withText<>("Save", sheet), Qt::LeftButton);
-    EXPECT_EQ(gui.view().storedPresets().at(0).name, "Sermon");
+    EXPECT_EQ(gui.view().presets().presets().at(0).name, "Sermon");
     gui.click("Save as…");
     EXPECT_EQ(gui.state().presetName, "") << "what the program shows is no entry";
 }

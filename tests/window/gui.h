@@ -35,7 +35,9 @@ public:
 
     explicit Gui(const std::string& xml = "", const MemoryDefaults& kept = MemoryDefaults())
     {
+        account.quit();
         account.defaults.values = kept.values;
+        account.start();
         window_ = std::make_unique<MainWindow>(MainWindowServices{
             account.view(),
             account.inbox,

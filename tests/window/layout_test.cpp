@@ -159,6 +159,9 @@ TEST(Layout, EveryAltKeyMeansOneThing)
 {
     Gui gui(manyCameras());
     gui.account.defaults.values["Corvane.savedPresets.v1"] = "damaged";
+    gui.view().edit([](WorkspaceState& state) { state.presetName = "Sermon"; });
+    gui.view().savePreset(ContentView::PresetSave::asNew);
+    gui.view().dismissError();
     gui.view().generateRoughEdit();
     Gui::settle();
     std::map<QString, QString> keys;

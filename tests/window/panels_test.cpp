@@ -235,10 +235,10 @@ TEST(PresetsPanel, SavesAppliesUpdatesAndDeletes)
     EXPECT_EQ(gui.settings().mainMinimum, 12.5) << "shown between two steps, and not written back";
     EXPECT_EQ(gui.labelled<StepBox>("Minimum: 13 sec")->text(), "12.5");
     gui.click("Delete");
-    EXPECT_TRUE(gui.view().storedPresets().empty());
+    EXPECT_TRUE(gui.view().presets().presets().empty());
     EXPECT_EQ(gui.labelled<Picker>("Preset")->currentText(), "Choose a preset");
     gui.window().menuBar()->actions()[1]->menu()->actions().front()->trigger();
-    EXPECT_EQ(gui.view().storedPresets().size(), 1U);
+    EXPECT_EQ(gui.view().presets().presets().size(), 1U);
 
     EXPECT_EQ(gui.withText<>("Start a New List…"), nullptr) << "the list can be read";
     gui.account.defaults.values["Corvane.savedPresets.v1"] = "{}";

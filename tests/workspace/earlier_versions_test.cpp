@@ -24,8 +24,8 @@ TEST(EarlierVersions, LeftFilesThatOpen)
     EXPECT_EQ(window.state().loaded->imported.name, "Sunday Service");
     EXPECT_EQ(window.state().history.items.size(), 2U);
     EXPECT_EQ(window.state().cuts().size(), 359U);
-    ASSERT_EQ(window.view().storedPresets().size(), 1U);
-    EXPECT_EQ(window.view().storedPresets()[0].name, "Gottesdienst früh");
+    ASSERT_EQ(window.view().presets().presets().size(), 1U);
+    EXPECT_EQ(window.view().presets().presets()[0].name, "Gottesdienst früh");
     window.view().reopenPreviousSession();
     EXPECT_EQ(window.state().loaded->imported.name, "Interview");
     EXPECT_EQ(window.state().history.items.size(), 3U);

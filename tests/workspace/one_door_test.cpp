@@ -101,7 +101,7 @@ TEST(OneDoor, ShowsEveryAlertTheEarlierFirst)
     const std::string_view garbage = "{";
     replaceFile(window.sessionFile(), {&garbage, 1});
     window.defaults.values["Corvane.savedPresets.v1"] = "[1]";
-    window.view().windowAppeared();
+    window.restart();
     ASSERT_EQ(window.view().alerts().size(), 2U);
     EXPECT_EQ(window.view().alerts().front().find("The previous session could not be restored. "), 0U);
     EXPECT_EQ(window.state().error, "Saved presets could not be read. Their stored data has been kept.");

@@ -79,7 +79,7 @@ TEST(StoredPresets, AreLeftByteForByteWhenTheyCannotBeRead)
     savePreset(window, "Second");
     std::string& stored = window.defaults.values["Corvane.savedPresets.v1"];
     const std::string good = stored;
-    const std::string chosen = window.view().storedPresets().front().id.text();
+    const std::string chosen = window.view().presets().presets().front().id.text();
     const std::string rule = "The saved presets could not be read. Your existing saved data has been kept.";
     const auto damaged = [](const std::string& complaint) {
         return "The file of the saved presets is damaged, or another version of Corvane has written it. It has been "
@@ -96,7 +96,7 @@ TEST(StoredPresets, AreLeftByteForByteWhenTheyCannotBeRead)
         stored = bad;
         window.restart();
         EXPECT_EQ(window.state().error, "Saved presets could not be read. Their stored data has been kept.") << bad;
-        EXPECT_TRUE(window.view().storedPresets().empty());
+        EXPECT_TRUE(window.view().presets().presets().empty());
         savePreset(window, "Third");
         EXPECT_EQ(window.view().alerts().back(), breach.reason);
         EXPECT_FALSE(window.state().showSavePreset) << "the message is not hidden behind the sheet";
@@ -105,7 +105,7 @@ TEST(StoredPresets, AreLeftByteForByteWhenTheyCannotBeRead)
         EXPECT_EQ(window.view().alerts().back(), breach.reason);
         window.view().deletePreset();
         EXPECT_EQ(stored, bad) << "neither the start nor a save, an update or a deletion writes over it";
-        EXPECT_FALSE(window.view().presetsCanBeRead());
+        EXPECT_FALSE(window.view().presets().canBeRead());
         window.view().startNewPresetList();
         window.view().startNewPresetList();
         EXPECT_EQ(window.defaults.values["Corvane.savedPresets.v1 (kept)"], bad);
@@ -113,7 +113,7 @@ TEST(StoredPresets, AreLeftByteForByteWhenTheyCannotBeRead)
             window.state().presetNotice,
             "Started a new list. The old one has been kept in the file Corvane.savedPresets.v1 (kept).");
         EXPECT_EQ(stored, "[]") << "the second time there was nothing to put aside";
-        EXPECT_TRUE(window.view().presetsCanBeRead());
+        EXPECT_TRUE(window.view().presets().canBeRead());
     }
     for (const char* place : {"/0/newer", "/0/frequencies/0/newer"}) {
         const std::string newer = broken(good, {place, nullptr, ""});
@@ -122,14 +122,14 @@ TEST(StoredPresets, AreLeftByteForByteWhenTheyCannotBeRead)
         window.restart();
         savePreset(window, "Third");
         savePreset(window, "Fourth");
-        EXPECT_EQ(window.view().storedPresets().size(), 4U);
+        EXPECT_EQ(window.view().presets().presets().size(), 4U);
         EXPECT_EQ(window.defaults.values["Corvane.savedPresets.v1 (kept)"], newer) << "before the first save over it";
     }
     stored = good;
     window.restart();
     EXPECT_EQ(window.state().error, std::nullopt);
     savePreset(window, "Third");
-    EXPECT_EQ(window.view().storedPresets().size(), 3U);
+    EXPECT_EQ(window.view().presets().presets().size(), 3U);
 }
 
 } // namespace

@@ -49,11 +49,11 @@ TEST(Undo, BringsADeletedPresetBackUnlessItsNameIsTakenBy)
         view.savePreset(ContentView::PresetSave::asNew);
     };
     save("Sermon");
-    const auto stored = view.storedPresets();
+    const auto stored = view.presets().presets();
     view.deletePreset();
     EXPECT_EQ(undoText(view), "Undo Delete Preset");
     view.undo();
-    EXPECT_EQ(view.storedPresets(), stored);
+    EXPECT_EQ(view.presets().presets(), stored);
     EXPECT_EQ(window.state().chosenPreset, stored.front().id.text());
 
     view.deletePreset();
@@ -62,7 +62,7 @@ TEST(Undo, BringsADeletedPresetBackUnlessItsNameIsTakenBy)
     EXPECT_EQ(
         window.state().error,
         "A preset with that name already exists. Choose it and use Update, or save with another name.");
-    EXPECT_EQ(view.storedPresets().size(), 1U);
+    EXPECT_EQ(view.presets().presets().size(), 1U);
     EXPECT_EQ(undoText(view), "Undo Delete Preset") << "it can be tried again under another name";
 }
 

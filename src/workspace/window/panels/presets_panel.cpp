@@ -42,7 +42,7 @@ PresetsPanel::PresetsPanel(ContentView& view, QWidget* parent)
         view_.edit([id](WorkspaceState& state) { state.chosenPreset = id; });
     });
     connect(apply_, &QPushButton::clicked, this, [this] {
-        if (const auto preset = view_.chosenPresetRecord())
+        if (const auto preset = view_.chosenPreset())
             view_.applyPreset(*preset);
     });
     connect(saveAs_, &QPushButton::clicked, this, [this] { view_.beginSavePreset(); });
@@ -55,7 +55,7 @@ void PresetsPanel::refresh(const Changes& changes)
 {
     if (has(changes, Changed::presets)) {
         std::vector<Picker::Entry> entries = {{"", utf8(tr("Choose a preset"))}};
-        for (const EditPreset& preset : view_.storedPresets())
+        for (const EditPreset& preset : view_.presets().presets())
             entries.push_back({preset.id.text(), preset.name});
         picker_->show(entries, view_.state().chosenPreset);
     }
@@ -71,7 +71,7 @@ void PresetsPanel::refresh(const Changes& changes)
     show(*saveAs_, enabled.saveAs, why.saveAs);
     show(*update_, enabled.update, why.update);
     show(*delete_, enabled.deletePreset, why.deletePreset);
-    startNewList_->setVisible(!view_.presetsCanBeRead());
+    startNewList_->setVisible(!view_.presets().canBeRead());
     showMessage(*notice_, view_.state().presetNotice);
     notice_->setVisible(!view_.state().presetNotice.empty());
 }
