@@ -46,11 +46,3 @@ if(CORVANE_WINDOW)
     # The toolkit's headers take longer to read than any source of ours.
     make_precompiled(corvane_precompiled_window HEADERS ${common_headers} <QtWidgets> LIBRARIES Qt6::Widgets)
 endif()
-
-# join_sources(TARGET): compiles the sources of a test program together, where what each of them makes of its headers'
-# templates takes most of the time.
-function(join_sources target)
-    if(NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
-        set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 4)
-    endif()
-endfunction()

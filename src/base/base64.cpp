@@ -77,7 +77,7 @@ std::optional<std::string> base64Decoded(std::string_view text)
     }
     if (allDigits > highestDigit)
         return std::nullopt;
-    bytes.resize(bytes.size() - padding);
+    bytes.erase(bytes.size() - padding);
     return bytes;
 }
 

@@ -9,7 +9,7 @@ namespace corvane {
 
 namespace {
 
-constexpr std::string_view hexDigits = "0123456789ABCDEF";
+constexpr std::string_view uuidDigits = "0123456789ABCDEF";
 constexpr std::array<std::size_t, 4> hyphens = {8, 13, 18, 23};
 constexpr std::size_t textLength = 36;
 
@@ -31,8 +31,8 @@ std::string Identifier::digits() const
     std::string text;
     text.reserve(2 * bytes.size());
     for (const std::uint8_t byte : bytes) {
-        text += hexDigits[byte >> 4U];
-        text += hexDigits[byte & 0xFU];
+        text += uuidDigits[byte >> 4U];
+        text += uuidDigits[byte & 0xFU];
     }
     return text;
 }

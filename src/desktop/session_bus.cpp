@@ -16,8 +16,6 @@ namespace corvane {
 
 namespace {
 
-constexpr int patience = 2000; // milliseconds for another process to answer
-
 /// A session without a bus gets none: asking the library for it would start a daemon that nobody ends.
 bool sessionHasBus()
 {

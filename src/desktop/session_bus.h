@@ -10,6 +10,9 @@
 /// there.
 namespace corvane {
 
+/// Milliseconds for another process to answer.
+constexpr int patience = 2000;
+
 /// What became of a request to another process.
 enum class HandOver { taken, unanswered, nobody };
 

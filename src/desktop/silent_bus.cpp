@@ -15,7 +15,7 @@ namespace corvane {
 
 namespace {
 
-constexpr std::chrono::milliseconds patience(2000);
+constexpr std::chrono::milliseconds probePatience(2000);
 constexpr const char* addressVariable = "DBUS_SESSION_BUS_ADDRESS";
 
 /// Where the library would look for the bus; empty where the session has none, for which it would start one.
@@ -34,7 +34,7 @@ bool answers(DBusConnection& connection, const char* method)
     DBusMessage* call = dbus_message_new_method_call(DBUS_SERVICE_DBUS, DBUS_PATH_DBUS, DBUS_INTERFACE_DBUS, method);
     DBusError error = DBUS_ERROR_INIT;
     DBusMessage* reply =
-        dbus_connection_send_with_reply_and_block(&connection, call, static_cast<int>(patience.count()), &error);
+        dbus_connection_send_with_reply_and_block(&connection, call, static_cast<int>(probePatience.count()), &error);
     const bool answered = reply != nullptr || dbus_error_has_name(&error, DBUS_ERROR_NO_REPLY) == FALSE;
     dbus_error_free(&error);
     if (reply != nullptr)
@@ -71,7 +71,7 @@ void avoidSilentSessionBus()
     } catch (const std::system_error&) {
         return; // then the toolkit finds out for itself
     }
-    if (silent.wait_for(patience) != std::future_status::ready || silent.get())
+    if (silent.wait_for(probePatience) != std::future_status::ready || silent.get())
         ::setenv(addressVariable, "disabled:", 1);
 }
 

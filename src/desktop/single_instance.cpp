@@ -19,8 +19,6 @@ namespace corvane {
 
 namespace {
 
-constexpr int patience = 2000; // milliseconds for another process to answer
-
 QString qtText(const std::string& text)
 {
     return QString::fromStdString(text);

@@ -40,13 +40,13 @@ struct Rate {
     std::int64_t numerator, denominator;
     int nominal, dropped;
 
-    [[nodiscard]] TimeBase time() const
+    [[nodiscard]] TimeBase base() const
     {
-        TimeBase time;
-        time.frameNumerator = numerator;
-        time.frameDenominator = denominator;
-        time.dropFrame = true;
-        return time;
+        TimeBase base;
+        base.frameNumerator = numerator;
+        base.frameDenominator = denominator;
+        base.dropFrame = true;
+        return base;
     }
 };
 // 2002/60000 is 29.97 in other terms; 24000/1001, 1/25 and 1/30 know no drop-frame though it is asked for.
@@ -56,13 +56,13 @@ constexpr Rate rates[] = {{1001, 30000, 30, 2}, {1001, 60000, 60, 4}, {2002, 600
 TEST(Timecode, CountsLikeAClockForADay)
 {
     for (const Rate& rate : rates) {
-        const TimeBase time = rate.time();
+        const TimeBase base = rate.base();
         Clock clock{rate.nominal, rate.dropped};
         for (Frames frame = 0; clock.hours < 24; ++frame, clock.tick()) {
             const std::string label = clock.label();
-            ASSERT_EQ(timecodeLabel(time, frame), label) << frame;
+            ASSERT_EQ(timecodeLabel(base, frame), label) << frame;
             if (frame % 7 == 0 || clock.seconds == 0) {
-                ASSERT_EQ(parseTimecode(time, label), frame) << label;
+                ASSERT_EQ(parseTimecode(base, label), frame) << label;
             }
         }
     }
@@ -71,15 +71,15 @@ TEST(Timecode, CountsLikeAClockForADay)
 TEST(Timecode, TellsTheLabelAfterASkippedOne)
 {
     for (const Rate& rate : rates) {
-        TimeBase time = rate.time();
-        time.timelineStart = 35'000;
+        TimeBase base = rate.base();
+        base.timelineStart = 35'000;
         for (int frame = 0; frame < 6; ++frame) {
             const std::string frames = ":0" + std::to_string(frame);
-            const auto instead = labelAfterSkipped(time, "1:25:0" + frames);
+            const auto instead = labelAfterSkipped(base, "1:25:0" + frames);
             EXPECT_EQ(instead.has_value(), frame < rate.dropped);
             EXPECT_EQ(instead.value_or(""), frame < rate.dropped ? "01:25:00;0" + std::to_string(rate.dropped) : "");
-            EXPECT_EQ(labelAfterSkipped(time, "01:20:00" + frames), std::nullopt);
-            EXPECT_EQ(labelAfterSkipped(time, "01:60:00" + frames), std::nullopt);
+            EXPECT_EQ(labelAfterSkipped(base, "01:20:00" + frames), std::nullopt);
+            EXPECT_EQ(labelAfterSkipped(base, "01:60:00" + frames), std::nullopt);
         }
     }
 }
@@ -87,20 +87,20 @@ TEST(Timecode, TellsTheLabelAfterASkippedOne)
 TEST(Timecode, RoundTimesAreTheFirstLabelsOfTheirSeconds)
 {
     for (const Rate& rate : rates) {
-        TimeBase time = rate.time();
-        time.timelineStart = 35'000; // in the middle of a minute
-        time.length = rate.nominal * 4000;
+        TimeBase base = rate.base();
+        base.timelineStart = 35'000; // in the middle of a minute
+        base.length = rate.nominal * 4000;
         for (const int step : {1, 15, 60, 300, 3600}) {
             std::vector<Frames> expected;
             Clock clock{rate.nominal, rate.dropped};
-            for (Frames frame = -time.timelineStart, last = -1; frame < time.length; ++frame, clock.tick()) {
+            for (Frames frame = -base.timelineStart, last = -1; frame < base.length; ++frame, clock.tick()) {
                 const Frames time = ((clock.hours * 60 + clock.minutes) * 60 + clock.seconds) / step;
                 if (time != last && frame >= 0 && clock.seconds % std::min(step, 60) == 0 &&
                     clock.frames <= rate.dropped)
                     expected.push_back(frame);
                 last = time;
             }
-            ASSERT_EQ(roundTimes(time, step), expected) << rate.denominator << ", every " << step << " s";
+            ASSERT_EQ(roundTimes(base, step), expected) << rate.denominator << ", every " << step << " s";
         }
     }
 }

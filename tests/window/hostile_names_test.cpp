@@ -21,7 +21,7 @@ using namespace test;
 const std::string controls =
     "x\u061C\u200E\u200F\u202A\u202B\u202C\u202D\u202E\u2066\u2067\u2068\u2069\u2028\u2029\u0085"
     "\n\r\tx";
-const QString marks = "x⇇⇉⇇⇉⇇⇄⇉⇇⇉⇇⇄⇄↵↵↵↵↵⇥x";
+const QString drawnMarks = "x⇇⇉⇇⇉⇇⇄⇉⇇⇉⇇⇄⇄↵↵↵↵↵⇥x";
 
 /// Names that are markup, name a file that is there, and turn and break the line.
 class Hostile {
@@ -90,7 +90,7 @@ public:
     void expectMarked(const std::string& what, qsizetype count) const
     {
         const QString drawnAsMarks = qt(controls).remove('x').remove('\n');
-        EXPECT_GE(texts.filter("<b>" + qt(what)).filter(marks).size(), count) << what;
+        EXPECT_GE(texts.filter("<b>" + qt(what)).filter(drawnMarks).size(), count) << what;
         for (const QString& text : texts) {
             EXPECT_LE(text.count('\n'), 3) << "only the program begins lines: " << utf8(text);
             for (const QChar c : drawnAsMarks)

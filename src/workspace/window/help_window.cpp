@@ -21,7 +21,7 @@ namespace corvane {
 
 namespace {
 
-const std::string splitKey = "Corvane.help.split";
+const std::string helpSplitKey = "Corvane.help.split";
 
 QString line(const PageLine& line)
 {
@@ -142,7 +142,7 @@ QWidget* CorvaneHelpView::makeTopics()
     pages_->addWidget(page_);
     pages_->addWidget(makeNothingMatches());
     split_->setStretchFactor(1, 1);
-    const QList<int> widths = savedSizes(places_, splitKey, *split_);
+    const QList<int> widths = savedSizes(places_, helpSplitKey, *split_);
     split_->setSizes(widths.isEmpty() ? QList<int>{260, 640} : widths);
     connect(query_, &QLineEdit::textChanged, this, &CorvaneHelpView::search);
     const auto select = [this](const QListWidgetItem* item) {
@@ -159,7 +159,7 @@ QWidget* CorvaneHelpView::makeTopics()
 void CorvaneHelpView::hideEvent(QHideEvent* event)
 {
     if (split_ != nullptr)
-        saveSizes(places_, splitKey, *split_);
+        saveSizes(places_, helpSplitKey, *split_);
     QWidget::hideEvent(event);
 }
 
