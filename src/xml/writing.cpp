@@ -160,6 +160,12 @@ void appendElement(std::string& out, const xmlNode& element, int level, bool asI
     out += '>';
 }
 
+/// Whether a reader finds the same text in a section. Sections that stand side by side are one since they were read.
+bool fitsIntoSection(std::string_view text)
+{
+    return text.find('\r') == std::string_view::npos && text.find("]]>") == std::string_view::npos;
+}
+
 /// There are no other kinds: an entity is either replaced by its text while a document is read, or refused.
 void appendNode(std::string& out, const xmlNode& node, int level, bool asItStands)
 {
@@ -170,7 +176,7 @@ void appendNode(std::string& out, const xmlNode& node, int level, bool asItStand
         out.append("<!--").append(content).append("-->");
     } else if (node.type == XML_PI_NODE) {
         out.append("<?").append(view(node.name)).append(content.empty() ? "" : " ").append(content).append("?>");
-    } else if (node.type == XML_CDATA_SECTION_NODE && content.find('\r') == std::string_view::npos) {
+    } else if (node.type == XML_CDATA_SECTION_NODE && fitsIntoSection(content)) {
         out.append("<![CDATA[").append(content).append("]]>");
     } else {
         appendEscaped(out, content, Place::content);

@@ -92,7 +92,8 @@ for character in CHARACTERS:
     written(f"{character!r} as a reference", everywhere(references, references), character)
     value = references if character in "\r\n\t" else "&e;"  # the parser makes blanks of those, against the rules of XML
     written(f"{character!r} in an entity", everywhere(value, "&e;").replace("<fcpxml", entity, 1), character)
-    if character not in ("\r", "\r\n", "]]>"):
-        written(f"{character!r} in CDATA", everywhere(references, f"<![CDATA[{character}]]> <![CDATA[]]>"), character)
+    if character not in ("\r", "\r\n"):
+        sections = "".join(f"<![CDATA[{each}]]>" for each in character)
+        written(f"{character!r} in CDATA", everywhere(references, f"{sections} <![CDATA[]]>"), character)
 
 answered_by(sys.argv[1])
