@@ -39,7 +39,8 @@ struct FreeParser {
 
 /// A start tag as the parser gives it.
 struct StartTag {
-    std::string_view name;                ///< empty when it has a prefix
+    std::string_view prefix;
+    const xmlChar* name;
     std::span<const xmlChar*> namespaces; ///< of each: prefix, address
     std::span<const xmlChar*> attributes; ///< of each: name, prefix, address, begin and end of the value
 };
@@ -73,12 +74,14 @@ private:
     static int read(void* reading, char* out, int room);
     template <class Error>
     static void onError(void* parser, Error* error);
+    void refuse(const ParserComplaint& complaint);
     [[nodiscard]] std::string place() const;
 
     /// Counts something; refuses when it is too much.
     template <class Count>
     void count(const Count& count);
     void measure(const StartTag& tag);
+    void checkNames(xmlParserCtxtPtr parser, const StartTag& tag);
     void open(const StartTag& tag);
     void close(xmlParserCtxtPtr parser);
     void text(xmlParserCtxtPtr parser, std::string_view text);
@@ -170,12 +173,16 @@ void Reading::listenToContents()
     xmlSAXHandler& events = *parser_->sax;
     events.startElementNs = [](void* parser, const xmlChar* name, const xmlChar* prefix, const xmlChar* address,
                                int spaces, const xmlChar** spaceList, int count, int defaults, const xmlChar** list) {
-        of(parser).open(
-            {prefix == nullptr ? view(name) : std::string_view(),
-             {spaceList, static_cast<std::size_t>(spaces) * 2},
-             {list, static_cast<std::size_t>(count) * 5}});
-        if (of(parser).refusal_.empty())
-            xmlSAX2StartElementNs(parser, name, prefix, address, spaces, spaceList, count, defaults, list);
+        const StartTag tag{
+            view(prefix),
+            name,
+            {spaceList, static_cast<std::size_t>(spaces) * 2},
+            {list, static_cast<std::size_t>(count) * 5}};
+        of(parser).open(tag);
+        if (!of(parser).refusal_.empty())
+            return;
+        xmlSAX2StartElementNs(parser, name, prefix, address, spaces, spaceList, count, defaults, list);
+        of(parser).checkNames(static_cast<xmlParserCtxtPtr>(parser), tag);
     };
     events.endElementNs = [](void* parser, auto... name) {
         of(parser).close(static_cast<xmlParserCtxtPtr>(parser));
@@ -209,18 +216,23 @@ int Reading::read(void* self, char* out, int room)
     return static_cast<int>(piece.copy(out, piece.size()));
 }
 
-/// Fatal errors refuse, and so does an entity that nothing is known of, which is none to the library where a part of
-/// the document type stands elsewhere.
+/// Fatal errors refuse. So does an entity that nothing is known of, which is none to the library where a part of the
+/// document type stands elsewhere, and so do names that the library takes and other readers do not.
 template <class Error>
 void Reading::onError(void* parser, Error* error)
 {
     Reading& reading = of(parser);
-    if (error == nullptr || !reading.refusal_.empty() ||
-        (error->level != XML_ERR_FATAL && error->code != XML_WAR_UNDECLARED_ENTITY))
+    if (error == nullptr || (error->level != XML_ERR_FATAL && error->code != XML_WAR_UNDECLARED_ENTITY &&
+                             (error->level != XML_ERR_ERROR || !isAboutName(error->code))))
         return;
     const auto words = [](const char* text) { return text == nullptr ? std::string_view() : text; };
-    reading.refusal_ =
-        refusalText({error->code, words(error->message), words(error->str1)}, reading.place(), reading.bytes_);
+    reading.refuse({error->code, words(error->message), words(error->str1), words(error->str2)});
+}
+
+void Reading::refuse(const ParserComplaint& complaint)
+{
+    if (refusal_.empty())
+        refusal_ = refusalText(complaint, place(), bytes_);
 }
 
 /// In the document, even while the text of an entity is read.
@@ -257,12 +269,38 @@ void Reading::measure(const StartTag& tag)
     count([bytes](ParserLimits& limits) { limits.growth(bytes); });
 }
 
+/// The library looks less closely at what a document type or an entity brings into a tag than at what stands in it.
+void Reading::checkNames(xmlParserCtxtPtr parser, const StartTag& tag)
+{
+    if (!limits_.mayGrow() || parser->node == nullptr)
+        return;
+    constexpr std::string_view words = "added by the document type";
+    const auto check = [this, words](std::string_view prefix, const xmlChar* name, bool declared) {
+        if (!prefix.empty() && !declared)
+            refuse({XML_NS_ERR_UNDEFINED_NAMESPACE, words, prefix, view(name)});
+        const std::string whole = std::string(prefix) + (prefix.empty() ? "" : ":") + std::string(view(name));
+        if (xmlValidateNCName(name, 0) != 0)
+            refuse({XML_NS_ERR_QNAME, words, whole});
+    };
+    check(tag.prefix, tag.name, parser->node->ns != nullptr);
+    for (std::size_t n = 0; n < tag.attributes.size(); n += 5) {
+        const xmlChar* prefix = tag.attributes[n + 1];
+        const bool declared = prefix != nullptr && xmlSearchNs(parser->myDoc, parser->node, prefix) != nullptr;
+        check(view(prefix), tag.attributes[n], declared);
+    }
+    for (std::size_t n = 0; n < tag.namespaces.size(); n += 2) {
+        if (tag.namespaces[n] != nullptr && view(tag.namespaces[n + 1]).empty())
+            refuse({XML_NS_ERR_XML_NAMESPACE, words, view(tag.namespaces[n])});
+    }
+}
+
 void Reading::open(const StartTag& tag)
 {
     nodeFollows();
     Level level;
     level.namespaces = tag.namespaces.size() / 2;
-    level.asItStands = (levels_.empty() ? keepsBlanks_ : levels_.back().asItStands) || isTextElement(tag.name);
+    level.asItStands = (levels_.empty() ? keepsBlanks_ : levels_.back().asItStands) ||
+                       (tag.prefix.empty() && isTextElement(view(tag.name)));
     for (std::size_t n = 0; n < tag.attributes.size(); n += 5) {
         if (view(tag.attributes[n + 1]) == "xml" && view(tag.attributes[n]) == "space")
             level.asItStands = true;

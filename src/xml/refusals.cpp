@@ -45,6 +45,25 @@ bool isTooLarge(int code, std::string_view document)
     }
 }
 
+/// The name that a complaint is about, as it stands in the document, or as much of it as the parser tells.
+std::string nameIn(const ParserComplaint& complaint)
+{
+    const std::string name(complaint.name);
+    switch (complaint.code) {
+    case XML_NS_ERR_UNDEFINED_NAMESPACE:
+        return name + ":" + std::string(complaint.after);
+    case XML_NS_ERR_XML_NAMESPACE:
+        return name.empty() ? "xmlns" : "xmlns:" + name;
+    case XML_NS_ERR_QNAME: {
+        const std::size_t from = complaint.words.find('\'');
+        const std::size_t to = complaint.words.rfind('\'');
+        return from < to ? std::string(complaint.words.substr(from + 1, to - from - 1)) : name;
+    }
+    default:
+        return name;
+    }
+}
+
 std::string sentence(const ParserComplaint& complaint, const std::string& place, std::string_view document)
 {
     constexpr const char* exportAgain = "Export the XML from Final Cut again.";
@@ -56,12 +75,22 @@ std::string sentence(const ParserComplaint& complaint, const std::string& place,
     if (isAboutEntity(complaint.code))
         return "This file does not say what the entity “&" + std::string(complaint.name) + ";” stands for (" + place +
                "). Replace it with the text itself, or export the XML from Final Cut again.";
+    if (complaint.code == XML_NS_ERR_UNDEFINED_NAMESPACE)
+        return "It is unclear what the prefix of “" + nameIn(complaint) + "” stands for (" + place + "). " +
+               exportAgain;
+    if (isAboutName(complaint.code))
+        return "The name “" + nameIn(complaint) + "” breaks the rules of XML (" + place + "). " + exportAgain;
     if (isTooLarge(complaint.code, document))
         return "What this file holds at " + place + " is too large to be read, or has no end. " + exportAgain;
     return "This file is damaged at " + place + ". " + exportAgain;
 }
 
 } // namespace
+
+bool isAboutName(int code)
+{
+    return code >= XML_NS_ERR_XML_NAMESPACE && code <= XML_NS_ERR_COLON;
+}
 
 std::string refusalText(const ParserComplaint& complaint, const std::string& place, std::string_view document)
 {

@@ -35,6 +35,7 @@ def answered(program, document, folder):
     for file in written:
         try:
             expat.ParserCreate().Parse(file.read_bytes(), True)
+            expat.ParserCreate(namespace_separator=" ").Parse(file.read_bytes(), True)
         except expat.ExpatError as error:
             answer = f"{WRITTEN}, but expat says: {error}"
         file.unlink()
@@ -70,6 +71,7 @@ PARAMETER, LONG, MANY, GROWS = (DOCTYPE + words for words in (
 UNKNOWN, DAMAGED, LARGE = ("This file does not say what the entity “&", "This file is damaged at line ",
                            "What this file holds at line ")
 GROWS = (GROWS, LARGE)  # later parsers count for themselves, too
+RULES, UNCLEAR = "The name “", "It is unclear what the prefix of “"
 EMPTY, NO_XML, TAG = "This file is empty. ", "This file is not XML. ", "A tag of this file is too long (line "
 members = []  # name, path, how the answer begins
 
@@ -196,6 +198,25 @@ member("the first of two, which is elsewhere", UNKNOWN, subset('<!ENTITY e SYSTE
 member("another file that nothing uses", WRITTEN, subset('<!ENTITY e SYSTEM "file:///dev/zero">', note("x")))
 member("an entity in text and attributes", WRITTEN,
        subset('<!ENTITY e "x &#38;amp; <b> y</b>"><!ENTITY f "&#38;lt;&#34;">', note("&e;&f;") + '<md a="&f;"/>'))
+
+# Names that other readers refuse.
+for name in (":a", "a:", "a:b:c", "a:1"):
+    member(f"an element {name}", RULES + name[:2], project(inside=note(f"<{name} xmlns:a='u'/>")))
+    member(f"an attribute {name}", RULES + name[:2], project(inside=note(f"<b xmlns:a='u' {name}='1'/>")))
+    member(f"a default attribute {name}", RULES + name, subset(f"<!ATTLIST b {name} CDATA '1'>", note("<b xmlns:a='u'/>")))
+member("a colon in an instruction", RULES + "a:b” breaks the rules of XML (line 8, ", project(inside=note("<?a:b c?>")))
+member("a colon in an entity", RULES + "a:b”", subset('<!ENTITY a:b "x">', note("&a:b;")))
+member("an attribute twice by two prefixes", RULES + "c”", project(inside=note("<b xmlns:p='u' xmlns:q='u' p:c='1' q:c='2'/>")))
+for prefix, address in {":p": "", ":xml": "u", ":xmlns": "u", ":q": "http://www.w3.org/2000/xmlns/", "": "http://www.w3.org/XML/1998/namespace"}.items():
+    member(f"xmlns{prefix}='{address}'", RULES + "xmlns", project(inside=note(f"<b xmlns{prefix}='{address}'/>")))
+member("xmlns:p='' by default", RULES + "xmlns:p”", subset("<!ATTLIST b xmlns:p CDATA ''>", note("<b/>")))
+for inside in ("<p:b/>", "<b p:b='1'/>", "<a xmlns:p='u'/><p:b/>"):
+    member(f"no declaration around {inside}", UNCLEAR + "p:b” stands for (line 8, ", project(inside=note(inside)))
+    member("the same in an entity that stands in one", UNCLEAR + "p:b”",
+           subset(f'<!ENTITY e "{inside}">', note("<a xmlns:p='v'>&e;</a>")))
+member("nor around a default attribute", UNCLEAR + "p:b”", subset("<!ATTLIST b p:b CDATA '1'>", note("<b/>")))
+member("a prefix in the project", UNCLEAR + "p:b” stands for (line 6, ", project().replace("<project", "<project p:b='1'"))
+member("addresses that are none", WRITTEN, project(inside=note("<p:b xmlns:p='../u' xmlns='a&amp;b'/>")))
 
 # What is no XML.
 whole = project().encode()
