@@ -22,17 +22,19 @@ bool isAboutEntity(int code)
     return code == XML_ERR_UNDECLARED_ENTITY || code == XML_WAR_UNDECLARED_ENTITY || code == XML_ERR_UNPARSED_ENTITY;
 }
 
-/// Whether the parser has met one of its own limits.
-bool isTooLarge(int code, std::string_view document)
+/// Whether the parser has met one of its own limits. Older versions say so in words only.
+bool isTooLarge(const ParserComplaint& complaint, std::string_view document)
 {
     constexpr int resourceLimit = 114;               // XML_ERR_RESOURCE_LIMIT, which older versions do not have
     constexpr std::size_t longestPiece = 10'000'000; // and of something that has no end it says the same
-    switch (code) {
-    case XML_ERR_NO_MEMORY:
+    switch (complaint.code) {
     case XML_ERR_INTERNAL_ERROR:
+    case XML_ERR_ELEMCONTENT_NOT_FINISHED:
+        return complaint.words.find("uge ") != std::string_view::npos ||
+               complaint.words.find("depth") != std::string_view::npos;
+    case XML_ERR_NO_MEMORY:
     case XML_ERR_NAME_TOO_LONG:
     case XML_ERR_ENTITY_LOOP:
-    case XML_ERR_ELEMCONTENT_NOT_FINISHED:
     case resourceLimit:
         return true;
     case XML_ERR_ATTRIBUTE_NOT_FINISHED:
@@ -80,7 +82,7 @@ std::string sentence(const ParserComplaint& complaint, const std::string& place,
                exportAgain;
     if (isAboutName(complaint.code))
         return "The name “" + nameIn(complaint) + "” breaks the rules of XML (" + place + "). " + exportAgain;
-    if (isTooLarge(complaint.code, document))
+    if (isTooLarge(complaint, document))
         return "What this file holds at " + place + " is too large to be read, or has no end. " + exportAgain;
     return "This file is damaged at " + place + ". " + exportAgain;
 }

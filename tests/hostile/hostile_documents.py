@@ -229,6 +229,9 @@ for name, data in {"half of it": whole[:600], "its first sign": b"<", "two roots
                    "a zero in it": whole.replace(b"Concert", b"Con\0cert"), "bad UTF-8": whole.replace(b"Concert", b"\xff"),
                    "&#0;": whole.replace(b"Concert", b"&#0;"), "&#8;": whole.replace(b"Concert", b"&#8;"),
                    "&#xD800;": whole.replace(b"Concert", b"&#xD800;"), "half of UTF-16": utf16(project())[:901],
+                   "a section in the document type": subset("<![IGNORE[ x ]]>").encode(),
+                   "a document type without an end": subset("<!ELEMENT x ANY>").replace("]>", "").encode(),
+                   "a content model without an end": subset("<!ELEMENT x (a").encode(), "a name for HTML": whole.replace(b"UTF-8", b"HTML"),
                    "an unknown encoding": whole.replace(b"UTF-8", b"UTF-99")}.items():
     member(name, DAMAGED, data)
 
