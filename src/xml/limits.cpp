@@ -87,13 +87,18 @@ void ParserLimits::text(std::size_t bytes)
         tooMuch("An element of this file holds more than 10 MB of text");
 }
 
+void ParserLimits::level(std::size_t level)
+{
+    if (level > mostLevels)
+        tooMuch("Elements of this file are nested more than 256 levels deep");
+}
+
 void ParserLimits::element(const Element& element, int names)
 {
     beforeElements_ = false;
     documentTypeEnds();
     contents();
-    if (element.level > mostLevels)
-        tooMuch("Elements of this file are nested more than 256 levels deep");
+    level(element.level);
     if (element.attributes + element.namespaces > mostAttributes)
         tooMuch("An element of this file has more than 500 attributes");
     if (element.namespacesInScope > mostNamespaces)

@@ -41,13 +41,16 @@ public:
 
     /// `bytes` are those of all the text that an element has had so far.
     void text(std::size_t bytes);
+    /// From 1.
+    void level(std::size_t level);
     struct Element {
         std::size_t level = 0; ///< from 1
         std::size_t attributes = 0;
         std::size_t namespaces = 0;        ///< that it declares
         std::size_t namespacesInScope = 0; ///< with those
     };
-    /// `names` are the different ones that the document has had so far.
+    /// `names` are the different ones that the document has had so far, and what else the parser keeps only once:
+    /// identifiers and texts of a few characters.
     void element(const Element& element, int names);
 
 private:

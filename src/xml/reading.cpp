@@ -37,6 +37,17 @@ struct FreeParser {
     void operator()(xmlParserCtxtPtr parser) const { xmlFreeParserCtxt(parser); }
 };
 
+/// How many levels of elements these siblings hold; never many more than the limit.
+std::size_t levelsFrom(const xmlNode* first)
+{
+    std::size_t most = 0;
+    for (const xmlNode* node = first; node != nullptr; node = node->next) {
+        if (node->type == XML_ELEMENT_NODE)
+            most = std::max(most, 1 + levelsFrom(node->children));
+    }
+    return most;
+}
+
 /// A start tag as the parser gives it.
 struct StartTag {
     std::string_view prefix;
@@ -86,6 +97,7 @@ private:
     void close(xmlParserCtxtPtr parser);
     void text(xmlParserCtxtPtr parser, std::string_view text);
     void textFollows(xmlParserCtxtPtr parser);
+    void copyFollows(const xmlNode* first);
     void nodeFollows();
 
     std::string_view bytes_;
@@ -161,6 +173,8 @@ void Reading::listenToEntities()
         const xmlEntityPtr entity = xmlSAX2GetEntity(parser, name);
         of(parser).count([name](ParserLimits& limits) { limits.entityReference(view(name)); });
         of(parser).textFollows(parser);
+        if (entity != nullptr)
+            of(parser).copyFollows(entity->children);
         if (of(parser).refusal_.empty())
             return entity;
         parser->wellFormed = 0; // or the library would look for it itself
@@ -350,6 +364,19 @@ void Reading::textFollows(xmlParserCtxtPtr parser)
     if (!blanks_.empty())
         addCharacters(parser, blanks_);
     blanks_.clear();
+}
+
+/// The library copies what an entity stands for when it is used again, and tells of nothing in it.
+void Reading::copyFollows(const xmlNode* first)
+{
+    if (levels_.empty())
+        return;
+    for (const xmlNode* node = first; node != nullptr; node = node->next)
+        levels_.back().text += node->type == XML_TEXT_NODE ? view(node->content).size() : 0;
+    count([&](ParserLimits& limits) {
+        limits.level(levels_.size() + levelsFrom(first));
+        limits.text(levels_.back().text);
+    });
 }
 
 /// Something else follows in it: the blanks before that only set it apart.

@@ -159,6 +159,14 @@ member("100 kB that stand for 4 million elements", GROWS, subset(
 member("entities in each other, 2,000 levels", (ELEMENTS, LARGE),
        subset("".join(f'<!ENTITY e{n} "{"<b>" * 100}&e{n + 1};{"</b>" * 100}">' for n in range(20)) +
               '<!ENTITY e20 "x">', "&e0;"))
+member("entities of 200 levels, used once more in each other", (ELEMENTS, LARGE),
+       subset(f'<!ENTITY e0 "{"<b>" * 200}x{"</b>" * 200}"><!ENTITY e1 "{"<b>" * 200}&e0;{"</b>" * 200}">', "<x>&e0;&e1;</x>"))
+member("200 levels and an entity of 100, used once more there", ELEMENTS, subset(
+    f'<!ENTITY e "{"<b>" * 100}{"</b>" * 100}">', "<x>&e;</x>" + "<b>" * 200 + "&e;" + "</b>" * 200))
+member("240 levels with one", WRITTEN, subset(
+    f'<!ENTITY e "{"<b>" * 100}{"</b>" * 100}">', "<x>&e;</x>" + "<b>" * 140 + "&e;" + "</b>" * 140))
+member("an entity of 60 kB, used once more after 9.9 MB of text", "An element of this file holds more than 10 MB of text",
+       subset(f'<!ENTITY e "{"x" * 60_000}">', note("&e;") + note("x" * 9_990_000 + "&e;")))
 
 # What tags make of it.
 member("100,000 attributes", TAG, project(inside="<md " + names(100_000, '="" ') + '=""/>'))
