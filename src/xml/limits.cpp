@@ -104,7 +104,7 @@ void ParserLimits::element(const Element& element, int names)
     if (element.namespacesInScope > mostNamespaces)
         tooMuch("An element of this file stands in more than 1,000 namespaces");
     if (names > mostNames)
-        tooMuch("This file has more than 100,000 different names of elements and attributes");
+        tooMuch("This file has more than 100,000 different names, identifiers and short texts");
 }
 
 void ParserLimits::tooMuch(std::string_view what)

@@ -181,6 +181,8 @@ member("100,001 different names", "This file has more than 100,000 different nam
        project(inside="".join(f"<n{n}/>" for n in range(1_000_000))))
 member("300 levels", ELEMENTS,
        project(inside="<md>" * 300 + "</md>" * 300))
+member("100,001 identifiers", "This file has more than 100,000 different names, identifiers and short texts (line ",
+       project(inside="".join(f'<b xml:id="a{n}"/>' for n in range(1_000_000))))
 for kind, text in {"attribute": '<md a="{}"/>', "comment": "<!--{}-->", "CDATA": "<![CDATA[{}]]>", "text": "<md>{}</md>",
                    "instruction": "<?x {}?>", "name": "<n{}/>"}.items():
     member(f"{kind} of 12 MB", LARGE if kind != "text" else "An element of this file holds more than 10 MB of text",
