@@ -91,7 +91,7 @@ angle_a("both ways into a circle", ref("p") + ref("q"), 4,
 # Where a document is broken.
 imports("nothing", "", "This file is empty. Export the XML from Final Cut again.")
 imports("a wrong end", "<a>\n<b></a>", "This file is damaged at line 2, column 8. Export the XML from Final Cut again.")
-imports("an undeclared prefix is no error", "<x:fcpxml/>", "This file is not a Final Cut XML export.")
+imports("an undeclared prefix", "<x:fcpxml/>", "It is unclear what the prefix of “x:fcpxml” stands for")
 imports("bad UTF-8", document().encode().replace(b"Concert", b"Con\xffcert"),
         "This file is damaged at line 6, column 35. Export the XML from Final Cut again.")
 imports("UTF-16", document().replace("UTF-8", "UTF-16").encode("utf-16"), 1)
