@@ -186,7 +186,8 @@ void Reading::listenToContents()
 {
     xmlSAXHandler& events = *parser_->sax;
     events.startElementNs = [](void* parser, const xmlChar* name, const xmlChar* prefix, const xmlChar* address,
-                               int spaces, const xmlChar** spaceList, int count, int defaults, const xmlChar** list) {
+                               int spaces, const xmlChar** spaceList, int count, int /*defaults*/,
+                               const xmlChar** list) {
         const StartTag tag{
             view(prefix),
             name,
@@ -195,7 +196,8 @@ void Reading::listenToContents()
         of(parser).open(tag);
         if (!of(parser).refusal_.empty())
             return;
-        xmlSAX2StartElementNs(parser, name, prefix, address, spaces, spaceList, count, defaults, list);
+        constexpr int leftOut = 0; // none: what is there by default counts, since no document type is written
+        xmlSAX2StartElementNs(parser, name, prefix, address, spaces, spaceList, count, leftOut, list);
         of(parser).checkNames(static_cast<xmlParserCtxtPtr>(parser), tag);
     };
     events.endElementNs = [](void* parser, auto... name) {

@@ -32,6 +32,8 @@ def spines(levels, contents=""):
 bad = document(angle("A", "<transition/>") + angle("B"))
 imports("the clip in the project before what an angle holds", bad.replace('name="MC"', 'enabled="0"'),
         "Speed changes, split audio and disabled main multicam clips are not supported yet.")
+imports("the clip disabled by default", document().replace("<fcpxml", "<!DOCTYPE fcpxml [<!ATTLIST mc-clip enabled CDATA '0'>]><fcpxml"),
+        "Speed changes, split audio and disabled main multicam clips are not supported yet.")
 imports("the summary before all else", bad.replace('angleID="B"', ""), "A camera angle is missing its identifier.")
 imports("the frame duration before the angles", bad.replace("100/2500s", "0.04s"), "Invalid XML time: 0.04s")
 far = '<clip offset="1e12s" duration="1s"><video ref="av"/></clip>'

@@ -96,4 +96,8 @@ for character in CHARACTERS:
         sections = "".join(f"<![CDATA[{each}]]>" for each in character)
         written(f"{character!r} in CDATA", everywhere(references, f"{sections} <![CDATA[]]>"), character)
 
+defaults = "".join(f"<!ATTLIST {name} by-default CDATA '{900 + n}¶&#38;quot;'>" for n, name in enumerate((
+    "resources", "project", "sequence", "mc-clip", "note", "filter-video", "keyword", "md")))
+written("attributes by default", everywhere("x", "x").replace("<fcpxml", f"<!DOCTYPE fcpxml [{defaults}]><fcpxml", 1), "x")
+
 answered_by(sys.argv[1])
