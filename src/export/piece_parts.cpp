@@ -168,6 +168,10 @@ PieceParts::Template PieceParts::makeAngleSource(std::string_view angle, Mode mo
     source.setAttribute(root, "srcEnable", mode == Mode::all ? "all" : mode == Mode::video ? "video" : "audio");
     const auto audio = mode == Mode::video ? std::nullopt : sourceFor(original_, angle, "audio");
     const auto video = mode == Mode::audio ? std::nullopt : sourceFor(original_, angle, "video");
+    for (const auto& replaced : {video, audio}) {
+        if (replaced)
+            source.declareNamespaces(*replaced);
+    }
     if (audio) {
         for (const xml::Element child : audio->children()) {
             if (child.named("audio-role-source"))

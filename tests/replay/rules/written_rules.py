@@ -13,12 +13,12 @@ CHARACTERS = ["&", "<", ">", '"', "'", "\n", "\t", "\r", "\r\n", "]]>", "&amp;",
 
 def contents(xml):
     """Every attribute value, and what stands in every element that holds text, to the last blank; of those that hold
-    the sign "¶", by the first number before it."""
+    the sign "¶", by the first number before it. Names are told with their namespaces."""
     texts, open_elements = {}, [["", "", False]]
 
-    def keep(text):
+    def keep(text, element=""):
         for key in re.findall("([0-9]+)¶", text)[:1]:
-            texts.setdefault(key, set()).add(text.removesuffix(" Corvane"))
+            texts.setdefault(key, set()).add((element, text.removesuffix(" Corvane")))
 
     def text(characters, is_text=True):
         open_elements[-1][1] += characters
@@ -26,8 +26,8 @@ def contents(xml):
 
     def start(name, attributes):
         for value in attributes.values():
-            keep(value)
-        open_elements.append([f"<{name} {sorted(attributes.items())}>", "", name in ("note", "text", "text-style")])
+            keep(value, name)
+        open_elements.append([f"<{name} {sorted(attributes.items())}>", "", name.split(" ")[-1] in ("note", "text", "text-style")])
 
     def end(name):
         tag, inside, holds_text = open_elements.pop()
@@ -35,8 +35,8 @@ def contents(xml):
             keep(inside)
         text(f"{tag}{inside}</{name}>", False)
 
-    expat.ParserCreate(namespace_separator=" ").Parse(xml, True)  # refuses a prefix without an address
-    parser = expat.ParserCreate()
+    parser = expat.ParserCreate(namespace_separator=" ")  # refuses a prefix without an address
+    parser.StartNamespaceDeclHandler = lambda prefix, address: keep(address or "")
     parser.StartElementHandler, parser.EndElementHandler, parser.CharacterDataHandler = start, end, text
     parser.Parse(xml, True)
     return texts
@@ -57,7 +57,7 @@ def everywhere(value, text):
     notes = "".join(f"<note>{each}</note>" for each in mixed)
     unknown = "".join(f'<q:x xmlns:q="u" {a("y")}>{each}</q:x>' for each in mixed[:2] + mixed[3:])
     in_clip = f'''{notes}<mc-source angleID="A¶{value}" {a('xmlns:s')}><s:x/><audio-role-source {a('role')}/><filter-video {a('name')}>
-        <data>{t()}</data></filter-video></mc-source><mc-source angleID="B"><adjust-crop {a('mode')}/></mc-source>
+        <data>{t()}</data></filter-video></mc-source><mc-source angleID="B" xmlns=""><adjust-crop {a('mode')}/></mc-source>
         <title {a('name')} ref="av"><text><text-style {a('ref')}>{t()}</text-style> <text-style>{t()}</text-style></text>
         </title><marker {a('value')}><x>{t()}</x></marker><keyword {a('value')} {a('xmlns:k')}/>
         <rating {a('name')} {a('note')}><x {a('y')}/>{t()}</rating><filter-audio {a('name')}/>
