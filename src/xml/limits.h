@@ -46,8 +46,7 @@ public:
     struct Element {
         std::size_t level = 0; ///< from 1
         std::size_t attributes = 0;
-        std::size_t namespaces = 0;        ///< that it declares
-        std::size_t namespacesInScope = 0; ///< with those
+        std::size_t namespacesInScope = 0; ///< with those that it declares
     };
     /// `names` are the different ones that the document has had so far, and what else the parser keeps only once:
     /// identifiers and texts of a few characters.

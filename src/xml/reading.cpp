@@ -272,7 +272,7 @@ void Reading::measure(const StartTag& tag)
     const std::size_t attributes = tag.attributes.size() / 5;
     const std::size_t namespaces = tag.namespaces.size() / 2;
     count([&](ParserLimits& limits) {
-        limits.element({levels_.size(), attributes, namespaces, namespaces_}, xmlDictSize(parser_->dict));
+        limits.element({levels_.size(), attributes, namespaces_}, xmlDictSize(parser_->dict));
     });
     if (!limits_.mayGrow())
         return;
