@@ -8,6 +8,7 @@
 #include <map>
 #include <set>
 #include <string_view>
+#include <utility>
 
 namespace corvane {
 
@@ -19,16 +20,13 @@ bool isShape(xml::Element element)
 }
 
 /// How a person would name a child of the multicam clip.
-std::string label(xml::Element child, xml::Element multicam)
+std::string label(xml::Element child, const std::map<std::string_view, std::string_view>& angleNames)
 {
     if (!child.named("mc-source"))
         return child.name() + " " + std::string(child.attribute("name").value_or("without a name"));
-    const auto id = child.attribute("angleID");
-    for (const xml::Element angle : multicam.children()) {
-        if (angle.named("mc-angle") && angle.attribute("angleID") == id)
-            return "angle " + std::string(angle.attribute("name").value_or(id.value_or("")));
-    }
-    return "angle " + std::string(id.value_or(""));
+    const std::string_view id = child.attribute("angleID").value_or("");
+    const auto named = angleNames.find(id);
+    return "angle " + std::string(named == angleNames.end() ? id : named->second);
 }
 
 /// True when something in `child` follows a shape of another angle source.
@@ -45,19 +43,27 @@ bool followsForeignShape(xml::Element child, const std::set<std::string_view>& a
     });
 }
 
-void addOnce(std::vector<std::string>& names, std::string name)
-{
-    if (std::ranges::find(names, name) == names.end())
-        names.push_back(std::move(name));
-}
+/// Names in the order in which they come, each once.
+class NamesOnce {
+public:
+    void add(std::string name)
+    {
+        if (known_.insert(name).second)
+            names.push_back(std::move(name));
+    }
+
+    std::vector<std::string> names;
+
+private:
+    std::set<std::string> known_;
+};
 
 } // namespace
 
 CarryOver carryOver(const CutEngine& engine)
 {
-    CarryOver result;
     if (!engine.source)
-        return result;
+        return {};
     const xml::Element original = engine.source->original;
     std::set<std::string_view> shapes;
     for (const xml::Element source : original.children()) {
@@ -66,13 +72,21 @@ CarryOver carryOver(const CutEngine& engine)
                 shapes.insert(*element.attribute("id"));
         }
     }
+    std::map<std::string_view, std::string_view> angleNames;
+    for (const xml::Element angle : engine.source->multicam.children()) {
+        const auto id = angle.attribute("angleID");
+        if (angle.named("mc-angle") && id)
+            angleNames.emplace(*id, angle.attribute("name").value_or(*id));
+    }
+    NamesOnce leftOut;
+    NamesOnce lostTracking;
     for (const xml::Element child : original.children()) {
         if (!isCarriedOver(child.plainName()) && !isSharedOut(child.plainName()))
-            addOnce(result.leftOut, child.name());
+            leftOut.add(child.name());
         else if (followsForeignShape(child, shapes))
-            addOnce(result.lostTracking, label(child, engine.source->multicam));
+            lostTracking.add(label(child, angleNames));
     }
-    return result;
+    return {std::move(leftOut.names), std::move(lostTracking.names)};
 }
 
 } // namespace corvane

@@ -26,61 +26,55 @@ std::size_t endsIndex(PieceEnds ends)
     return (ends.first ? 1U : 0U) + (ends.last ? 2U : 0U);
 }
 
-/// The first fade of that name anywhere in an adjust-volume directly inside `parent`.
-std::optional<xml::Element> volumeFade(xml::Element parent, std::string_view name)
+/// Takes the fades of the other ends out of each adjust-volume directly inside `parent`.
+void removeVolumeFades(xml::Tree& tree, xml::Element parent, PieceEnds ends)
 {
+    std::vector<xml::Element> fades;
     for (const xml::Element volume : parent.children()) {
         if (!volume.named("adjust-volume"))
             continue;
-        for (const xml::Element fade : volume.descendants()) {
-            if (fade.named(name))
-                return fade;
+        for (const xml::Element element : volume.descendants()) {
+            if ((!ends.first && element.named("fadeIn")) || (!ends.last && element.named("fadeOut")))
+                fades.push_back(element);
         }
     }
-    return std::nullopt;
+    for (auto fade = fades.rbegin(); fade != fades.rend(); ++fade) // one in another one goes before it
+        tree.remove(*fade);
 }
 
-void removeVolumeFades(xml::Tree& tree, xml::Element parent, PieceEnds ends)
+/// Of an angle's mc-source elements the first whose mode is "all" or `mode` (absent counts as "all"), else the first
+/// at all.
+std::optional<xml::Element> sourceFor(const std::vector<xml::Element>& ofAngle, std::string_view mode)
 {
-    for (const auto& [name, keep] : {std::pair("fadeIn", ends.first), std::pair("fadeOut", ends.last)}) {
-        while (!keep) {
-            const auto fade = volumeFade(parent, name);
-            if (!fade)
-                break;
-            tree.remove(*fade);
-        }
-    }
-}
-
-/// The mc-source elements of an angle: the first whose mode is "all" or `mode` (absent counts as "all"), else the
-/// first at all.
-std::optional<xml::Element> sourceFor(xml::Element original, std::string_view angle, std::string_view mode)
-{
-    std::optional<xml::Element> any;
-    for (const xml::Element child : original.children()) {
-        if (!child.named("mc-source") || child.attribute("angleID") != angle)
-            continue;
-        const std::string_view enabled = child.attribute("srcEnable").value_or("all");
+    for (const xml::Element source : ofAngle) {
+        const std::string_view enabled = source.attribute("srcEnable").value_or("all");
         if (enabled == "all" || enabled == mode)
-            return child;
-        if (!any)
-            any = child;
+            return source;
     }
-    return any;
+    return ofAngle.empty() ? std::nullopt : std::optional(ofAngle.front());
 }
 
-/// Gives every tracking shape a new id and lets the references in the same element follow; returns the new ids.
-std::vector<std::string> renewTrackingIds(xml::Tree& tree, const IdentifierSource& identifiers)
+constexpr std::string_view trackingIdStart = "cvtrack";
+
+std::string newTrackingId(const IdentifierSource& identifiers)
 {
-    std::vector<std::string> newIds;
+    return std::string(trackingIdStart) + identifiers().digits();
+}
+
+/// Gives every tracking shape a new id and lets the references in the same element follow; returns the new ids and
+/// their numbers.
+std::map<std::string, std::size_t, std::less<>> renewTrackingIds(xml::Tree& tree, const IdentifierSource& identifiers)
+{
+    std::map<std::string, std::size_t, std::less<>> newIds;
     std::map<std::string, std::string, std::less<>> renewed;
     for (const xml::Element element : tree.root().descendants()) {
         const auto id = element.attribute("id");
         if (!element.named("tracking-shape") || !id)
             continue;
-        newIds.push_back("cvtrack" + identifiers().digits());
-        renewed.insert_or_assign(std::string(*id), newIds.back());
-        tree.setAttribute(element, "id", newIds.back());
+        const std::string newId = newTrackingId(identifiers);
+        newIds.emplace(newId, newIds.size());
+        renewed.insert_or_assign(std::string(*id), newId);
+        tree.setAttribute(element, "id", newId);
     }
     for (const xml::Element element : tree.root().descendants()) {
         const auto tracking = element.attribute("tracking");
@@ -117,8 +111,11 @@ PieceParts::PieceParts(const CutEngine& engine, std::string_view audioAngle, Ide
     openTag_ = xml::openTag(original_, {"srcEnable", "offset", "start", "duration"}) + " srcEnable=\"all\"";
     closeTag_ = "</" + original_.name() + ">";
     for (const xml::Element child : original_.children()) {
+        const auto angle = child.attribute("angleID");
         if (isTrailing(child.plainName()))
             appendPart(trailing_, partText(child));
+        else if (child.named("mc-source") && angle)
+            angleSources_[*angle].push_back(child);
     }
 }
 
@@ -166,8 +163,11 @@ PieceParts::Template PieceParts::makeAngleSource(std::string_view angle, Mode mo
     const xml::Element root = source.root();
     source.setAttribute(root, "angleID", angle);
     source.setAttribute(root, "srcEnable", mode == Mode::all ? "all" : mode == Mode::video ? "video" : "audio");
-    const auto audio = mode == Mode::video ? std::nullopt : sourceFor(original_, angle, "audio");
-    const auto video = mode == Mode::audio ? std::nullopt : sourceFor(original_, angle, "video");
+    const auto known = angleSources_.find(angle);
+    const std::vector<xml::Element> ofAngle =
+        known == angleSources_.end() ? std::vector<xml::Element>() : known->second;
+    const auto audio = mode == Mode::video ? std::nullopt : sourceFor(ofAngle, "audio");
+    const auto video = mode == Mode::audio ? std::nullopt : sourceFor(ofAngle, "video");
     for (const auto& replaced : {video, audio}) {
         if (replaced)
             source.declareNamespaces(*replaced);
@@ -185,13 +185,15 @@ PieceParts::Template PieceParts::makeAngleSource(std::string_view angle, Mode mo
         }
     }
 
-    const std::vector<std::string> ids = renewTrackingIds(source, identifiers_);
+    const auto ids = renewTrackingIds(source, identifiers_);
     Template part;
     part.ids = ids.size();
     part.text = partText(root);
-    for (std::size_t n = 0; n < ids.size(); ++n) {
-        for (std::size_t at = part.text.find(ids[n]); at != std::string::npos; at = part.text.find(ids[n], at + 1))
-            part.places.emplace_back(at, n);
+    const std::size_t idSize = ids.empty() ? 0 : ids.begin()->first.size();
+    for (std::size_t at = 0; !ids.empty() && (at = part.text.find(trackingIdStart, at)) != std::string::npos; ++at) {
+        const auto id = ids.find(std::string_view(part.text).substr(at, idSize));
+        if (id != ids.end())
+            part.places.emplace_back(at, id->second);
     }
     return part;
 }
@@ -202,7 +204,7 @@ void PieceParts::append(std::string& out, const Template& part) const
     appendPart(out, part.text);
     std::vector<std::string> ids(part.ids);
     for (std::string& id : ids)
-        id = "cvtrack" + identifiers_().digits();
+        id = newTrackingId(identifiers_);
     for (const auto& [place, number] : part.places)
         out.replace(start + place, ids[number].size(), ids[number]);
 }

@@ -66,8 +66,9 @@ private:
     std::string openTag_;
     std::string closeTag_;
     std::string trailing_;
-    std::array<std::optional<std::string>, 4> settings_;      ///< by ends
-    std::map<std::pair<std::string, int>, Template> sources_; ///< by angle and by mode and ends
+    std::map<std::string_view, std::vector<xml::Element>> angleSources_; ///< the mc-source elements of each angle
+    std::array<std::optional<std::string>, 4> settings_;                 ///< by ends
+    std::map<std::pair<std::string, int>, Template> sources_;            ///< by angle and by mode and ends
 };
 
 } // namespace corvane

@@ -5,7 +5,8 @@
 #include "engine/generation_inputs.h"
 #include "timecode/timecode.h"
 
-#include <algorithm>
+#include <map>
+#include <string_view>
 
 namespace corvane {
 
@@ -17,6 +18,8 @@ public:
     Record(const ImportedProject& project, const CutEngine& engine, const EditRevision& revision)
         : project_(project), engine_(engine), revision_(revision), settings_(revision.settings)
     {
+        for (const ImportedAngle& angle : project.angles)
+            names_.emplace(angle.id, angle.name);
     }
 
     std::string text()
@@ -33,7 +36,12 @@ public:
 private:
     void line(const std::string& text = "") { text_ += text + "\n"; }
 
-    [[nodiscard]] std::string name(std::string_view angle) const { return angleDisplayName(angle, project_); }
+    /// Of the first angle with this id, or the id itself.
+    [[nodiscard]] std::string name(std::string_view angle) const
+    {
+        const auto found = names_.find(angle);
+        return std::string(found == names_.end() ? angle : found->second);
+    }
 
     void addProject()
     {
@@ -125,6 +133,7 @@ private:
     const CutEngine& engine_;
     const EditRevision& revision_;
     const EditSettings& settings_;
+    std::map<std::string_view, std::string_view> names_; ///< of the angles, by id
     std::string text_;
 };
 
@@ -133,12 +142,6 @@ private:
 std::string settingsRecordText(const ImportedProject& project, const CutEngine& engine, const EditRevision& revision)
 {
     return Record(project, engine, revision).text();
-}
-
-std::string angleDisplayName(std::string_view angleId, const ImportedProject& project)
-{
-    const auto angle = std::ranges::find(project.angles, angleId, &ImportedAngle::id);
-    return angle == project.angles.end() ? std::string(angleId) : angle->name;
 }
 
 } // namespace corvane

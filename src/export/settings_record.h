@@ -5,7 +5,6 @@
 #include "session/edit_history.h"
 
 #include <string>
-#include <string_view>
 
 namespace corvane {
 
@@ -13,8 +12,5 @@ namespace corvane {
 /// and the whole cut list. Lines end in a line feed; numbers have a point in every country.
 [[nodiscard]] std::string settingsRecordText(
     const ImportedProject& project, const CutEngine& engine, const EditRevision& revision);
-
-/// The name of the first angle with this id, or the id itself.
-[[nodiscard]] std::string angleDisplayName(std::string_view angleId, const ImportedProject& project);
 
 } // namespace corvane
