@@ -38,7 +38,6 @@ std::vector<AngleMediaWalker::Span> AngleMediaWalker::walk(
 
 void AngleMediaWalker::append(xml::Element element, int depth)
 {
-    budget_.spend(angleName_);
     if (depth > deepestLevel)
         refuse(" contains excessively nested clips.");
     const std::string_view kind = element.plainName();
@@ -60,11 +59,13 @@ void AngleMediaWalker::append(xml::Element element, int depth)
         appendMedia(element, clip, start, duration);
     const auto compound = kind == "ref-clip" ? std::optional(enterCompound(clip)) : std::nullopt;
     for (const xml::Element child : element.children()) {
+        budget_.spend(angleName_);
         if (isAllowed(child.plainName()))
             append(child, depth + 1);
     }
     if (compound) {
         for (const xml::Element child : compound->children()) {
+            budget_.spend(angleName_);
             if (child.named("spine"))
                 append(child, depth + 1);
         }
@@ -114,7 +115,14 @@ void AngleMediaWalker::appendMedia(
 xml::Element AngleMediaWalker::enterCompound(const ClipAttributes& clip)
 {
     const auto media = clip.ref ? resources_.media(clip.ref) : std::nullopt;
-    const auto sequence = media ? media->firstChild("sequence") : std::nullopt;
+    std::optional<xml::Element> sequence;
+    for (const xml::Element child : media ? media->children() : xml::ElementRange()) {
+        budget_.spend(angleName_);
+        if (child.named("sequence")) {
+            sequence = child;
+            break;
+        }
+    }
     if (!sequence || !visited_.insert(*clip.ref).second)
         refuse(" contains a missing or circular compound clip reference.");
     return *sequence;

@@ -16,8 +16,7 @@ void ClipCollector::visit(xml::Element element, int level, const std::function<v
 {
     constexpr int deepestLevel = 1000; // far from the end of the stack
     if (level > deepestLevel)
-        budget_.left = 0;
-    budget_.spend(angleName_);
+        budget_.left = 0; // the next visit is refused
     if (element.attribute("enabled") == "0")
         return;
     if (isMediaClip(element.plainName()))
@@ -26,11 +25,14 @@ void ClipCollector::visit(xml::Element element, int level, const std::function<v
     const auto ref = element.named("ref-clip") ? element.attribute("ref") : std::nullopt;
     const auto compound = ref ? resources_.media(ref) : std::nullopt;
     const bool entered = compound && visited_.insert(*ref).second;
-    for (const xml::Element child : element.children())
+    for (const xml::Element child : element.children()) {
+        budget_.spend(angleName_);
         visit(child, level + 1, found);
+    }
     if (!entered)
         return;
     for (const xml::Element child : compound->children()) {
+        budget_.spend(angleName_);
         if (child.named("sequence"))
             visit(child, level + 1, found);
     }

@@ -3,9 +3,9 @@
 #include "xml/document.h"
 
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace corvane {
@@ -40,7 +40,8 @@ private:
         [[nodiscard]] std::optional<std::size_t> find(Reference id) const;
 
     private:
-        std::unordered_map<std::string_view, std::size_t> places_;
+        /// No hash, for which a document could choose ids that collide.
+        std::map<std::string_view, std::size_t> places_;
         std::optional<std::size_t> withoutId_;
     };
 

@@ -25,8 +25,18 @@ std::string joined(const Texts& texts)
     return all;
 }
 
-ImportedAngle importAngle(
-    xml::Element element, const MediaResources& resources, VisitBudget& budget, std::set<std::string_view>& missing)
+/// What the angles of one document are read with.
+struct AngleReader {
+    const MediaResources& resources;
+    VisitBudget& budget;
+    std::set<std::string_view> missing; ///< names of clips and media without a file
+    std::size_t cameraNameBytes = 0;
+
+    ImportedAngle read(xml::Element element);
+    void addCameraNames(std::set<std::string_view>& names, const AssetFacts& asset, const std::string& angleName);
+};
+
+ImportedAngle AngleReader::read(xml::Element element)
 {
     const auto id = element.attribute("angleID");
     if (!id)
@@ -35,22 +45,40 @@ ImportedAngle importAngle(
     angle.id = *id;
     angle.name = element.attribute("name").value_or("Unnamed angle");
     std::set<std::string_view> cameras;
+    std::set<const AssetFacts*> named;
     ClipCollector(resources, budget).collect(element, angle.name, [&](xml::Element clip) {
         const auto [offsetText, ref] = clip.attributes(std::array<std::string_view, 2>{"offset", "ref"});
         const double offset = parseSeconds(offsetText.value_or("0s"));
         angle.firstRecording = std::min(angle.firstRecording.value_or(offset), offset);
         ++angle.clipCount;
         const AssetFacts* asset = resources.asset(ref);
-        if (asset != nullptr)
-            cameras.insert(asset->cameraNames.begin(), asset->cameraNames.end());
-        if (asset == nullptr)
+        if (asset == nullptr) {
             missing.insert(clip.attribute("name").value_or("Unnamed clip"));
-        else if (!asset->located)
+            return;
+        }
+        if (named.insert(asset).second)
+            addCameraNames(cameras, *asset, angle.name);
+        if (!asset->located)
             missing.insert(asset->name.value_or("Unnamed clip"));
     });
     angle.cameras = joined(cameras);
     angle.gapCount = std::ranges::count_if(element.children(), [](xml::Element child) { return child.named("gap"); });
     return angle;
+}
+
+void AngleReader::addCameraNames(
+    std::set<std::string_view>& names, const AssetFacts& asset, const std::string& angleName)
+{
+    constexpr std::size_t most = std::size_t{16} << 20U; // over all angles, each of which may use the same asset
+    for (const std::string_view name : asset.cameraNames) {
+        if (names.insert(name).second)
+            cameraNameBytes += name.size() + std::string_view(", ").size();
+    }
+    if (cameraNameBytes > most)
+        throw FinalCutImportError::invalid(
+            "Camera " + angleName +
+            " has media with too many or too long camera names to be read. Remove those that are not needed in Final "
+            "Cut and export XML again.");
 }
 
 bool idsDistinct(const std::vector<ImportedAngle>& angles)
@@ -91,11 +119,11 @@ ImportedProject importProject(const ProjectOutline& outline, VisitBudget& budget
     if (!(frameDuration > 0) || !(duration > 0))
         throw FinalCutImportError::invalid("The project must have a positive duration and frame rate.");
 
-    std::set<std::string_view> missing;
+    AngleReader reader{outline.resources, budget, {}};
     std::vector<ImportedAngle> angles;
     for (const xml::Element child : outline.multicam.children()) {
         if (child.named("mc-angle"))
-            angles.push_back(importAngle(child, outline.resources, budget, missing));
+            angles.push_back(reader.read(child));
     }
     if (angles.size() < 2 || !idsDistinct(angles))
         throw FinalCutImportError::invalid("The multicam needs at least two uniquely identified angles.");
@@ -107,7 +135,7 @@ ImportedProject importProject(const ProjectOutline& outline, VisitBudget& budget
     imported.framesPerSecond = 1 / frameDuration;
     imported.audioAngles = audioAngles(outline.original, angles);
     imported.angles = std::move(angles);
-    imported.missingLocations.assign(missing.begin(), missing.end());
+    imported.missingLocations.assign(reader.missing.begin(), reader.missing.end());
     return imported;
 }
 
