@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <map>
 
 namespace corvane {
 
@@ -22,36 +23,37 @@ public:
     explicit AngleNames(std::vector<ImportedAngle> angles) : angles_(std::move(angles))
     {
         for (const ImportedAngle& angle : angles_)
-            names_.push_back(comparable(angle.name));
+            byName_[comparable(angle.name)].push_back(&angle);
     }
 
     [[nodiscard]] const ImportedAngle* identified(std::string_view name) const
     {
-        const std::string wanted = comparable(name);
-        if (std::ranges::count(names_, wanted) != 1)
-            return nullptr;
-        return &angles_[static_cast<std::size_t>(std::ranges::find(names_, wanted) - names_.begin())];
+        const auto found = byName_.find(comparable(name));
+        return found == byName_.end() || found->second.size() != 1 ? nullptr : found->second.front();
     }
 
-    /// The value of the one row with this angle's name; `otherwise` for a name that is not unique on either side.
+    /// By angle id, the value of the one row with the angle's name; `otherwise` for a name that is not unique on
+    /// either side.
     template <class Row>
-    [[nodiscard]] double value(
-        const ImportedAngle& angle, const std::optional<std::vector<Row>>& rows, double Row::* member,
-        double otherwise) const
+    [[nodiscard]] std::map<std::string, double, std::less<>> values(
+        const std::optional<std::vector<Row>>& rows, double Row::* member, double otherwise) const
     {
-        if (!rows || identified(angle.name) == nullptr)
-            return otherwise;
-        const auto isRow = [&](const Row& row) { return sameName(row.angleName, angle.name); };
-        if (std::ranges::count_if(*rows, isRow) != 1)
-            return otherwise;
-        return *std::ranges::find_if(*rows, isRow).*member;
+        std::map<std::string, std::vector<double>> rowsByName;
+        for (const Row& row : rows ? *rows : std::vector<Row>())
+            rowsByName[comparable(row.angleName)].push_back(row.*member);
+        std::map<std::string, double, std::less<>> found;
+        for (const auto& [name, angles] : byName_) {
+            const auto named = rowsByName.find(name);
+            const bool unique = angles.size() == 1 && named != rowsByName.end() && named->second.size() == 1;
+            for (const ImportedAngle* angle : angles)
+                found[angle->id] = unique ? named->second.front() : otherwise;
+        }
+        return found;
     }
-
-    [[nodiscard]] const std::vector<ImportedAngle>& angles() const { return angles_; }
 
 private:
     std::vector<ImportedAngle> angles_;
-    std::vector<std::string> names_;
+    std::map<std::string, std::vector<const ImportedAngle*>> byName_; ///< by their comparable names
 };
 
 std::vector<ImportedAngle> audioAngles(const ImportedProject& project, const CutEngine& engine)
@@ -175,13 +177,8 @@ AppliedPreset appliedPreset(
     settings.averageShot = preset.averageShot;
     applyRanges(preset, settings);
     settings.doubleMain = preset.doubleMain;
-    settings.frequencies.clear();
-    settings.returnTimes.clear();
-    for (const ImportedAngle& angle : video.angles()) {
-        settings.frequencies[angle.id] =
-            video.value(angle, preset.frequencies, &PresetFrequency::weight, usualFrequency);
-        settings.returnTimes[angle.id] = video.value(angle, preset.returnTimes, &PresetReturnTime::seconds, 0);
-    }
+    settings.frequencies = video.values(preset.frequencies, &PresetFrequency::weight, usualFrequency);
+    settings.returnTimes = video.values(preset.returnTimes, &PresetReturnTime::seconds, 0);
     if (const auto choice = matchCameras(preset, video, audio)) {
         settings.mainCamera = choice->main;
         settings.otherCameras = choice->others;

@@ -35,9 +35,9 @@ Json json(double value)
 
 Json json(const std::map<std::string, double, std::less<>>& values)
 {
-    Json object = Json::object();
+    Json::object_t object;
     for (const auto& [camera, value] : values)
-        object[camera] = finite(value);
+        object.push_back({camera, finite(value)}); // without looking for a key that is there already
     return object;
 }
 
