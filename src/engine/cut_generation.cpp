@@ -14,6 +14,9 @@ namespace corvane {
 
 namespace {
 
+/// Six days of shots of a second. A document of a few lines may last a thousand years.
+constexpr std::size_t mostCuts = 500'000;
+
 double valueFor(const std::map<std::string, double, std::less<>>& values, const std::string& camera, double absent)
 {
     const auto found = values.find(camera);
@@ -275,6 +278,10 @@ private:
     /// the opening or a fixed section, which keep their exact lengths.
     void place(Camera* camera, const std::string& id, Frames end, Growth growth)
     {
+        if (cuts_.size() == mostCuts)
+            throw FinalCutImportError::invalid(
+                "The rough edit would have more than 500,000 clips. Choose longer shots, or trim the project in Final "
+                "Cut and export XML again.");
         const bool sameCamera = !cuts_.empty() && cuts_.back().angle == id;
         if (growth == Growth::yes) {
             note(
