@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <numeric>
+#include <ranges>
 #include <string_view>
 
 namespace corvane {
@@ -39,8 +40,8 @@ bool isSharedOut(std::string_view elementName)
     return isConnectedItem(elementName) || isAnnotation(elementName);
 }
 
-PieceAnnotations::PieceAnnotations(const CutEngine& engine, const std::vector<Cut>& cuts)
-    : engine_(engine), cuts_(cuts), pieces_(cuts.size())
+PieceAnnotations::PieceAnnotations(const CutEngine& engine, const std::vector<Cut>& cuts, WrittenSize& size)
+    : engine_(engine), cuts_(cuts), size_(size), pieces_(cuts.size())
 {
     byId_.resize(cuts.size());
     std::iota(byId_.begin(), byId_.end(), std::size_t{0});
@@ -54,18 +55,19 @@ void PieceAnnotations::append(std::string& out, std::size_t piece) const
     const auto appendTime = [&](Frames frames) {
         appendTimeString(out, frames, engine_.frameNumerator, engine_.frameDenominator);
     };
-    for (const Placement& placement : pieces_[piece]) {
-        const Text& text = texts_[placement.text];
-        if (!placement.trimmedTo) {
+    const Frames pieceStart = engine_.sourceStart + cuts_[piece].start;
+    for (const std::uint32_t number : pieces_[piece]) {
+        const Text& text = texts_[number];
+        if (!text.range) {
             appendPart(out, text.whole);
             continue;
         }
-        const FrameRange range = *placement.trimmedTo;
+        const Frames start = std::max(text.range->start, pieceStart);
         appendPart(out, text.openTag);
         out += " start=\"";
-        appendTime(range.start);
+        appendTime(start);
         out += "\" duration=\"";
-        appendTime(range.end - range.start);
+        appendTime(std::min(text.range->end, pieceStart + cuts_[piece].duration) - start);
         out += '"';
         out += text.rest;
     }
@@ -76,9 +78,7 @@ void PieceAnnotations::addConnectedItems()
     for (const xml::Element item : engine_.source->original.children()) {
         if (!isConnectedItem(item.plainName()))
             continue;
-        const double offset = parseSeconds(item.attribute("offset").value_or("0s"));
-        texts_.push_back({partText(item), {}, {}});
-        placeConnectedItem(offset, texts_.size() - 1);
+        placeConnectedItem(item, parseSeconds(item.attribute("offset").value_or("0s")));
     }
 }
 
@@ -98,26 +98,37 @@ void PieceAnnotations::addAnnotations()
         // Defaults take the road through text too, which keeps one rule for what is out of range.
         const Frames from = start ? frames(*start) : frames(text(engine_.sourceStart));
         const Frames length = duration ? frames(*duration) : ranged ? frames(text(engine_.length)) : 0;
-        if (ranged && length > 0) {
-            texts_.push_back(rangeText(annotation));
-            placeRange({from, from + length}, texts_.size() - 1);
-        } else {
-            texts_.push_back({partText(annotation), {}, {}});
-            placePoint(from, texts_.size() - 1);
-        }
+        if (ranged && length > 0)
+            placeRange(annotation, {from, from + length});
+        else
+            placePoint(annotation, from);
     }
 }
 
-PieceAnnotations::Text PieceAnnotations::rangeText(xml::Element annotation)
+PieceAnnotations::Text PieceAnnotations::rangeText(xml::Element annotation, FrameRange range)
 {
     std::string openTag = xml::openTag(annotation, {"start", "duration"});
     if (xml::isEmpty(annotation))
-        return {{}, std::move(openTag), "/>"};
+        return {{}, std::move(openTag), "/>", range};
     const std::string whole = partText(annotation);
-    return {{}, std::move(openTag), whole.substr(whole.find('>'))};
+    return {{}, std::move(openTag), whole.substr(whole.find('>')), range};
 }
 
-void PieceAnnotations::placeConnectedItem(double offset, std::size_t text)
+/// What makes the project too large takes no memory, and is only counted.
+template <class Pieces>
+void PieceAnnotations::place(xml::Element item, Text text, const Pieces& pieces)
+{
+    constexpr std::size_t leastTimes = std::string_view(R"( start="0/1s" duration="1/1s")").size();
+    const std::size_t bytes = text.whole.size() + text.openTag.size() + text.rest.size();
+    size_.add(item.name(), bytes + (text.range ? leastTimes : 0), std::ranges::size(pieces));
+    if (size_.isTooLarge())
+        return;
+    texts_.push_back(std::move(text));
+    for (const std::size_t piece : pieces)
+        pieces_[piece].push_back(static_cast<std::uint32_t>(texts_.size() - 1));
+}
+
+void PieceAnnotations::placeConnectedItem(xml::Element item, double offset)
 {
     constexpr double tolerance = 0.00000001;
     const double fromStart = offset - engine_.seconds(engine_.sourceStart);
@@ -125,27 +136,25 @@ void PieceAnnotations::placeConnectedItem(double offset, std::size_t text)
         cuts_, [&](const Cut& cut) { return engine_.seconds(cut.start) <= fromStart + tolerance; });
     const Cut& owner = after == cuts_.begin() ? cuts_.front() : *std::prev(after);
     // The owner is told by its id, so in a list with repeated ids every piece of that id shows the item.
-    for (const std::size_t piece :
-         std::ranges::equal_range(byId_, owner.id, {}, [this](std::size_t each) { return cuts_[each].id; }))
-        pieces_[piece].push_back({text, std::nullopt});
+    place(item, {partText(item), {}, {}, {}}, std::ranges::equal_range(byId_, owner.id, {}, [this](std::size_t each) {
+              return cuts_[each].id;
+          }));
 }
 
-void PieceAnnotations::placeRange(FrameRange range, std::size_t text)
+void PieceAnnotations::placeRange(xml::Element annotation, FrameRange range)
 {
-    for (std::size_t piece = pieceAt(range.start); piece < cuts_.size(); ++piece) {
-        const Frames start = engine_.sourceStart + cuts_[piece].start;
-        if (start >= range.end)
-            break;
-        const FrameRange trimmed = {std::max(range.start, start), std::min(range.end, start + cuts_[piece].duration)};
-        pieces_[piece].push_back({text, trimmed});
-    }
+    const std::size_t first = pieceAt(range.start);
+    const auto after = std::ranges::partition_point(
+        cuts_, [&](const Cut& cut) { return engine_.sourceStart + cut.start < range.end; });
+    const std::size_t end = std::max(first, static_cast<std::size_t>(after - cuts_.begin()));
+    place(annotation, rangeText(annotation, range), std::views::iota(first, end));
 }
 
-void PieceAnnotations::placePoint(Frames at, std::size_t text)
+void PieceAnnotations::placePoint(xml::Element annotation, Frames at)
 {
     const std::size_t piece = pieceAt(at);
     if (piece < cuts_.size() && engine_.sourceStart + cuts_[piece].start <= at)
-        pieces_[piece].push_back({text, std::nullopt});
+        place(annotation, {partText(annotation), {}, {}, {}}, std::views::single(piece));
 }
 
 /// The first piece that ends after the source frame; the number of pieces when there is none.

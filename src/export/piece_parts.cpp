@@ -26,17 +26,13 @@ std::size_t endsIndex(PieceEnds ends)
     return (ends.first ? 1U : 0U) + (ends.last ? 2U : 0U);
 }
 
-/// Takes the fades of the other ends out of each adjust-volume directly inside `parent`.
-void removeVolumeFades(xml::Tree& tree, xml::Element parent, PieceEnds ends)
+/// Takes the fades of the other ends out of an adjust-volume.
+void removeFades(xml::Tree& tree, xml::Element volume, PieceEnds ends)
 {
     std::vector<xml::Element> fades;
-    for (const xml::Element volume : parent.children()) {
-        if (!volume.named("adjust-volume"))
-            continue;
-        for (const xml::Element element : volume.descendants()) {
-            if ((!ends.first && element.named("fadeIn")) || (!ends.last && element.named("fadeOut")))
-                fades.push_back(element);
-        }
+    for (const xml::Element element : volume.descendants()) {
+        if ((!ends.first && element.named("fadeIn")) || (!ends.last && element.named("fadeOut")))
+            fades.push_back(element);
     }
     for (auto fade = fades.rbegin(); fade != fades.rend(); ++fade) // one in another one goes before it
         tree.remove(*fade);
@@ -85,6 +81,15 @@ std::map<std::string, std::size_t, std::less<>> renewTrackingIds(xml::Tree& tree
     return newIds;
 }
 
+std::string settingText(xml::Element setting, PieceEnds ends)
+{
+    if (!setting.named("adjust-volume"))
+        return partText(setting);
+    xml::Tree volume(setting);
+    removeFades(volume, volume.root(), ends);
+    return partText(volume.root());
+}
+
 } // namespace
 
 void appendPart(std::string& out, std::string_view text)
@@ -119,6 +124,35 @@ PieceParts::PieceParts(const CutEngine& engine, std::string_view audioAngle, Ide
     }
 }
 
+void PieceParts::addTo(WrittenSize& size, const std::vector<Cut>& cuts)
+{
+    size.add(original_.name(), openTag_.size() + closeTag_.size(), cuts.size());
+    for (const xml::Element child : original_.children()) {
+        if (isTrailing(child.plainName()))
+            size.add(child.name(), partText(child).size(), cuts.size());
+    }
+    if (cuts.size() <= 2)
+        return;
+    const std::size_t between = cuts.size() - 2;
+    for (const xml::Element child : original_.children()) {
+        if (isClipSetting(child.plainName()))
+            size.add(child.name(), settingText(child, {}).size(), between);
+    }
+    std::map<std::string_view, std::size_t> pieces; // of each angle
+    for (auto cut = cuts.begin() + 1; cut != cuts.end() - 1; ++cut)
+        ++pieces[cut->angle];
+    const auto addSource = [&](std::string_view angle, Mode mode, std::size_t times) {
+        if (times == 0)
+            return;
+        const xml::Tree source = angleTree(angle, mode, {});
+        for (const xml::Element child : source.root().children())
+            size.add(child.name(), partText(child).size(), times);
+    };
+    for (const auto& [angle, count] : pieces)
+        addSource(angle, angle == audioAngle_ ? Mode::all : Mode::video, count);
+    addSource(audioAngle_, Mode::audio, between - pieces[audioAngle_]);
+}
+
 void PieceParts::appendSources(std::string& out, const std::string& angle, PieceEnds ends)
 {
     out += settings(ends);
@@ -135,16 +169,11 @@ const std::string& PieceParts::settings(PieceEnds ends)
     auto& known = settings_[endsIndex(ends)];
     if (known)
         return *known;
-    // Inside a copy of the multicam clip, where its volume's fades can be found and taken away.
-    xml::Tree clip(original_, xml::Tree::Copy::startTag);
+    std::string text;
     for (const xml::Element child : original_.children()) {
         if (isClipSetting(child.plainName()))
-            clip.append(clip.root(), child);
+            appendPart(text, settingText(child, ends));
     }
-    removeVolumeFades(clip, clip.root(), ends);
-    std::string text;
-    for (const xml::Element child : clip.root().children())
-        appendPart(text, partText(child));
     known = std::move(text);
     return *known;
 }
@@ -157,7 +186,7 @@ const PieceParts::Template& PieceParts::angleSource(const std::string& angle, Mo
                                    : sources_.emplace(key, makeAngleSource(angle, mode, ends)).first->second;
 }
 
-PieceParts::Template PieceParts::makeAngleSource(std::string_view angle, Mode mode, PieceEnds ends) const
+xml::Tree PieceParts::angleTree(std::string_view angle, Mode mode, PieceEnds ends) const
 {
     xml::Tree source("mc-source");
     const xml::Element root = source.root();
@@ -174,8 +203,12 @@ PieceParts::Template PieceParts::makeAngleSource(std::string_view angle, Mode mo
     }
     if (audio) {
         for (const xml::Element child : audio->children()) {
-            if (child.named("audio-role-source"))
-                removeVolumeFades(source, source.append(root, child), ends);
+            if (!child.named("audio-role-source"))
+                continue;
+            for (const xml::Element volume : source.append(root, child).children()) {
+                if (volume.named("adjust-volume"))
+                    removeFades(source, volume, ends);
+            }
         }
     }
     if (video) {
@@ -185,10 +218,16 @@ PieceParts::Template PieceParts::makeAngleSource(std::string_view angle, Mode mo
         }
     }
 
+    return source;
+}
+
+PieceParts::Template PieceParts::makeAngleSource(std::string_view angle, Mode mode, PieceEnds ends) const
+{
+    xml::Tree source = angleTree(angle, mode, ends);
     const auto ids = renewTrackingIds(source, identifiers_);
     Template part;
     part.ids = ids.size();
-    part.text = partText(root);
+    part.text = partText(source.root());
     const std::size_t idSize = ids.empty() ? 0 : ids.begin()->first.size();
     for (std::size_t at = 0; !ids.empty() && (at = part.text.find(trackingIdStart, at)) != std::string::npos; ++at) {
         const auto id = ids.find(std::string_view(part.text).substr(at, idSize));

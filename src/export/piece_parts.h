@@ -1,6 +1,8 @@
 #pragma once
 
 #include "base/identifier.h"
+#include "engine/edit_settings.h"
+#include "export/written_size.h"
 #include "import/cut_engine.h"
 #include "xml/tree.h"
 
@@ -36,6 +38,9 @@ class PieceParts {
 public:
     PieceParts(const CutEngine& engine, std::string_view audioAngle, IdentifierSource identifiers);
 
+    /// Adds what the pieces of these cuts repeat to `size`, as the pieces between the first and the last have it.
+    void addTo(WrittenSize& size, const std::vector<Cut>& cuts);
+
     /// The start tag but for its times and its ">".
     [[nodiscard]] const std::string& openTag() const { return openTag_; }
     [[nodiscard]] const std::string& closeTag() const { return closeTag_; }
@@ -57,6 +62,7 @@ private:
 
     [[nodiscard]] const std::string& settings(PieceEnds ends);
     [[nodiscard]] const Template& angleSource(const std::string& angle, Mode mode, PieceEnds ends);
+    [[nodiscard]] xml::Tree angleTree(std::string_view angle, Mode mode, PieceEnds ends) const;
     [[nodiscard]] Template makeAngleSource(std::string_view angle, Mode mode, PieceEnds ends) const;
     void append(std::string& out, const Template& part) const;
 

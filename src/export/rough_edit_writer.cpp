@@ -5,6 +5,7 @@
 #include "engine/validation.h"
 #include "export/piece_annotations.h"
 #include "export/piece_parts.h"
+#include "export/written_size.h"
 #include "import/final_cut_import_error.h"
 #include "import/source_document.h"
 #include "import/time_values.h"
@@ -108,13 +109,17 @@ void appendPieces(
     const IdentifierSource& identifiers)
 {
     constexpr std::string_view indent = "\n        ";
-    constexpr std::size_t mostReserved = std::size_t{64} << 20U;
+    constexpr std::size_t timesOfPiece = 200; // bytes, roughly
     const auto appendTime = [&](Frames frames) {
         appendTimeString(out, frames, engine.frameNumerator, engine.frameDenominator);
     };
-    const std::size_t beforePieces = out.size();
-    const PieceAnnotations annotations(engine, cuts);
+    WrittenSize size(cuts.size());
+    size.addOnce(out.size());
     PieceParts parts(engine, audioAngle, identifiers);
+    parts.addTo(size, cuts);
+    const PieceAnnotations annotations(engine, cuts, size);
+    size.check();
+    out.reserve(size.bytes() + cuts.size() * timesOfPiece);
     for (std::size_t piece = 0; piece < cuts.size(); ++piece) {
         const Cut& cut = cuts[piece];
         if (piece > 0)
@@ -132,8 +137,7 @@ void appendPieces(
         parts.appendTrailing(out);
         out += indent;
         out += parts.closeTag();
-        if (piece == 0) // the others are about as long: growing a large text again and again costs more than this guess
-            out.reserve(out.size() + std::min(mostReserved, cuts.size() * (out.size() - beforePieces) * 3 / 2));
+        size.check(out.size());
     }
 }
 

@@ -1,6 +1,7 @@
 #include "xml/writing.h"
 
 #include "xml/text_elements.h"
+#include "base/error.h"
 
 #include <libxml/tree.h>
 
@@ -128,6 +129,9 @@ bool holdsText(const xmlNode& element)
     return onlyText || (!hasPrefix(element.ns) && isTextElement(view(element.name))) || keepsSpace(element);
 }
 
+struct TooLarge {};
+
+/// Throws TooLarge beyond mostWritten.
 void appendNode(std::string& out, const xmlNode& node, int level, bool asItStands);
 
 void appendLine(std::string& out, int level)
@@ -169,6 +173,8 @@ bool fitsIntoSection(std::string_view text)
 /// There are no other kinds: an entity is either replaced by its text while a document is read, or refused.
 void appendNode(std::string& out, const xmlNode& node, int level, bool asItStands)
 {
+    if (out.size() > mostWritten) // no node alone takes far more
+        throw TooLarge();
     const std::string_view content = node.type == XML_ELEMENT_NODE ? std::string_view() : view(node.content);
     if (node.type == XML_ELEMENT_NODE) {
         appendElement(out, node, level, asItStands);
@@ -187,7 +193,13 @@ void appendNode(std::string& out, const xmlNode& node, int level, bool asItStand
 
 void writeElement(std::string& out, Element element, int level)
 {
-    appendNode(out, *element.node(), level, false);
+    try {
+        appendNode(out, *element.node(), level, false);
+    } catch (const TooLarge&) {
+        throw PlatformError(
+            "The finished project would be larger than 512 MB, so it was not written. What “" + element.name() +
+            "” holds takes most of it. Remove what is not needed in Final Cut and export XML again.");
+    }
 }
 
 std::string openTag(Element element, std::initializer_list<std::string_view> without)
