@@ -21,6 +21,18 @@ bool storedFile(const std::string& path, bool (*is)(std::string_view bytes))
     }
 }
 
+/// What is larger than a file may be to be read again is not written, so that the one before it stays.
+void refuseUnreadable(const std::string& path, std::span<const std::string_view> parts)
+{
+    std::uint64_t size = 0;
+    for (const std::string_view part : parts)
+        size += part.size();
+    if (size > largestSession)
+        throw PlatformError(
+            "Cannot write " + std::string(lastComponent(path)) + ": it would be larger than " +
+            std::to_string(largestSession >> 20U) + " MB, which is the most that can be read again.");
+}
+
 } // namespace
 
 SessionStore::SessionStore(std::function<std::string()> folder, FileCalls& calls)
@@ -45,14 +57,8 @@ std::optional<std::string> SessionStore::read()
 
 void SessionStore::write(std::span<const std::string_view> parts)
 {
-    std::uint64_t size = 0;
-    for (const std::string_view part : parts)
-        size += part.size();
-    if (size > largestSession)
-        throw PlatformError(
-            "Cannot write session-v1.json: it would be larger than " + std::to_string(largestSession >> 20U) +
-            " MB, which is the most that can be read again.");
     const std::string path = sessionFileURL();
+    refuseUnreadable(path, parts);
     const auto stored = stampOf(path);
     if (stored && stored != own_)
         keepStoredFile(path);
@@ -68,6 +74,7 @@ std::string SessionStore::previousFileURL() const
 void SessionStore::writePrevious(std::span<const std::string_view> parts)
 {
     const std::string path = previousFileURL();
+    refuseUnreadable(path, parts);
     if (stampOf(path) && !storedFile(path, isKnownThroughout))
         (void)keepAside(path, largestSession, calls_);
     replaceFile(path, parts, calls_);

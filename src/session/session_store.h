@@ -41,7 +41,7 @@ public:
 
     /// The session that an import replaced, kept as "session-v1 (previous).json" in place of an earlier one.
     [[nodiscard]] std::string previousFileURL() const;
-    void writePrevious(std::span<const std::string_view> parts);
+    void writePrevious(std::span<const std::string_view> parts); ///< fails as write() does
     /// Keeps the stored file itself, of which `bytes` were read, as the previous one.
     void keepAsPrevious(std::string_view bytes);
     /// The previous session, of which `bytes` were read, becomes the stored one, and the stored one the previous. At
