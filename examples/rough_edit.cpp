@@ -105,7 +105,7 @@ std::string shuffleUntilWritten(const ImportedProject& project, const CutEngine&
         try {
             return timed("write", [&] { return roughEditXML(engine, edit.cuts, edit.settings.audio); });
         } catch (const FinalCutImportError& refusal) {
-            if (shuffles == mostShuffles)
+            if (shuffles == mostShuffles || !std::string_view(refusal.what()).starts_with("An audio fade"))
                 throw;
             std::cout << "  " << shownText(refusal.what()) << " Shuffling.\n";
         }

@@ -68,7 +68,7 @@ if sys.argv[1] != "make":
     sys.exit(main(*sys.argv[1:]))
 
 sys.path.append(str(pathlib.Path(__file__).parent.parent / "replay/rules"))
-from asking import document, filmed  # noqa: E402
+from asking import angle, clip, document, filmed  # noqa: E402
 
 DOCTYPE, ELEMENTS = "The document type of this file ", "Elements of this file are nested more than 256 levels deep (line "
 PARAMETER, LONG, MANY, GROWS = (DOCTYPE + words for words in (
@@ -255,5 +255,78 @@ for name, data in {"half of it": whole[:600], "its first sign": b"<", "two roots
                    "a content model without an end": subset("<!ELEMENT x (a").encode(), "a name for HTML": whole.replace(b"UTF-8", b"HTML"),
                    "an unknown encoding": whole.replace(b"UTF-8", b"UTF-99")}.items():
     member(name, DAMAGED, data)
+
+# What the program makes of it, beyond the parser: each piece of the edit repeats parts of the clip, names and ids are looked for.
+LARGER, LONGER = "The finished project would be larger than 512 MB, so it was not written. ", "The rough edit would have more than 500,000 clips."
+
+
+def lasting(seconds, inside="", angles=None, resources=""):
+    return document(angles or filmed(f"{seconds}s"), f"{seconds}s", resources, '<mc-source angleID="A"/>' + inside)
+
+
+def camera_names(count, size=1):
+    return "<metadata>" + "".join(
+        f'<md key="com.apple.proapps.mio.cameraName" value="{n:x}{"x" * (size - 1)}"/>' for n in range(count)) + "</metadata>"
+
+
+def colliding(count):
+    """Texts of one length and one hash, as GCC's standard library has it (murmur2 of 64 bits, eight bytes a step)."""
+    mask, factor, printable = 2**64 - 1, 0xC6A4A7935BD1E995, set(range(0x20, 0x7f)) - set(b'"&<')
+    inverse, steps = pow(factor, -1, 2**64), 18
+    texts, state, number = [""], 0xC70F6907 ^ steps * 8 * factor & mask, 0
+    while len(texts) < count:  # of every second step there are several that lead to one state
+        ways, aim = [], 0x123456789ABCDEF
+        while len(ways) < 3:
+            number += 1
+            first = f"{number:08x}".encode()
+            mixed = int.from_bytes(first, "little") * factor & mask
+            between = (state ^ (mixed ^ mixed >> 47) * factor & mask) * factor & mask
+            mixed = (between ^ aim) * inverse & mask
+            second = ((mixed ^ mixed >> 47) * inverse & mask).to_bytes(8, "little")
+            if printable.issuperset(second):
+                ways.append((first + second).decode())
+        texts, state, steps = [text + way for text in texts for way in ways], aim * factor & mask, steps - 2
+    return [text + "0" * 8 * steps for text in texts][:count]
+
+
+ids = colliding(15_000)
+many = range(20_000)
+member("99,000 children with different names", WRITTEN, project(inside="".join(f"<n{n}/>" for n in range(99_000))))
+member("20,000 tracking shapes", WRITTEN,
+       lasting(600, '<mc-source angleID="A">' + "".join(f'<tracking-shape id="t{n}"/>' for n in many) + "</mc-source>").replace(
+           '<mc-source angleID="A"/>', ""))
+fades = '<param name="amount">' + "<b/>" * 100_000 + '<fadeIn type="easeIn" duration="1s"/>' * 40_000 + "</param>"
+member("40,000 fades", WRITTEN, lasting(60, f"<adjust-volume>{fades}</adjust-volume>"))
+member("20,000 volumes with fades", WRITTEN,
+       lasting(60, "<adjust-volume/>" * 50_000 + '<adjust-volume><fadeIn duration="1s"/></adjust-volume>' * 20_000))
+member("5,000 angles with sources", WRITTEN, document(
+    filmed("60s", names=[f"{n}" for n in range(5_000)]), "60s",
+    in_clip="".join(f'<mc-source angleID="{n}" srcEnable="{"none" if n else "audio"}"/>' for n in range(5_000))))
+member("10,000 clips of 10,000 camera names", WRITTEN, lasting(
+    600, angles=angle("A", clip("0s", "600s") + ('<asset-clip ref="n" offset="0s" duration="1s"/>' * 10_000)) + angle("B", clip("0s", "600s")),
+    resources=f'<asset id="n" duration="9s" hasVideo="1" hasAudio="1" src="f">{camera_names(10_000)}</asset>'))
+member("10,000 assets with a camera name each", WRITTEN, lasting(
+    600, angles=angle("A", clip("0s", "600s") + "".join(f'<asset-clip ref="n{n}" offset="0s" duration="1s"/>' for n in range(10_000)))
+    + angle("B", clip("0s", "600s")),
+    resources="".join(f'<asset id="n{n}" duration="9s" hasVideo="1" hasAudio="1" src="f"><metadata>'
+                      f'<md key="com.apple.proapps.mio.cameraName" value="c{n}"/></metadata></asset>' for n in range(10_000))))
+member("camera names of 1 MB in each of 5,000 angles", "Camera 16 has media", lasting(
+    600, angles="".join(angle(n, clip("0s", "600s").replace('"av"', '"n"')) for n in range(5_000)),
+    resources=f'<asset id="n" duration="9s" hasVideo="1" hasAudio="1" src="f">{camera_names(1_000, 1_000)}</asset>'))
+member("15,000 ids that collide", WRITTEN, lasting(
+    600, angles=filmed("600s") + angle("C", "".join(f'<asset-clip ref="{name}" offset="0s" duration="1s"/>' for name in ids[-2_000:])),
+    resources="".join(f'<asset id="{name}" duration="9s" hasVideo="1" hasAudio="1" src="f"/>' for name in ids)))
+member("30,000 uses of a compound clip behind 100,000 others", WRITTEN, lasting(
+    600, angles=filmed("600s") + angle("C", '<ref-clip ref="c"/>' * 30_000),
+    resources=f'<media id="c">{"<b/>" * 100_000}<sequence><spine>{clip("0s", "1s")}</spine></sequence></media>'))
+member("a note of 1 MB over a day", LARGER + "Its ", lasting(86_400, note("x" * 1_000_000)))
+member("a note of 5 MB over two hours", LARGER, lasting(7_200, note("x" * 4_900_000)))
+member("1.2 million elements in a note, over two hours", LARGER, lasting(7_200, note("<b/>" * 1_200_000)))
+member("2,000 keywords over a day", LARGER, lasting(86_400, "".join(f'<keyword value="k{n}"/>' for n in range(2_000))))
+member("40,000 keywords over two hours", LARGER, lasting(7_200, "".join(f'<keyword value="k{n}"/>' for n in range(40_000))))
+member("a name of 5 MB over two hours", LARGER, lasting(7_200).replace('name="MC"', f'name="{"x" * 4_900_000}"'))
+member("100 days", LONGER, lasting(8_640_000))
+member("40 million seconds", LONGER, lasting(39_999_999))
+member("a million elements 200 levels deep", WRITTEN, lasting(60, resources="<b>" * 200 + "<b/>" * 1_000_000 + "</b>" * 200))
 
 pathlib.Path(sys.argv[2], "members").write_text(json.dumps(members))
