@@ -1,7 +1,7 @@
 #include "export/written_size.h"
 
-#include "import/final_cut_import_error.h"
 #include "base/numbers.h"
+#include "import/final_cut_import_error.h"
 #include "xml/writing.h"
 
 #include <algorithm>

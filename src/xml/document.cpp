@@ -1,5 +1,6 @@
 #include "xml/document.h"
 
+#include "xml/library_text.h"
 #include "xml/reading.h"
 
 #include <libxml/tree.h>
@@ -9,11 +10,6 @@
 namespace corvane::xml {
 
 namespace {
-
-std::string_view view(const xmlChar* text)
-{
-    return text == nullptr ? std::string_view() : std::string_view(reinterpret_cast<const char*>(text));
-}
 
 bool hasPrefix(const xmlNs* space)
 {

@@ -1,6 +1,7 @@
 #include "xml/reading.h"
 
 #include "base/error.h"
+#include "xml/library_text.h"
 #include "xml/limits.h"
 #include "xml/refusals.h"
 #include "xml/text_elements.h"
@@ -22,11 +23,6 @@
 namespace corvane::xml {
 
 namespace {
-
-std::string_view view(const xmlChar* text)
-{
-    return text == nullptr ? std::string_view() : std::string_view(reinterpret_cast<const char*>(text));
-}
 
 void addCharacters(xmlParserCtxtPtr parser, std::string_view text)
 {

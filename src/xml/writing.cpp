@@ -1,7 +1,8 @@
 #include "xml/writing.h"
 
-#include "xml/text_elements.h"
 #include "base/error.h"
+#include "xml/library_text.h"
+#include "xml/text_elements.h"
 
 #include <libxml/tree.h>
 
@@ -10,11 +11,6 @@
 namespace corvane::xml {
 
 namespace {
-
-std::string_view view(const xmlChar* text)
-{
-    return text == nullptr ? std::string_view() : std::string_view(reinterpret_cast<const char*>(text));
-}
 
 enum class Place { content, attribute };
 
@@ -57,14 +53,14 @@ void appendEscaped(std::string& out, std::string_view text, Place place)
     out.append(text, written);
 }
 
-bool hasPrefix(const xmlNs* space)
+bool isPrefixed(const xmlNs* space)
 {
     return space != nullptr && space->prefix != nullptr;
 }
 
 void appendName(std::string& out, const xmlNs* space, const xmlChar* name)
 {
-    if (hasPrefix(space)) {
+    if (isPrefixed(space)) {
         out += view(space->prefix);
         out += ':';
     }
@@ -97,7 +93,7 @@ void appendStartTag(std::string& out, const xmlNode& element, std::initializer_l
     for (const xmlNs* space = element.nsDef; space != nullptr; space = space->next)
         appendNamespace(out, *space);
     for (const xmlAttr* attribute = element.properties; attribute != nullptr; attribute = attribute->next) {
-        if (hasPrefix(attribute->ns) || std::ranges::find(without, view(attribute->name)) == without.end())
+        if (isPrefixed(attribute->ns) || std::ranges::find(without, view(attribute->name)) == without.end())
             appendAttribute(out, *attribute);
     }
 }
@@ -110,7 +106,7 @@ bool isBlankText(const xmlNode& node)
 bool keepsSpace(const xmlNode& element)
 {
     for (const xmlAttr* attribute = element.properties; attribute != nullptr; attribute = attribute->next) {
-        if (hasPrefix(attribute->ns) && view(attribute->ns->prefix) == "xml" && view(attribute->name) == "space")
+        if (isPrefixed(attribute->ns) && view(attribute->ns->prefix) == "xml" && view(attribute->name) == "space")
             return attribute->children != nullptr && view(attribute->children->content) == "preserve";
     }
     return false;
@@ -126,7 +122,7 @@ bool holdsText(const xmlNode& element)
             return true;
         onlyText = onlyText && isText;
     }
-    return onlyText || (!hasPrefix(element.ns) && isTextElement(view(element.name))) || keepsSpace(element);
+    return onlyText || (!isPrefixed(element.ns) && isTextElement(view(element.name))) || keepsSpace(element);
 }
 
 struct TooLarge {};
