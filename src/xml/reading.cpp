@@ -341,13 +341,14 @@ void Reading::text(xmlParserCtxtPtr parser, std::string_view text)
     limits_.contents();
     if (levels_.empty())
         return;
-    levels_.back().text += text.size();
-    count([this](ParserLimits& limits) { limits.text(levels_.back().text); });
     if (!levels_.back().asItStands && isBlank(text)) {
         blanks_ += text;
+        count([this](ParserLimits& limits) { limits.text(blanks_.size()); });
         return;
     }
     textFollows(parser);
+    levels_.back().text += text.size();
+    count([this](ParserLimits& limits) { limits.text(levels_.back().text); });
     addCharacters(parser, text);
 }
 
@@ -361,6 +362,7 @@ void Reading::textFollows(xmlParserCtxtPtr parser)
     lostBlanks_ = lostBlanks_ || levels_.back().leftOut;
     if (!blanks_.empty())
         addCharacters(parser, blanks_);
+    levels_.back().text += blanks_.size();
     blanks_.clear();
 }
 
