@@ -56,7 +56,8 @@ def main(program, part=""):
             if part not in name:
                 continue
             seconds, memory, answer = answered(program, document, pathlib.Path(scratch, "out"))
-            right = answer == WRITTEN if expected == WRITTEN else answer.startswith(tuple([expected] if isinstance(expected, str) else expected))
+            expected = [expected] if isinstance(expected, str) else expected
+            right = answer in expected if answer.startswith(WRITTEN) else answer.startswith(tuple(expected))
             faults += not right
             print("" if right else "WRONG: ", name, f" | {os.path.getsize(document):,} bytes | {seconds:.2f} s | {memory} MB | ",
                   answer[:200], sep="", flush=True)
@@ -192,8 +193,8 @@ member("100,001 different names", "This file has more than 100,000 different nam
        project(inside="".join(f"<n{n}/>" for n in range(1_000_000))))
 member("300 levels", ELEMENTS,
        project(inside="<md>" * 300 + "</md>" * 300))
-member("100,001 identifiers", "This file has more than 100,000 different names, identifiers and short texts (line ",
-       project(inside="".join(f'<b xml:id="a{n}"/>' for n in range(1_000_000))))
+member("100,001 identifiers", ("This file has more than 100,000 different names, identifiers and short texts (line ", WRITTEN),
+       project(inside="".join(f'<b xml:id="a{n}"/>' for n in range(200_000))))  # later parsers do not count them
 for kind, text in {"attribute": '<md a="{}"/>', "comment": "<!--{}-->", "CDATA": "<![CDATA[{}]]>", "text": "<md>{}</md>",
                    "instruction": "<?x {}?>", "name": "<n{}/>"}.items():
     member(f"{kind} of 12 MB", LARGE if kind != "text" else "An element of this file holds more than 10 MB of text",
