@@ -24,6 +24,13 @@ namespace corvane::xml {
 
 namespace {
 
+/// Whether a prefix must not stand for an address. Two addresses and their prefixes belong to XML itself.
+bool isForbidden(std::string_view prefix, std::string_view address)
+{
+    return (prefix == "xml") != (address == "http://www.w3.org/XML/1998/namespace") || prefix == "xmlns" ||
+           address == "http://www.w3.org/2000/xmlns/" || (!prefix.empty() && address.empty());
+}
+
 void addCharacters(xmlParserCtxtPtr parser, std::string_view text)
 {
     xmlSAX2Characters(parser, reinterpret_cast<const xmlChar*>(text.data()), static_cast<int>(text.size()));
@@ -301,7 +308,7 @@ void Reading::checkNames(xmlParserCtxtPtr parser, const StartTag& tag)
         check(view(prefix), tag.attributes[n], declared);
     }
     for (std::size_t n = 0; n < tag.namespaces.size(); n += 2) {
-        if (tag.namespaces[n] != nullptr && view(tag.namespaces[n + 1]).empty())
+        if (isForbidden(view(tag.namespaces[n]), view(tag.namespaces[n + 1])))
             refuse({XML_NS_ERR_XML_NAMESPACE, words, view(tag.namespaces[n])});
     }
 }
