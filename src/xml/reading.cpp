@@ -95,6 +95,7 @@ private:
     template <class Count>
     void count(const Count& count);
     void measure(const StartTag& tag);
+    [[nodiscard]] bool knowsNamespace(xmlParserCtxtPtr parser, const StartTag& tag) const;
     void checkNames(xmlParserCtxtPtr parser, const StartTag& tag);
     void open(const StartTag& tag);
     void close(xmlParserCtxtPtr parser);
@@ -199,6 +200,8 @@ void Reading::listenToContents()
         of(parser).open(tag);
         if (!of(parser).refusal_.empty())
             return;
+        if (!of(parser).knowsNamespace(static_cast<xmlParserCtxtPtr>(parser), tag))
+            address = nullptr;
         constexpr int leftOut = 0; // none: what is there by default counts, since no document type is written
         xmlSAX2StartElementNs(parser, name, prefix, address, spaces, spaceList, count, leftOut, list);
         of(parser).checkNames(static_cast<xmlParserCtxtPtr>(parser), tag);
@@ -286,6 +289,17 @@ void Reading::measure(const StartTag& tag)
     for (std::size_t n = 0; n < namespaces; ++n)
         bytes += view(tag.namespaces[n * 2 + 1]).size();
     count([bytes](ParserLimits& limits) { limits.growth(bytes); });
+}
+
+/// False for an element without a prefix that an entity holds and whose namespace is declared around the entity's use:
+/// older versions of the library do not find it and would write that there is none. It is that of the place.
+bool Reading::knowsNamespace(xmlParserCtxtPtr parser, const StartTag& tag) const
+{
+    for (std::size_t n = 0; n < tag.namespaces.size(); n += 2) {
+        if (tag.namespaces[n] == nullptr)
+            return true;
+    }
+    return !limits_.mayGrow() || !tag.prefix.empty() || xmlSearchNs(parser->myDoc, parser->node, nullptr) != nullptr;
 }
 
 /// The library looks less closely at what a document type or an entity brings into a tag than at what stands in it.

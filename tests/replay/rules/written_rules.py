@@ -99,5 +99,7 @@ for character in CHARACTERS:
 defaults = "".join(f"<!ATTLIST {name} by-default CDATA '{900 + n}¶&#38;quot;'>" for n, name in enumerate((
     "resources", "project", "sequence", "mc-clip", "note", "filter-video", "keyword", "md")))
 written("attributes by default", everywhere("x", "x").replace("<fcpxml", f"<!DOCTYPE fcpxml [{defaults}]><fcpxml", 1), "x")
+entity = "<!DOCTYPE fcpxml [<!ENTITY e '<b/><b xmlns=\"x\"><c/></b>'>]><fcpxml"
+written("elements in an entity", everywhere("x", "&e;").replace("<fcpxml", entity, 1), "x")
 
 answered_by(sys.argv[1])
