@@ -286,19 +286,24 @@ std::vector<UsageRow> usageRows(const ContentView& view)
     return rows;
 }
 
-bool isInUse(const ContentView& view, const std::string& camera)
+std::set<std::string> camerasInUse(const ContentView& view)
 {
     const EditSettings& settings = view.state().settings;
     const auto included = view.includedOtherCameras();
-    return camera == settings.mainCamera || std::ranges::find(included, camera) != included.end() ||
-           (settings.openingEnabled && camera == settings.openingCamera) ||
-           (settings.closingEnabled && camera == settings.closingCamera) ||
-           std::ranges::find(settings.sections, camera, &SectionDraft::camera) != settings.sections.end();
+    std::set<std::string> used(included.begin(), included.end());
+    used.insert(settings.mainCamera);
+    if (settings.openingEnabled)
+        used.insert(settings.openingCamera);
+    if (settings.closingEnabled)
+        used.insert(settings.closingCamera);
+    for (const SectionDraft& section : settings.sections)
+        used.insert(section.camera);
+    return used;
 }
 
-std::string coverageLabel(const ContentView& view, const std::string& camera)
+std::string coverageLabel(const ContentView& view, const std::string& camera, bool isInUse)
 {
-    return view.angleLabel(camera) + std::string(isInUse(view, camera) ? "" : excludedNote);
+    return view.angleLabel(camera) + std::string(isInUse ? "" : excludedNote);
 }
 
 std::vector<AudioChoice> audioChoices(const ContentView& view)
@@ -317,13 +322,17 @@ std::vector<AudioChoice> audioChoices(const ContentView& view)
     return choices;
 }
 
-int frequencyPercent(const ContentView& view, const std::string& camera)
+std::map<std::string, int> frequencyPercents(const ContentView& view)
 {
     const EditSettings& settings = view.state().settings;
+    const auto cameras = view.includedOtherCameras();
     double total = 0;
-    for (const std::string& other : view.includedOtherCameras())
-        total += weightOf(settings, other);
-    return total > 0 ? static_cast<int>(std::round(weightOf(settings, camera) / total * 100)) : 0;
+    for (const std::string& camera : cameras)
+        total += weightOf(settings, camera);
+    std::map<std::string, int> percents;
+    for (const std::string& camera : cameras)
+        percents[camera] = total > 0 ? static_cast<int>(std::round(weightOf(settings, camera) / total * 100)) : 0;
+    return percents;
 }
 
 bool frequenciesMatter(const ContentView& view)

@@ -5,7 +5,9 @@
 #include "workspace/content_view.h"
 
 #include <cstddef>
+#include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -100,13 +102,13 @@ struct UsageRow {
 /// A row for each video angle, in project order; empty while the cut list is.
 [[nodiscard]] std::vector<UsageRow> usageRows(const ContentView& view);
 
-/// True for a camera that the settings use anywhere: main, included, enabled bookends, fixed sections.
-[[nodiscard]] bool isInUse(const ContentView& view, const std::string& camera);
+/// The cameras that the settings use anywhere: main, included, enabled bookends, fixed sections.
+[[nodiscard]] std::set<std::string> camerasInUse(const ContentView& view);
 /// What labels of cameras and of audio angles can end in.
 inline constexpr std::string_view excludedNote = " (excluded)";
 inline constexpr std::string_view gapsNote = " (has gaps)";
 /// The label of a coverage bar, with its note after cameras that are not in use.
-[[nodiscard]] std::string coverageLabel(const ContentView& view, const std::string& camera);
+[[nodiscard]] std::string coverageLabel(const ContentView& view, const std::string& camera, bool isInUse);
 /// The angles that can be the continuous audio, labelled, with a note where the sound is not continuous.
 struct AudioChoice {
     std::string id;
@@ -114,8 +116,8 @@ struct AudioChoice {
 };
 [[nodiscard]] std::vector<AudioChoice> audioChoices(const ContentView& view);
 
-/// A camera's weight in percent of all included other cameras', rounded half away from zero.
-[[nodiscard]] int frequencyPercent(const ContentView& view, const std::string& camera);
+/// Of each included other camera its weight in percent of all their weights, rounded half away from zero.
+[[nodiscard]] std::map<std::string, int> frequencyPercents(const ContentView& view);
 /// True with at least two included other cameras, which is when frequencies have an effect.
 [[nodiscard]] bool frequenciesMatter(const ContentView& view);
 /// "Target screen time: Main 70% · Other cameras combined 30%".

@@ -175,8 +175,8 @@ TEST(Captions, FollowTheState)
     window.view().importXML(document(
         {.angles = angle("A", clip("0s", "40s")) + angle("B", clip("0s", "20s")) + angle("C", clip("0s", "40s"))}));
     window.set([](auto& edit) { edit.frequencies = {{"B", 2}}; });
-    EXPECT_EQ(frequencyPercent(window.view(), "B"), 29);
-    EXPECT_EQ(frequencyPercent(window.view(), "C"), 71) << "5 where there is no entry";
+    EXPECT_EQ(frequencyPercents(window.view()), (std::map<std::string, int>{{"B", 29}, {"C", 71}}))
+        << "5 where there is no entry";
     EXPECT_EQ(audioChoices(window.view())[1].label, "B (Camera 1) (has gaps)");
     EXPECT_EQ(shareLabel(window.view()), "Target screen time: Main 70% · Other cameras combined 30%");
     EXPECT_EQ(secondsLabel("Minimum", window.state().settings.mainMinimum), "Minimum: 10 sec");
@@ -186,7 +186,7 @@ TEST(Captions, FollowTheState)
         videoGapsText(window.view()), "Selected cameras cover the whole project, including all fixed camera sections.");
     const auto labelOfB = [&window](const std::function<void(EditSettings&)>& change) {
         window.set(change);
-        return coverageLabel(window.view(), "B");
+        return coverageLabel(window.view(), "B", camerasInUse(window.view()).contains("B"));
     };
     const std::string inUse = "B (Camera 1)", excluded = inUse + " (excluded)";
     EXPECT_EQ(labelOfB([](auto& edit) { edit.sections = {{{}, "", "B", "0:0:0:0", "0:0:1:0"}}; }), inUse);

@@ -112,10 +112,12 @@ void CamerasPanel::refresh(const Changes& changes)
         sounds.push_back({choice.id, choice.label});
     audio_->show(sounds, settings().audio);
     mainWait_->show(valueOr(settings().returnTimes, settings().mainCamera, 0));
+    const auto percents = frequencyPercents(view_);
+    const bool matter = frequenciesMatter(view_);
     for (const Camera& camera : cameras_)
-        showCamera(camera);
-    tooFew_->setVisible(!frequenciesMatter(view_));
-    frequencyHelp_->setVisible(frequenciesMatter(view_));
+        showCamera(camera, percents, matter);
+    tooFew_->setVisible(!matter);
+    frequencyHelp_->setVisible(matter);
 }
 
 void CamerasPanel::build()
@@ -194,10 +196,10 @@ void CamerasPanel::addFrequency(Camera& camera, const std::string& label)
     frequencyRows_->addWidget(camera.frequencyHolder);
 }
 
-void CamerasPanel::showCamera(const Camera& camera)
+void CamerasPanel::showCamera(const Camera& camera, const std::map<std::string, int>& percents, bool frequenciesMatter)
 {
-    const auto others = view_.includedOtherCameras();
-    const bool included = std::ranges::find(others, camera.id) != others.end();
+    const auto percent = percents.find(camera.id);
+    const bool included = percent != percents.end();
     const bool isMain = camera.id == settings().mainCamera;
     camera.holder->setVisible(!isMain);
     keepPlace(*camera.frequencyHolder, !isMain);
@@ -207,11 +209,11 @@ void CamerasPanel::showCamera(const Camera& camera)
     }
     camera.wait->setVisible(included);
     camera.wait->show(valueOr(settings().returnTimes, camera.id, 0));
-    camera.frequencyHolder->setVisible(included && frequenciesMatter(view_));
+    camera.frequencyHolder->setVisible(included && frequenciesMatter);
     const double weight = valueOr(settings().frequencies, camera.id, usualFrequency);
     camera.weight->setText(weightText(weight));
     camera.frequency->show(weight);
-    camera.percent->setText(percentText(frequencyPercent(view_, camera.id)));
+    camera.percent->setText(percentText(included ? percent->second : 0));
 }
 
 } // namespace corvane

@@ -9,6 +9,8 @@
 #include "workspace/window/controls/step_slider.h"
 #include "workspace/window/controls/stepper.h"
 
+#include <map>
+#include <string>
 #include <vector>
 
 namespace corvane {
@@ -36,7 +38,8 @@ private:
     void build();
     void addCamera(const ImportedAngle& angle);
     void addFrequency(Camera& camera, const std::string& label);
-    void showCamera(const Camera& camera);
+    /// With what frequencyPercents gives.
+    void showCamera(const Camera& camera, const std::map<std::string, int>& percents, bool frequenciesMatter);
 
     CameraMarks marks_;
     Picker* main_;

@@ -108,9 +108,10 @@ CoveragePanel::Row CoveragePanel::addRow(const std::string& camera)
 void CoveragePanel::showUse()
 {
     const CutEngine& engine = view_.state().loaded->engine;
+    const auto inUse = camerasInUse(view_);
     for (const Row& row : videoRows_) {
-        const bool used = isInUse(view_, row.camera);
-        const std::string label = coverageLabel(view_, row.camera);
+        const bool used = inUse.contains(row.camera);
+        const std::string label = coverageLabel(view_, row.camera, used);
         showText(*row.label, label);
         setSpokenName(*row.bar, label); // a label's own for its buddy would lose every "&"
         row.label->setEnabled(used);
