@@ -1,6 +1,7 @@
 #include "gui.h"
 #include "workspace/window/camera_marks.h"
 #include "workspace/window/controls/picker.h"
+#include "workspace/window/controls/reserved_rows.h"
 #include "workspace/window/controls/step_box.h"
 #include "workspace/window/controls/step_slider.h"
 #include "workspace/window/pictures/coverage_bar.h"
@@ -9,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -189,6 +191,44 @@ TEST(SectionsPanel, BringsANewSectionIntoViewAndAnotherProjectToItsTop)
     EXPECT_NE(gui.withText<QLabel>("00:00:40:00 · 25 fps"), nullptr);
     gui.view().importXML(document());
     EXPECT_EQ(area->verticalScrollBar()->value(), 0);
+}
+
+TEST(SectionsPanel, MakesRowsWhereTheyAreNeededAndReachesEach)
+{
+    Gui gui(threeCameras);
+    constexpr int many = 40;
+    gui.view().edit([newId = randomIdentifiers()](WorkspaceState& state) {
+        for (int i = 0; i < many; ++i)
+            state.settings.sections.push_back({newId(), std::to_string(i), "A", "00:00:01:00", "00:00:02:00"});
+    });
+    Gui::settle();
+    auto* rows = gui.window().findChild<ReservedRows*>();
+    const auto placeOf = [rows](int position) { return rows->rows().at(position)->y(); };
+    EXPECT_LT(rows->rows().size(), 12U);
+    EXPECT_EQ(placeOf(many - 1), (many - 1) * placeOf(1)) << "as if the others were there";
+    gui.window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&gui.window()));
+    gui.withText<>("Add section")->setFocus();
+    std::vector<int> visited;
+    for (const auto& [key, last] : {std::pair(Qt::Key_Tab, many - 1), {Qt::Key_Backtab, 0}}) {
+        while (visited.empty() || visited.back() != last) {
+            QTest::keyClick(QApplication::focusWidget(), key);
+            Gui::settle();
+            auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+            if (field != nullptr && field->placeholderText().startsWith("Section")) {
+                EXPECT_FALSE(field->visibleRegion().isEmpty());
+                visited.push_back(field->text().toInt());
+            }
+            ASSERT_LT(visited.size(), 2U * many);
+        }
+    }
+    EXPECT_EQ(visited.size(), 2U * many - 1) << "each once there and once back";
+    EXPECT_LT(rows->rows().size(), 25U) << "those that were left are gone";
+    auto* told = QAccessible::queryAccessibleInterface(rows);
+    ASSERT_EQ(told->childCount(), many);
+    auto* row = told->child(35);
+    EXPECT_EQ(told->indexOfChild(row), 35);
+    EXPECT_EQ(qobject_cast<QWidget*>(row->object())->findChild<QLineEdit*>()->text(), "35");
 }
 
 TEST(SectionsPanel, OffersTheLabelAfterOneThatDropFrameSkips)

@@ -3,6 +3,7 @@
 #include "workspace/window/controls/link_label.h"
 #include "workspace/window/controls/panel.h"
 #include "workspace/window/controls/picker.h"
+#include "workspace/window/controls/reserved_rows.h"
 #include "workspace/window/drop_view.h"
 
 #include <QAccessible>
@@ -189,6 +190,30 @@ public:
     }
 };
 
+/// All the rows, also those that do not exist yet.
+class AccessibleRows : public QAccessibleWidget {
+public:
+    explicit AccessibleRows(ReservedRows& rows) : QAccessibleWidget(&rows, QAccessible::Grouping) {}
+
+    [[nodiscard]] int childCount() const override { return rows().count(); }
+    [[nodiscard]] QAccessibleInterface* child(int position) const override
+    {
+        const bool exists = position >= 0 && position < childCount();
+        return exists ? QAccessible::queryAccessibleInterface(rows().row(position)) : nullptr;
+    }
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override
+    {
+        for (const auto& [position, row] : rows().rows()) {
+            if (child != nullptr && child->object() == row)
+                return position;
+        }
+        return -1;
+    }
+
+private:
+    [[nodiscard]] ReservedRows& rows() const { return *qobject_cast<ReservedRows*>(object()); }
+};
+
 /// The box for projects works as a button does.
 class AccessibleDropView : public QAccessibleWidget {
 public:
@@ -208,6 +233,8 @@ QAccessibleInterface* makeAccessible(const QString&, QObject* object)
 {
     if (auto* picker = qobject_cast<Picker*>(object))
         return new AccessiblePicker(*picker);
+    if (auto* rows = qobject_cast<ReservedRows*>(object))
+        return new AccessibleRows(*rows);
     if (auto* panel = qobject_cast<Panel*>(object))
         return new QAccessibleWidget(panel, QAccessible::Grouping);
     if (auto* box = qobject_cast<QMessageBox*>(object); box != nullptr && box->objectName() == "alert")

@@ -1,6 +1,7 @@
 #include "workspace/window/area_keys.h"
 
-#include <QScrollArea>
+#include "workspace/window/controls/into_view.h"
+
 #include <QScrollBar>
 #include <QShortcut>
 #include <algorithm>
@@ -23,15 +24,6 @@ QWidget& firstStop(QWidget& area)
             return *next;
     }
     return area;
-}
-
-/// The area that scrolls the widget; none for one that is not scrolled.
-QScrollArea* scrollAreaOf(const QWidget& widget)
-{
-    QWidget* outer = widget.parentWidget();
-    while (outer != nullptr && qobject_cast<QScrollArea*>(outer) == nullptr)
-        outer = outer->parentWidget();
-    return qobject_cast<QScrollArea*>(outer);
 }
 
 void takeFocus(QWidget& widget)

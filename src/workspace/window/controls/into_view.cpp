@@ -3,9 +3,16 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QLayout>
-#include <QScrollArea>
 
 namespace corvane {
+
+QScrollArea* scrollAreaOf(const QWidget& widget)
+{
+    QWidget* outer = widget.parentWidget();
+    while (outer != nullptr && qobject_cast<QScrollArea*>(outer) == nullptr)
+        outer = outer->parentWidget();
+    return qobject_cast<QScrollArea*>(outer);
+}
 
 void bringIntoView(QWidget& widget)
 {

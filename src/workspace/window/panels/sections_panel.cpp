@@ -10,22 +10,44 @@
 
 namespace corvane {
 
+/// The controls of one section.
+struct SectionsPanel::Row : QFrame {
+    Row(const Identifier& draft, const TimecodeField::Judge& judge, QWidget* parent)
+        : QFrame(parent),
+          id(draft),
+          name(new QLineEdit(this)),
+          camera(new Picker(this)),
+          start(new TimecodeField(SectionsPanel::tr("Start"), judge, this)),
+          end(new TimecodeField(SectionsPanel::tr("End"), judge, this)),
+          remove(new QPushButton(SectionsPanel::tr("Remove"), this))
+    {
+    }
+
+    Identifier id;
+    QLineEdit* name;
+    Picker* camera;
+    TimecodeField* start;
+    TimecodeField* end;
+    QPushButton* remove;
+};
+
 SectionsPanel::SectionsPanel(ContentView& view, QWidget* parent)
     : Panel(tr("Fixed camera sections"), view, parent),
       add_(new QPushButton(tr("Add sec&tion"), this)),
-      rowsColumn_(new QVBoxLayout)
+      rows_(new ReservedRows([this](const std::string& key, QWidget* in) { return makeRow(key, in); }, this))
 {
     addHelp(tr("Hold one camera for a prayer, reading or presentation. Use the project's timecodes. Audio continues "
                "unchanged. These sections are restored with your session but are not saved in presets."));
     column().addWidget(add_, 0, Qt::AlignLeft);
-    column().addLayout(rowsColumn_);
+    column().addWidget(rows_);
     connect(add_, &QPushButton::clicked, this, [this] {
-        const std::size_t before = rows_.size();
+        const int before = rows_->count();
         view_.addSection();
-        if (rows_.size() <= before)
+        if (rows_->count() <= before)
             return;
-        rows_.back().name->setFocus();
-        bringIntoView(*rows_.back().holder);
+        auto* added = static_cast<Row*>(rows_->row(before));
+        added->name->setFocus();
+        bringIntoView(*added);
     });
 }
 
@@ -33,68 +55,42 @@ void SectionsPanel::refresh(const Changes& changes)
 {
     if (!has(changes, Changed::settings) && !has(changes, Changed::loaded))
         return;
-    matchRows();
-    std::vector<Picker::Entry> cameras;
+    cameras_.clear();
     for (const ImportedAngle& angle : view_.videoAngles())
-        cameras.push_back({angle.id, view_.angleLabel(angle.id)});
-    for (std::size_t i = 0; i < rows_.size(); ++i)
-        showRow(rows_[i], settings().sections[i], cameras);
+        cameras_.push_back({angle.id, view_.angleLabel(angle.id)});
+    std::vector<std::string> keys;
+    for (const SectionDraft& draft : settings().sections)
+        keys.push_back(draft.id.text());
+    rows_->setKeys(keys);
+    for (const auto& [position, row] : rows_->rows())
+        showRow(*static_cast<Row*>(row), settings().sections[static_cast<std::size_t>(position)]);
 }
 
-/// One row a draft, in list order. A row stays with its draft, and with it the focus and the caret.
-void SectionsPanel::matchRows()
+SectionsPanel::Row* SectionsPanel::makeRow(const std::string& key, QWidget* parent)
 {
-    std::vector<Row> before = std::exchange(rows_, {});
-    for (const SectionDraft& draft : settings().sections) {
-        const auto found = std::ranges::find(before, draft.id, &Row::id);
-        if (found != before.end()) {
-            rows_.push_back(*found);
-            before.erase(found);
-        } else {
-            rows_.push_back(makeRow(draft));
-        }
-        const int position = static_cast<int>(rows_.size()) - 1;
-        if (rowsColumn_->indexOf(rows_.back().holder) != position) {
-            rowsColumn_->removeWidget(rows_.back().holder);
-            rowsColumn_->insertWidget(position, rows_.back().holder);
-        }
-    }
-    for (const Row& row : before) {
-        rowsColumn_->removeWidget(row.holder);
-        row.holder->hide();
-        row.holder->deleteLater(); // its own button may be what is being clicked
-    }
-}
-
-SectionsPanel::Row SectionsPanel::makeRow(const SectionDraft& draft)
-{
-    auto* holder = new QFrame(this);
-    holder->setProperty("role", "row");
-    const auto judge = [this, id = draft.id](const std::string& text) {
+    const Identifier id = Identifier::parse(key).value_or(Identifier());
+    const auto judge = [this, id](const std::string& text) {
         const auto section = std::ranges::find(settings().sections, id, &SectionDraft::id);
         return section == settings().sections.end() ? std::nullopt : timecodeAdvice(view_, *section, text);
     };
-    const Row row = {
-        draft.id,
-        holder,
-        new QLineEdit(holder),
-        new Picker(holder),
-        new TimecodeField(tr("Start"), judge, holder),
-        new TimecodeField(tr("End"), judge, holder),
-        new QPushButton(tr("Remove"), holder)};
-    row.name->setAcceptDrops(false); // files are for the window
-    row.name->setPlaceholderText(tr("Section name (optional)"));
-    row.name->setAccessibleName(tr("Section name (optional)"));
-    auto* rows = new QVBoxLayout(holder);
+    auto* row = new Row(id, judge, parent);
+    row->setProperty("role", "row");
+    row->name->setAcceptDrops(false); // files are for the window
+    row->name->setPlaceholderText(tr("Section name (optional)"));
+    row->name->setAccessibleName(tr("Section name (optional)"));
+    auto* rows = new QVBoxLayout(row);
     auto* choice = new QHBoxLayout;
-    choice->addWidget(labelFor(*row.camera, tr("Camera"), holder));
-    choice->addWidget(row.camera, 1);
-    rows->addWidget(row.name);
+    choice->addWidget(labelFor(*row->camera, tr("Camera"), row));
+    choice->addWidget(row->camera, 1);
+    rows->addWidget(row->name);
     rows->addLayout(choice);
-    rows->addWidget(row.start);
-    rows->addWidget(row.end);
-    rows->addWidget(row.remove, 0, Qt::AlignRight); // last: nobody comes across it on the way to the times
-    connectRow(row);
+    rows->addWidget(row->start);
+    rows->addWidget(row->end);
+    rows->addWidget(row->remove, 0, Qt::AlignRight); // last: nobody comes across it on the way to the times
+    connectRow(*row);
+    const auto draft = std::ranges::find(settings().sections, id, &SectionDraft::id);
+    if (draft != settings().sections.end())
+        showRow(*row, *draft);
     return row;
 }
 
@@ -120,8 +116,9 @@ void SectionsPanel::connectRow(const Row& row)
             static_cast<std::size_t>(std::ranges::find(sections, id, &SectionDraft::id) - sections.begin());
         view_.removeSection(position);
         // A text field would take the focus that the row had, and with it the key for Undo.
-        QPushButton* next = rows_.empty() ? add_ : rows_[std::min(position, rows_.size() - 1)].remove;
-        next->setFocus();
+        const int left = rows_->count();
+        const int next = std::min(static_cast<int>(position), left - 1);
+        (left == 0 ? add_ : static_cast<Row*>(rows_->row(next))->remove)->setFocus();
     });
 }
 
@@ -134,13 +131,13 @@ void SectionsPanel::editDraft(const Identifier& id, const std::function<void(Sec
     });
 }
 
-void SectionsPanel::showRow(const Row& row, const SectionDraft& draft, const std::vector<Picker::Entry>& cameras)
+void SectionsPanel::showRow(const Row& row, const SectionDraft& draft)
 {
     if (utf8(row.name->text()) != draft.name) {
         const QSignalBlocker blocker(row.name);
         row.name->setText(qt(draft.name));
     }
-    row.camera->show(cameras, draft.camera);
+    row.camera->show(cameras_, draft.camera);
     row.start->show(draft.start);
     row.end->show(draft.end);
 }

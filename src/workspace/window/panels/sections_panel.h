@@ -2,6 +2,7 @@
 
 #include "workspace/window/controls/panel.h"
 #include "workspace/window/controls/picker.h"
+#include "workspace/window/controls/reserved_rows.h"
 #include "workspace/window/controls/timecode_field.h"
 
 #include <QLineEdit>
@@ -18,26 +19,17 @@ public:
     void refresh(const Changes& changes) override;
 
 private:
-    struct Row {
-        Identifier id;
-        QFrame* holder;
-        QLineEdit* name;
-        Picker* camera;
-        TimecodeField* start;
-        TimecodeField* end;
-        QPushButton* remove;
-    };
+    struct Row;
 
-    Row makeRow(const SectionDraft& draft);
+    Row* makeRow(const std::string& key, QWidget* parent);
     void connectRow(const Row& row);
-    void matchRows();
-    void showRow(const Row& row, const SectionDraft& draft, const std::vector<Picker::Entry>& cameras);
+    void showRow(const Row& row, const SectionDraft& draft);
     /// Changes the draft with this id, wherever in the list it is by then.
     void editDraft(const Identifier& id, const std::function<void(SectionDraft&)>& change);
 
     QPushButton* add_;
-    QVBoxLayout* rowsColumn_;
-    std::vector<Row> rows_;
+    std::vector<Picker::Entry> cameras_;
+    ReservedRows* rows_; ///< by the drafts' ids
 };
 
 } // namespace corvane
