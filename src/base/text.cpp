@@ -136,8 +136,10 @@ std::string_view markOf(UChar32 c)
     case 0x2068:
     case 0x2069:
         return "⇄";
+    case 0xFFFC: // object replacement: a picture that is not there
+        return "�";
     default:
-        return u_charType(c) == U_CONTROL_CHAR ? "�" : "";
+        return u_charType(c) == U_CONTROL_CHAR || U_IS_UNICODE_NONCHAR(c) ? "�" : "";
     }
 }
 

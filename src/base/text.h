@@ -30,7 +30,8 @@ constexpr std::size_t longestShown = 600;
 
 /// The text with a mark for each control that would break its line or turn the direction of what stands around it: ↵
 /// for the end of a line, ⇥ for a tab, ⇉, ⇇ and ⇄ for what turns text to the right, to the left and back, � for the
-/// others. One character stands for one and nothing is added.
+/// others and for what toolkits keep for themselves (noncharacters, U+FFFC). One character stands for one and nothing
+/// is added.
 [[nodiscard]] std::string withVisibleControls(std::string_view text);
 
 /// What is drawn of a text that comes from outside: both of the above.

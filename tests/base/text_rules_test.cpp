@@ -37,6 +37,8 @@ TEST(TextRules, ControlsAreDrawnAsMarksOneForOne)
         {"\u061C\u200F\u202B\u202E\u2067", "⇇⇇⇇⇇⇇"},
         {"\u202C\u2068\u2069", "⇄⇄⇄"},
         {std::string("\0\x1b[31m\x7f\xc2\x9b", 9), "��[31m��"},
+        {"\uFFFB\uFFFC\uFFFD\uFFFE\uFFFF|\uFDCF\uFDD0\uFDEF\uFDF0|\U0001FFFF\U0010FFFE",
+         "\uFFFB����|\uFDCF��\uFDF0|��"},
         {"\xe2\x80\xff\n", "\xe2\x80\xff↵"}};
     for (const auto& [text, expected] : drawn)
         EXPECT_EQ(withVisibleControls(text), expected) << expected;

@@ -20,8 +20,8 @@ using namespace test;
 /// Every control that turns or breaks a line, between letters, and how that is drawn.
 const std::string controls =
     "x\u061C\u200E\u200F\u202A\u202B\u202C\u202D\u202E\u2066\u2067\u2068\u2069\u2028\u2029\u0085"
-    "\n\r\tx";
-const QString drawnMarks = "x⇇⇉⇇⇉⇇⇄⇉⇇⇉⇇⇄⇄↵↵↵↵↵⇥x";
+    "\n\r\t\uFDD0\uFDD1\uFFFCx";
+const QString drawnMarks = "x⇇⇉⇇⇉⇇⇄⇉⇇⇉⇇⇄⇄↵↵↵↵↵⇥���x";
 
 /// Names that are markup, name a file that is there, and turn and break the line.
 class Hostile {
