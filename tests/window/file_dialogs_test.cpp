@@ -18,6 +18,7 @@
 #include <QTreeView>
 #include <filesystem>
 #include <fstream>
+#include <set>
 
 namespace corvane {
 namespace {
@@ -214,6 +215,9 @@ TEST(FileDialogs, OpenNoFileToShowItAndDrawNamesWithMarks)
             return false;
         }));
         EXPECT_EQ(dynamic_cast<QStyledItemDelegate&>(*list->itemDelegate()).displayText(name, {}), "⇇x↵y");
+        std::set<QAbstractItemDelegate*> delegates;
+        for (const auto* view : dialog.findChildren<QAbstractItemView*>())
+            EXPECT_TRUE(delegates.insert(view->itemDelegate()).second) << utf8(view->objectName());
         dialog.setSidebarUrls({QUrl::fromLocalFile(dialog.directory().path())});
         auto* places = dialog.findChild<QListView*>("sidebar");
         QHelpEvent event(QEvent::ToolTip, places->visualRect(places->model()->index(0, 0)).center(), QPoint(1, 1));

@@ -168,14 +168,16 @@ void FileDialogs::prepare(QFileDialog& dialog)
     dialog.setOption(QFileDialog::DontUseNativeDialog); // it shows the message, too
     dialog.setIconProvider(&icons_);                    // before it goes on with the folder that it began with
     showDates(dialog);
-    auto* names = new ShownNames(&dialog);
-    dialog.setItemDelegate(names);
+    for (const char* name : {"listView", "treeView"}) { // a delegate each: the toolkit wants none shared
+        if (auto* list = dialog.findChild<QAbstractItemView*>(name))
+            list->setItemDelegate(new ShownNames(list));
+    }
     for (QAbstractItemView* list : dialog.findChildren<QAbstractItemView*>())
         escapeItemTips(*list);
     for (const QCompleter* completer : dialog.findChildren<QCompleter*>())
-        completer->popup()->setItemDelegate(names);
+        completer->popup()->setItemDelegate(new ShownNames(completer->popup()));
     for (QComboBox* folders : dialog.findChildren<QComboBox*>()) {
-        folders->setItemDelegate(names);
+        folders->setItemDelegate(new ShownNames(folders));
         escapeItemTips(*folders->view());
     }
 }
