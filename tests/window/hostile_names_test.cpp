@@ -119,6 +119,8 @@ private:
         QApplication::sendEvent(&widget, &event);
         if (QToolTip::isVisible())
             readTip(QToolTip::text());
+        for (const QWidget* shown : QApplication::topLevelWidgets())
+            EXPECT_FALSE(shown->inherits("QTipLabel") && shown->width() > 800) << utf8(QToolTip::text());
     }
     void readTip(const QString& tip)
     {
@@ -207,7 +209,10 @@ TEST(HostileNames, OfAnyLengthWidenNothing)
         state.status = state.presetNotice = same('s');
         state.sessionSaveError = same('e');
     });
-    Gui::settle();
+    gui.account.inbox.setImportError(same('W'));
+    ASSERT_NE(gui.alert(), nullptr);
+    const auto* sentence = gui.alert()->findChild<QLabel*>("qt_msgbox_label");
+    EXPECT_LE(sentence->sizeHint().width(), sentence->width()) << "no letter is cut off";
     EXPECT_LE(gui.window().minimumSizeHint().width(), usual);
     for (const QScrollArea* area : gui.window().findChildren<QScrollArea*>())
         EXPECT_LE(area->widget()->width(), area->viewport()->width());

@@ -15,6 +15,7 @@
 #include <QScrollArea>
 #include <QSlider>
 #include <QTableView>
+#include <QTextDocumentFragment>
 #include <map>
 #include <set>
 
@@ -28,7 +29,7 @@ QString tooltip(QWidget& widget)
 {
     QHelpEvent event(QEvent::ToolTip, widget.rect().center(), widget.mapToGlobal(widget.rect().center()));
     QApplication::sendEvent(&widget, &event);
-    return widget.toolTip();
+    return QTextDocumentFragment::fromHtml(widget.toolTip()).toPlainText().remove(u'\u200B');
 }
 
 void expectReadable(QWidget& widget, const QString& text, const QSize& size)

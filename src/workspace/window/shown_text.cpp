@@ -2,6 +2,9 @@
 
 #include "workspace/window/qt_text.h"
 
+#include <QTextBoundaryFinder>
+#include <algorithm>
+
 /// A public function of the toolkit that none of its headers declares, as its manual says.
 extern void qt_set_sequence_auto_mnemonic(bool on);
 
@@ -17,14 +20,19 @@ void setKeysInTexts(bool on)
 #endif
 }
 
+void draw(QLabel& label, const QString& text)
+{
+    label.setTextFormat(Qt::PlainText);
+    setKeysInTexts(false); // the label of a control would take Alt+G for a camera "R&G"
+    label.setText(text);
+    setKeysInTexts(true);
+}
+
 } // namespace
 
 void showText(QLabel& label, std::string_view text)
 {
-    label.setTextFormat(Qt::PlainText);
-    setKeysInTexts(false); // the label of a control would take Alt+G for a camera "R&G"
-    label.setText(shown(text));
-    setKeysInTexts(true);
+    draw(label, shown(text));
     setSpokenName(label, text);
 }
 
@@ -36,7 +44,30 @@ void showText(QAbstractButton& button, std::string_view text)
 
 void showMessage(QLabel& label, std::string_view message)
 {
-    showText(label, withoutMiddle(message));
+    draw(label, withBreaks(shown(message)));
+    setSpokenName(label, withoutMiddle(message));
+}
+
+QString withBreaks(const QString& text)
+{
+    constexpr qsizetype longest = 60; // no name that a person copies out of a sentence is longer
+    constexpr qsizetype part = 30;
+    QTextBoundaryFinder lineEnds(QTextBoundaryFinder::Line, text);
+    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
+    QString broken;
+    qsizetype start = 0;
+    for (qsizetype end = lineEnds.toNextBoundary(); end > 0; end = lineEnds.toNextBoundary()) {
+        while (end - start > longest) {
+            characters.setPosition(start + part - 1);
+            const qsizetype place = std::min(characters.toNextBoundary(), end);
+            broken += QStringView(text).sliced(start, place - start);
+            broken += place < end ? QString(QChar(0x200B)) : QString();
+            start = place;
+        }
+        broken += QStringView(text).sliced(start, end - start);
+        start = end;
+    }
+    return broken;
 }
 
 void setSpokenName(QWidget& widget, std::string_view name)

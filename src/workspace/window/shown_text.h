@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QLabel>
+#include <QString>
 #include <string_view>
 
 /// Texts from outside on widgets: drawn with marks for what cannot be seen, never taken for markup or for the key of a
@@ -12,8 +13,12 @@ namespace corvane {
 void showText(QLabel& label, std::string_view text);
 void showText(QAbstractButton& button, std::string_view text);
 
-/// A sentence; also what is told of it has no more characters than are drawn.
+/// A sentence, whose words are broken where they do not fit. Also what is told of it has no more characters than are
+/// drawn.
 void showMessage(QLabel& label, std::string_view message);
+
+/// The text with places where a line may end (U+200B) inside words that are too long for one.
+[[nodiscard]] QString withBreaks(const QString& text);
 
 /// As a name, where a widget draws something else.
 void setSpokenName(QWidget& widget, std::string_view name);

@@ -1,10 +1,12 @@
 #include "workspace/window/tooltips.h"
 
 #include "workspace/window/qt_text.h"
+#include "workspace/window/shown_text.h"
 
 #include <QHelpEvent>
 #include <QTextDocument>
 #include <QToolTip>
+#include <algorithm>
 
 namespace corvane {
 
@@ -43,7 +45,11 @@ void setTip(QWidget& widget, const QString& drawn, const QString& spoken)
 
 QString tip(const QString& text)
 {
-    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
+    constexpr qsizetype longest = 80; // the toolkit wraps nothing but markup
+    const auto isLong = [](const QString& line) { return line.size() > longest; };
+    if (!Qt::mightBeRichText(text) && std::ranges::none_of(text.split('\n'), isLong))
+        return text;
+    return "<p style=\"white-space: pre-wrap\">" + withBreaks(text).toHtmlEscaped().replace("\n", "<br>") + "</p>";
 }
 
 void setTip(QWidget& widget, const QString& text)
