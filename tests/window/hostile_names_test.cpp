@@ -5,10 +5,12 @@
 
 #include <QAbstractItemView>
 #include <QAccessible>
+#include <QClipboard>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QHelpEvent>
 #include <QScrollArea>
+#include <QTableView>
 #include <QToolTip>
 #include <fstream>
 
@@ -117,10 +119,10 @@ private:
             delete (before->inherits("QTipLabel") ? before : nullptr); // it would linger for a moment
         QHelpEvent event(QEvent::ToolTip, place, widget.mapToGlobal(place));
         QApplication::sendEvent(&widget, &event);
-        if (QToolTip::isVisible())
-            readTip(QToolTip::text());
         for (const QWidget* shown : QApplication::topLevelWidgets())
             EXPECT_FALSE(shown->inherits("QTipLabel") && shown->width() > 800) << utf8(QToolTip::text());
+        if (QToolTip::isVisible())
+            readTip(QToolTip::text());
     }
     void readTip(const QString& tip)
     {
@@ -159,6 +161,10 @@ TEST(HostileNames, AreNeitherMarkupNorTurnOrBreakALineWhereverTheyStand)
     });
     gui.view().savePreset(ContentView::PresetSave::asNew);
     gui.view().generateRoughEdit();
+    auto* cuts = gui.window().findChild<QTableView*>();
+    cuts->setCurrentIndex(cuts->model()->index(0, 1));
+    QTest::keyClick(cuts, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(utf8(QApplication::clipboard()->text()), gui.view().angleLabel(gui.state().cuts()[0].angle));
     gui.view().edit([&](WorkspaceState& state) {
         state.status = hostile.name("status");
         state.sessionSaveError = hostile.name("failure");

@@ -2,6 +2,9 @@
 
 #include "workspace/window/qt_text.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QTextBoundaryFinder>
 #include <algorithm>
 
@@ -19,6 +22,24 @@ void setKeysInTexts(bool on)
     qt_set_sequence_auto_mnemonic(on);
 #endif
 }
+
+class CopiedTexts : public QObject {
+public:
+    explicit CopiedTexts(QAbstractItemView& list) : QObject(&list), list_(list) { list.installEventFilter(this); }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        const auto* key = event->type() == QEvent::KeyPress ? dynamic_cast<QKeyEvent*>(event) : nullptr;
+        const QVariant spoken = list_.currentIndex().data(Qt::AccessibleTextRole);
+        if (key == nullptr || !key->matches(QKeySequence::Copy) || !spoken.isValid())
+            return false;
+        QGuiApplication::clipboard()->setText(spoken.toString());
+        return true;
+    }
+
+private:
+    QAbstractItemView& list_;
+};
 
 void draw(QLabel& label, const QString& text)
 {
@@ -75,6 +96,11 @@ void setSpokenName(QWidget& widget, std::string_view name)
     const QString spoken = qt(name);
     if (widget.accessibleName() != spoken)
         widget.setAccessibleName(spoken); // assistive technology is told each time
+}
+
+void copyAsSpoken(QAbstractItemView& list)
+{
+    new CopiedTexts(list); // which the list owns
 }
 
 } // namespace corvane

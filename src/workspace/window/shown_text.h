@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QLabel>
 #include <QString>
 #include <string_view>
@@ -22,5 +23,8 @@ void showMessage(QLabel& label, std::string_view message);
 
 /// As a name, where a widget draws something else.
 void setSpokenName(QWidget& widget, std::string_view name);
+
+/// Makes the key for Copy take the text of a list's item as assistive technology is told it, not as it is drawn.
+void copyAsSpoken(QAbstractItemView& list);
 
 } // namespace corvane

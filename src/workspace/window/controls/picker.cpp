@@ -4,6 +4,7 @@
 #include "workspace/window/elision.h"
 #include "workspace/window/name_delegate.h"
 #include "workspace/window/qt_text.h"
+#include "workspace/window/shown_text.h"
 #include "workspace/window/tooltips.h"
 
 #include <QEvent>
@@ -21,6 +22,7 @@ Picker::Picker(QWidget* parent) : QComboBox(parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     letScrollingPass(*this);
     setItemDelegate(new NameDelegate(this));
+    copyAsSpoken(*view());
     connect(this, &QComboBox::activated, this, [this](int position) {
         if (position >= 0 && position < static_cast<int>(entries_.size()))
             emit picked(entries_[static_cast<std::size_t>(position)].value);

@@ -66,6 +66,7 @@ void CutPanel::arrangeTable()
     table_->setModel(model_);
     table_->setItemDelegateForColumn(CutTableModel::camera, new NameDelegate(table_));
     table_->setAccessibleName(tr("Cuts"));
+    copyAsSpoken(*table_);
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);

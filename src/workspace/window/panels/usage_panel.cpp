@@ -2,6 +2,7 @@
 
 #include "workspace/window/column_widths.h"
 #include "workspace/window/name_delegate.h"
+#include "workspace/window/shown_text.h"
 
 #include <QHeaderView>
 #include <algorithm>
@@ -17,6 +18,7 @@ UsagePanel::UsagePanel(ContentView& view, QWidget* parent)
     table_->setItemDelegateForColumn(UsageTableModel::camera, new NameDelegate(table_));
     table_->setItemDelegateForColumn(UsageTableModel::share, new ShareBarDelegate(table_));
     table_->setAccessibleName(tr("Actual camera usage"));
+    copyAsSpoken(*table_);
     table_->setSelectionMode(QAbstractItemView::NoSelection);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_->setTabKeyNavigation(false);
