@@ -180,8 +180,6 @@ void MainWindow::showLoadedPage()
         split_->setSizes(widths);
     if (const QList<int> heights = savedSizes(services_.defaults, resultSplitKey, *resultSplit_); !heights.isEmpty())
         resultSplit_->restore(heights);
-    for (Panel* panel : panels_)
-        panel->refresh(Changes().set());
     new AreaKeys({split_->widget(0), resultSplit_->widget(0), resultSplit_->widget(1)}, panels_, *this);
 }
 
@@ -240,13 +238,14 @@ void MainWindow::refresh(const Changes& changes)
 {
     const auto has = [&changes](Changed what) { return changes.test(static_cast<std::size_t>(what)); };
     const WorkspaceState& state = services_.view.state();
-    if (state.loaded && split_ == nullptr)
+    const bool first = state.loaded && split_ == nullptr;
+    if (first)
         showLoadedPage();
     auto* typedIn = has(Changed::loaded) ? qobject_cast<StepBox*>(focusWidget()) : nullptr;
     if (typedIn != nullptr)
         typedIn->forgetTyping(); // it was meant for the project that was there
     for (Panel* panel : panels_)
-        panel->refresh(changes);
+        panel->refresh(first ? Changes().set() : changes);
     menus_->refresh();
     if (has(Changed::loaded))
         showProject();
