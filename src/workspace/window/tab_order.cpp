@@ -12,6 +12,11 @@ namespace {
 
 using Stops = std::vector<QWidget*>;
 
+bool isStop(const QWidget& widget)
+{
+    return (widget.focusPolicy() & Qt::TabFocus) != 0;
+}
+
 void collect(QWidget& widget, Stops& stops);
 
 void collect(const QLayout& layout, Stops& stops)
@@ -27,7 +32,7 @@ void collect(const QLayout& layout, Stops& stops)
 
 void collect(QWidget& widget, Stops& stops)
 {
-    if ((widget.focusPolicy() & Qt::TabFocus) != 0)
+    if (isStop(widget))
         stops.push_back(&widget);
     if (const auto* area = qobject_cast<QScrollArea*>(&widget)) {
         if (area->widget() != nullptr)
@@ -40,14 +45,25 @@ void collect(QWidget& widget, Stops& stops)
     }
 }
 
+/// Whether Tab goes from the one to the other as it is. A field inside a number box is a part of that.
+bool follows(const QWidget& stop, const QWidget& next)
+{
+    const QWidget* widget = stop.nextInFocusChain();
+    while (widget != &stop && (!isStop(*widget) || widget->focusProxy() != nullptr))
+        widget = widget->nextInFocusChain();
+    return widget == &next;
+}
+
 } // namespace
 
 void orderTabsByLayout(QWidget& root)
 {
     Stops stops;
     collect(root, stops);
-    for (std::size_t i = 1; i < stops.size(); ++i)
-        QWidget::setTabOrder(stops[i - 1], stops[i]);
+    for (std::size_t i = 1; i < stops.size(); ++i) {
+        if (!follows(*stops[i - 1], *stops[i])) // the toolkit takes its time
+            QWidget::setTabOrder(stops[i - 1], stops[i]);
+    }
 }
 
 } // namespace corvane
