@@ -15,7 +15,7 @@ namespace corvane {
 namespace {
 
 /// Six days of shots of a second. A document of a few lines may last a thousand years.
-constexpr std::size_t mostCuts = 500'000;
+constexpr std::size_t mostCuts = 1'000'000;
 
 double valueFor(const std::map<std::string, double, std::less<>>& values, const std::string& camera, double absent)
 {
@@ -280,7 +280,7 @@ private:
     {
         if (cuts_.size() == mostCuts)
             throw FinalCutImportError::invalid(
-                "The rough edit would have more than 500,000 clips. Choose longer shots, or trim the project in Final "
+                "The rough edit would have more than 1,000,000 clips. Choose longer shots, or trim the project in Final "
                 "Cut and export XML again.");
         const bool sameCamera = !cuts_.empty() && cuts_.back().angle == id;
         if (growth == Growth::yes) {

@@ -7,13 +7,13 @@
 #include <cmath>
 #include <random>
 
-/// Averages over 700 hours of one edit. The bounds are five standard errors or more away from chance, and far inside
+/// Averages over 500 hours of one edit. The bounds are five standard errors or more away from chance, and far inside
 /// what the wrong formulas named beside them would give.
 namespace corvane {
 namespace {
 
 using Range = std::optional<ShotLengthRange>;
-constexpr Frames projectLength = Frames{25} * 3600 * 700;
+constexpr Frames projectLength = Frames{25} * 3600 * 500;
 
 struct LongEdit {
     std::vector<Cut> cuts;
