@@ -1,5 +1,6 @@
 // Gives the program sixteen times as much of one kind after the other, and prints how many times the processor time
 // that takes. Work that grows with its input takes sixteen times; over thirty-two ends the program with an error.
+#include "base/numbers.h"
 #include "bench/conditions.h"
 #include "bench/document_text.h"
 #include "bench/edit_document.h"
@@ -10,7 +11,6 @@
 #include "export/rough_edit_writer.h"
 #include "export/settings_record.h"
 #include "import/cut_engine.h"
-#include "platform/numbers.h"
 #include "session/saved_session.h"
 #include "session/session_encoding.h"
 #include "session/starting_settings.h"

@@ -279,9 +279,9 @@ private:
     void place(Camera* camera, const std::string& id, Frames end, Growth growth)
     {
         if (cuts_.size() == mostCuts)
-            throw FinalCutImportError::invalid(
-                "The rough edit would have more than 1,000,000 clips. Choose longer shots, or trim the project in Final "
-                "Cut and export XML again.");
+            throw FinalCutImportError::invalid("The rough edit would have more than 1,000,000 clips. Choose longer "
+                                               "shots, or trim the project in Final "
+                                               "Cut and export XML again.");
         const bool sameCamera = !cuts_.empty() && cuts_.back().angle == id;
         if (growth == Growth::yes) {
             note(
