@@ -231,6 +231,27 @@ TEST(SectionsPanel, MakesRowsWhereTheyAreNeededAndReachesEach)
     EXPECT_EQ(qobject_cast<QWidget*>(row->object())->findChild<QLineEdit*>()->text(), "35");
 }
 
+TEST(SectionsPanel, CutsNoTextThatIsLongerThanAField)
+{
+    Gui gui(threeCameras);
+    gui.view().addSection();
+    const std::string longer(40'000, 'x');
+    auto* name = gui.window().findChild<ReservedRows*>()->findChild<QLineEdit*>();
+    name->insert(qt(longer));
+    EXPECT_EQ(gui.settings().sections.front().name, longer);
+    for (const std::string& text : {longer, longer + longer + longer}) {
+        gui.view().edit([&text](WorkspaceState& state) {
+            auto& section = state.settings.sections.front();
+            section.name = section.end = text;
+        });
+        for (auto* field : gui.window().findChild<ReservedRows*>()->findChildren<QLineEdit*>())
+            QTest::keyClick(field, Qt::Key_Y);
+        const SectionDraft& section = gui.settings().sections.front();
+        for (const std::string& kept : {section.name, section.end})
+            EXPECT_EQ(kept.size(), text == longer ? 40'001U : 120'000U);
+    }
+}
+
 TEST(SectionsPanel, OffersTheLabelAfterOneThatDropFrameSkips)
 {
     QString dropFrame = qt(document()).replace("100/2500s", "1001/30000s").replace("40s", "40040/1000s");

@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QSignalBlocker>
 #include <QTextBoundaryFinder>
 #include <algorithm>
 
@@ -96,6 +97,19 @@ void setSpokenName(QWidget& widget, std::string_view name)
     const QString spoken = qt(name);
     if (widget.accessibleName() != spoken)
         widget.setAccessibleName(spoken); // assistive technology is told each time
+}
+
+bool showWhole(QLineEdit& field, const std::string& text)
+{
+    constexpr int longest = 100'000; // the toolkit's own would cut the text at 32,767
+    const QSignalBlocker blocker(field);
+    if (field.maxLength() != longest)
+        field.setMaxLength(longest);
+    if (utf8(field.text()) == text)
+        return false;
+    field.setText(qt(text));
+    field.setReadOnly(utf8(field.text()) != text);
+    return true;
 }
 
 void copyAsSpoken(QAbstractItemView& list)

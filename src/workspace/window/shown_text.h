@@ -3,7 +3,9 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QString>
+#include <string>
 #include <string_view>
 
 /// Texts from outside on widgets: drawn with marks for what cannot be seen, never taken for markup or for the key of a
@@ -23,6 +25,11 @@ void showMessage(QLabel& label, std::string_view message);
 
 /// As a name, where a widget draws something else.
 void setSpokenName(QWidget& widget, std::string_view name);
+
+/// Puts a text into a field where it is another; the field tells nobody. Of one with more than 100,000 characters, with
+/// which each key would take its time, the field shows the beginning and can then not be changed: nothing is lost.
+/// Returns whether there was anything to do.
+bool showWhole(QLineEdit& field, const std::string& text);
 
 /// Makes the key for Copy take the text of a list's item as assistive technology is told it, not as it is drawn.
 void copyAsSpoken(QAbstractItemView& list);

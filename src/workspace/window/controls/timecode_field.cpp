@@ -6,7 +6,6 @@
 #include "workspace/window/tooltips.h"
 
 #include <QHBoxLayout>
-#include <QSignalBlocker>
 #include <QStyle>
 #include <algorithm>
 
@@ -72,11 +71,8 @@ void TimecodeField::arrange(const QString& label)
 
 void TimecodeField::show(const std::string& text)
 {
-    if (utf8(edit_->text()) != text) {
-        const QSignalBlocker blocker(edit_);
-        edit_->setText(qt(text));
+    if (showWhole(*edit_, text))
         typing_ = false;
-    }
     mark();
 }
 

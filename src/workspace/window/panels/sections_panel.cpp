@@ -3,9 +3,9 @@
 #include "workspace/captions.h"
 #include "workspace/window/controls/into_view.h"
 #include "workspace/window/qt_text.h"
+#include "workspace/window/shown_text.h"
 
 #include <QHBoxLayout>
-#include <QSignalBlocker>
 #include <algorithm>
 
 namespace corvane {
@@ -133,10 +133,7 @@ void SectionsPanel::editDraft(const Identifier& id, const std::function<void(Sec
 
 void SectionsPanel::showRow(const Row& row, const SectionDraft& draft)
 {
-    if (utf8(row.name->text()) != draft.name) {
-        const QSignalBlocker blocker(row.name);
-        row.name->setText(qt(draft.name));
-    }
+    showWhole(*row.name, draft.name);
     row.camera->show(cameras_, draft.camera);
     row.start->show(draft.start);
     row.end->show(draft.end);
