@@ -331,7 +331,6 @@ member("1.2 million elements in a note, over two hours", LARGER, lasting(7_200, 
 member("2,000 keywords over a day", LARGER, lasting(86_400, "".join(f'<keyword value="k{n}"/>' for n in range(2_000))))
 member("40,000 keywords over two hours", LARGER, lasting(7_200, "".join(f'<keyword value="k{n}"/>' for n in range(40_000))))
 member("a name of 5 MB over two hours", LARGER, lasting(7_200).replace('name="MC"', f'name="{"x" * 4_900_000}"'))
-member("100 days", WRITTEN, lasting(8_640_000))
 member("40 million seconds", "The rough edit would have more than 1,000,000 clips.", lasting(39_999_999))
 member("a million elements 200 levels deep", WRITTEN, lasting(60, resources="<b>" * 200 + "<b/>" * 1_000_000 + "</b>" * 200))
 
