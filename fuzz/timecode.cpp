@@ -21,17 +21,17 @@ std::string runFuzzInput(std::string_view bytes)
                                                    {100, 6000},
                                                    {1'000'000, 1},
                                                    {1, 1'000'000}};
-    CutEngine engine;
+    TimeBase base;
     const RationalTime rate = draws.anyOf(rates);
-    engine.frameNumerator = rate.numerator;
-    engine.frameDenominator = rate.denominator;
-    engine.dropFrame = draws.oneIn(2);
-    engine.timelineStart = draws.between(-largestFrameCount, largestFrameCount);
+    base.frameNumerator = rate.numerator;
+    base.frameDenominator = rate.denominator;
+    base.dropFrame = draws.oneIn(2);
+    base.timelineStart = draws.between(-largestFrameCount, largestFrameCount);
     const Frames frame = draws.between(0, largestFrameCount);
-    if (frame + engine.timelineStart >= 0 && frame + engine.timelineStart < largestFrameCount) {
-        const std::string label = timecodeLabel(engine, frame);
+    if (frame + base.timelineStart >= 0 && frame + base.timelineStart < largestFrameCount) {
+        const std::string label = timecodeLabel(base, frame);
         try {
-            if (parseTimecode(engine, label) != frame)
+            if (parseTimecode(base, label) != frame)
                 return "a label is read as its frame: " + label;
         } catch (const FinalCutImportError&) { // hours of more than four digits
             if (label.find(':') <= 4)
@@ -39,8 +39,8 @@ std::string runFuzzInput(std::string_view bytes)
         }
     }
     const std::string typed = draws.take(64);
-    const Frames read = parseTimecode(engine, typed);
-    if (parseTimecode(engine, timecodeLabel(engine, read)) != read)
+    const Frames read = parseTimecode(base, typed);
+    if (parseTimecode(base, timecodeLabel(base, read)) != read)
         return "what was typed is shown as what it means";
     return "";
 }
