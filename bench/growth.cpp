@@ -11,6 +11,7 @@
 #include "export/rough_edit_writer.h"
 #include "export/settings_record.h"
 #include "import/cut_engine.h"
+#include "import/project_loading.h"
 #include "session/saved_session.h"
 #include "session/session_encoding.h"
 #include "session/starting_settings.h"
