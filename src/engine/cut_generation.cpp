@@ -30,8 +30,6 @@ struct ShotLengths {
     Frames shortest = 0;
     Frames longest = 0;
     double exponent = 1; ///< u^exponent has the mean at which the range should be met
-    GenerationEvent mean = GenerationEvent::rangeOfOneLength;
-    GenerationEvent target = GenerationEvent::targetFromAverage;
 };
 
 ShotLengths shotLengths(
@@ -52,10 +50,6 @@ ShotLengths shotLengths(
         const double target = opposite ? (opposite->lower + opposite->upper) / 2 : averageShot;
         const double wanted = (target * share / (1 - share) - range->lower) / width;
         mean = std::clamp(wanted, 0.1, 0.9); // keeps a little spread at either end
-        lengths.target = opposite ? GenerationEvent::targetFromOppositeRange : GenerationEvent::targetFromAverage;
-        lengths.mean = wanted < 0.1   ? GenerationEvent::meanAtLowest
-                       : wanted > 0.9 ? GenerationEvent::meanAtHighest
-                                      : GenerationEvent::meanInside;
     }
     lengths.exponent = 1 / mean - 1;
     return lengths;
@@ -82,7 +76,6 @@ public:
         while (position_ < frame_.freeEnd) {
             if (nextSection_ < frame_.fixedSections.size() && frame_.fixedSections[nextSection_].start == position_) {
                 const FixedCameraSection& section = frame_.fixedSections[nextSection_++];
-                note(GenerationEvent::fixedSection);
                 placeFixed(section.angle, section.end);
             } else {
                 placeFreeShot();
@@ -115,21 +108,13 @@ private:
         cameras_.push_back(camera);
     }
 
-    void note(GenerationEvent event) const
-    {
-        if (sources_.trace != nullptr)
-            ++(*sources_.trace)[static_cast<std::size_t>(event)];
-    }
-
     [[nodiscard]] bool isMain(const Camera& camera) const { return &camera == &cameras_.front(); }
 
     [[nodiscard]] bool isOnScreen(const Camera& camera) const { return &camera == onScreen_; }
 
     [[nodiscard]] Frames nextBoundary() const
     {
-        const bool section = nextSection_ < frame_.fixedSections.size();
-        note(section ? GenerationEvent::boundaryIsSection : GenerationEvent::boundaryIsFreeEnd);
-        return section ? frame_.fixedSections[nextSection_].start : frame_.freeEnd;
+        return nextSection_ < frame_.fixedSections.size() ? frame_.fixedSections[nextSection_].start : frame_.freeEnd;
     }
 
     /// Fills eligible_ with the cameras that have footage at position_; its memory serves every shot.
@@ -153,7 +138,6 @@ private:
             if (later != camera.ranges->end())
                 next = std::min(next.value_or(later->start), later->start);
         }
-        note(next ? GenerationEvent::noFootageInGap : GenerationEvent::noFootageToTheEnd);
         throw FinalCutImportError::invalid(
             "No selected camera has video at " + fixed(engine_.seconds(position_), 2) +
             " seconds. The uncovered section lasts " +
@@ -166,17 +150,7 @@ private:
 
     [[nodiscard]] bool isEligible(const Camera& camera) const
     {
-        if (isOnScreen(camera)) {
-            note(GenerationEvent::eligibleOnScreen);
-            return true;
-        }
-        if (!camera.lastShotEnd) {
-            note(GenerationEvent::eligibleFirstUse);
-            return true;
-        }
-        const bool waited = camera.wait <= position_ - *camera.lastShotEnd;
-        note(waited ? GenerationEvent::eligibleAfterWait : GenerationEvent::mustWait);
-        return waited;
+        return isOnScreen(camera) || !camera.lastShotEnd || camera.wait <= position_ - *camera.lastShotEnd;
     }
 
     void findEligibleCameras()
@@ -187,7 +161,6 @@ private:
         std::erase_if(eligible_, [this](const Camera* camera) { return !isEligible(*camera); });
         if (!eligible_.empty())
             return;
-        note(GenerationEvent::noneEligible);
         throw FinalCutImportError::invalid(
             "Minimum return times prevent a camera change at " + timecodeLabel(engine_, position_) +
             ", and the current camera has no footage there. Reduce a return time or include another camera.");
@@ -198,7 +171,6 @@ private:
         findEligibleCameras();
         candidates_.clear();
         if (onOtherCamera_ && isMain(*eligible_.front())) {
-            note(GenerationEvent::returnToMain);
             candidates_.push_back(eligible_.front());
             return candidates_;
         }
@@ -206,7 +178,6 @@ private:
             if (!isMain(*camera) && !isOnScreen(*camera))
                 candidates_.push_back(camera);
         }
-        note(candidates_.empty() ? GenerationEvent::allEligible : GenerationEvent::otherCandidates);
         return candidates_.empty() ? eligible_ : candidates_;
     }
 
@@ -218,12 +189,9 @@ private:
         double remaining = total * std::clamp(sources_.draws(), 0.0, 1.0);
         for (Camera* camera : candidates) {
             remaining -= camera->weight;
-            if (remaining < 0) {
-                note(GenerationEvent::pickedByWeight);
+            if (remaining < 0)
                 return *camera;
-            }
         }
-        note(GenerationEvent::pickedLast);
         return *candidates.back();
     }
 
@@ -232,26 +200,17 @@ private:
         const ShotLengths& lengths = mainCamera ? mainLengths_ : otherLengths_;
         const double nominal = std::round((0.75 + 0.5 * sources_.draws()) * lengths.nominal);
         Frames length = std::max<Frames>(1, wholeFrames(nominal)); // drawn even where a range replaces it
-        note(lengths.ranged ? GenerationEvent::lengthInRange : GenerationEvent::lengthNominal);
         if (lengths.ranged)
             length = drawLengthInRange(lengths);
-        if (mainCamera && inputs_.doubleMain) {
-            const bool twice = sources_.draws() < 0.25;
-            note(twice ? GenerationEvent::doubled : GenerationEvent::notDoubled);
-            length *= twice ? 2 : 1;
-        }
+        if (mainCamera && inputs_.doubleMain && sources_.draws() < 0.25)
+            length *= 2;
         return length;
     }
 
     [[nodiscard]] Frames drawLengthInRange(const ShotLengths& lengths)
     {
-        if (lengths.longest < lengths.shortest) {
-            note(GenerationEvent::rangeWithoutFrame);
+        if (lengths.longest < lengths.shortest)
             throw FinalCutImportError::invalid("The shot range must contain at least one full frame.");
-        }
-        note(lengths.mean);
-        if (lengths.mean != GenerationEvent::rangeOfOneLength)
-            note(lengths.target);
         const double spread = std::pow(std::clamp(sources_.draws(), 0.0, 1.0), lengths.exponent);
         const auto width = static_cast<double>(lengths.longest - lengths.shortest);
         return lengths.shortest + wholeFrames(std::round(spread * width));
@@ -264,11 +223,6 @@ private:
         const Frames byLength = position_ + drawLength(isMain(camera));
         const Frames footageEnd = (*camera.ranges)[camera.range].end;
         const Frames end = std::min({byLength, footageEnd, boundary});
-        note(
-            end == byLength         ? GenerationEvent::endsByLength
-            : end == footageEnd     ? GenerationEvent::endsWithFootage
-            : end == frame_.freeEnd ? GenerationEvent::endsAtFreeEnd
-                                    : GenerationEvent::endsAtSection);
         if (end <= position_)
             throw FinalCutImportError::invalid("No valid cut boundary is available.");
         place(&camera, camera.id, end, Growth::yes);
@@ -279,16 +233,10 @@ private:
     void place(Camera* camera, const std::string& id, Frames end, Growth growth)
     {
         if (cuts_.size() == mostCuts)
-            throw FinalCutImportError::invalid("The rough edit would have more than 1,000,000 clips. Choose longer "
-                                               "shots, or trim the project in Final "
-                                               "Cut and export XML again.");
+            throw FinalCutImportError::invalid(
+                "The rough edit would have more than 1,000,000 clips. Choose longer shots, or trim the project in "
+                "Final Cut and export XML again.");
         const bool sameCamera = !cuts_.empty() && cuts_.back().angle == id;
-        if (growth == Growth::yes) {
-            note(
-                !sameCamera                    ? GenerationEvent::appended
-                : lastCutGrows_ == Growth::yes ? GenerationEvent::merged
-                                               : GenerationEvent::keptApart);
-        }
         if (sameCamera && growth == Growth::yes && lastCutGrows_ == Growth::yes)
             cuts_.back().duration += end - position_;
         else

@@ -5,9 +5,6 @@
 #include "engine/edit_settings.h"
 #include "import/cut_engine.h"
 
-#include <array>
-#include <cstddef>
-#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -31,50 +28,10 @@ struct GenerationInputs {
     std::map<std::string, double, std::less<>> returnTimes; ///< seconds, 0 … 600, default 0
 };
 
-/// The ways in which a shot comes about. A trace counts them, so that tests can tell what their inputs reached.
-enum class GenerationEvent : std::size_t {
-    fixedSection,
-    boundaryIsSection,
-    boundaryIsFreeEnd,
-    noFootageInGap,
-    noFootageToTheEnd,
-    eligibleOnScreen,
-    eligibleFirstUse,
-    eligibleAfterWait,
-    mustWait,
-    noneEligible,
-    returnToMain,
-    otherCandidates,
-    allEligible,
-    pickedByWeight,
-    pickedLast,
-    lengthNominal,
-    lengthInRange,
-    rangeWithoutFrame,
-    rangeOfOneLength,
-    targetFromOppositeRange,
-    targetFromAverage,
-    meanAtLowest,
-    meanInside,
-    meanAtHighest,
-    doubled,
-    notDoubled,
-    endsByLength,
-    endsWithFootage,
-    endsAtFreeEnd,
-    endsAtSection,
-    merged,
-    keptApart, ///< from the opening or a section on the same camera
-    appended,
-    count
-};
-using GenerationTrace = std::array<std::int64_t, static_cast<std::size_t>(GenerationEvent::count)>;
-
 /// What a generation takes from outside.
 struct GenerationSources {
     UniformDraws draws = secureDraws();
     IdentifierSource identifiers = randomIdentifiers();
-    GenerationTrace* trace = nullptr;
 };
 
 /// A randomised cut list that covers the whole project: after each shot on another camera the edit returns to the

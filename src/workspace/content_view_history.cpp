@@ -13,8 +13,7 @@ void ContentView::generateRoughEdit()
         std::vector<Cut> cuts;
         try {
             cuts = generateFromSettings(
-                state.loaded->imported, state.loaded->engine, state.settings,
-                {services_.draws, services_.identifiers, nullptr});
+                state.loaded->imported, state.loaded->engine, state.settings, {services_.draws, services_.identifiers});
         } catch (const std::exception& failure) {
             fail(failure.what());
             return;

@@ -11,7 +11,6 @@
 #include <iostream>
 #include <random>
 #include <set>
-#include <sstream>
 
 namespace corvane {
 namespace {
@@ -167,7 +166,6 @@ std::string brokenPromise(const Case& given, const std::vector<Cut>& cuts)
 
 TEST(GenerationLaws, EveryCutListOfManyRandomEditsKeepsEveryPromise)
 {
-    GenerationTrace trace{};
     std::uint64_t longLists = 0;
     std::uint64_t refused = 0;
     for (std::uint64_t number = 0; number < caseCount; ++number) {
@@ -176,7 +174,6 @@ TEST(GenerationLaws, EveryCutListOfManyRandomEditsKeepsEveryPromise)
         const auto& [engine, inputs, freeStart, freeEnd] = given;
         const bool withOnes = chance.oneIn(10); // no true draw is 1; it takes the last candidate
         GenerationSources sources;
-        sources.trace = &trace;
         sources.draws = [&] { return withOnes && chance.oneIn(8) ? 1.0 : chance.uniform(); };
         auto cameras = inputs.otherCameras;
         cameras.push_back(inputs.mainCamera);
@@ -184,13 +181,9 @@ TEST(GenerationLaws, EveryCutListOfManyRandomEditsKeepsEveryPromise)
             uncoveredVideoSections(engine, cameras, inputs.opening, inputs.closing, inputs.fixedSections);
         const auto gaps = uncoveredStretches(report.covered, engine.length);
         std::string broken;
-        const std::int64_t& endsAtSection = trace[static_cast<std::size_t>(GenerationEvent::endsAtSection)];
-        const std::int64_t before = endsAtSection;
         try {
             const auto cuts = generateCuts(engine, inputs, sources);
             broken = gaps.empty() ? brokenPromise(given, cuts) : "what is cut is covered";
-            if (inputs.fixedSections.empty() && endsAtSection != before)
-                broken = "where there are no sections, no shot ends at one";
             longLists += cuts.size() >= 20 ? 1U : 0U;
         } catch (const FinalCutImportError& refusal) {
             const std::string gap = gaps.empty() ? "none" : fixed(engine.seconds(gaps[0].start), 2);
@@ -207,18 +200,6 @@ TEST(GenerationLaws, EveryCutListOfManyRandomEditsKeepsEveryPromise)
     std::cout << caseCount << " cases from seed " << seed << ": " << longLists << " with 20 cuts or more, " << refused
               << " refused\n";
     EXPECT_GE(longLists, caseCount * 6 / 10);
-    std::istringstream names(
-        "fixedSection boundaryIsSection boundaryIsFreeEnd noFootageInGap noFootageToTheEnd eligibleOnScreen "
-        "eligibleFirstUse eligibleAfterWait mustWait noneEligible returnToMain otherCandidates allEligible "
-        "pickedByWeight pickedLast lengthNominal lengthInRange rangeWithoutFrame rangeOfOneLength "
-        "targetFromOppositeRange targetFromAverage meanAtLowest meanInside meanAtHighest doubled notDoubled "
-        "endsByLength endsWithFootage endsAtFreeEnd endsAtSection merged keptApart appended");
-    for (const std::int64_t count : trace) {
-        std::string name;
-        names >> name;
-        std::cout << name << ": " << count << '\n';
-        EXPECT_GE(count, 1000) << name;
-    }
 }
 
 /// One bit for each frame of [0, 64) that the ranges hold.

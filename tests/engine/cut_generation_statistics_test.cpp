@@ -31,7 +31,7 @@ struct LongEdit {
         engine.frameDenominator = 25;
         engine.length = projectLength;
         engine.coverage = {{"A", whole}, {"B", whole}, {"C", whole}};
-        cuts = generateCuts(engine, inputs, {draw, [] { return Identifier{}; }, nullptr});
+        cuts = generateCuts(engine, inputs, {draw, [] { return Identifier{}; }});
         cuts.pop_back(); // the end of the project cuts it short
         usage = cameraUsage(cuts);
     }
