@@ -40,8 +40,8 @@ QString percentText(int percent)
 QVBoxLayout* linesIn(QWidget& holder)
 {
     auto* lines = new QVBoxLayout(&holder);
-    lines->setContentsMargins(0, 0, 0, 3);
-    lines->setSpacing(1);
+    lines->setContentsMargins(0, 0, 0, 2);
+    lines->setSpacing(0);
     return lines;
 }
 
