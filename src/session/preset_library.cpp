@@ -47,11 +47,13 @@ void PresetLibrary::store(std::vector<EditPreset> presets)
 {
     sortPresets(presets);
     std::string bytes = encodePresets(presets);
-    (void)decodePresets(bytes);
+    std::vector<EditPreset> readBack = decodePresets(bytes);
     if (presetsHoldMore(defaults_.value(key)))
         (void)defaults_.keepAside(key);
     defaults_.setValue(key, bytes);
-    take(std::move(bytes));
+    presets_ = std::move(readBack);
+    bytes_ = std::move(bytes);
+    failure_ = nullptr;
 }
 
 std::string PresetLibrary::startNew()

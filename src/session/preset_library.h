@@ -17,7 +17,7 @@ class PresetLibrary {
 public:
     explicit PresetLibrary(UserDefaults& defaults);
 
-    /// Reads what is stored now. A failure is kept: presets() is empty then, and change() fails in the same words.
+    /// Reads what is stored now. A failure is kept: presets() is empty then, and current() fails in the same words.
     void read();
     /// As read last; empty when the list could not be read.
     [[nodiscard]] const std::vector<EditPreset>& presets() const { return presets_; }
