@@ -313,7 +313,7 @@ void Reading::checkNames(xmlParserCtxtPtr parser, const StartTag& tag)
             refuse({XML_NS_ERR_UNDEFINED_NAMESPACE, words, prefix, view(name)});
         const std::string whole = std::string(prefix) + (prefix.empty() ? "" : ":") + std::string(view(name));
         if (xmlValidateNCName(name, 0) != 0)
-            refuse({XML_NS_ERR_QNAME, words, whole});
+            refuse({XML_NS_ERR_QNAME, words, whole, {}});
     };
     check(tag.prefix, tag.name, parser->node->ns != nullptr);
     for (std::size_t n = 0; n < tag.attributes.size(); n += 5) {
@@ -323,7 +323,7 @@ void Reading::checkNames(xmlParserCtxtPtr parser, const StartTag& tag)
     }
     for (std::size_t n = 0; n < tag.namespaces.size(); n += 2) {
         if (isForbidden(view(tag.namespaces[n]), view(tag.namespaces[n + 1])))
-            refuse({XML_NS_ERR_XML_NAMESPACE, words, view(tag.namespaces[n])});
+            refuse({XML_NS_ERR_XML_NAMESPACE, words, view(tag.namespaces[n]), {}});
     }
 }
 
