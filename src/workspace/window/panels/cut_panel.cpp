@@ -2,6 +2,7 @@
 
 #include "workspace/captions.h"
 #include "workspace/window/column_widths.h"
+#include "workspace/window/controls/into_view.h"
 #include "workspace/window/controls/kept_lines.h"
 #include "workspace/window/name_delegate.h"
 #include "workspace/window/qt_text.h"
@@ -127,7 +128,7 @@ void CutPanel::arrangeMessages()
     line->addStretch();
     anotherCamera_->setWordWrap(false);
     column().addWidget(notes);
-    auto* messages = new KeptLines(3, this);
+    auto* messages = new KeptLines(2, this);
     for (QLabel* message : {status_, saveError_}) {
         message->setWordWrap(true);
         message->setMinimumWidth(1); // as helpLabel
@@ -261,3 +262,5 @@ void CutPanel::showTexts()
 }
 
 } // namespace corvane
+    if (view_.state().sessionSaveError)
+        bringIntoView(*saveError_); // before the end of a long status

@@ -26,7 +26,7 @@ UsagePanel::UsagePanel(ContentView& view, QWidget* parent)
     table_->setShowGrid(false);
     table_->verticalHeader()->hide();
     table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 8);
+    table_->verticalHeader()->setDefaultSectionSize(std::max(20, table_->fontMetrics().height() + 4));
     const auto wide = [this](const char* text) { return table_->fontMetrics().horizontalAdvance(text) + 10; };
     const int number = wide("100.0%");
     new ColumnWidths( // which the table owns
