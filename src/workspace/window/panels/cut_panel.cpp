@@ -11,9 +11,30 @@
 
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QStyledItemDelegate>
 #include <algorithm>
 
 namespace corvane {
+
+namespace {
+
+/// Draws what the model gives a colour in that colour, on the same ground, also while its row is chosen.
+class ColorDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (!option->state.testFlag(QStyle::State_Selected) || !index.data(Qt::ForegroundRole).isValid())
+            return;
+        option->state.setFlag(QStyle::State_Selected, false);
+        option->backgroundBrush = option->palette.brush(QPalette::Base);
+    }
+};
+
+} // namespace
 
 CutPanel::CutPanel(ContentView& view, QWidget* parent)
     : Panel(tr("Rough edit"), view, parent),
@@ -66,6 +87,7 @@ void CutPanel::arrangeTable()
 {
     table_->setModel(model_);
     table_->setItemDelegateForColumn(CutTableModel::camera, new NameDelegate(table_));
+    table_->setItemDelegateForColumn(CutTableModel::duration, new ColorDelegate(table_));
     table_->setAccessibleName(tr("Cuts"));
     copyAsSpoken(*table_);
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -259,8 +281,8 @@ void CutPanel::showTexts()
     anotherCamera_->setVisible(asksForAnotherCamera(view_));
     show(*status_, view_.state().status);
     show(*saveError_, view_.state().sessionSaveError);
+    if (view_.state().sessionSaveError)
+        bringIntoView(*saveError_); // before the end of a long status
 }
 
 } // namespace corvane
-    if (view_.state().sessionSaveError)
-        bringIntoView(*saveError_); // before the end of a long status
