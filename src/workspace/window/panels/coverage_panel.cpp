@@ -6,6 +6,8 @@
 #include "workspace/window/shown_text.h"
 #include "workspace/window/theme.h"
 
+#include <QHBoxLayout>
+
 namespace corvane {
 
 CoveragePanel::CoveragePanel(ContentView& view, QWidget* parent)
@@ -54,10 +56,13 @@ void CoveragePanel::build()
     const auto& loaded = view_.state().loaded;
     if (!loaded)
         return;
-    grid_->addWidget(new QLabel(tr("Project"), rowsHolder_), 0, 0);
+    auto* first = new QHBoxLayout; // more room for the line than a bar has
+    first->setSpacing(12);
+    grid_->addLayout(first, 0, 0, 1, 2);
+    first->addWidget(new QLabel(tr("Project"), rowsHolder_));
     auto* project = new ElidedLabel({}, rowsHolder_);
     showText(*project, projectLine(view_, theme::decimalSign()));
-    grid_->addWidget(project, 0, 1);
+    first->addWidget(project, 1);
     auto* axis = new TimeAxis(rowsHolder_);
     axis->show(loaded->engine);
     grid_->addWidget(axis, 1, 1);
