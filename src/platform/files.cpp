@@ -4,6 +4,7 @@
 #include "base/numbers.h"
 #include "platform/file_errors.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/stat.h>
@@ -14,6 +15,7 @@
 #include <filesystem>
 #include <iterator>
 #include <limits>
+#include <memory>
 #include <system_error>
 #include <vector>
 
@@ -171,8 +173,9 @@ int writeWhole(FileCalls& calls, const std::string& path, const Content& content
 }
 
 /// The new file stands under `temporary`; afterwards it has the name `path`. The old one is kept until the folder is
-/// on the disk, so that a failure can put it back. 0, or the error.
-int putInPlace(FileCalls& calls, const std::string& temporary, const std::string& path)
+/// on the disk, so that a failure can put it back; `folder` is given, since without memory nothing could. 0, or the
+/// error.
+int putInPlace(FileCalls& calls, const std::string& temporary, const std::string& path, const std::string& folder)
 {
     // A folder is never taken away like that: renaming over one is refused.
     const bool exchanged = somethingNamed(path) && !isFolder(path) && calls.exchange(temporary, path) == 0;
@@ -181,7 +184,7 @@ int putInPlace(FileCalls& calls, const std::string& temporary, const std::string
         calls.unlink(temporary);
         return error;
     }
-    const int error = syncFolder(calls, folderOf(path));
+    const int error = syncFolder(calls, folder);
     if (error != 0 && exchanged)
         calls.exchange(temporary, path);
     if (exchanged)
@@ -206,9 +209,10 @@ std::size_t longestNameIn(const std::string& folder)
 
 void writeNewFile(const std::string& path, std::string_view bytes, FileCalls& calls)
 {
+    const std::string folder = folderOf(path);
     int error = writeWhole(calls, path, {{&bytes, 1}});
     if (error == 0) {
-        error = syncFolder(calls, folderOf(path));
+        error = syncFolder(calls, folder);
         if (error != 0)
             calls.unlink(path);
     }
@@ -224,22 +228,37 @@ void replaceFile(const std::string& path, std::span<const std::string_view> part
     if (const auto reason = ::stat(path.c_str(), &facts) == 0 ? specialFile(facts.st_mode) : std::nullopt)
         refuseFile(cannotWrite, path, *reason);
     const std::string target = followedLinks(path);
+    const std::string folder = folderOf(target);
     const std::string temporary = temporaryName(target);
     int error = writeWhole(calls, temporary, {parts, &target});
     if (error == 0)
-        error = putInPlace(calls, temporary, target);
+        error = putInPlace(calls, temporary, target, folder);
     if (error != 0)
         refuseFile(cannotWrite, path, error);
 }
 
+/// By hand: the standard library's iterator ends the program where it finds no memory.
+std::vector<std::string> namesIn(const std::string& folder)
+{
+    std::vector<std::string> names;
+    const std::unique_ptr<DIR, int (*)(DIR*)> opened(::opendir(folder.c_str()), ::closedir);
+    while (const dirent* entry = opened ? ::readdir(opened.get()) : nullptr) { // NOLINT(concurrency-mt-unsafe)
+        const std::string_view name = static_cast<const char*>(entry->d_name);
+        if (name != "." && name != "..")
+            names.emplace_back(name);
+    }
+    return names;
+}
+
 void removeAbandonedFiles(const std::string& folder)
 {
-    std::error_code ignored; // what cannot be looked at or taken away stays
-    for (const auto& entry : std::filesystem::directory_iterator(folder, ignored)) {
-        const auto process = savingProcess(lastComponent(entry.path().native()));
-        if (process && entry.symlink_status(ignored).type() == std::filesystem::file_type::regular &&
-            ::kill(*process, 0) != 0 && errno == ESRCH)
-            std::filesystem::remove(entry.path(), ignored);
+    for (const std::string& name : namesIn(folder)) {
+        const auto process = savingProcess(name);
+        const std::string path = pathIn(folder, name);
+        struct stat facts{};
+        if (process && ::lstat(path.c_str(), &facts) == 0 && S_ISREG(facts.st_mode) && ::kill(*process, 0) != 0 &&
+            errno == ESRCH)
+            ::unlink(path.c_str()); // what cannot be looked at or taken away stays
     }
 }
 

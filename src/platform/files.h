@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace corvane {
 
@@ -74,6 +75,9 @@ void writeNewFile(const std::string& path, std::string_view bytes, FileCalls& ca
 /// and nothing beside it.
 void replaceFile(
     const std::string& path, std::span<const std::string_view> parts, FileCalls& calls = FileCalls::system());
+
+/// Of what is in the folder, in no order; none when it cannot be looked into.
+[[nodiscard]] std::vector<std::string> namesIn(const std::string& folder);
 
 /// Takes away what replaceFile left in the folder when its process, one of this machine, was killed.
 void removeAbandonedFiles(const std::string& folder);

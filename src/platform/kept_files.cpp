@@ -88,12 +88,12 @@ std::string keepAside(const std::string& path, std::uint64_t most, FileCalls& ca
 std::vector<std::string> keptBeside(const std::string& path)
 {
     const NameParts parts = partsAround(path);
-    std::error_code none; // what cannot be looked at is not counted
+    std::error_code none; // of what cannot be looked at
     std::vector<std::tuple<std::filesystem::file_time_type, std::string>> found;
-    for (const auto& entry : std::filesystem::directory_iterator(folderOf(path), none)) {
-        const std::string name = pathIn(folderOf(path), entry.path().filename().native());
+    for (const std::string& each : namesIn(folderOf(path))) {
+        const std::string name = pathIn(folderOf(path), each);
         if (isKeptName(parts, name))
-            found.emplace_back(entry.last_write_time(none), name);
+            found.emplace_back(std::filesystem::last_write_time(name, none), name);
     }
     std::ranges::sort(found);
     std::vector<std::string> paths(found.size());
