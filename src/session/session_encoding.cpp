@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <map>
+#include <set>
 
 namespace corvane {
 
@@ -23,35 +24,48 @@ double finite(double value)
     return value;
 }
 
-Json json(const auto& value)
+// Lists and objects are written by hand: the library's own need memory to be taken apart, and end the program without
+// it.
+
+std::string json(const auto& value)
 {
-    return value;
+    return Json(value).dump();
 }
 
-Json json(double value)
+std::string json(double value)
 {
-    return finite(value);
+    return Json(finite(value)).dump();
 }
 
-Json json(const std::map<std::string, double, std::less<>>& values)
+template <class Values, class Text>
+std::string joined(char open, const Values& values, char close, const Text& text)
 {
-    Json::object_t object;
-    for (const auto& [camera, value] : values)
-        object.push_back({camera, finite(value)}); // without looking for a key that is there already
-    return object;
+    std::string all(1, open);
+    for (const auto& value : values) {
+        if (all.size() > 1)
+            all += ',';
+        all += text(value);
+    }
+    return all += close;
 }
 
-Json json(const std::vector<SectionDraft>& drafts)
+std::string json(const std::set<std::string>& cameras)
 {
-    Json list = Json::array();
-    for (const SectionDraft& draft : drafts)
-        list.push_back(
-            {{"id", draft.id.text()},
-             {"name", draft.name},
-             {"camera", draft.camera},
-             {"start", draft.start},
-             {"end", draft.end}});
-    return list;
+    return joined('[', cameras, ']', [](const std::string& camera) { return json(camera); });
+}
+
+std::string json(const std::map<std::string, double, std::less<>>& values)
+{
+    return joined('{', values, '}', [](const auto& value) { return json(value.first) + ":" + json(value.second); });
+}
+
+std::string json(const std::vector<SectionDraft>& drafts)
+{
+    return joined('[', drafts, ']', [](const SectionDraft& draft) {
+        return "{\"id\":" + json(draft.id.text()) + ",\"name\":" + json(draft.name) +
+               ",\"camera\":" + json(draft.camera) + ",\"start\":" + json(draft.start) + ",\"end\":" + json(draft.end) +
+               "}";
+    });
 }
 
 /// Cut lists are most of the file, and numbers and identifiers need no escaping: they are written straight away.
@@ -76,9 +90,12 @@ void appendCuts(std::string& out, const std::vector<Cut>& cuts)
 
 std::string encodedSettings(const EditSettings& settings)
 {
-    Json object = Json::object();
-    forEachSetting([&](const auto& field) { object[std::string(field.name)] = json(settings.*field.member); });
-    return object.dump();
+    std::string text;
+    forEachSetting([&](const auto& field) {
+        text += text.empty() ? '{' : ',';
+        text += json(std::string(field.name)) + ":" + json(settings.*field.member);
+    });
+    return text += '}';
 }
 
 std::string encodedRevision(const EditRevision& revision)
