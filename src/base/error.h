@@ -1,6 +1,10 @@
 #pragma once
 
+#include <exception>
+#include <new>
 #include <stdexcept>
+#include <string>
+#include <string_view>
 
 namespace corvane {
 
@@ -10,5 +14,13 @@ class PlatformError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
+
+/// What a person is told of a failure: its own words, or that there is not enough memory to `doWhat`.
+[[nodiscard]] inline std::string failureText(const std::exception& failure, std::string_view doWhat)
+{
+    if (dynamic_cast<const std::bad_alloc*>(&failure) == nullptr)
+        return failure.what();
+    return "There is not enough memory to " + std::string(doWhat) + ". Close other programs and try again.";
+}
 
 } // namespace corvane

@@ -52,9 +52,10 @@ ExportFiles writeExportFiles(
     writeNewFile(files.xmlURL, xmlBytes, calls);
     try {
         writeNewFile(files.settingsURL, recordText, calls);
-    } catch (const PlatformError& error) {
+    } catch (const std::exception& error) {
         throw FinalCutImportError::invalid(
-            "The XML was saved as " + names.xml + ", but the settings record could not be saved: " + error.what());
+            "The XML was saved as " + names.xml +
+            ", but the settings record could not be saved: " + failureText(error, "write it"));
     }
     return files;
 }

@@ -1,8 +1,11 @@
 #include "workspace/content_view.h"
 
+#include "base/error.h"
 #include "engine/generation_inputs.h"
 
 #include <algorithm>
+#include <memory>
+#include <new>
 #include <utility>
 
 namespace corvane {
@@ -45,35 +48,48 @@ void ContentView::edit(const std::function<void(WorkspaceState&)>& change)
         change(state_);
         return;
     }
-    const WorkspaceState before = state_;
+    try {
+        WorkspaceState before = state_;
+        changeAndSave(change, before);
+        notify(before);
+    } catch (const std::bad_alloc& failure) {
+        const WorkspaceState before = state_;
+        fail(failureText(failure, "do this"));
+        notify(before);
+    }
+    while (!notifying_ && !waitingEdits_.empty()) {
+        const auto next = std::move(waitingEdits_.front());
+        waitingEdits_.pop_front();
+        edit(next);
+    }
+}
+
+/// All of it or nothing, and not even an allocation is needed to take it back.
+void ContentView::changeAndSave(const std::function<void(WorkspaceState&)>& change, WorkspaceState& before)
+{
     ++editDepth_;
     try {
         change(state_);
+        settle(before);
+        if (std::exchange(saveWanted_, false))
+            saveSession();
     } catch (...) {
-        state_ = before;
+        state_ = std::move(before);
         saveWanted_ = false;
         --editDepth_;
         throw;
     }
-    finish(before);
+    --editDepth_;
 }
 
-void ContentView::finish(const WorkspaceState& before)
+/// What follows from a change of the settings.
+void ContentView::settle(const WorkspaceState& before)
 {
     EditSettings& settings = state_.settings;
     coupleBounds(settings.mainMinimum, settings.mainMaximum, before.settings.mainMinimum);
     coupleBounds(settings.otherMinimum, settings.otherMaximum, before.settings.otherMinimum);
     if (settings != before.settings)
         settingsChanged(state_);
-    if (std::exchange(saveWanted_, false))
-        saveSession();
-    --editDepth_;
-    notify(before);
-    while (!notifying_ && !waitingEdits_.empty()) {
-        const auto next = std::move(waitingEdits_.front());
-        waitingEdits_.pop_front();
-        edit(next);
-    }
 }
 
 void ContentView::settingsChanged(WorkspaceState& state)
@@ -113,13 +129,13 @@ void ContentView::notify(const WorkspaceState& before)
     alertsNoticed_ = alerts_.size();
     if (changes.none())
         return;
-    notifying_ = true;
     const auto observers = observers_; // they may stop observing while they are told
+    notifying_ = true;
+    const std::unique_ptr<bool, void (*)(bool*)> whenDone(&notifying_, [](bool* notifying) { *notifying = false; });
     for (const auto& [token, observer] : observers) {
         if (observers_.contains(token))
             observer(changes);
     }
-    notifying_ = false;
 }
 
 int ContentView::observe(Observer observer)

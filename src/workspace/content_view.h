@@ -116,7 +116,8 @@ public:
 
     [[nodiscard]] const WorkspaceState& state() const { return state_; }
 
-    /// Changes the state; throws what `change` throws and has then changed nothing. Inside a notice it waits its turn.
+    /// Changes the state; throws what `change` throws and has then changed nothing, but says itself where there was not
+    /// enough memory. Inside a notice it waits its turn.
     void edit(const std::function<void(WorkspaceState&)>& change);
 
     using Observer = std::function<void(const Changes&)>;
@@ -189,13 +190,15 @@ public:
     [[nodiscard]] std::optional<bool> settingsMatchRevision() const;
 
 private:
-    void finish(const WorkspaceState& before);
+    void changeAndSave(const std::function<void(WorkspaceState&)>& change, WorkspaceState& before);
+    void settle(const WorkspaceState& before);
     void settingsChanged(WorkspaceState& state);
     void notify(const WorkspaceState& before);
     void fail(const std::string& message);
 
     void react();
-    void show(std::shared_ptr<const LoadedDocument> loaded);
+    void show(std::shared_ptr<const LoadedDocument> loaded) noexcept;
+    [[nodiscard]] std::vector<std::string_view> encodedSession();
     /// Runs a dialog, or handles a delivery; deliveries that come meanwhile wait.
     template <class Work>
     auto whileWaiting(const Work& work)
@@ -219,10 +222,12 @@ private:
         EditSettings settings;
         EditHistory history;
         bool holdsMore = false; ///< than a save would write
+        EditSettings restoredSettings;
+        std::string status;
     };
     /// Reads and validates; nothing is shown yet.
     [[nodiscard]] StoredSession readSession(std::string bytes) const;
-    void show(StoredSession session);
+    void show(StoredSession session) noexcept;
     void keepReplacedSession();
     void lookForPreviousSession();
 
@@ -233,13 +238,15 @@ private:
     void bringBack(const EditPreset& deleted);
 
     void exportTo(
-        const std::string& folder, const std::string& xml, const std::string& record, const std::string& projectName);
+        const std::string& folder, const std::shared_ptr<const std::string>& xml, const std::string& record,
+        const std::string& projectName);
     void exportFinished(const std::optional<ServiceError>& error, const std::string& xmlURL);
 
     WorkspaceServicesInUse services_;
     WorkspaceState state_;
     PresetLibrary presets_;
     SessionEncoder encoder_;
+    std::shared_ptr<const LoadedDocument> encodedDocument_; ///< that encoder_ has
     std::deque<std::string> alerts_;
     std::size_t alertsNoticed_ = 0;
     std::size_t lastAlertStandsFor_ = 1; ///< messages, when more came than wait one by one

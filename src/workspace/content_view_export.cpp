@@ -1,3 +1,4 @@
+#include "base/error.h"
 #include "export/export_files.h"
 #include "export/hand_off.h"
 #include "export/rough_edit_writer.h"
@@ -6,6 +7,7 @@
 
 #include <exception>
 #include <filesystem>
+#include <memory>
 #include <string_view>
 
 namespace corvane {
@@ -29,34 +31,35 @@ void ContentView::exportRoughEdit()
     if (waiting_ || !loaded || !revision || revision->settings != state_.settings || state_.cuts().empty())
         return;
     // All that is written is made before the question for a folder: nothing that happens meanwhile can change it.
-    std::string xml;
     try {
-        xml = roughEditXML(loaded->engine, revision->cuts, revision->settings.audio, services_.identifiers);
+        const auto xml = std::make_shared<const std::string>(
+            roughEditXML(loaded->engine, revision->cuts, revision->settings.audio, services_.identifiers));
+        const std::string record = settingsRecordText(loaded->imported, loaded->engine, *revision);
+        whileWaiting([&] {
+            const auto folder = services_.dialogs.chooseFolder(
+                "Export",
+                "Choose a folder for the XML and settings record. The XML will then open in Final Cut Pro. "
+                "Existing exports will be kept.",
+                state_.sourceFile ? folderBeside(*state_.sourceFile) : "");
+            if (folder)
+                exportTo(*folder, xml, record, loaded->imported.name);
+        });
     } catch (const std::exception& failure) {
-        const std::string message = failure.what();
+        const std::string message = failureText(failure, "export the project");
         edit([this, message](WorkspaceState&) { fail(message); });
         return;
     }
-    const std::string record = settingsRecordText(loaded->imported, loaded->engine, *revision);
-    whileWaiting([&] {
-        const auto folder = services_.dialogs.chooseFolder(
-            "Export",
-            "Choose a folder for the XML and settings record. The XML will then open in Final Cut Pro. "
-            "Existing exports will be kept.",
-            state_.sourceFile ? folderBeside(*state_.sourceFile) : "");
-        if (folder)
-            exportTo(*folder, xml, record, loaded->imported.name);
-    });
     react();
 }
 
 void ContentView::exportTo(
-    const std::string& folder, const std::string& xml, const std::string& record, const std::string& projectName)
+    const std::string& folder, const std::shared_ptr<const std::string>& xml, const std::string& record,
+    const std::string& projectName)
 {
     edit([this, folder, xml, record, projectName](WorkspaceState& state) {
         const SecurityScopedAccess access(services_.scope, folder);
         try {
-            const ExportFiles files = writeExportFiles(folder, xml, record, projectName, services_.files);
+            const ExportFiles files = writeExportFiles(folder, *xml, record, projectName, services_.files);
             state.status = "Saved " + std::string(lastComponent(files.xmlURL)) + " and " +
                            std::string(lastComponent(files.settingsURL)) + ". Opening Final Cut Pro…";
             state.lastExport = files.xmlURL;
@@ -69,7 +72,7 @@ void ContentView::exportTo(
                         exportFinished(error, xmlURL);
                 });
         } catch (const std::exception& failure) {
-            fail(failure.what());
+            fail(failureText(failure, "export the project"));
         }
     });
 }

@@ -1,3 +1,4 @@
+#include "base/error.h"
 #include "engine/generation_inputs.h"
 #include "workspace/content_view.h"
 
@@ -15,7 +16,7 @@ void ContentView::generateRoughEdit()
             cuts = generateFromSettings(
                 state.loaded->imported, state.loaded->engine, state.settings, {services_.draws, services_.identifiers});
         } catch (const std::exception& failure) {
-            fail(failure.what());
+            fail(failureText(failure, "make a rough edit"));
             return;
         }
         state.preview = std::make_shared<const EditRevision>(

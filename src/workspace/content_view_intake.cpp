@@ -1,3 +1,4 @@
+#include "base/error.h"
 #include "import/project_loading.h"
 #include "intake/project_file.h"
 #include "session/starting_settings.h"
@@ -9,16 +10,20 @@ namespace corvane {
 
 void ContentView::importXML(const std::string& data)
 {
-    edit([this, data](WorkspaceState& state) {
+    if (notifying_) {
+        waitingEdits_.emplace_back([this, data](WorkspaceState&) { importXML(data); });
+        return;
+    }
+    edit([this, &data](WorkspaceState& state) {
         const auto sign = services_.busy("Reading the project…");
-        auto loaded = std::make_shared<LoadedDocument>();
+        std::shared_ptr<LoadedDocument> loaded;
         EditSettings settings;
         try {
             auto [imported, engine] = loadProject(data);
             settings = startingSettings(imported, engine, state.settings);
-            *loaded = {data, std::move(imported), std::move(engine)};
+            loaded = std::make_shared<LoadedDocument>(LoadedDocument{data, std::move(imported), std::move(engine)});
         } catch (const std::exception& failure) {
-            fail(failure.what());
+            fail(failureText(failure, "import this project"));
             return;
         }
         keepReplacedSession();
@@ -26,7 +31,7 @@ void ContentView::importXML(const std::string& data)
         state.history = {};
         state.chosenPreset.clear();
         state.presetNotice.clear();
-        state.settings = settings;
+        state.settings = std::move(settings);
         state.preview.reset();
         state.status.clear();
         lookForPreviousSession();

@@ -1,3 +1,4 @@
+#include "base/error.h"
 #include "base/text.h"
 #include "workspace/content_view.h"
 
@@ -52,7 +53,7 @@ void ContentView::savePreset(PresetSave kind)
             state.presetNotice = "Saved " + name + ".";
             state.showSavePreset = false;
         } catch (const std::exception& failure) {
-            fail(failure.what());
+            fail(failureText(failure, "change the presets"));
         }
     });
 }
@@ -107,7 +108,7 @@ void ContentView::deletePreset()
             state.undoable = *chosen;
             state.presetNotice = "Deleted " + chosen->name + ". Your current editing settings are unchanged.";
         } catch (const std::exception& failure) {
-            fail(failure.what());
+            fail(failureText(failure, "change the presets"));
         }
     });
 }
@@ -131,7 +132,7 @@ void ContentView::startNewPresetList()
             state.chosenPreset.clear();
             state.presetNotice = "Started a new list. The old one has been kept in the file " + kept + ".";
         } catch (const std::exception& failure) {
-            fail(failure.what());
+            fail(failureText(failure, "change the presets"));
         }
     });
 }

@@ -1,8 +1,10 @@
+#include "base/error.h"
 #include "import/project_loading.h"
 #include "session/saved_session.h"
 #include "workspace/content_view.h"
 
 #include <exception>
+#include <new>
 #include <utility>
 
 namespace corvane {
@@ -54,7 +56,7 @@ void ContentView::restoreSession()
         show(std::move(session));
     } catch (const std::exception& failure) {
         storedSessionRefused_ = true;
-        fail(notRestored + failure.what());
+        fail(notRestored + failureText(failure, "restore the session"));
     }
 }
 
@@ -64,27 +66,42 @@ ContentView::StoredSession ContentView::readSession(std::string bytes) const
     SavedEditSession session = decodeSession(std::move(bytes));
     auto [imported, engine] = loadProject(session.sourceXML);
     validateSession(session, engine);
+    const EditSettings& settings = session.settings;
     return {
         std::make_shared<LoadedDocument>(
             LoadedDocument{std::move(session.sourceXML), std::move(imported), std::move(engine)}),
-        std::move(session.settings), std::move(session.history), session.holdsMore};
+        settings,
+        std::move(session.history),
+        session.holdsMore,
+        settings,
+        "Restored your last session from its saved XML snapshot. Import a fresh XML if the Final Cut project has "
+        "changed."};
 }
 
-void ContentView::show(StoredSession session)
+/// Files may have changed places already: nothing may fail from here on.
+void ContentView::show(StoredSession session) noexcept
 {
     show(std::move(session.loaded));
     state_.history = std::move(session.history);
-    state_.restoredSettings = session.settings;
+    state_.restoredSettings = std::move(session.restoredSettings);
     state_.settings = std::move(session.settings);
     const SharedRevision current = state_.history.currentRevision();
     state_.preview = current && current->settings == state_.settings ? current : nullptr;
-    state_.status = "Restored your last session from its saved XML snapshot. Import a fresh XML if the Final Cut "
-                    "project has changed.";
+    state_.status = std::move(session.status);
 }
 
-void ContentView::show(std::shared_ptr<const LoadedDocument> loaded)
+/// The encoder keeps the document of the last save, which is another one after an import.
+std::vector<std::string_view> ContentView::encodedSession()
 {
-    encoder_.setSource(loaded->sourceXML);
+    if (encodedDocument_ != state_.loaded) {
+        encoder_.setSource(state_.loaded->sourceXML);
+        encodedDocument_ = state_.loaded;
+    }
+    return encoder_.encode(state_.settings, state_.history);
+}
+
+void ContentView::show(std::shared_ptr<const LoadedDocument> loaded) noexcept
+{
     state_.loaded = std::move(loaded);
     state_.sourceFile.reset();
     if (std::holds_alternative<RemovedSection>(state_.undoable))
@@ -97,19 +114,19 @@ void ContentView::keepReplacedSession()
     const bool hasEdits = state_.loaded && !state_.history.items.empty();
     try {
         if (hasEdits) {
-            services_.sessions.writePrevious(encoder_.encode(state_.settings, state_.history));
+            services_.sessions.writePrevious(encodedSession());
         } else if (!state_.loaded && !storedSessionRefused_) {
             const auto bytes = services_.sessions.read();
             if (bytes && holdsGeneratedEdits(*bytes))
                 services_.sessions.keepAsPrevious(*bytes);
         }
     } catch (const std::exception& failure) {
-        keepingFailed_ = previousNotKept + failure.what();
+        keepingFailed_ = previousNotKept + failureText(failure, "write it");
         try {
             if (hasEdits)
-                services_.sessions.write(encoder_.encode(state_.settings, state_.history));
+                services_.sessions.write(encodedSession());
         } catch (const std::exception&) { // then it is the disk
-            unkeptSession_ = joined(encoder_.encode(state_.settings, state_.history));
+            unkeptSession_ = joined(encodedSession());
         }
         services_.sessions.disown();
     }
@@ -126,7 +143,7 @@ std::optional<std::string> ContentView::keepUnkeptSession()
         unkeptSession_.reset();
         return std::nullopt;
     } catch (const std::exception& failure) {
-        return previousNotKept + failure.what();
+        return previousNotKept + failureText(failure, "write it");
     }
 }
 
@@ -153,13 +170,13 @@ void ContentView::reopenPreviousSession()
                 unkeptSession_ ? *unkeptSession_ : readFile(services_.sessions.previousFileURL(), largestSession);
             StoredSession session = readSession(bytes);
             if (state.loaded) {
-                services_.sessions.write(encoder_.encode(state.settings, state.history));
+                services_.sessions.write(encodedSession());
                 services_.sessions.changePlaces(bytes);
             }
             unkeptSession_.reset();
             show(std::move(session));
         } catch (const std::exception& failure) {
-            fail(notRestored + failure.what());
+            fail(notRestored + failureText(failure, "restore the session"));
             return;
         }
         lookForPreviousSession();
@@ -186,10 +203,10 @@ void ContentView::saveSession()
         return;
     const std::optional<std::string> notKept = std::exchange(keepingFailed_, std::nullopt);
     try {
-        services_.sessions.write(encoder_.encode(state_.settings, state_.history));
+        services_.sessions.write(encodedSession());
         state_.sessionSaveError = notKept ? notKept : keepUnkeptSession();
     } catch (const std::exception& failure) {
-        state_.sessionSaveError = std::string(sessionNotSaved) + failure.what();
+        state_.sessionSaveError = std::string(sessionNotSaved) + failureText(failure, "save the session");
         if (notKept)
             *state_.sessionSaveError += " " + *notKept;
     }

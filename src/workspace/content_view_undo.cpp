@@ -1,3 +1,4 @@
+#include "base/error.h"
 #include "workspace/content_view.h"
 
 #include <algorithm>
@@ -42,7 +43,7 @@ void ContentView::bringBack(const EditPreset& deleted)
         state_.chosenPreset = deleted.id.text();
         state_.presetNotice = "Saved " + deleted.name + ".";
     } catch (const std::exception& failure) {
-        fail(failure.what());
+        fail(failureText(failure, "change the presets"));
         state_.undoable = deleted;
     }
 }
