@@ -9,7 +9,7 @@ test_packages=(libgtest-dev locales python3 strace xz-utils
     dbus libglib2.0-bin xvfb openbox at-spi2-core python3-pyatspi)
 bench_packages=(libbenchmark-dev)
 check_packages=(clang-19 clang-format-19 clang-tidy-19 cppcheck libc++-19-dev libc++abi-19-dev)
-fuzz_packages=(clang-19 libclang-rt-19-dev)
+fuzz_packages=(clang-19 libclang-rt-19-dev libexpat1-dev)
 upstreams="a C++20 compiler (GCC 12 or Clang 19, or later), CMake 3.25, Ninja, pkg-config, libxml2 2.9.14, ICU 72, \
 nlohmann-json 3.11, Qt 6.4 (its base: Widgets, D-Bus, Network) and libdbus"
 

@@ -2,6 +2,8 @@
 # scripts/fuzz.sh SECONDS [TARGET…]: fuzzes each target for so long, one after the other, and goes on where the last run
 # ended. The minimised inputs are kept in fuzz/corpora, a line for each run in fuzz/runs.tsv (seconds of the clock, and
 # of a processor); what breaks a promise lies in build/fuzz/findings and ends the script with an error.
+# scripts/fuzz.sh SECONDS documents+cost: the same target with inputs up to 256 kB, none of which may take over two seconds
+# or 512 MB; it keeps inputs of its own.
 # scripts/fuzz.sh sums: a table of all runs so far.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
@@ -22,7 +24,8 @@ shift
 [ $# -gt 0 ] || set -- documents edits manuals presets sessions timecode work
 
 install_packages "${build_packages[@]}" "${test_packages[@]}" "${fuzz_packages[@]}"
-build fuzz "${@/#/fuzz_}"
+programs=("${@/#/fuzz_}")
+build fuzz "${programs[@]/%+cost/}"
 cd "$root"
 mkdir -p build/fuzz/findings build/fuzz/logs
 [ ! -d /dev/shm ] || export TMPDIR=/dev/shm # where files cost nothing
@@ -37,19 +40,22 @@ for target in "$@"; do
         mkdir -p "$corpus"
         [ ! -f "$kept" ] || tar -xJf "$kept" -C "$corpus"
     fi
-    dictionary=fuzz/$target.dict
-    options=(-timeout=20 -rss_limit_mb=2048 -max_len=8192 -print_final_stats=1 "-artifact_prefix=build/fuzz/findings/$target-")
+    program=${target%+cost}
+    dictionary=fuzz/$program.dict
+    limits=(-timeout=20 -rss_limit_mb=2048 -max_len=8192)
+    [ "$target" = "$program" ] || limits=(-timeout=2 -rss_limit_mb=512 -max_len=262144)
+    options=("${limits[@]}" -print_final_stats=1 "-artifact_prefix=build/fuzz/findings/$target-")
     [ ! -f "$dictionary" ] || options+=("-dict=$dictionary")
     echo "== Fuzzing $target for $seconds s ($log)"
     result=ok
     before=$(processor_seconds)
-    "build/fuzz/fuzz/fuzz_$target" "${options[@]}" -max_total_time="$seconds" "$corpus" "fuzz/seeds/$target" >"$log" 2>&1 ||
+    "build/fuzz/fuzz/fuzz_$program" "${options[@]}" -max_total_time="$seconds" "$corpus" "fuzz/seeds/$program" >"$log" 2>&1 ||
         { result=finding; found=1; tail -n 30 "$log"; }
     used=$(($(processor_seconds) - before))
     minimised=$corpus.minimised
     rm -rf "$minimised"
     mkdir "$minimised"
-    "build/fuzz/fuzz/fuzz_$target" "${options[@]}" -merge=1 "$minimised" "$corpus" "fuzz/seeds/$target" >"$log.merge" 2>&1 &&
+    "build/fuzz/fuzz/fuzz_$program" "${options[@]}" -merge=1 "$minimised" "$corpus" "fuzz/seeds/$program" >"$log.merge" 2>&1 &&
         rm -rf "$corpus" && mv "$minimised" "$corpus"
     mkdir -p fuzz/corpora
     tar -C "$corpus" --sort=name --owner=0 --group=0 --mtime=@0 -cJf "$kept" .
