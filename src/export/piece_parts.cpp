@@ -124,23 +124,16 @@ PieceParts::PieceParts(const CutEngine& engine, std::string_view audioAngle, Ide
     }
 }
 
-void PieceParts::addTo(WrittenSize& size, const std::vector<Cut>& cuts)
+void PieceParts::addTo(WrittenSize& size, const std::vector<Cut>& cuts) const
 {
     size.add(original_.name(), openTag_.size() + closeTag_.size(), cuts.size());
     for (const xml::Element child : original_.children()) {
-        if (isTrailing(child.plainName()))
-            size.add(child.name(), partText(child).size(), cuts.size());
-    }
-    if (cuts.size() <= 2)
-        return;
-    const std::size_t between = cuts.size() - 2;
-    for (const xml::Element child : original_.children()) {
-        if (isClipSetting(child.plainName()))
-            size.add(child.name(), settingText(child, {}).size(), between);
+        if (isTrailing(child.plainName()) || isClipSetting(child.plainName()))
+            size.add(child.name(), settingText(child, {}).size(), cuts.size());
     }
     std::map<std::string_view, std::size_t> pieces; // of each angle
-    for (auto cut = cuts.begin() + 1; cut != cuts.end() - 1; ++cut)
-        ++pieces[cut->angle];
+    for (const Cut& cut : cuts)
+        ++pieces[cut.angle];
     const auto addSource = [&](std::string_view angle, Mode mode, std::size_t times) {
         if (times == 0)
             return;
@@ -150,7 +143,7 @@ void PieceParts::addTo(WrittenSize& size, const std::vector<Cut>& cuts)
     };
     for (const auto& [angle, count] : pieces)
         addSource(angle, angle == audioAngle_ ? Mode::all : Mode::video, count);
-    addSource(audioAngle_, Mode::audio, between - pieces[audioAngle_]);
+    addSource(audioAngle_, Mode::audio, cuts.size() - pieces[audioAngle_]);
 }
 
 void PieceParts::appendSources(std::string& out, const std::string& angle, PieceEnds ends)

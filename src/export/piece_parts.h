@@ -38,8 +38,8 @@ class PieceParts {
 public:
     PieceParts(const CutEngine& engine, std::string_view audioAngle, IdentifierSource identifiers);
 
-    /// Adds what the pieces of these cuts repeat to `size`, as the pieces between the first and the last have it.
-    void addTo(WrittenSize& size, const std::vector<Cut>& cuts);
+    /// Adds what the pieces of these cuts repeat to `size`, but for the fades that the first and the last have.
+    void addTo(WrittenSize& size, const std::vector<Cut>& cuts) const;
 
     /// The start tag but for its times and its ">".
     [[nodiscard]] const std::string& openTag() const { return openTag_; }
