@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <functional>
 #include <mutex>
+#include <new>
 #include <span>
 #include <string>
 #include <vector>
@@ -36,8 +37,13 @@ void addCharacters(xmlParserCtxtPtr parser, std::string_view text)
     xmlSAX2Characters(parser, reinterpret_cast<const xmlChar*>(text.data()), static_cast<int>(text.size()));
 }
 
+/// With what a failure left half made in it.
 struct FreeParser {
-    void operator()(xmlParserCtxtPtr parser) const { xmlFreeParserCtxt(parser); }
+    void operator()(xmlParserCtxtPtr parser) const
+    {
+        xmlFreeDoc(parser->myDoc);
+        xmlFreeParserCtxt(parser);
+    }
 };
 
 /// How many levels of elements these siblings hold; never many more than the limit.
@@ -66,7 +72,7 @@ class Reading {
 public:
     Reading(std::string_view bytes, bool keepsBlanks);
 
-    /// Fails with PlatformError.
+    /// Fails with PlatformError, or std::bad_alloc where the library ran out of memory.
     [[nodiscard]] std::shared_ptr<xmlDoc> document();
     /// True when blanks were left out before it turned out that they stand beside text.
     [[nodiscard]] bool lostBlanks() const { return lostBlanks_; }
@@ -416,6 +422,8 @@ std::shared_ptr<xmlDoc> Reading::document()
     constexpr int options = XML_PARSE_NONET | XML_PARSE_NOENT | XML_PARSE_COMPACT;
     std::shared_ptr<xmlDoc> document(
         xmlCtxtReadIO(parser_.get(), read, nullptr, this, nullptr, nullptr, options), xmlFreeDoc);
+    if (parser_->errNo == XML_ERR_NO_MEMORY)
+        throw std::bad_alloc();
     if (refusal_.empty() && !document)
         refusal_ = refusalText({}, place(), bytes_);
     if (!refusal_.empty())
