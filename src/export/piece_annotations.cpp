@@ -1,39 +1,17 @@
 #include "export/piece_annotations.h"
 
 #include "export/piece_parts.h"
+#include "export/source_times.h"
 #include "import/source_document.h"
 #include "import/time_values.h"
 #include "xml/writing.h"
 
 #include <algorithm>
-#include <array>
 #include <numeric>
 #include <ranges>
 #include <string_view>
 
 namespace corvane {
-
-namespace {
-
-bool isConnectedItem(std::string_view name)
-{
-    constexpr std::array<std::string_view, 12> names = {"asset-clip",   "audio",    "video",   "clip",
-                                                        "sync-clip",    "ref-clip", "spine",   "title",
-                                                        "live-drawing", "caption",  "mc-clip", "audition"};
-    return std::ranges::find(names, name) != names.end();
-}
-
-bool isRangedAnnotation(std::string_view name)
-{
-    return name == "keyword" || name == "rating" || name == "analysis-marker";
-}
-
-bool isAnnotation(std::string_view name)
-{
-    return isRangedAnnotation(name) || name == "marker" || name == "chapter-marker" || name == "hidden-clip-marker";
-}
-
-} // namespace
 
 bool isSharedOut(std::string_view elementName)
 {
@@ -78,30 +56,20 @@ void PieceAnnotations::addConnectedItems()
     for (const xml::Element item : engine_.source->original.children()) {
         if (!isConnectedItem(item.plainName()))
             continue;
-        placeConnectedItem(item, parseSeconds(item.attribute("offset").value_or("0s")));
+        placeConnectedItem(item, connectedOffset(item));
     }
 }
 
 void PieceAnnotations::addAnnotations()
 {
-    const auto text = [this](Frames frames) {
-        return timeString(frames, engine_.frameNumerator, engine_.frameDenominator);
-    };
-    const auto frames = [this](std::string_view time) {
-        return alignedFrames(time, engine_.frameNumerator, engine_.frameDenominator);
-    };
     for (const xml::Element annotation : engine_.source->original.children()) {
         if (!isAnnotation(annotation.plainName()))
             continue;
-        const bool ranged = isRangedAnnotation(annotation.plainName());
-        const auto [start, duration] = annotation.attributes(std::array<std::string_view, 2>{"start", "duration"});
-        // Defaults take the road through text too, which keeps one rule for what is out of range.
-        const Frames from = start ? frames(*start) : frames(text(engine_.sourceStart));
-        const Frames length = duration ? frames(*duration) : ranged ? frames(text(engine_.length)) : 0;
-        if (ranged && length > 0)
-            placeRange(annotation, {from, from + length});
+        const AnnotationTimes times = annotationTimes(engine_, annotation);
+        if (times.isRange)
+            placeRange(annotation, {times.start, times.start + times.duration});
         else
-            placePoint(annotation, from);
+            placePoint(annotation, times.start);
     }
 }
 

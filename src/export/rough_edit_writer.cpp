@@ -5,6 +5,7 @@
 #include "engine/validation.h"
 #include "export/piece_annotations.h"
 #include "export/piece_parts.h"
+#include "export/source_times.h"
 #include "export/written_size.h"
 #include "import/final_cut_import_error.h"
 #include "import/source_document.h"
@@ -40,38 +41,18 @@ void checkCuts(const CutEngine& engine, const std::vector<Cut>& cuts)
         refuse("The cut list does not cover the entire project.");
 }
 
-void checkFades(const CutEngine& engine, const std::vector<Cut>& cuts, xml::Element volume)
+/// The fades that the audio angle's sources hold, in document order, must fit into the first and last cut.
+void checkAudioFades(const CutEngine& engine, const std::vector<Cut>& cuts, std::string_view audioAngle)
 {
     constexpr double tolerance = 0.00000001;
-    for (const xml::Element fade : volume.descendants()) {
-        if (!fade.named("fadeIn") && !fade.named("fadeOut"))
-            continue;
-        const double length = parseSeconds(fade.attribute("duration"));
+    forEachAudioFade(engine, audioAngle, [&](xml::Element fade) {
+        const double length = fadeLength(fade);
         const Cut& holder = fade.named("fadeIn") ? cuts.front() : cuts.back();
         if (engine.seconds(holder.duration) + tolerance < length)
             refuse(
                 "An audio fade extends across a camera cut. Set the opening or closing shot to at least " +
                 fixed(std::ceil(length), 0) + " seconds to keep the fade intact.");
-    }
-}
-
-/// The fades that the audio angle's sources hold, in document order, must fit into the first and last cut.
-void checkAudioFades(const CutEngine& engine, const std::vector<Cut>& cuts, std::string_view audioAngle)
-{
-    for (const xml::Element source : engine.source->original.children()) {
-        if (!source.named("mc-source") || source.attribute("angleID") != audioAngle)
-            continue;
-        for (const xml::Element child : source.children()) {
-            if (child.named("adjust-volume"))
-                checkFades(engine, cuts, child);
-            if (!child.named("audio-role-source"))
-                continue;
-            for (const xml::Element volume : child.children()) {
-                if (volume.named("adjust-volume"))
-                    checkFades(engine, cuts, volume);
-            }
-        }
-    }
+    });
 }
 
 /// The project without its spine's contents, written, and where they go.
@@ -154,18 +135,14 @@ std::string roughEditXML(
         refuse("The project has no source document to export.");
     checkAudioFades(engine, cuts, audio);
 
-    const xml::Element sourceRoot = *engine.source->document.root();
-    const auto version = sourceRoot.attribute("version");
-    const auto resources = sourceRoot.firstChild("resources");
-    if (!version || !resources)
-        refuse("The source project does not name its FCPXML version. Export XML from Final Cut again.");
+    const SourceHead head = sourceHead(engine);
     xml::Tree root("fcpxml");
-    root.declareNamespaces(sourceRoot);
-    root.setAttribute(root.root(), "version", *version);
+    root.declareNamespaces(*engine.source->document.root());
+    root.setAttribute(root.root(), "version", head.version);
 
     const ProjectText project = projectText(*engine.source);
     std::string out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + xml::openTag(root.root()) + ">\n  ";
-    xml::writeElement(out, *resources, 1);
+    xml::writeElement(out, head.resources, 1);
     out += "\n  " + project.before;
     appendPieces(out, engine, cuts, audio, identifiers);
     out += project.after + "\n</fcpxml>\n";
