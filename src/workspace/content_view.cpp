@@ -1,5 +1,6 @@
 #include "workspace/content_view.h"
 
+#include "analysis/names.h"
 #include "base/error.h"
 #include "engine/generation_inputs.h"
 
@@ -214,13 +215,7 @@ std::vector<std::string> ContentView::includedOtherCameras() const
 
 std::string ContentView::angleLabel(std::string_view id) const
 {
-    if (!state_.loaded)
-        return std::string(id);
-    const auto& angles = state_.loaded->imported.angles;
-    const auto angle = std::ranges::find(angles, id, &ImportedAngle::id);
-    if (angle == angles.end())
-        return std::string(id);
-    return angle->cameras.empty() ? angle->name : angle->name + " (" + angle->cameras + ")";
+    return state_.loaded ? corvane::angleLabel(state_.loaded->imported, id) : std::string(id);
 }
 
 std::optional<bool> ContentView::settingsMatchRevision() const
