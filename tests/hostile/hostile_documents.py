@@ -3,9 +3,10 @@
 job, and prints seconds, peak memory and answer of each. Fails when an answer is another than it should be, when a job
 has to be ended, and when expat does not accept what was written. Times and sizes are printed, not judged.
 
-hostile_documents.py make FOLDER, or read FILE: only makes them, or reads what was written, in processes of their own,
-since a program is said to have used at least the memory of the one that started it.
+hostile_documents.py make FOLDER only makes them, since a program is said to have used at least the memory of the one
+that started it.
 """
+import concurrent.futures
 import json
 import os
 import pathlib
@@ -18,58 +19,55 @@ from xml.parsers import expat
 WRITTEN = "written"
 
 
-def answered(program, document, folder):
+def broken(path):
+    """What expat, with and without namespaces, says against it."""
+    try:
+        for parser in expat.ParserCreate(), expat.ParserCreate(namespace_separator=" "):
+            with open(path, "rb") as written:
+                parser.ParseFile(written)
+    except expat.ExpatError as error:
+        return str(error)
+    return None
+
+
+def answered(program, document):
     """(seconds, megabytes, what it says); what it writes must be accepted by expat and by itself."""
-    said = folder / "said"
-    folder.mkdir(exist_ok=True)
-    with open(said, "wb") as out:
-        job = os.posix_spawn(program, [program, document, str(folder)], os.environ, file_actions=[
-            (os.POSIX_SPAWN_DUP2, out.fileno(), stream) for stream in (1, 2)])
-    alarm = threading.Timer(60, os.kill, (job, 9))
-    alarm.start()
-    _, status, used = os.wait4(job, 0)
-    alarm.cancel()
-    written = list(folder.glob("*.fcpxml"))
-    signal, lines = status & 127, said.read_text(errors="replace").strip().split("\n")
-    answer = f"ended by signal {signal}" if signal else WRITTEN if status == 0 and written else lines[-1]
-    for file in written:
-        broken = subprocess.run([sys.executable, "-B", __file__, "read", file], stdout=subprocess.PIPE, encoding="utf-8").stdout
-        answer = f"{WRITTEN}, but expat says: {broken}" if broken else answer
-        again = subprocess.run([program, file, folder], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
-        last = again.stdout.strip().split("\n")[-1]
-        if again.returncode and not last.startswith("For this prototype, export a timeline containing one uncut"):
-            answer = f"{WRITTEN}, but then: {last}"
-    for file in folder.glob("*.fcpxml"):
-        file.unlink()
+    with tempfile.TemporaryDirectory() as scratch, open(f"{scratch}/said", "w+", errors="replace") as said:
+        job = os.posix_spawn(program, [program, document, scratch], os.environ, file_actions=[
+            (os.POSIX_SPAWN_DUP2, said.fileno(), stream) for stream in (1, 2)])
+        alarm = threading.Timer(60, os.kill, (job, 9))
+        alarm.start()
+        _, status, used = os.wait4(job, 0)
+        alarm.cancel()
+        said.seek(0)
+        answer = f"ended by signal {status}" if status & 127 else said.read().strip().split("\n")[-1]
+        for file in pathlib.Path(scratch).glob("*.fcpxml") if status == 0 else []:
+            again = subprocess.run([program, file, scratch], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+            last = again.stdout.strip().split("\n")[-1]
+            accepted = not again.returncode or last.startswith("For this prototype, export a timeline containing one uncut")
+            answer = WRITTEN + (f", but expat says: {broken(file)}" if broken(file) else "" if accepted else f", but then: {last}")
     return used.ru_utime + used.ru_stime, used.ru_maxrss // 1024, answer
 
 
+def row(program, name, document, expected):
+    """Prints it, and tells whether the answer is another than it should be."""
+    seconds, memory, answer = answered(program, document)
+    expected = [expected] if isinstance(expected, str) else expected
+    right = answer in expected if answer.startswith(WRITTEN) else answer.startswith(tuple(expected))
+    print("" if right else "WRONG: ", name, f" | {os.path.getsize(document):,} bytes | {seconds:.2f} s | {memory} MB | ",
+          answer[:200], sep="", flush=True)
+    return not right
+
+
 def main(program, part=""):
-    faults = 0
-    with tempfile.TemporaryDirectory() as scratch:
+    with tempfile.TemporaryDirectory() as scratch, concurrent.futures.ThreadPoolExecutor(2) as pool:
         subprocess.run([sys.executable, "-B", __file__, "make", scratch], check=True)
-        members = json.loads(pathlib.Path(scratch, "members").read_text())
-        for name, document, expected in members:
-            if part not in name:
-                continue
-            seconds, memory, answer = answered(program, document, pathlib.Path(scratch, "out"))
-            expected = [expected] if isinstance(expected, str) else expected
-            right = answer in expected if answer.startswith(WRITTEN) else answer.startswith(tuple(expected))
-            faults += not right
-            print("" if right else "WRONG: ", name, f" | {os.path.getsize(document):,} bytes | {seconds:.2f} s | {memory} MB | ",
-                  answer[:200], sep="", flush=True)
+        members = [each for each in json.loads(pathlib.Path(scratch, "members").read_text()) if part in each[0]]
+        faults = sum(pool.map(lambda member: row(program, *member), members))
     print(f"{len(members)} documents, {faults} answered in another way than they should be")
-    return 1 if faults else 0
+    return faults > 0
 
 
-if sys.argv[1] == "read":
-    try:
-        for parser in expat.ParserCreate(), expat.ParserCreate(namespace_separator=" "):
-            with open(sys.argv[2], "rb") as written:
-                parser.ParseFile(written)
-    except expat.ExpatError as error:
-        print(error)
-    sys.exit()
 if sys.argv[1] != "make":
     sys.exit(main(*sys.argv[1:]))
 
@@ -128,41 +126,28 @@ parameters = '<!ENTITY % e0 "<!ELEMENT x ANY>">' + "".join(
 member("eleven parameter entities", PARAMETER, subset(parameters))
 member("the same in UTF-16", PARAMETER, utf16(subset(parameters)))
 member("the same after a broken declaration", DAMAGED, subset(parameters, head='<?xml version="1.0"encoding="UTF-8"?>'))
-member("a parameter entity that nothing uses", PARAMETER + " “%p;” (line 1, ", subset('<!ENTITY % p "">'))
-member("one in another file", PARAMETER, subset('<!ENTITY % p SYSTEM "file:///dev/zero">%p;'))
 member("a reference to one that is declared elsewhere", PARAMETER + " “%q;” (line 2, ",
        project('<!DOCTYPE fcpxml SYSTEM "x.dtd" [\n%q;]>'))
 member("an enumeration of 100,000 names", LONG, subset(enumeration))
 member("the same in UTF-16", LONG, utf16(subset(enumeration)))
-member("the same in Latin-1", LONG, subset(enumeration, head='<?xml version="1.0" encoding="ISO-8859-1"?>'))
 member("the same after a broken declaration", DAMAGED, subset(enumeration, head='<?xml version="1.0" foo?>'))
 member("an enumeration of 60 kB", WRITTEN, subset(f"<!ATTLIST note a ({names(11_000, '|')}) #IMPLIED>"))
-member("notations of 100,000 names", LONG, subset(f"<!ATTLIST note a NOTATION ({names(100_000, '|')}) #IMPLIED>"))
-member("a content model of 100,000 names", LONG, subset(f"<!ELEMENT x ({names(100_000, '|')})>"))
 member("a content model in 10,000 brackets", LARGE, subset(f"<!ELEMENT x {'(' * 10_000}a{')' * 10_000}>"))
 member("a comment of 70 kB", LONG, subset(f"<!--{'x' * 70_000}-->"))
-member("a comment of 60 kB", WRITTEN, subset(f"<!--{'x' * 60_000}-->"))
 member("a comment of 9 MB before it", WRITTEN, project(f"<!--{'x' * 9_000_000}-->"))
 member("a document type without an end", LONG, project("<!DOCTYPE fcpxml [" + " " * 3_000_000))
 member("201 declarations", MANY, subset("".join(f"<!ELEMENT n{n} ANY>" for n in range(201))))
-member("200 declarations", WRITTEN, subset("".join(f"<!ELEMENT n{n} ANY>" for n in range(200))))
 member("400 default attributes of 1,000 elements", MANY,
        subset("".join(f'<!ATTLIST md a{n} CDATA "x">' for n in range(400)), "<md/>" * 1000))
-member("the same in one declaration", MANY,
-       subset("<!ATTLIST md " + " ".join(f'a{n} CDATA "x"' for n in range(400)) + ">", "<md/>" * 1000))
 member("199 default attributes of 100,000 elements", GROWS,
        subset("<!ATTLIST md " + " ".join(f'a{n} CDATA ""' for n in range(199)) + ">", "<md/>" * 100_000))
 member("a default attribute of 60 kB, of 10,000 elements", GROWS,
        subset(f'<!ATTLIST md a CDATA "{"x" * 60_000}">', "<md/>" * 10_000))
-member("199 default namespaces of 100,000 elements", GROWS,
-       subset("<!ATTLIST md " + " ".join(f'xmlns:a{n} CDATA "u"' for n in range(199)) + ">", "<md/>" * 100_000))
 member("a default attribute", WRITTEN, subset('<!ATTLIST note a CDATA "x">', note("n")))
 member("entities ten times each other, in text", GROWS, subset(tens("0123456789"), note("&e11;")))
 member("the same in an attribute", GROWS, subset(tens("0123456789"), name="&e11;"))
 member("two entities that use each other", LARGE, subset('<!ENTITY a "&b;"><!ENTITY b "&a;">', note("&a;")))
 member("60 kB 100,000 times in text", GROWS, subset(f'<!ENTITY e "{"x" * 60_000}">', note("&e;" * 100_000)))
-member("60 kB in each of 10,000 attributes", GROWS, subset(f'<!ENTITY e "{"x" * 60_000}">', '<md a="&e;"/>' * 10_000))
-member("60 kB 10,000 times in one attribute", GROWS, subset(f'<!ENTITY e "{"x" * 60_000}">', f'<md a="{"&e;" * 10_000}"/>'))
 member("15,000 elements 1,000 times", GROWS, subset(f'<!ENTITY e "{"<b/>" * 15_000}">', "&e;" * 1000))
 member("100 kB that stand for 4 million elements", GROWS, subset(
     f'<!ENTITY e "{"<b/>" * 200}">' + "".join(f'<!ENTITY f{n} "{"&e;" * 9}">' for n in range(100)),
@@ -170,30 +155,19 @@ member("100 kB that stand for 4 million elements", GROWS, subset(
 member("entities in each other, 2,000 levels", (ELEMENTS, LARGE),
        subset("".join(f'<!ENTITY e{n} "{"<b>" * 100}&e{n + 1};{"</b>" * 100}">' for n in range(20)) +
               '<!ENTITY e20 "x">', "&e0;"))
-member("entities of 200 levels, used once more in each other", (ELEMENTS, LARGE),
-       subset(f'<!ENTITY e0 "{"<b>" * 200}x{"</b>" * 200}"><!ENTITY e1 "{"<b>" * 200}&e0;{"</b>" * 200}">', "<x>&e0;&e1;</x>"))
 member("200 levels and an entity of 100, used once more there", ELEMENTS, subset(
     f'<!ENTITY e "{"<b>" * 100}{"</b>" * 100}">', "<x>&e;</x>" + "<b>" * 200 + "&e;" + "</b>" * 200))
 member("240 levels with one", WRITTEN, subset(
     f'<!ENTITY e "{"<b>" * 100}{"</b>" * 100}">', "<x>&e;</x>" + "<b>" * 140 + "&e;" + "</b>" * 140))
-member("an entity of 60 kB, used once more after 9.9 MB of text", "An element of this file holds more than 10 MB of text",
-       subset(f'<!ENTITY e "{"x" * 60_000}">', note("&e;") + note("x" * 9_990_000 + "&e;")))
 
 # What tags make of it.
 member("100,000 attributes", TAG, project(inside="<md " + names(100_000, '="" ') + '=""/>'))
 member("the same in UTF-16", TAG, utf16(project(inside="<md " + names(100_000, '="" ') + '=""/>')))
 member("100,000 namespaces", TAG, project(inside="<md " + " ".join(f'xmlns:a{n}="u"' for n in range(100_000)) + "/>"))
 member("501 attributes", "An element of this file has more than 500 attributes (line ", project(inside="<md " + names(501, '="" ') + '=""/>'))
-member("500 attributes", WRITTEN, project(inside="<md " + names(500, '="" ') + '=""/>'))
 member("1,200 namespaces around one element", "An element of this file stands in more than 1,000 namespaces",
        project(inside="".join("<md " + " ".join(f'xmlns:a{level}_{n}="u"' for n in range(400)) + ">" for level in range(3))
                + "</md>" * 3))
-around = [" ".join(f'xmlns:{level}{n}="u"' for n in range(300)) for level in ("library", "event", "project")]
-member("900 namespaces around the project", WRITTEN, project().replace(
-    "<library", f"<library {around[0]}").replace("<event", f"<event {around[1]}").replace(
-    "<project", f"<project {around[2]}"))
-member("500 attributes and 500 namespaces", WRITTEN, project(inside="<md " + names(500, '="" ') + '="" ' + " ".join(
-    f'xmlns:n{n}="u"' for n in range(500)) + "/>"))
 member("100,001 different names", "This file has more than 100,000 different names",
        project(inside="".join(f"<n{n}/>" for n in range(1_000_000))))
 member("300 levels", ELEMENTS,
@@ -210,19 +184,13 @@ member("12 MB of characters as references", LARGE, project(inside='<md a="' + "x
 elsewhere = '<!DOCTYPE fcpxml SYSTEM "fcpxml.dtd">'
 member("&nbsp; in a note", UNKNOWN + "nbsp;” stands for (line 9, ", project("\n" + elsewhere, note("a&nbsp;b")))
 member("in a name", UNKNOWN + "nbsp;” stands for (line 6, ", project(elsewhere, name="a&nbsp;b"))
-member("with a public document type", UNKNOWN, project('<!DOCTYPE fcpxml PUBLIC "p" "s">', note("&nbsp;")))
-member("beside a document type of its own", UNKNOWN, project('<!DOCTYPE fcpxml SYSTEM "s" [<!ENTITY a "x">]>', note("&a;&b;")))
 member("without any document type", UNKNOWN, project(inside=note("&nbsp;")))
-member("in a document that stands alone", UNKNOWN,
-       project(elsewhere, note("&nbsp;"), head='<?xml version="1.0" encoding="UTF-8" standalone="yes"?>'))
 member("in the text of another", UNKNOWN + "b;”", project('<!DOCTYPE fcpxml SYSTEM "s" [<!ENTITY a "x&b;">]>', note("&a;")))
 member("in a default attribute", UNKNOWN, project('<!DOCTYPE fcpxml SYSTEM "s" [<!ATTLIST note a CDATA "&b;">]>', note("")))
 for place, text in {"text": note("&e;"), "an attribute": '<md a="&e;"/>', "another": note("&f;")}.items():
     member(f"the text of another file in {place}", UNKNOWN + "e;”",
            subset('<!ENTITY e SYSTEM "file:///dev/zero"><!ENTITY f "&e;">', text))
 member("one that is no text", UNKNOWN, subset('<!NOTATION n SYSTEM "n"><!ENTITY e SYSTEM "e" NDATA n>', note("&e;")))
-member("the first of two, which is elsewhere", UNKNOWN, subset('<!ENTITY e SYSTEM "e"><!ENTITY e "x">', note("&e;")))
-member("another file that nothing uses", WRITTEN, subset('<!ENTITY e SYSTEM "file:///dev/zero">', note("x")))
 member("an entity in text and attributes", WRITTEN,
        subset('<!ENTITY e "x &#38;amp; <b> y</b>"><!ENTITY f "&#38;lt;&#34;">', note("&e;&f;") + '<md a="&f;"/>'))
 
@@ -275,62 +243,23 @@ def camera_names(count, size=1):
         f'<md key="com.apple.proapps.mio.cameraName" value="{n:x}{"x" * (size - 1)}"/>' for n in range(count)) + "</metadata>"
 
 
-def colliding(count):
-    """Texts of one length and one hash, as GCC's standard library has it (murmur2 of 64 bits, eight bytes a step)."""
-    mask, factor, printable = 2**64 - 1, 0xC6A4A7935BD1E995, set(range(0x20, 0x7f)) - set(b'"&<')
-    inverse, steps = pow(factor, -1, 2**64), 18
-    texts, state, number = [""], 0xC70F6907 ^ steps * 8 * factor & mask, 0
-    while len(texts) < count:  # of every second step there are several that lead to one state
-        ways, aim = [], 0x123456789ABCDEF
-        while len(ways) < 3:
-            number += 1
-            first = f"{number:08x}".encode()
-            mixed = int.from_bytes(first, "little") * factor & mask
-            between = (state ^ (mixed ^ mixed >> 47) * factor & mask) * factor & mask
-            mixed = (between ^ aim) * inverse & mask
-            second = ((mixed ^ mixed >> 47) * inverse & mask).to_bytes(8, "little")
-            if printable.issuperset(second):
-                ways.append((first + second).decode())
-        texts, state, steps = [text + way for text in texts for way in ways], aim * factor & mask, steps - 2
-    return [text + "0" * 8 * steps for text in texts][:count]
-
-
-ids = colliding(15_000)
 many = range(20_000)
-member("99,000 children with different names", WRITTEN, project(inside="".join(f"<n{n}/>" for n in range(99_000))))
 member("20,000 tracking shapes", WRITTEN,
        lasting(600, '<mc-source angleID="A">' + "".join(f'<tracking-shape id="t{n}"/>' for n in many) + "</mc-source>").replace(
            '<mc-source angleID="A"/>', ""))
 fades = '<param name="amount">' + "<b/>" * 100_000 + '<fadeIn type="easeIn" duration="1s"/>' * 40_000 + "</param>"
 member("40,000 fades", WRITTEN, lasting(60, f"<adjust-volume>{fades}</adjust-volume>"))
-member("20,000 volumes with fades", WRITTEN,
-       lasting(60, "<adjust-volume/>" * 50_000 + '<adjust-volume><fadeIn duration="1s"/></adjust-volume>' * 20_000))
-member("5,000 angles with sources", WRITTEN, document(
-    filmed("60s", names=[f"{n}" for n in range(5_000)]), "60s",
-    in_clip="".join(f'<mc-source angleID="{n}" srcEnable="{"none" if n else "audio"}"/>' for n in range(5_000))))
 member("10,000 clips of 10,000 camera names", WRITTEN, lasting(
     600, angles=angle("A", clip("0s", "600s") + ('<asset-clip ref="n" offset="0s" duration="1s"/>' * 10_000)) + angle("B", clip("0s", "600s")),
     resources=f'<asset id="n" duration="9s" hasVideo="1" hasAudio="1" src="f">{camera_names(10_000)}</asset>'))
-member("10,000 assets with a camera name each", WRITTEN, lasting(
-    600, angles=angle("A", clip("0s", "600s") + "".join(f'<asset-clip ref="n{n}" offset="0s" duration="1s"/>' for n in range(10_000)))
-    + angle("B", clip("0s", "600s")),
-    resources="".join(f'<asset id="n{n}" duration="9s" hasVideo="1" hasAudio="1" src="f"><metadata>'
-                      f'<md key="com.apple.proapps.mio.cameraName" value="c{n}"/></metadata></asset>' for n in range(10_000))))
 member("camera names of 1 MB in each of 5,000 angles", "Camera 16 has media", lasting(
     600, angles="".join(angle(n, clip("0s", "600s").replace('"av"', '"n"')) for n in range(5_000)),
     resources=f'<asset id="n" duration="9s" hasVideo="1" hasAudio="1" src="f">{camera_names(1_000, 1_000)}</asset>'))
-member("15,000 ids that collide", WRITTEN, lasting(
-    600, angles=filmed("600s") + angle("C", "".join(f'<asset-clip ref="{name}" offset="0s" duration="1s"/>' for name in ids[-2_000:])),
-    resources="".join(f'<asset id="{name}" duration="9s" hasVideo="1" hasAudio="1" src="f"/>' for name in ids)))
 member("30,000 uses of a compound clip behind 100,000 others", "Camera C uses compound clips inside each other", lasting(
     600, angles=filmed("600s") + angle("C", '<ref-clip ref="c"/>' * 30_000),
     resources=f'<media id="c">{"<b/>" * 100_000}<sequence><spine>{clip("0s", "1s")}</spine></sequence></media>'))
-member("a note of 1 MB over a day", LARGER + "Its ", lasting(86_400, note("x" * 1_000_000)))
 member("a note of 5 MB over two hours", LARGER, lasting(7_200, note("x" * 4_900_000)))
-member("1.2 million elements in a note, over two hours", LARGER, lasting(7_200, note("<b/>" * 1_200_000)))
-member("2,000 keywords over a day", LARGER, lasting(86_400, "".join(f'<keyword value="k{n}"/>' for n in range(2_000))))
 member("40,000 keywords over two hours", LARGER, lasting(7_200, "".join(f'<keyword value="k{n}"/>' for n in range(40_000))))
-member("a name of 5 MB over two hours", LARGER, lasting(7_200).replace('name="MC"', f'name="{"x" * 4_900_000}"'))
 member("40 million seconds", "The rough edit would have more than 1,000,000 clips.", lasting(39_999_999))
 member("a million elements 200 levels deep", WRITTEN, lasting(60, resources="<b>" * 200 + "<b/>" * 1_000_000 + "</b>" * 200))
 
