@@ -59,6 +59,17 @@ everyone = "".join(ref(f"c{n}") for n in range(16))
 angle_a("sixteen in each other have more ways than anyone can walk", ref("c0"), TOO_MANY,
         "".join(compound(f"c{n}", everyone) for n in range(16)))
 
+
+def levelled(uses, levels):
+    """Compound clips "c0" to the last level, each of which uses the next one so many times."""
+    return "".join(compound(f"c{n}", ref(f"c{n + 1}") * uses) for n in range(levels)) + compound(
+        f"c{levels}", clip("0s", "1s"))
+
+
+angle_a("each use counts", ref("c0"), 2 ** 18, levelled(2, 18))
+angle_a("more uses than anyone can count", ref("c0"), TOO_MANY, levelled(2, 62))
+angle_a("1,200 levels", ref("c0"), TOO_MANY, levelled(1, 600))  # two for each compound clip
+
 # A reference counts as visited for the clips connected to it too, whatever was walked and kept before.
 resources = "".join(compound(name, contents) for name, contents in {
     "c": clip("0s", "1s") * 2, "w": ref("c") + clip("0s", "1s"), "d": "", "e": ref("w") + ref("c", ref("w")),
