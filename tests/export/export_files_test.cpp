@@ -1,5 +1,4 @@
 #include "export/export_files.h"
-#include "export/hand_off.h"
 #include "support/failing_files.h"
 #include "support/refusals.h"
 #include "support/scratch_folder.h"
@@ -21,20 +20,6 @@ TEST(ExportNames, EndAtTenThousand)
         "Choose another folder or clear space for a new export name.");
 }
 
-TEST(ExportNames, LoseWholeCharactersWhereTheFileSystemHasNoRoom)
-{
-    std::string days = "x";
-    for (int n = 0; n < 100; ++n)
-        days += "日";
-    const ScratchFolder folder;
-    for (int n = 0; n < 2; ++n)
-        (void)writeExportFiles(folder.path(), "xml", "text", days);
-    const std::string kept = days.substr(0, 1 + std::size_t{75} * 3) + " Corvane";
-    EXPECT_EQ(
-        folder.names(),
-        (Names{kept + " 2.fcpxml", kept + " 2.settings.txt", kept + ".fcpxml", kept + ".settings.txt"}));
-}
-
 TEST(ExportFiles, StandBesideEarlierOnes)
 {
     const ScratchFolder folder;
@@ -47,39 +32,38 @@ TEST(ExportFiles, StandBesideEarlierOnes)
         folder.names(),
         (Names{"Interview Corvane 2.fcpxml", "Interview Corvane 2.settings.txt", "Interview Corvane.settings.txt"}));
     EXPECT_EQ(readFile(folder.file("Interview Corvane 2.settings.txt")), "two\n");
+    std::string days;
+    for (int n = 0; n < 100; ++n)
+        days += "日";
+    EXPECT_TRUE(somethingNamed(writeExportFiles(folder.path(), "", "", days).xmlURL)) << "cut where there is no room";
     EXPECT_REFUSED(
         writeExportFiles(folder.file("gone"), "", "", "I"),
         "Cannot write I Corvane.fcpxml: No such file or directory.");
 }
 
-TEST(ExportFiles, KeepTheDocumentWhenTheRecordFails)
+TEST(ExportFiles, AreWholeOrNotThereWhicheverCallFails)
 {
-    const ScratchFolder whole;
-    FailingFiles counting;
-    (void)writeExportFiles(whole.path(), "<a/>", "record", "I", counting);
-    for (int failing = 0; failing < counting.calls; ++failing) {
-        const ScratchFolder folder;
-        FailingFiles calls(failing, EDQUOT);
-        const bool inDocument = failing < counting.calls / 2;
-        EXPECT_REFUSED(
-            writeExportFiles(folder.path(), "<a/>", "record", "I", calls),
-            inDocument ? "Cannot write I Corvane.fcpxml: Disk quota exceeded."
-                       : "The XML was saved as I Corvane.fcpxml, but the settings record could not be saved: Cannot "
-                         "write I Corvane.settings.txt: Disk quota exceeded.")
-            << failing << " of " << counting.calls;
-        EXPECT_EQ(folder.names(), inDocument ? Names{} : Names{"I Corvane.fcpxml"});
+    for (const bool nameless : {true, false}) {
+        bool failed = true;
+        for (int failing = 0; failed; ++failing) {
+            const ScratchFolder folder;
+            FailingFiles calls(failing, EDQUOT);
+            calls.nameless = nameless;
+            try {
+                (void)writeExportFiles(folder.path(), "<a/>", "record", "I", calls);
+                failed = false;
+                EXPECT_GT(failing, 12);
+            } catch (const std::runtime_error& failure) {
+                const bool inDocument = folder.names().empty();
+                EXPECT_STREQ(
+                    failure.what(), inDocument ? "Cannot write I Corvane.fcpxml: Disk quota exceeded."
+                                               : "The XML was saved as I Corvane.fcpxml, but the settings record could "
+                                                 "not be saved: Cannot write I Corvane.settings.txt: Disk quota "
+                                                 "exceeded.");
+                EXPECT_TRUE(inDocument || folder.names() == Names{"I Corvane.fcpxml"}) << failing;
+            }
+        }
     }
-}
-
-TEST(HandOff, SaysWhichErrorAMissingFinalCutIs)
-{
-    NoBundledApplications services;
-    std::optional<ServiceError> told;
-    openInFinalCut(
-        "/a.fcpxml", services, SecurityScope::system(), [](const auto& work) { work(); },
-        [&](const auto& error) { told = error; });
-    const std::string words = "Final Cut Pro could not be found. Your exported files have been saved.";
-    EXPECT_EQ(told, (ServiceError{"Corvane", 1, words}));
 }
 
 } // namespace
