@@ -1,12 +1,9 @@
 #include "intake/final_cut/pasteboard_rule.h"
 #include "intake/project_file.h"
-#include "support/child_process.h"
 #include "support/scratch_folder.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
-#include <cstdint>
 #include <fstream>
 #include <map>
 #include <ranges>
@@ -31,17 +28,8 @@ struct Drag : Pasteboard {
     {
         return {std::views::keys(entries).begin(), std::views::keys(entries).end()};
     }
-    std::string silentAbout;
-    mutable Texts asked;
-
-    [[nodiscard]] Text data(const std::string& type) const override { return answer(type, entries.at(type)); }
-    [[nodiscard]] Texts fileURLs() const override { return answer("files", files); }
-    template <class Answer>
-    Answer answer(const std::string& question, const Answer& answer) const
-    {
-        asked.push_back(question);
-        return question == silentAbout ? throw NoPasteboardAnswer() : answer;
-    }
+    [[nodiscard]] Text data(const std::string& type) const override { return entries.at(type); }
+    [[nodiscard]] Texts fileURLs() const override { return files; }
 };
 
 TEST(ReadProjectFile, ReadsFilesAndBundlesWithinItsAccess)
@@ -84,29 +72,6 @@ TEST(ReadProjectFile, ReadsFilesAndBundlesWithinItsAccess)
     EXPECT_EQ(addressRefusal("/a/https://b.fcpxml"), std::nullopt);
 }
 
-TEST(ReadProjectFile, SaysWhenThereIsNotEnoughMemory)
-{
-#ifdef __SANITIZE_ADDRESS__
-    GTEST_SKIP() << "its allocator ends the process where the usual one throws";
-#endif
-    const test::ScratchFolder scratch;
-    const std::string location = scratch.file("huge.fcpxml");
-    std::ofstream(location).put(' ');
-    std::filesystem::resize_file(location, largestProject); // without a block on the disk
-    const pid_t child = test::startChild([&] {
-        const rlimit limit = {largestProject, largestProject};
-        ::setrlimit(RLIMIT_AS, &limit);
-        ScopeLog scope;
-        scope.grants = true;
-        const ProjectFileContent content = readProjectFile(location, scope);
-        if (content.error != "Cannot read huge.fcpxml: Cannot allocate memory.")
-            throw std::runtime_error(content.error.value_or("It was read."));
-        if (scope.log != "start " + location + " stop " + location)
-            throw std::runtime_error(scope.log);
-    });
-    EXPECT_EQ(test::statusOf(child), 0);
-}
-
 TEST(Drops, DeliverTheNewestXmlThatIsThereOrTheOneProjectFile)
 {
     const std::string xml = "com.apple.finalcutpro.xml", v = xml + ".v1-", file = "public.file-url";
@@ -134,60 +99,31 @@ TEST(Drops, DeliverTheNewestXmlThatIsThereOrTheOneProjectFile)
     EXPECT_FALSE(lights({{v + "15", "15"}, {v + "8", "8"}, {"public.text", "t"}}, {}, {}, {}));
 }
 
-TEST(Drops, AskForNothingMoreOnceTheSourceIsSilent)
-{
-    const std::string xml = "com.apple.finalcutpro.xml", v11 = xml + ".v1-11";
-    for (const auto& [silentAbout, expected] :
-         {std::pair(v11, Texts{v11}), {xml, Texts{v11, xml}}, {std::string("files"), Texts{v11, xml, "files"}}}) {
-        Drag drag;
-        drag.entries = {{v11, ""}, {xml, ""}, {"public.file-url", ""}};
-        drag.silentAbout = silentAbout;
-        XMLInbox inbox;
-        EXPECT_TRUE(offersProject(drag));
-        EXPECT_EQ(drag.asked, Texts{});
-        EXPECT_FALSE(performDrag(drag, inbox));
-        EXPECT_EQ(drag.asked, expected);
-        EXPECT_EQ(
-            inbox.importError(), "Drop one project from Final Cut’s browser, or one .fcpxml file or .fcpxmld bundle.");
-    }
-}
-
 TEST(Inbox, TellsEveryAssignmentWhateverItsObserversDo)
 {
-    auto inbox = std::make_unique<XMLInbox>();
+    XMLInbox inbox;
     std::string log;
     XMLInboxSubscription second, late;
-    const auto first = inbox->observe([&] {
-        log += "a" + inbox->url().value_or("");
-        if (inbox->url() == "1")
-            inbox->setURL({});
-        else if (inbox->url() == "2")
-            late = inbox->observe([&] { log += "c"; });
-        else if (inbox->url() == "4")
+    const auto first = inbox.observe([&] {
+        log += "a" + inbox.url().value_or("");
+        if (inbox.url() == "1")
+            inbox.setURL({});
+        else if (inbox.url() == "2")
+            late = inbox.observe([&] { log += "c"; });
+        else if (inbox.url() == "3")
             second.end();
     });
-    second = inbox->observe([&] {
-        log += "b";
-        if (inbox->importError()) {
-            second = {};
-            inbox->setImportError({}); // told to the others alone
-        }
-    });
-    const auto heard = [&](auto assign, const Text& value) {
+    second = inbox.observe([&] { log += "b"; });
+    const auto heard = [&](const Text& url) {
         log.clear();
-        ((*inbox).*assign)(value);
+        inbox.setURL(url);
         return log;
     };
-    EXPECT_EQ(heard(&XMLInbox::setXMLData, "x"), "ab");
-    EXPECT_EQ(heard(&XMLInbox::setXMLData, "x"), "ab") << "also when nothing changes";
-    EXPECT_EQ(heard(&XMLInbox::setURL, "1"), "a1abb");
-    EXPECT_EQ(heard(&XMLInbox::setURL, "2"), "a2b") << "an observer hears what comes after it";
-    EXPECT_EQ(heard(&XMLInbox::setURL, "3"), "a3bc");
-    late = {};
-    EXPECT_EQ(heard(&XMLInbox::setImportError, "e"), "a3ba3");
-    second = inbox->observe([&] { log += "d"; });
-    EXPECT_EQ(heard(&XMLInbox::setURL, "4"), "a4") << "ended before its turn";
-    inbox.reset(); // the subscriptions outlive it
+    EXPECT_EQ(heard("1"), "a1abb");
+    EXPECT_EQ(heard("2"), "a2b") << "an observer hears what comes after it";
+    EXPECT_EQ(heard("0"), "a0bc");
+    EXPECT_EQ(heard("0"), "a0bc") << "also when nothing changes";
+    EXPECT_EQ(heard("3"), "a3c") << "ended before its turn";
 }
 
 } // namespace
