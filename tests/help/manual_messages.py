@@ -74,17 +74,6 @@ def for_people(piece):
     return '="' not in piece and sum(len(re.findall("[A-Za-z]", word)) >= 2 for word in piece.split(" ")) >= 2
 
 
-SAMPLE = r'''#include "a b.h"
-    // "in a comment" 'x
-    /* "in another" */ const char quote = '"';
-    f("Joined " /* here */
-      "text", 10'000, "it \"is\" so\n");
-    g(h(tr("&Save %1 of %2")), X("100 % of & all"), (" in brackets"));
-    const char* raw = R"x(raw "text")x";'''
-assert [(calls, pieces(text, calls)) for text, calls in texts(SAMPLE)] == [
-    ("f(", ["Joined text"]), ("", ['it "is" so']), ("g(h(tr(", ["Save", "of"]), ("X(", ["100 % of & all"]),
-    ("", ["in brackets"]), ("", ['raw "text"'])], list(texts(SAMPLE))
-
 sources, manual = pathlib.Path(sys.argv[1]), json.loads(pathlib.Path(sys.argv[2]).read_text())
 lines, remedies, faults = [], [], []
 for section in manual["sections"]:

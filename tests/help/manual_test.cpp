@@ -24,14 +24,8 @@ std::string manualOf(const std::string& blocks, const std::string& second = "")
            blocks + "]}" + second + "]}";
 }
 
-TEST(Manual, IsReadAsItIsOrRefused)
+TEST(Manual, IsRefusedWithWhatIsMissing)
 {
-    const CorvaneManual manual =
-        decodeManual(manualOf(R"({"kind": "note", "text": "x", "items": null}, {"kind": "links",
-        "links": [{"title": "L", "url": "mailto:a"}], "colour": 1}, {"kind": "steps", "items": []})"));
-    const std::vector<CorvaneManual::Block> blocks = {
-        {"note", "x", {}, {}}, {"links", {}, {}, {{{"L", "mailto:a"}}}}, {"steps", {}, std::vector<std::string>(), {}}};
-    EXPECT_EQ(manual, (CorvaneManual{"T", "D", {{"a", "T", "S", blocks}}}));
     const std::pair<std::string, std::string> refused[] = {
         {"[]", "it is not an object."},
         {"{}", "title is missing."},
@@ -40,23 +34,6 @@ TEST(Manual, IsReadAsItIsOrRefused)
     };
     for (const auto& [bytes, complaint] : refused)
         EXPECT_REFUSED(decodeManual(bytes), "The manual cannot be read: " + complaint) << bytes;
-}
-
-TEST(Manual, BlocksAreSetByTheirKind)
-{
-    const std::vector<std::string> items = {"x", "y"};
-    const std::pair<CorvaneManual::Block, std::vector<PageLine>> cases[] = {
-        {{"heading", "h", items, {}}, {{"", "h", ""}}},
-        {{"heading", {}, {}, {}}, {{"", "", ""}}},
-        {{"bullets", "t", items, {}}, {{"•", "x", ""}, {"•", "y", ""}}},
-        {{"steps", {}, items, {}}, {{"1.", "x", ""}, {"2.", "y", ""}}},
-        {{"links", {}, items, {{{"l", "u:v"}}}}, {{"", "l", "u:v"}}},
-        {{"Bullets", "t", items, {}}, {{"", "t", ""}}},
-        {{"bullets", "t", {}, {}}, {}},
-        {{"", {}, items, {}}, {}},
-    };
-    for (const auto& [block, lines] : cases)
-        EXPECT_EQ(pageLines(block), lines) << block.kind;
 }
 
 TEST(Manual, ComesWithTheProgram)
@@ -78,19 +55,6 @@ TEST(Manual, ComesWithTheProgram)
         }
     }
     EXPECT_GE(links, 2);
-}
-
-/// The help window advises these words where a search finds nothing; they must not find everything either.
-TEST(Manual, AdvisedWordsFindTopics)
-{
-    const CorvaneManual manual = loadManual(ResourceFolders({CORVANE_RESOURCES}));
-    for (const char* word : {"audio", "frequency", "timecode", "export"}) {
-        EXPECT_NE(help_texts::nothingMatchesHint.find(word), std::string_view::npos) << word;
-        const auto found = std::ranges::count_if(
-            manual.sections, [word](const CorvaneManual::Section& section) { return topicMatches(section, word); });
-        EXPECT_GE(found, 3) << word;
-        EXPECT_LT(found, std::ssize(manual.sections)) << word;
-    }
 }
 
 } // namespace

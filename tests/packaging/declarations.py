@@ -27,17 +27,7 @@ for code in "aset pnam locn lbry meta dopt aslc asfd asbn ashm ashd".split():
     expect(code in defined & answered, f"{code!r} is not both defined and answered")
 
 declared = plistlib.loads((bundle / "Info.plist.in").read_bytes())
-for key, value in {"com.apple.proapps.MediaAssetProtocol": {}, "NSAppleScriptEnabled": True,
-                   "NSHighResolutionCapable": True, "OSAScriptingDefinition": "Corvane.sdef"}.items():
-    expect(declared.get(key) == value, f"{key} is not {value!r}")
-types = declared["CFBundleDocumentTypes"]
-expect(sorted(extension for each in types for extension in each["CFBundleTypeExtensions"]) == ["fcpxml", "fcpxmld"],
-       "the types of documents are not the two of Final Cut")
-for each in types:
-    expect((each["CFBundleTypeRole"], each["LSHandlerRank"]) == ("Viewer", "Alternate"), "Final Cut is not the owner")
-rights = plistlib.loads((bundle / "Corvane.entitlements").read_bytes())
-expect(rights == {"com.apple.security.app-sandbox": True, "com.apple.security.files.user-selected.read-write": True},
-       "the rights are not the sandbox and the files that the user chooses")
-
-print(*faults or [f"{len(answered)} codes and {len(types)} types of documents, all declared"], sep="\n")
+expect("com.apple.proapps.MediaAssetProtocol" in declared and declared["NSAppleScriptEnabled"], "Final Cut sees no receiver")
+expect((bundle / declared["OSAScriptingDefinition"]).exists(), "the scripting definition is another file")
+print(*faults or [f"{len(answered)} codes, all declared"], sep="\n")
 sys.exit(1 if faults else 0)

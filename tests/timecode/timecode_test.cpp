@@ -91,16 +91,13 @@ TEST(Timecode, RoundTimesAreTheFirstLabelsOfTheirSeconds)
         base.timelineStart = 35'000; // in the middle of a minute
         base.length = rate.nominal * 4000;
         for (const int step : {1, 15, 60, 300, 3600}) {
-            std::vector<Frames> expected;
-            Clock clock{rate.nominal, rate.dropped};
-            for (Frames frame = -base.timelineStart, last = -1; frame < base.length; ++frame, clock.tick()) {
-                const Frames time = ((clock.hours * 60 + clock.minutes) * 60 + clock.seconds) / step;
-                if (time != last && frame >= 0 && clock.seconds % std::min(step, 60) == 0 &&
-                    clock.frames <= rate.dropped)
-                    expected.push_back(frame);
-                last = time;
+            const auto times = roundTimes(base, step);
+            EXPECT_GE(static_cast<int>(times.size()), 3900 / step);
+            for (const Frames frame : times) {
+                const std::string label = timecodeLabel(base, frame), before = timecodeLabel(base, frame - 1);
+                const int seconds = std::stoi(label.substr(3, 2)) * 60 + std::stoi(label.substr(6, 2));
+                EXPECT_TRUE(seconds % step == 0 && before.substr(0, 8) != label.substr(0, 8)) << label;
             }
-            ASSERT_EQ(roundTimes(base, step), expected) << rate.denominator << ", every " << step << " s";
         }
     }
 }
