@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# ./bench.sh [OPTION…]: builds and runs the benchmarks; the table at the end says what was measured and what must be
-# reached. Options go to Google Benchmark: --benchmark_filter=export runs these jobs only.
-# ./bench.sh growth: whether sixteen times as much takes about sixteen times as long, kind after kind.
+# ./bench.sh [OPTION…]: builds and runs the benchmarks; the table at the end shows each figure beside its target. Options
+# go to Google Benchmark: --benchmark_filter=export runs only the export jobs.
+# ./bench.sh growth: checks, for each kind of content, that sixteen times as much takes about sixteen times as long.
 set -euo pipefail
 source "$(dirname "$0")/scripts/common.sh"
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# ./run.sh [PROJECT.fcpxml]: opens Corvane with the project. Without one it shows the session of last time or, where
-# there is none, a sample. Without a display it makes a rough edit of the project into ./exports instead.
+# ./run.sh [PROJECT.fcpxml]: opens Corvane with the project. Without one, it opens the last session or, if there is none,
+# a sample. Without a display, it writes a rough edit of the project to ./exports instead.
 set -euo pipefail
 source "$(dirname "$0")/scripts/common.sh"
 

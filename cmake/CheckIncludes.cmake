@@ -1,20 +1,20 @@
 cmake_minimum_required(VERSION 3.25)
-# Run with -P: stops when one of FILES includes a layer that is neither LAYER nor in MAY_INCLUDE, or when a header
-# includes a library that belongs in the sources (libxml2, ICU, POSIX; Qt unless TOOLKIT names a part of it).
+# Run with -P. Stops with an error when one of FILES includes a layer that is neither LAYER nor in MAY_INCLUDE, when a
+# header includes libxml2, ICU or POSIX, which belong in source files, or when a file includes Qt and TOOLKIT is empty.
 foreach(file IN LISTS FILES)
     file(STRINGS "${file}" includes REGEX "^[ \t]*#[ \t]*include[ \t]")
     foreach(line IN LISTS includes)
         if(line MATCHES "\"workspace/window/" AND NOT LAYER STREQUAL "window" AND NOT "window" IN_LIST MAY_INCLUDE)
-            message(FATAL_ERROR "${file}: ${LAYER} may not include the window (docs/architecture.md)")
+            message(FATAL_ERROR "${file}: ${LAYER} may not include the window (see docs/architecture.md)")
         endif()
         if(line MATCHES "<Q" AND NOT TOOLKIT)
-            message(FATAL_ERROR "${file}: ${LAYER} knows no toolkit (docs/architecture.md)")
+            message(FATAL_ERROR "${file}: ${LAYER} may not use a toolkit (see docs/architecture.md)")
         endif()
         if(line MATCHES "\"([a-z_]+)/" AND NOT CMAKE_MATCH_1 STREQUAL LAYER AND NOT CMAKE_MATCH_1 IN_LIST MAY_INCLUDE)
-            message(FATAL_ERROR "${file}: ${LAYER} may not include ${CMAKE_MATCH_1} (docs/architecture.md)")
+            message(FATAL_ERROR "${file}: ${LAYER} may not include ${CMAKE_MATCH_1} (see docs/architecture.md)")
         endif()
         if(file MATCHES "\\.h$" AND line MATCHES "<(libxml|unicode|sys/|unistd|fcntl)")
-            message(FATAL_ERROR "${file}: '${line}' belongs in a source file, not in a header (docs/architecture.md)")
+            message(FATAL_ERROR "${file}: '${line}' belongs in a source file, not in a header (see docs/architecture.md)")
         endif()
     endforeach()
 endforeach()

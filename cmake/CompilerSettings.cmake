@@ -1,5 +1,5 @@
-# One target that every other target links: the language, the warnings and the arithmetic that the results depend on.
-# Warnings are errors only where a preset says so (CMAKE_COMPILE_WARNING_AS_ERROR): a later compiler finds new ones.
+# A target that every other target links: the language, the warnings, and the arithmetic that the results depend on.
+# Warnings are errors only if a preset says so (CMAKE_COMPILE_WARNING_AS_ERROR), because later compilers add new ones.
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -13,9 +13,9 @@ endif()
 add_library(corvane_settings INTERFACE)
 target_compile_options(corvane_settings INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast
-    # A fused a*b+c rounds once instead of twice: cut lists would differ from one processor to the next.
+    # A fused a*b+c rounds once instead of twice: cut lists would differ between processors.
     -ffp-contract=off
-    # Clang blames the library's own stable_sort on whoever calls it.
+    # Clang reports a deprecated function inside the library's stable_sort at every call of it.
     $<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations>)
 
 if(CORVANE_SANITIZE)
@@ -27,8 +27,8 @@ if(CORVANE_FUZZERS)
     target_compile_options(corvane_settings INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# What nearly every source reads: parsed once, for all targets that are compiled with the same options. It must hide no
-# missing include: the preset "strict" builds without it.
+# Headers that nearly every source includes, parsed once for all targets with the same compiler options. The preset
+# "strict" builds without this, so that it cannot hide a missing include.
 file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/precompiled/empty.cpp" CONTENT "")
 function(make_precompiled name)
     cmake_parse_arguments(PARSE_ARGV 1 made "" "" "HEADERS;OPTIONS;LIBRARIES")
@@ -43,6 +43,6 @@ set(common_headers
 make_precompiled(corvane_precompiled HEADERS ${common_headers})
 
 if(CORVANE_WINDOW)
-    # The toolkit's headers take longer to read than any source of ours.
+    # The toolkit's headers take longer to parse than any source of ours.
     make_precompiled(corvane_precompiled_window HEADERS ${common_headers} <QtWidgets> LIBRARIES Qt6::Widgets)
 endif()

@@ -1,9 +1,9 @@
 # corvane_layer(NAME HEADERS … SOURCES … LAYERS … LIBRARIES … TOOLKIT …)
 #
-# Makes the library corvane_NAME from src/NAME, or from the folder NAME inside another one. LAYERS are the layers that
-# it may include; LIBRARIES are other packages, private to its sources; TOOLKIT are modules of the window toolkit, which
-# only a layer that names some may use. One include root would let a wrong include compile, so the build also checks
-# the includes of every file against LAYERS and stops at the first that is not declared.
+# Makes the library corvane_NAME from the folder that calls it. LAYERS are the layers that it may include; LIBRARIES are
+# other packages, private to its sources; TOOLKIT are the Qt modules that it uses, if any. Since all layers share one
+# include root, a wrong include would compile; so the build also checks every file's includes against LAYERS and stops at
+# the first that is not declared.
 function(corvane_layer name)
     cmake_parse_arguments(PARSE_ARGV 1 layer "" "" "HEADERS;SOURCES;LAYERS;LIBRARIES;TOOLKIT")
     set(target corvane_${name})

@@ -1,10 +1,10 @@
-# What is built beside the program's layers. Nothing but the program is on by itself, so that building it takes the
-# program's own packages only; the presets turn on what they are for.
-option(CORVANE_WINDOW "The window and the program (Qt 6 Widgets); without it only the layers below" ON)
-option(CORVANE_BUS "The desktop's session bus (D-Bus), where the window is built" ON)
+# What is built besides the program's layers. By default only the program is built, so that it takes no more packages
+# than the program needs; the presets turn on the rest.
+option(CORVANE_WINDOW "The window and the program (Qt 6 Widgets); OFF builds only the layers below" ON)
+option(CORVANE_BUS "The desktop's session bus (D-Bus), if the window is built" ON)
 option(CORVANE_EXAMPLES "The headless job" OFF)
 option(CORVANE_TESTS "The tests (GoogleTest, Python 3, Qt Test)" OFF)
-option(CORVANE_STRESS "The long-running programs, and the fuzz targets on their kept inputs, as tests" OFF)
+option(CORVANE_STRESS "The soak programs, and the fuzz targets on their kept inputs, as tests" OFF)
 option(CORVANE_FUZZERS "The fuzz targets as fuzzers (clang)" OFF)
 option(CORVANE_BENCH "The benchmarks (Google Benchmark)" OFF)
 set(CORVANE_SANITIZE "" CACHE STRING "Sanitizers for every target, as for -fsanitize=")
@@ -13,7 +13,7 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
     set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "" FORCE)
 endif()
 
-# print_summary(): what this configuration builds and what it leaves out, at the end of the configure step.
+# print_summary(): says at the end of the configure step what this configuration builds and what it leaves out.
 function(print_summary)
     set(built "layers")
     set(left)

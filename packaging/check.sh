@@ -14,18 +14,18 @@ id=example.corvane.Corvane
 expect() { # expect WHAT COMMAND…
     local what=$1
     shift
-    if "$@"; then echo "ok: $what"; else echo "Not so: $what ($*)" >&2; exit 1; fi
+    if "$@"; then echo "ok: $what"; else echo "FAILED: $what ($*)" >&2; exit 1; fi
 }
 
-echo "== A tree of its own"
+echo "== Installing into an empty tree"
 DESTDIR=$work/tree cmake --install build/release --prefix /usr >/dev/null
 share=$work/tree/usr/share
 expect "the desktop file is valid" desktop-file-validate "$share/applications/$id.desktop"
 expect "the metainfo is valid" appstreamcli validate --no-net "$share/metainfo/$id.metainfo.xml"
-expect "the MIME type is taken" update-mime-database "$share/mime"
+expect "the MIME type is accepted" update-mime-database "$share/mime"
 expect "the bus knows the installed program" grep -qx "Exec=/usr/bin/corvane" "$share/dbus-1/services/$id.service"
 
-echo "== The package"
+echo "== Building and installing the package"
 (cd build/release && cpack -G DEB >/dev/null)
 package=$(ls -t build/release/packages/*.deb | head -n1)
 expect "lintian finds no error" lintian --fail-on error --allow-root "$package"
@@ -36,11 +36,11 @@ export HOME=$work/home XDG_RUNTIME_DIR=$work/run QT_QPA_PLATFORM=offscreen
 mkdir -p "$HOME"
 mkdir -m700 "$XDG_RUNTIME_DIR"
 unset DISPLAY WAYLAND_DISPLAY XDG_CONFIG_HOME XDG_DATA_HOME DBUS_SESSION_BUS_ADDRESS
-expect "an exported project has our type" \
+expect "an exported project has our MIME type" \
     [ "$(xdg-mime query filetype "$root/samples/interview.fcpxml")" = application/x-corvane-fcpxml+xml ]
 
 session=$HOME/.local/share/Corvane/session-v1.json
-holds() { # holds PROJECT: the program has loaded it and saved its session
+holds() { # holds PROJECT: waits until the program has loaded it and saved its session
     for ((i = 0; i < 100; i++)); do
         [ -f "$session" ] && base64 -d <<<"$(sed 's/.*"sourceXML":"\([^"]*\)".*/\1/; s,\\/,/,g' "$session")" 2>/dev/null |
             grep -q "<project name=\"$1\"" && return 0
@@ -62,8 +62,8 @@ dbus-run-session -- bash -c '
     kill "$process"
 ' 2>/dev/null
 
-echo "== Removed"
+echo "== Removing the package"
 as_root dpkg -r corvane >/dev/null
 left=$(while read -r path; do [ ! -e "$path" ] || echo "$path"; done <<<"$files")
 expect "nothing of the program is left" [ -z "$left" ]
-expect "the user's own data are left" [ -f "$session" ]
+expect "the user's own data is kept" [ -f "$session" ]

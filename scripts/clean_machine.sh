@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# scripts/clean_machine.sh SUITE [COMMAND]: what a stranger sees. Makes a bare Debian (bookworm, trixie or sid, with bash
-# and git and nothing else) in build/machines/SUITE, clones HEAD into it and runs COMMAND there, in a shell in the clone;
-# without COMMAND, the two of the README. Ends with COMMAND's status, or with 75 where no such Debian can be made here
-# (no root, no mirror), which it says in one line. The machine stays until it is made anew; nothing of it keeps running.
+# scripts/clean_machine.sh SUITE [COMMAND]: tries Corvane as a new user does. Makes a bare Debian (bookworm, trixie or
+# sid, with bash and git and nothing else) in build/machines/SUITE, clones HEAD into it and runs COMMAND in the clone;
+# without COMMAND, ./run.sh and ./test.sh. Exits with COMMAND's status, or with 75 and a one-line reason where no such
+# Debian can be made (no root, no mirror). The machine's files stay until the next run; none of its processes do.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
@@ -28,11 +28,11 @@ bootstrap() {
 echo "== Making a bare $suite"
 bootstrap >"$root/build/machines/$suite.log" 2>&1 || bootstrap >"$root/build/machines/$suite.log" 2>&1 ||
     skip "debootstrap failed twice: $(tail -n 1 "$root/build/machines/$suite.log")"
-# A mirror that is some days behind is good enough for a system that changes daily.
+# sid changes daily: a mirror that is some days old is good enough.
 [ "$suite" != sid ] || echo 'Acquire::Check-Valid-Until "false";' >"$machine/etc/apt/apt.conf.d/mirror"
 git clone --quiet --no-hardlinks "file://$root" "$machine/root/Corvane"
 
-# A process table and mounts of its own: whatever COMMAND leaves behind ends with it.
+# With its own process table and mounts, whatever COMMAND leaves running ends with it.
 export machine command
 status=0
 unshare --mount --pid --fork --kill-child bash -euo pipefail -c '

@@ -1,5 +1,5 @@
-# Sourced by the commands in the root of the repository. A step that fails says which it was, shows its output and, where
-# the reason is the machine's, says in a sentence what to do.
+# Sourced by the scripts of the repository. When a step fails, its name and output are shown and, if this machine is the
+# cause, a sentence says what to do.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
@@ -18,8 +18,8 @@ give_up() {
     exit 1
 }
 
-# Shows that something is going on: on a terminal the last line of the log and the seconds on one line that changes, else
-# a line every half minute. Runs beside the step, which so stays the one that Ctrl+C reaches.
+# Shows progress: on a terminal one line that is updated with the log's last line and the seconds, otherwise a new line
+# every half minute. Runs in the background, so that Ctrl+C reaches the step itself.
 watch_log() {
     local log=$1 start=$SECONDS line said=0 columns
     columns=$(tput cols 2>/dev/null || echo 80)
@@ -35,7 +35,7 @@ watch_log() {
     done
 }
 
-# What in a failed step's output is the machine's fault, in a sentence; nothing when it is something else.
+# If a failed step's output shows that this machine is the cause, prints what to do, in a sentence; otherwise nothing.
 reason_for_failure() {
     local log=$1 folder full=
     for folder in "$root" "$(dirname "$log")" /var/cache/apt; do
@@ -53,7 +53,7 @@ reason_for_failure() {
     fi
 }
 
-# step NAME COMMAND…: what the command prints is shown only when it fails.
+# step NAME COMMAND…: shows the command's output only if it fails.
 step() {
     local name=$1 log watcher reason status=0
     shift
@@ -84,8 +84,8 @@ as_root() {
     fi
 }
 
-# install_packages NAME…: those that are not there yet; nothing at all when none is missing. Says what will be downloaded
-# before it starts. Without apt-get it installs nothing: whether everything is there shows when the build is configured.
+# install_packages NAME…: installs those that are missing, and says how much that downloads before it starts. Without
+# apt-get it installs nothing; what is missing then shows when the build is configured.
 install_packages() {
     local missing=() package
     command -v apt-get >/dev/null || return 0
@@ -106,8 +106,8 @@ install_packages() {
         apt-get install -y --no-install-recommends "${missing[@]}"
 }
 
-# build PRESET [TARGET…]: configures where that was not done or not finished, then builds; an interrupted build goes on.
-# The presets "release" and "tests" share a folder, so that what one has built the other need not.
+# build PRESET [TARGET…]: configures if that was not done or not finished, then builds; an interrupted build resumes.
+# The presets "release" and "tests" share a folder, so that each reuses what the other has built.
 build() {
     local preset=$1 folder=$1
     shift
@@ -134,7 +134,7 @@ configure() {
     step "Configuring ($1)" cmake --preset "$1"
 }
 
-# A locale with a decimal comma, for the test that numbers never pass through it. It stays inside the build folder.
+# Makes a locale with a decimal comma, inside the build folder, for the test that numbers never pass through the locale.
 make_test_locale() {
     local folder="$root/build/locale"
     [ -f "$folder/de_DE.UTF-8/LC_NUMERIC" ] && return

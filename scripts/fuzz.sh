@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# scripts/fuzz.sh SECONDS [TARGET…]: fuzzes each target for so long, one after the other, and goes on where the last run
-# ended. The minimised inputs are kept in fuzz/corpora, a line for each run in fuzz/runs.tsv (seconds of the clock, and
-# of a processor); what breaks a promise lies in build/fuzz/findings and ends the script with an error.
-# scripts/fuzz.sh SECONDS documents+cost: the same target with inputs up to 256 kB, none of which may take over two seconds
-# or 512 MB; it keeps inputs of its own.
+# scripts/fuzz.sh SECONDS [TARGET…]: fuzzes each target for that long, one after the other, continuing from the last run.
+# The minimised inputs are kept in fuzz/corpora, and each run adds a line to fuzz/runs.tsv (elapsed seconds and processor
+# seconds). Inputs that fail go to build/fuzz/findings, and the script then exits with an error.
+# scripts/fuzz.sh SECONDS documents+cost: the target "documents" with inputs of up to 256 kB, none of which may take more
+# than two seconds or 512 MB; its inputs are kept separately.
 # scripts/fuzz.sh sums: a table of all runs so far.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
@@ -11,7 +11,7 @@ source "$(dirname "$0")/common.sh"
 if [ "$1" = sums ]; then
     echo "| target | seconds | of a processor | executions | coverage | features | inputs kept | findings |"
     echo "|---|---:|---:|---:|---:|---:|---:|---:|"
-    # Before processors were watched, runs had half of one or more.
+    # The first runs did not measure processor time; they had at least half a processor.
     awk -F'\t' 'NR > 1 { seconds[$2] += $3; processor[$2] += $9 ? $9 : $3 / 2; runs[$2] += $4; found[$2] += $8 != "ok"
                          coverage[$2] = $5; features[$2] = $6; kept[$2] = $7 }
         END { for (target in runs) printf "| %s | %d | %d | %d | %d | %d | %d | %d |\n", target, seconds[target],
@@ -28,9 +28,9 @@ programs=("${@/#/fuzz_}")
 build fuzz "${programs[@]/%+cost/}"
 cd "$root"
 mkdir -p build/fuzz/findings build/fuzz/logs
-[ ! -d /dev/shm ] || export TMPDIR=/dev/shm # where files cost nothing
+[ ! -d /dev/shm ] || export TMPDIR=/dev/shm # files in memory are cheap
 found=0
-# Of the children that have ended.
+# The processor time of all children that have ended.
 processor_seconds() { awk -v ticks="$(getconf CLK_TCK)" '{ print int(($16 + $17) / ticks) }' "/proc/$$/stat"; }
 for target in "$@"; do
     corpus=build/fuzz/corpus/$target

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# scripts/laws_coverage.sh: the lines of the cut generation that its laws never reach, by the compiler's own counters.
-# Two refusals are left: the one of what cannot happen, and the one of more cuts than the laws draw.
+# scripts/laws_coverage.sh: prints the lines of cut_generation.cpp that the GenerationLaws tests never reach, as the
+# compiler's coverage counters report them. Two refusals remain: one for what cannot happen, and one for more cuts than
+# those tests draw.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 cd "$root"

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Tells what the tests notice when the program is wrong.
+"""Mutation testing: shows which wrong code the tests catch.
 
-Draws lines of five layers, or of those that are named, changes each in one small way and runs the tests until one
-fails. Works on a copy of the repository in build/mutation, so nothing that is being edited is ever touched. Interrupt
-it as you like: with the same seed it goes on where the file of results ends, as long as the layers are the same.
---again runs the survivors of such a file against the tests of today. --all runs every test of each and names all that
-fail: a test that never stands alone there is one that others stand in for.
+Draws lines from five layers, or from the layers given, makes one small change in each and runs the tests until one
+fails. Works on a copy of the repository in build/mutation, so your own files are never touched. You can interrupt it:
+with the same seed and the same layers it resumes where the results file ends. --again runs the survivors in a results
+file against the tests of today. --all runs every test against each change and names all that fail: a test that is never
+the only one to fail is covered by others.
 """
 import argparse
 import collections
@@ -23,10 +23,10 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build/mutation"
 COPY, TREE = BUILD / "source", BUILD / "tree"
 USUAL_LAYERS = ["import", "timecode", "engine", "export", "session"]
-TIMEOUT = 90  # seconds, for a mutant that waits for ever; the longest test takes a quarter of this
+TIMEOUT = 90  # seconds, for a mutant that waits forever; the longest test takes a quarter of this
 
-# What may stand in for what, in lines whose texts are masked. The spaces around operators are those of clang-format;
-# they keep templates, pointers and references out.
+# What is replaced by what, in lines whose string literals are masked. The spaces around operators are those of
+# clang-format; they keep templates, pointers and references out.
 SWAPS = [
     (r" < ", " <= "), (r" <= ", " < "), (r" > ", " >= "), (r" >= ", " > "), (r" == ", " != "), (r" != ", " == "),
     (r"(?<!\0) \+ (?!\0|std::)", " - "), (r" - ", " + "), (r" \* (?=[\w(])", " / "), (r" / ", " * "), (r" % ", " / "),
@@ -43,13 +43,13 @@ SWAPS = [
 STATEMENT = re.compile(r"(\s+)(?!return|throw|break|continue)"
                        r"(?:\+\+[\w.>\[\]-]+|[\w:.>\[\]*()-]+(?: [-+*]?= .*|\(.*\)));$")
 TEXT = re.compile(r'"(?:\\.|[^"\\])*"|\'(?:\\.|[^\'\\])\'')
-INLINE = re.compile(r"\{ .*; \}$")  # all else in headers declares; a default value there rebuilds half the program
+INLINE = re.compile(r"\{ .*; \}$")  # other lines of headers declare; a default value there rebuilds half the program
 FAILED = re.compile(r"^\[  FAILED  \] ([\w/.]+)(?:,| \()", re.M)
 DECLARATION = re.compile(r"\s*(#|template|namespace|using|static_assert)")
 
 
 def candidates(line, starts):
-    """All changed forms of a line of code; none where only text, a comment or a declaration stands."""
+    """All changed forms of a line of code; none for a line of text, a comment or a declaration."""
     texts = TEXT.findall(line)
     code = TEXT.sub("\0", line).split("//")[0].rstrip()
     if DECLARATION.match(code):
@@ -69,7 +69,7 @@ def places(layers):
         for path in sorted((COPY / "src" / layer).glob("*.[hc]*")):
             before = ";"
             for number, line in enumerate(path.read_text().split("\n")):
-                # A statement alone can go; half of one that goes on over several lines cannot.
+                # A whole statement can be dropped, but not one line of a longer statement.
                 forms = candidates(line, before.endswith((";", "{", "}", ":", ")", "else")))
                 if forms:
                     yield path.relative_to(COPY).as_posix(), number, line, forms
@@ -77,13 +77,13 @@ def places(layers):
 
 
 def limit():
-    """A mutant may loop for ever, and take memory for ever too. The longest test takes half of this time alone."""
+    """A mutant may loop forever or take ever more memory. The longest test alone takes half of this time."""
     resource.setrlimit(resource.RLIMIT_CPU, (20, 20))
     resource.setrlimit(resource.RLIMIT_AS, (4 << 30, 4 << 30))
 
 
 def run(command, timeout=TIMEOUT, output=subprocess.DEVNULL):
-    """True when it succeeds in time. A program that hangs goes with all its children."""
+    """True when the command succeeds in time. A program that hangs is killed with all its children."""
     process = subprocess.Popen(command, cwd=TREE, stdin=subprocess.DEVNULL, stdout=output,
                                stderr=subprocess.DEVNULL, start_new_session=True, preexec_fn=limit)
     try:
@@ -107,7 +107,7 @@ def tests(layer):
                                        f"-DKEPT={COPY}/tests/replay/kept", "-P", COPY / "tests/replay/check_kept.cmake"]
     for rules in sorted((COPY / "tests/replay/rules").glob("*_rules.py")):
         yield rules.stem, "corvane_replay", ["python3", "-B", rules, "tests/replay/corvane_replay"]
-    if layer not in ("import", "session"):  # the replay and the workspace test them
+    if layer not in ("import", "session"):  # which the replay and the workspace tests cover
         yield layer, f"{layer}_tests", [own, "--gtest_fail_fast", "--gtest_filter=-*Laws*"]
     if layer in ("import", "engine", "export"):
         yield "random edits", "random_edits_tests", ["fuzz/edits/random_edits_tests"]
@@ -122,7 +122,7 @@ def tests(layer):
 
 
 def failures(name, command):
-    """The tests of a test program that fail by name; the program's own name when it does not say which."""
+    """The names of the failing tests of a test program; the program's own name when it does not say which."""
     with tempfile.TemporaryFile("w+") as output:
         if run([part for part in command if part != "--gtest_fail_fast"], output=output):
             return []
@@ -136,7 +136,7 @@ def verdict(path, number, original, mutated, every=False):
     whole = file.read_text()
     lines = whole.split("\n")
     if lines[number] != original:
-        raise SystemExit(f"{path}:{number + 1} is another line by now")
+        raise SystemExit(f"{path}:{number + 1} has changed since")
     lines[number] = mutated
     file.write_text("\n".join(lines))
     try:
@@ -156,7 +156,7 @@ def verdict(path, number, original, mutated, every=False):
 
 
 def make_copy(layers):
-    """Brings the copy up to date. What has changed must pass the tests first."""
+    """Brings the copy up to date. If anything changed, the tests must pass before the first mutation."""
     changed = not (TREE / "build.ninja").exists()
     names = subprocess.check_output(["git", "ls-files", "-z"], cwd=ROOT, text=True).split("\0")
     for name in filter(None, names):
@@ -167,17 +167,17 @@ def make_copy(layers):
             shutil.copymode(old, new)
             changed = True
     if not (TREE / "build.ninja").exists():
-        # A mutant may leave a variable unused; that is for the tests to notice, not for the compiler.
+        # A mutant may leave a variable unused; the tests are to catch that, not the compiler.
         subprocess.check_call(["cmake", "-G", "Ninja", "-S", COPY, "-B", TREE, "-DCMAKE_BUILD_TYPE=Release",
                                "-DCMAKE_CXX_FLAGS=-w", "-DCMAKE_CXX_FLAGS_RELEASE=-O1 -DNDEBUG",
                                "-DCORVANE_TESTS=ON", "-DCORVANE_STRESS=ON"])
     for name, target, command in {test[0]: test for layer in layers for test in tests(layer) if changed}.values():
         if not build(target) or not run(command):
-            raise SystemExit(f"{name} fails before anything is changed")
+            raise SystemExit(f"{name} fails even without a mutation")
 
 
 def rows(file):
-    """The rows of a file of results: place, original, mutated, verdict."""
+    """The rows of a results file: place, original, mutated, verdict."""
     return [line.split("\t") for line in file.read_text().splitlines()] if file.exists() else []
 
 

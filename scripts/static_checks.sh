@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# scripts/static_checks.sh [--deep]: cppcheck over all of src and clang-tidy over the layers between a document and the
-# files that an edit is kept and written in; with --deep clang-tidy over every source file (a quarter of an hour on two
-# processors). Ends with an error at the first finding.
+# scripts/static_checks.sh [--deep]: runs cppcheck over all of src, and clang-tidy over the layers that read documents and
+# make, keep and write edits; with --deep, clang-tidy over every source file (a quarter of an hour on two processors).
+# Stops with an error at the first finding.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 cd "$root"

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# scripts/strict_build.sh: everything, every warning an error, each source and each header with its own includes.
+# scripts/strict_build.sh: builds everything, with warnings as errors, and checks that each file has its own includes.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# tests/replay.sh < CASES > ANSWERS: what the program answers to cases of one JSON object a line. The build speaks on
+# tests/replay.sh < CASES > ANSWERS: prints the program's answers to cases, one JSON object per line. The build prints to
 # standard error only. Run it before and after a change to see what the change did.
 set -euo pipefail
 source "$(dirname "$0")/../scripts/common.sh"
