@@ -69,7 +69,7 @@ try {
     if (claim == SingleInstance::Claim::unanswered) {
         theme::apply(application);
         ModalAlerts().showAlert(
-            "Corvane is running already, but does not answer.", "Wait until it does, or end it and start again.");
+            "Corvane is already running but does not answer.", "Wait until it does, or end it and start again.");
         return 1;
     }
     if (startedByBus())

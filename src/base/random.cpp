@@ -34,7 +34,7 @@ private:
     void refill()
     {
         if (getentropy(block_.data(), blockSize) != 0)
-            throw PlatformError("The system's random generator gives no data.");
+            throw PlatformError("The system's random number generator returned no data.");
         used_ = 0;
     }
 

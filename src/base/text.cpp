@@ -27,7 +27,7 @@ namespace {
 void require(UErrorCode status)
 {
     if (U_FAILURE(status))
-        throw PlatformError(std::string("The text rules are not available: ") + u_errorName(status));
+        throw PlatformError(std::string("The ICU text services are not available: ") + u_errorName(status));
 }
 
 struct CloseText {

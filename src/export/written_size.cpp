@@ -42,7 +42,7 @@ void WrittenSize::check(std::size_t written) const
     const auto largest = std::ranges::max_element(kinds_, {}, [](const auto& kind) { return kind.second.written; });
     if (largest != kinds_.end()) {
         const auto& [kind, size] = *largest;
-        message += " Its " + std::to_string(clips_) + " clips repeat what the multicam clip holds as “" + kind +
+        message += " Its " + std::to_string(clips_) + " clips repeat the multicam clip's “" + kind +
                    "”: " + (size.items == 1 ? "" : std::to_string(size.items) + " items, ") + sizeText(size.bytes) +
                    ".";
     }

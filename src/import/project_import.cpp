@@ -77,7 +77,7 @@ void AngleReader::addCameraNames(
     if (cameraNameBytes > most)
         throw FinalCutImportError::invalid(
             "Camera " + angleName +
-            " has media with too many or too long camera names to be read. Remove those that are not needed in Final "
+            " has media with too many or too long camera names. Remove those that are not needed in Final "
             "Cut and export XML again.");
 }
 

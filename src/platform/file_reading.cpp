@@ -84,9 +84,7 @@ std::string readFile(const std::string& path, std::uint64_t most)
     refuseUnlessFile(path, facts); // it may have changed places with another
     const auto size = static_cast<std::uint64_t>(facts.st_size);
     if (size > most)
-        refuseFile(
-            cannotRead, path,
-            "it is larger than " + std::to_string(most >> 20U) + " MB, which is the most that it may have");
+        refuseFile(cannotRead, path, "it is larger than " + std::to_string(most >> 20U) + " MB, which is the limit");
     std::string bytes;
     int error = 0;
     try {

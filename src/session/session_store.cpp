@@ -30,7 +30,7 @@ void refuseUnreadable(const std::string& path, std::span<const std::string_view>
     if (size > largestSession)
         throw PlatformError(
             "Cannot write " + std::string(lastComponent(path)) + ": it would be larger than " +
-            std::to_string(largestSession >> 20U) + " MB, which is the most that can be read again.");
+            std::to_string(largestSession >> 20U) + " MB, which is the most that can be read back.");
 }
 
 } // namespace

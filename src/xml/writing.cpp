@@ -193,8 +193,8 @@ void writeElement(std::string& out, Element element, int level)
         appendNode(out, *element.node(), level, false);
     } catch (const TooLarge&) {
         throw PlatformError(
-            "The finished project would be larger than 512 MB, so it was not written. What “" + element.name() +
-            "” holds takes most of it. Remove what is not needed in Final Cut and export XML again.");
+            "The finished project would be larger than 512 MB, so it was not written. Most of it is in “" +
+            element.name() + "”. Remove what is not needed in Final Cut and export XML again.");
     }
 }
 

@@ -95,7 +95,7 @@ TEST(Reading, TakesNothingButFilesAndWaitsForNothing)
     std::filesystem::resize_file(folder.file("real"), (std::uintmax_t{1} << 20U) + 1);
     EXPECT_REFUSED(
         readFile(folder.file("real"), std::uint64_t{1} << 20U),
-        "Cannot read real: it is larger than 1 MB, which is the most that it may have.");
+        "Cannot read real: it is larger than 1 MB, which is the limit.");
 }
 
 /// Remembers what took another name.
