@@ -27,8 +27,8 @@ std::uint32_t byteAt(std::string_view bytes, std::size_t at)
     return at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : 0U;
 }
 
-/// Decodes four digits to three bytes and returns the bits of all four: above highestDigit where one was no digit. So
-/// a long text is decoded without a branch and judged once.
+/// Decodes four digits to three bytes and returns the values of all four, combined: above highestDigit if any character
+/// is not a digit. So a long text is decoded without branches and checked once at the end.
 std::uint32_t decodeGroup(const char* digits, char* bytes)
 {
     const auto value = [digits](std::size_t n) -> std::uint32_t {

@@ -8,14 +8,14 @@
 
 namespace corvane {
 
-/// A failure that the system or a library reports (file system, XML parser): what() is its own words, shown to the
-/// user as they stand.
+/// A failure that the system or a library reports (file system, XML parser). what() is shown to the user unchanged.
 class PlatformError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// What a person is told of a failure: its own words, or that there is not enough memory to `doWhat`.
+/// The sentence that tells the user about a failure: the exception's own text, or that there is not enough memory to
+/// `doWhat`.
 [[nodiscard]] inline std::string failureText(const std::exception& failure, std::string_view doWhat)
 {
     if (dynamic_cast<const std::bad_alloc*>(&failure) == nullptr)

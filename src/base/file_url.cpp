@@ -13,7 +13,7 @@ char upperCase(char c)
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
-/// Takes `prefix`, written in upper case, from the front of `text`, in whatever case it stands there.
+/// Removes `prefix`, given in upper case, from the start of `text`, ignoring case. False if it is not there.
 bool takePrefix(std::string_view& text, std::string_view prefix)
 {
     if (!std::ranges::equal(text.substr(0, prefix.size()), prefix, {}, upperCase))
@@ -28,7 +28,7 @@ bool standsForItself(char c)
            std::string_view("-._~/").find(c) != std::string_view::npos;
 }
 
-/// The byte that two hexadecimal digits give at the front of `text`.
+/// The byte that the two hexadecimal digits at the start of `text` stand for.
 std::optional<char> escapedByte(std::string_view text)
 {
     if (text.size() < 2)

@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-/// A UUID. It stays sixteen bytes until it is written.
+/// A UUID, as sixteen bytes.
 struct Identifier {
     std::array<std::uint8_t, 16> bytes{};
 
@@ -23,7 +23,7 @@ struct Identifier {
     [[nodiscard]] static std::optional<Identifier> parse(std::string_view text);
 };
 
-/// Gives a new identifier at each call.
+/// Returns a new identifier at each call.
 using IdentifierSource = std::function<Identifier()>;
 
 /// Random (version 4) identifiers from the system's secure generator.

@@ -38,8 +38,8 @@ bool readWhole(std::string_view text, double& value)
     return error == std::errc{} && stop == end;
 }
 #else
-/// For libraries whose from_chars reads no floating-point number (libc++ before 20). The C library's reader takes more
-/// than decimal numbers, and asks a locale for the decimal point: the text is looked at first, and the locale is "C".
+/// For standard libraries whose from_chars does not read floating-point numbers (libc++ before 20). strtod accepts more
+/// than decimal numbers and takes the decimal point from a locale, so the text is checked first and the locale is "C".
 bool readWhole(std::string_view text, double& value)
 {
     static const locale_t plain = ::newlocale(LC_ALL_MASK, "C", nullptr);
@@ -50,7 +50,7 @@ bool readWhole(std::string_view text, double& value)
     value = ::strtod_l(terminated.c_str(), &stop, plain);
     if (stop != terminated.c_str() + terminated.size())
         return false;
-    // A number that is too small for a double is none, as where from_chars reads it.
+    // A number too small for a double is refused, as by from_chars.
     const std::string_view digits = text.substr(0, text.find_first_of("eE"));
     return value != 0 || digits.find_first_of("123456789") == std::string_view::npos;
 }
@@ -72,7 +72,7 @@ std::optional<std::int64_t> readInteger(std::string_view text)
 std::optional<double> readNumber(std::string_view text)
 {
     text = withoutPlus(text);
-    // from_chars reads "inf" and "nan" too; a number here begins with a digit or a point.
+    // from_chars also reads "inf" and "nan"; a number must begin with a digit or a point.
     const std::size_t first = !text.empty() && text[0] == '-' ? 1 : 0;
     if (first >= text.size() || (!isDigit(text[first]) && text[first] != '.'))
         return std::nullopt;

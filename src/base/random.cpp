@@ -12,7 +12,8 @@ namespace corvane {
 
 namespace {
 
-/// The most that getentropy gives at one call. Asking for it in such blocks keeps a draw at a few nanoseconds.
+/// The most bytes that one call of getentropy returns. Fetching whole blocks keeps the cost of a draw at a few
+/// nanoseconds.
 constexpr std::size_t blockSize = 256;
 
 class EntropyBuffer {

@@ -6,14 +6,15 @@
 
 namespace corvane {
 
-/// Gives one uniform double in [0, 1) at each call. Generation takes its draws from one of these, so that a list of
-/// draws gives the same cut list again.
+/// Returns a uniform random number in [0, 1) at each call. Generation takes one as a parameter, so that the same
+/// sequence of draws always gives the same cut list.
 using UniformDraws = std::function<double()>;
 
-/// Draws of 53 random bits scaled by 2^-53 from the system's secure generator; nothing is seeded and nothing kept.
+/// Draws of 53 random bits, scaled by 2^-53, from the system's secure generator. There is no seed, and no draw is
+/// recorded.
 [[nodiscard]] UniformDraws secureDraws();
 
-/// Fills `bytes` from the system's secure generator. Fails with PlatformError where the system has none to give.
+/// Fills `bytes` from the system's secure generator. Throws PlatformError if the generator fails.
 void fillWithRandomBytes(std::span<std::byte> bytes);
 
 } // namespace corvane

@@ -35,14 +35,14 @@ struct CloseText {
 };
 using OpenText = std::unique_ptr<UText, CloseText>;
 
-/// The text as far as ICU's 32-bit indices reach: no name and no timecode is that long.
+/// The text, cut at what ICU's 32-bit indices can address; no name or timecode is that long.
 icu::StringPiece piece(std::string_view text)
 {
     constexpr std::size_t longest = std::numeric_limits<std::int32_t>::max();
     return {text.data(), static_cast<std::int32_t>(std::min(text.size(), longest))};
 }
 
-/// UTF-8 for ICU, whose native indices are then byte offsets.
+/// Opens UTF-8 text for ICU, so that native indices are byte offsets.
 OpenText open(std::string_view text)
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -51,7 +51,7 @@ OpenText open(std::string_view text)
     return opened;
 }
 
-/// Ends of user-perceived characters, one after the other, as byte offsets.
+/// Iterates over the ends of user-perceived characters, as byte offsets.
 class CharacterEnds {
 public:
     explicit CharacterEnds(std::string_view text) : text_(open(text))
@@ -90,7 +90,7 @@ private:
     std::unique_ptr<icu::BreakIterator> characters_;
 };
 
-/// Where the first `count` code points end, and where the last begin, as byte offsets.
+/// Where the first `count` code points end and where the last `count` begin, as byte offsets.
 std::size_t endOfFirst(std::string_view text, std::size_t count)
 {
     const OpenText opened = open(text);
@@ -107,7 +107,7 @@ std::size_t startOfLast(std::string_view text, std::size_t count)
     return static_cast<std::size_t>(utext_getNativeIndex(opened.get()));
 }
 
-/// The mark in place of a control, or none for what is drawn as it is.
+/// The mark that replaces a control character; empty for characters that are drawn unchanged.
 std::string_view markOf(UChar32 c)
 {
     switch (c) {
@@ -132,19 +132,19 @@ std::string_view markOf(UChar32 c)
     case 0x202E:
     case 0x2067:
         return "⇇";
-    case 0x202C: // the ends of these, and the isolate whose direction its own text decides
+    case 0x202C: // the ends of these, and the isolate that takes its direction from its text
     case 0x2068:
     case 0x2069:
         return "⇄";
-    case 0xFFFC: // object replacement: a picture that is not there
+    case 0xFFFC: // object replacement character: stands for an embedded object, which names never have
         return "�";
     default:
         return u_charType(c) == U_CONTROL_CHAR || U_IS_UNICODE_NONCHAR(c) ? "�" : "";
     }
 }
 
-/// What is left for a search: no case, no marks on letters. Composed again, so that a Korean syllable is one
-/// character and not the beginning of another.
+/// The text as it is searched: without case and diacritics. It is composed again, so that a Korean syllable is one
+/// character and does not match the start of another.
 std::string searchForm(std::string_view text)
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -273,9 +273,9 @@ NameOrder::NameOrder(const std::string& language)
     const icu::Locale locale = language.empty() ? icu::Locale::getRoot() : icu::Locale(language.c_str());
     std::unique_ptr<icu::Collator> rules(icu::Collator::createInstance(locale, status));
     require(status);
-    rules->setStrength(icu::Collator::SECONDARY); // letters, then accents; not case
+    rules->setStrength(icu::Collator::SECONDARY); // letters, then accents, never case
     rules->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
-    rules->setAttribute(UCOL_ALTERNATE_HANDLING, UCOL_NON_IGNORABLE, status); // blanks are characters
+    rules->setAttribute(UCOL_ALTERNATE_HANDLING, UCOL_NON_IGNORABLE, status); // spaces are characters
     rules->setAttribute(UCOL_NORMALIZATION_MODE, UCOL_ON, status);
     require(status);
     collator_ = std::make_unique<const Collator>(Collator{std::move(rules)});

@@ -4,15 +4,15 @@
 
 namespace corvane {
 
-/// A moment of the wall clock as the files keep it: seconds since 2001-01-01 00:00:00 UTC, fractions allowed.
+/// A point in time as the files store it: seconds since 2001-01-01 00:00:00 UTC, with fractions.
 struct Timestamp {
     double seconds = 0;
 
     bool operator==(const Timestamp&) const = default;
 
     [[nodiscard]] static Timestamp now();
-    /// ISO 8601 in UTC with whole seconds, a fraction dropped downwards: "2026-11-16T20:33:38Z". Moments outside the
-    /// years 0 to 9999, and those that are no number, are written as the nearest one inside.
+    /// ISO 8601 in UTC, rounded down to whole seconds: "2026-11-16T20:33:38Z". Times outside the years 0 to 9999 are
+    /// written as the nearest time inside, and NaN as the earliest.
     [[nodiscard]] std::string isoText() const;
 };
 
