@@ -47,8 +47,8 @@ void Element::readAttributes(
         const std::string_view attributeName = view(attribute->name);
         const auto asked = std::ranges::find(names, attributeName);
         if (asked == names.end())
-            continue; // the value of this one is not even looked at
-        // Entities are substituted while parsing, so that a value is one text node, or none when it is empty.
+            continue; // does not read this attribute's value
+        // Entities are substituted while parsing, so that a value is a single text node, or none if it is empty.
         const xmlNode* text = attribute->children;
         values[static_cast<std::size_t>(asked - names.begin())] =
             text == nullptr ? std::string_view() : view(text->content);

@@ -12,28 +12,28 @@
 struct _xmlDoc;
 struct _xmlNode;
 
-/// XML documents to read: libxml2 behind values that cannot leak. Names are compared as they are written, prefix
-/// included; text, comments and processing instructions are skipped where elements are asked for.
+/// Reading XML documents: libxml2 wrapped in types that cannot leak. Names are compared as written, including the
+/// prefix. Functions that return elements skip text, comments and processing instructions.
 namespace corvane::xml {
 
 class ElementIterator;
 struct ElementRange;
 
-/// An element of a document: a light handle that stays valid as long as any copy of its Document lives.
+/// An element of a document: a lightweight handle that is valid as long as any copy of its Document exists.
 class Element {
 public:
     explicit Element(_xmlNode* node) : node_(node) {}
 
     bool operator==(const Element&) const = default;
 
-    /// The name as written; plainName() is the same without a copy, and empty for a name with a prefix.
+    /// The name as written. plainName() does not copy it, and is empty for a name with a prefix.
     [[nodiscard]] std::string name() const;
     [[nodiscard]] std::string_view plainName() const;
     [[nodiscard]] bool named(std::string_view name) const { return plainName() == name; }
 
-    /// The attribute's text; none when the attribute is absent, which is not the same as empty.
+    /// The attribute's value; none if there is no such attribute, which is not the same as an empty value.
     [[nodiscard]] std::optional<std::string_view> attribute(std::string_view name) const;
-    /// The values of several attributes in one sweep, in the order of `names`.
+    /// The values of several attributes, in the order of `names`, found in one pass.
     template <std::size_t count>
     [[nodiscard]] std::array<std::optional<std::string_view>, count> attributes(
         const std::array<std::string_view, count>& names) const
@@ -43,7 +43,7 @@ public:
         return values;
     }
 
-    /// The element around this one; none for the root.
+    /// The parent element; none for the root.
     [[nodiscard]] std::optional<Element> parent() const;
     /// The child elements, in document order.
     [[nodiscard]] ElementRange children() const;
@@ -51,7 +51,7 @@ public:
     /// The elements below this one, at any depth, in document order.
     [[nodiscard]] ElementRange descendants() const;
 
-    /// For this library's own sources.
+    /// For the source files of this layer only.
     [[nodiscard]] _xmlNode* node() const { return node_; }
 
 private:
@@ -61,7 +61,7 @@ private:
     _xmlNode* node_;
 };
 
-/// Walks elements in document order: the siblings from one on, or everything below one.
+/// Iterates over elements in document order: over an element and its following siblings, or over all its descendants.
 class ElementIterator {
 public:
     using value_type = Element;
@@ -95,16 +95,16 @@ struct ElementRange {
     [[nodiscard]] static ElementIterator end() { return {}; }
 };
 
-/// A parsed document. Copies share it; nothing changes it.
+/// A parsed, immutable document. Copies share it.
 class Document {
 public:
-    /// Reads a whole document. Nothing outside the bytes is ever loaded, and blanks that only set elements apart are
-    /// left out. The first fatal error refuses, as do an entity that the document does not define and more of
-    /// anything than projects hold (ParserLimits): PlatformError with what is wrong at which line and column, what to
-    /// do and, in brackets, the parser's words.
+    /// Reads a whole document. Nothing outside `bytes` is ever loaded, and white space that only separates elements is
+    /// dropped. Throws PlatformError at the first fatal error, for an entity that the document does not define, and for
+    /// more of anything than real projects contain (ParserLimits). The message says what is wrong, at which line and
+    /// column, what to do and, in brackets, the parser's words.
     [[nodiscard]] static Document parse(std::string_view bytes);
 
-    /// None when the document has no element.
+    /// None if the document has no element.
     [[nodiscard]] std::optional<Element> root() const;
 
 private:

@@ -4,7 +4,7 @@
 
 namespace corvane::xml {
 
-/// A text of libxml2, which ends with a zero byte; null is empty.
+/// A zero-terminated text of libxml2; a null pointer gives an empty text.
 inline std::string_view view(const unsigned char* text)
 {
     return text == nullptr ? std::string_view() : std::string_view(reinterpret_cast<const char*>(text));

@@ -6,24 +6,24 @@ namespace corvane::xml {
 
 namespace {
 
-// Final Cut writes an empty document type, some thirty attributes in a tag, and elements in some ten levels.
+// Final Cut writes an empty document type, up to thirty or so attributes in a tag, and about ten levels of elements.
 constexpr std::size_t mostDocumentTypeBytes = std::size_t{64} << 10U;
-constexpr std::size_t mostDeclarations = 200;             ///< each attribute is one
-constexpr std::size_t mostGrowth = std::size_t{1} << 20U; ///< beside twice the size of the document
-constexpr std::size_t enormous = std::size_t{1} << 40U;   ///< of sizes that are added up
+constexpr std::size_t mostDeclarations = 200;             ///< each declared attribute counts as one
+constexpr std::size_t mostGrowth = std::size_t{1} << 20U; ///< in addition to twice the size of the document
+constexpr std::size_t enormous = std::size_t{1} << 40U;   ///< caps sizes that are added up
 constexpr std::size_t mostLevels = 256;
 constexpr std::size_t mostAttributes = 500;
-constexpr std::size_t mostNamespaces = 1'000; ///< a written project declares all that were around it at once
-constexpr std::size_t mostText = 10'000'000;  ///< which is the most that the parser takes of anything else
+constexpr std::size_t mostNamespaces = 1'000; ///< a written project declares all enclosing ones in one place
+constexpr std::size_t mostText = 10'000'000;  ///< the parser's own limit for everything else
 constexpr int mostNames = 100'000;
 constexpr std::size_t longSilence = std::size_t{64} << 10U; ///< bytes: a tag, or a long comment
-constexpr std::ptrdiff_t mostEqualSigns = 10'000;           ///< after it: a tag, with about as many attributes
+constexpr std::ptrdiff_t mostEqualSigns = 10'000;           ///< since then: it is a tag, with about as many attributes
 
 } // namespace
 
 std::string_view ParserLimits::next(std::size_t room)
 {
-    constexpr std::size_t smallPiece = 1'024; // small where the bytes of the document type are counted
+    constexpr std::size_t smallPiece = 1'024; // small, to count the bytes of the document type closely
     if (documentType_ && given_ - *documentType_ > mostDocumentTypeBytes)
         tooMuch("The document type of this file is longer than 64 kB");
     if (equalSigns_ > mostEqualSigns)
@@ -65,7 +65,7 @@ std::size_t ParserLimits::wholeSize(std::string_view entity)
         return 0;
     if (found->second.wholeSize)
         return *found->second.wholeSize;
-    found->second.wholeSize = 0; // so that a circle, which the parser refuses, has an end here
+    found->second.wholeSize = 0; // so that this ends for a circle, which the parser refuses
     const std::string_view text = found->second.text;
     std::size_t size = text.size();
     for (std::size_t at = text.find('&'); at != std::string_view::npos; at = text.find('&', at + 1))

@@ -18,14 +18,14 @@
 #include <string>
 #include <vector>
 
-// Newer versions of the library mark as old what older ones have nothing else for.
+// Newer versions of the library deprecate functions for which older versions have no replacement.
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
 
 namespace corvane::xml {
 
 namespace {
 
-/// Whether a prefix must not stand for an address. Two addresses and their prefixes belong to XML itself.
+/// True if the prefix must not be bound to the address: two addresses and their prefixes are reserved by XML itself.
 bool isForbidden(std::string_view prefix, std::string_view address)
 {
     return (prefix == "xml") != (address == "http://www.w3.org/XML/1998/namespace") || prefix == "xmlns" ||
@@ -37,7 +37,7 @@ void addCharacters(xmlParserCtxtPtr parser, std::string_view text)
     xmlSAX2Characters(parser, reinterpret_cast<const xmlChar*>(text.data()), static_cast<int>(text.size()));
 }
 
-/// With what a failure left half made in it.
+/// Frees the parser together with the unfinished document that a failure leaves in it.
 struct FreeParser {
     void operator()(xmlParserCtxtPtr parser) const
     {
@@ -46,7 +46,7 @@ struct FreeParser {
     }
 };
 
-/// How many levels of elements these siblings hold; never many more than the limit.
+/// How many levels of elements these siblings have below them. Stops soon after the limit.
 std::size_t levelsFrom(const xmlNode* first)
 {
     std::size_t most = 0;
@@ -57,32 +57,32 @@ std::size_t levelsFrom(const xmlNode* first)
     return most;
 }
 
-/// A start tag as the parser gives it.
+/// A start tag as the parser reports it.
 struct StartTag {
     std::string_view prefix;
     const xmlChar* name;
     std::span<const xmlChar*> namespaces; ///< of each: prefix, address
-    std::span<const xmlChar*> attributes; ///< of each: name, prefix, address, begin and end of the value
+    std::span<const xmlChar*> attributes; ///< for each: name, prefix, address, begin and end of the value
 };
 
-/// One way through a document, within the limits. It decides which blanks are text: in an element that holds text, and
-/// below it, all are; elsewhere those that only set elements apart are left out. Every event comes with a parser, the
-/// one started here or one that the library makes for the text of an entity.
+/// Reads a document once, within the limits, and decides which white space is kept: all of it in an element that
+/// contains text and in its descendants; elsewhere white space that only separates elements is dropped. Every event
+/// names a parser, either the one started here or one that the library creates for the text of an entity.
 class Reading {
 public:
     Reading(std::string_view bytes, bool keepsBlanks);
 
-    /// Fails with PlatformError, or std::bad_alloc where the library ran out of memory.
+    /// Throws PlatformError, or std::bad_alloc if the library ran out of memory.
     [[nodiscard]] std::shared_ptr<xmlDoc> document();
-    /// True when blanks were left out before it turned out that they stand beside text.
+    /// True if white space was dropped before it turned out to be next to text.
     [[nodiscard]] bool lostBlanks() const { return lostBlanks_; }
 
 private:
-    /// An element that is open.
+    /// An element whose end tag has not been read yet.
     struct Level {
-        bool asItStands = false; ///< every blank in it counts
-        bool nodes = false;      ///< it holds something beside text
-        bool leftOut = false;    ///< blanks in it or below it were left out
+        bool asItStands = false; ///< all white space in it is kept
+        bool nodes = false;      ///< it contains something other than text
+        bool leftOut = false;    ///< white space in it or below it was dropped
         std::size_t namespaces = 0;
         std::size_t text = 0; ///< bytes
     };
@@ -97,7 +97,7 @@ private:
     void refuse(const ParserComplaint& complaint);
     [[nodiscard]] std::string place() const;
 
-    /// Counts something; refuses when it is too much.
+    /// Counts something, and refuses the document if that exceeds a limit.
     template <class Count>
     void count(const Count& count);
     void measure(const StartTag& tag);
@@ -114,10 +114,10 @@ private:
     bool keepsBlanks_;
     std::unique_ptr<xmlParserCtxt, FreeParser> parser_;
     ParserLimits limits_;
-    std::string refusal_; ///< once there is one, the parser gets no more bytes
+    std::string refusal_; ///< once set, the parser gets no more bytes
     std::vector<Level> levels_;
     std::size_t namespaces_ = 0; ///< in scope
-    std::string blanks_;         ///< the last text, when what follows decides whether it counts
+    std::string blanks_;         ///< the last text, if what follows decides whether it is kept
     bool lostBlanks_ = false;
 };
 
@@ -168,7 +168,7 @@ void Reading::listenToEntities()
         if (type == XML_INTERNAL_GENERAL_ENTITY) {
             of(parser).limits_.entity(view(name), view(text));
             xmlSAX2EntityDecl(parser, name, type, publicID, systemID, text);
-        } else if (type == XML_EXTERNAL_GENERAL_PARSED_ENTITY) { // as one that is no text, and without its place
+        } else if (type == XML_EXTERNAL_GENERAL_PARSED_ENTITY) { // declared as one that is not text, without a location
             xmlSAX2UnparsedEntityDecl(parser, name, nullptr, nullptr, reinterpret_cast<const xmlChar*>(""));
         } else {
             of(parser).count([name](ParserLimits& limits) { limits.parameterEntity(view(name)); });
@@ -187,7 +187,7 @@ void Reading::listenToEntities()
             of(parser).copyFollows(entity->children);
         if (of(parser).refusal_.empty())
             return entity;
-        parser->wellFormed = 0; // or the library would look for it itself
+        parser->wellFormed = 0; // otherwise the library would look for it itself
         return nullptr;
     };
 }
@@ -208,7 +208,7 @@ void Reading::listenToContents()
             return;
         if (!of(parser).knowsNamespace(static_cast<xmlParserCtxtPtr>(parser), tag))
             address = nullptr;
-        constexpr int leftOut = 0; // none: what is there by default counts, since no document type is written
+        constexpr int leftOut = 0; // none: default attributes are kept, since no document type is written
         xmlSAX2StartElementNs(parser, name, prefix, address, spaces, spaceList, count, leftOut, list);
         of(parser).checkNames(static_cast<xmlParserCtxtPtr>(parser), tag);
     };
@@ -220,7 +220,7 @@ void Reading::listenToContents()
         const std::string_view whole(reinterpret_cast<const char*>(text), static_cast<std::size_t>(size));
         of(parser).text(static_cast<xmlParserCtxtPtr>(parser), whole);
     };
-    events.ignorableWhitespace = events.characters; // what can be ignored is decided here
+    events.ignorableWhitespace = events.characters; // this class decides what to ignore
     events.cdataBlock = [](void* parser, auto... text) {
         of(parser).textFollows(static_cast<xmlParserCtxtPtr>(parser));
         xmlSAX2CDataBlock(parser, text...);
@@ -244,8 +244,8 @@ int Reading::read(void* self, char* out, int room)
     return static_cast<int>(piece.copy(out, piece.size()));
 }
 
-/// Fatal errors refuse. So does an entity that nothing is known of, which is none to the library where a part of the
-/// document type stands elsewhere, and so do names that the library takes and other readers do not.
+/// Refuses the document after a fatal error, for an undefined entity (which is no fatal error to the library if a part
+/// of the document type is in another file), and for names that the library accepts and other readers refuse.
 template <class Error>
 void Reading::onError(void* parser, Error* error)
 {
@@ -263,7 +263,7 @@ void Reading::refuse(const ParserComplaint& complaint)
         refusal_ = refusalText(complaint, place(), bytes_);
 }
 
-/// In the document, even while the text of an entity is read.
+/// The position in the document itself, even while the text of an entity is read.
 std::string Reading::place() const
 {
     const xmlParserInput* input = parser_->inputNr > 0 ? *parser_->inputTab : nullptr;
@@ -288,7 +288,7 @@ void Reading::measure(const StartTag& tag)
     });
     if (!limits_.mayGrow())
         return;
-    // What is there by default cannot be told from what the tag says. Said, it takes at least these bytes.
+    // Default attributes look the same as those in the tag. In the tag, they would take at least this many bytes.
     std::size_t bytes = attributes * sizeof(R"( a="")") + namespaces * sizeof(R"( xmlns="")");
     for (std::size_t n = 0; n < attributes; ++n)
         bytes += static_cast<std::size_t>(tag.attributes[n * 5 + 4] - tag.attributes[n * 5 + 3]);
@@ -297,8 +297,8 @@ void Reading::measure(const StartTag& tag)
     count([bytes](ParserLimits& limits) { limits.growth(bytes); });
 }
 
-/// False for an element without a prefix that an entity holds and whose namespace is declared around the entity's use:
-/// older versions of the library do not find it and would write that there is none. It is that of the place.
+/// False for an element without a prefix in an entity whose default namespace is declared where the entity is used:
+/// older versions of the library do not find that namespace and would write that there is none.
 bool Reading::knowsNamespace(xmlParserCtxtPtr parser, const StartTag& tag) const
 {
     for (std::size_t n = 0; n < tag.namespaces.size(); n += 2) {
@@ -308,7 +308,7 @@ bool Reading::knowsNamespace(xmlParserCtxtPtr parser, const StartTag& tag) const
     return !limits_.mayGrow() || !tag.prefix.empty() || xmlSearchNs(parser->myDoc, parser->node, nullptr) != nullptr;
 }
 
-/// The library looks less closely at what a document type or an entity brings into a tag than at what stands in it.
+/// The library checks names that come from a document type or an entity less strictly than names in the tag itself.
 void Reading::checkNames(xmlParserCtxtPtr parser, const StartTag& tag)
 {
     if (!limits_.mayGrow() || parser->node == nullptr)
@@ -354,7 +354,7 @@ void Reading::close(xmlParserCtxtPtr parser)
     if (levels_.empty())
         return;
     if (!levels_.back().nodes && !blanks_.empty())
-        textFollows(parser); // the blanks are all that it holds
+        textFollows(parser); // white space is all that it contains
     nodeFollows();
     const Level closed = levels_.back();
     levels_.pop_back();
@@ -379,7 +379,7 @@ void Reading::text(xmlParserCtxtPtr parser, std::string_view text)
     addCharacters(parser, text);
 }
 
-/// Text follows in the element that is open: the blanks before it count, and so do all others in it.
+/// Text follows in the open element, so the white space before it, and all other white space in the element, is kept.
 void Reading::textFollows(xmlParserCtxtPtr parser)
 {
     limits_.contents();
@@ -393,7 +393,7 @@ void Reading::textFollows(xmlParserCtxtPtr parser)
     blanks_.clear();
 }
 
-/// The library copies what an entity stands for when it is used again, and tells of nothing in it.
+/// When an entity is used again, the library copies its content without reporting it.
 void Reading::copyFollows(const xmlNode* first)
 {
     if (levels_.empty())
@@ -406,7 +406,7 @@ void Reading::copyFollows(const xmlNode* first)
     });
 }
 
-/// Something else follows in it: the blanks before that only set it apart.
+/// Something other than text follows in the open element, so the white space before it only separates elements.
 void Reading::nodeFollows()
 {
     limits_.contents();

@@ -7,7 +7,7 @@ struct _xmlDoc;
 
 namespace corvane::xml {
 
-/// The tree of a document, as Document::parse() describes it; for this library's own sources.
+/// Parses a document into a tree as Document::parse() describes. For the source files of this layer only.
 [[nodiscard]] std::shared_ptr<_xmlDoc> readDocument(std::string_view bytes);
 
 } // namespace corvane::xml

@@ -8,8 +8,8 @@ namespace corvane::xml {
 
 namespace {
 
-/// The first character that is no blank, in any of the encodings that keep the characters of XML's own as they are;
-/// zero when there is none.
+/// The first character that is not white space, in UTF-8, UTF-16 or any other encoding that keeps the values of ASCII;
+/// zero if there is none.
 char firstSign(std::string_view document)
 {
     using namespace std::string_view_literals;
@@ -22,11 +22,11 @@ bool isAboutEntity(int code)
     return code == XML_ERR_UNDECLARED_ENTITY || code == XML_WAR_UNDECLARED_ENTITY || code == XML_ERR_UNPARSED_ENTITY;
 }
 
-/// Whether the parser has met one of its own limits. Older versions say so in words only.
+/// True if the parser has reached one of its own limits. Older versions of the library say so only in words.
 bool isTooLarge(const ParserComplaint& complaint, std::string_view document)
 {
-    constexpr int resourceLimit = 114;               // XML_ERR_RESOURCE_LIMIT, which older versions do not have
-    constexpr std::size_t longestPiece = 10'000'000; // and of something that has no end it says the same
+    constexpr int resourceLimit = 114;               // XML_ERR_RESOURCE_LIMIT, which older versions lack
+    constexpr std::size_t longestPiece = 10'000'000; // the parser reports something without an end in the same way
     switch (complaint.code) {
     case XML_ERR_INTERNAL_ERROR:
     case XML_ERR_ELEMCONTENT_NOT_FINISHED:
@@ -47,7 +47,7 @@ bool isTooLarge(const ParserComplaint& complaint, std::string_view document)
     }
 }
 
-/// The name that a complaint is about, as it stands in the document, or as much of it as the parser tells.
+/// The name that an error is about, as written in the document or as much of it as the parser reports.
 std::string nameIn(const ParserComplaint& complaint)
 {
     const std::string name(complaint.name);

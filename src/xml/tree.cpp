@@ -8,7 +8,7 @@ namespace corvane::xml {
 
 namespace {
 
-/// libxml2 reads names up to their terminating zero.
+/// A zero-terminated copy of a name, as libxml2 needs it.
 class Text {
 public:
     explicit Text(std::string_view text) : text_(text) {}
@@ -59,7 +59,7 @@ Element Tree::root() const
 void Tree::declareNamespaces(Element source)
 {
     for (const xmlNs* space = source.node()->nsDef; space != nullptr; space = space->next)
-        xmlNewNs(root().node(), space->href, space->prefix); // refuses a prefix that is declared here already
+        xmlNewNs(root().node(), space->href, space->prefix); // refuses a prefix that is already declared here
 }
 
 void Tree::setAttribute(Element element, std::string_view name, std::string_view value)

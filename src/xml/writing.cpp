@@ -14,7 +14,8 @@ namespace {
 
 enum class Place { content, attribute };
 
-/// What is written for a character that a reader would take for something else; nothing when it can stand as it is.
+/// The reference for a character that readers would otherwise change or misread; empty if the character can be written
+/// unchanged.
 std::string_view reference(char character, Place place)
 {
     const bool inAttribute = place == Place::attribute;
@@ -26,9 +27,9 @@ std::string_view reference(char character, Place place)
     case '>':
         return "&gt;";
     case '\r':
-        return "&#13;"; // readers make a line feed of it
+        return "&#13;"; // otherwise readers turn it into a line feed
     case '\n':
-        return inAttribute ? "&#10;" : ""; // and a blank of each of these
+        return inAttribute ? "&#10;" : ""; // otherwise readers turn both of these into spaces
     case '\t':
         return inAttribute ? "&#9;" : "";
     case '"':
@@ -38,7 +39,7 @@ std::string_view reference(char character, Place place)
     }
 }
 
-/// The one way in which text gets into a document.
+/// All text is written through this function.
 void appendEscaped(std::string& out, std::string_view text, Place place)
 {
     std::size_t written = 0;
@@ -112,7 +113,7 @@ bool keepsSpace(const xmlNode& element)
     return false;
 }
 
-/// True when blanks and line feeds between the children would change what the element says.
+/// True if indenting the children would change the element's content.
 bool holdsText(const xmlNode& element)
 {
     bool onlyText = true;
@@ -132,7 +133,7 @@ void appendNode(std::string& out, const xmlNode& node, int level, bool asItStand
 
 void appendLine(std::string& out, int level)
 {
-    constexpr int deepest = 30; // deeper ones stand below each other
+    constexpr int deepest = 30; // below this, levels are no longer indented further
     out += '\n';
     out.append(static_cast<std::size_t>(std::min(level, deepest)) * 2, ' ');
 }
@@ -160,16 +161,16 @@ void appendElement(std::string& out, const xmlNode& element, int level, bool asI
     out += '>';
 }
 
-/// Whether a reader finds the same text in a section. Sections that stand side by side are one since they were read.
+/// True if readers get the same text back from a CDATA section. Adjacent sections were joined when they were read.
 bool fitsIntoSection(std::string_view text)
 {
     return text.find('\r') == std::string_view::npos && text.find("]]>") == std::string_view::npos;
 }
 
-/// There are no other kinds: an entity is either replaced by its text while a document is read, or refused.
+/// There are no other kinds of nodes: while a document is read, every entity is either replaced by its text or refused.
 void appendNode(std::string& out, const xmlNode& node, int level, bool asItStands)
 {
-    if (out.size() > mostWritten) // no node alone takes far more
+    if (out.size() > mostWritten) // a single node cannot be much larger
         throw TooLarge();
     const std::string_view content = node.type == XML_ELEMENT_NODE ? std::string_view() : view(node.content);
     if (node.type == XML_ELEMENT_NODE) {

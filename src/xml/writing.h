@@ -9,20 +9,18 @@
 
 namespace corvane::xml {
 
-/// The most bytes that a document may have when it is written.
+/// The largest document that may be written, in bytes.
 constexpr std::size_t mostWritten = std::size_t{512} << 20U;
 
-/// Appends the element as UTF-8 text, its children indented by two blanks a level from `level` on, without a line
-/// feed before or after. An element that holds text is written as it stands, with everything below it. Namespaces
-/// declared above the element are not declared again. Fails with PlatformError when `out` becomes larger than
-/// mostWritten.
+/// Appends the element as UTF-8 text, indented by two spaces per level beginning with `level`, without a line feed
+/// before or after. An element that contains text is written unchanged, including all its descendants. Namespaces
+/// declared above the element are not declared again. Throws PlatformError if `out` becomes larger than mostWritten.
 void writeElement(std::string& out, Element element, int level);
 
-/// The element's start tag without the attributes of these names and without its closing ">" or "/>". There is no
-/// other ">" in it.
+/// The element's start tag without the named attributes and without the closing ">" or "/>". It contains no other ">".
 [[nodiscard]] std::string openTag(Element element, std::initializer_list<std::string_view> without = {});
 
-/// True for an element without children of any kind, which closes itself.
+/// True for an element without children of any kind, which is written as "<name/>".
 [[nodiscard]] bool isEmpty(Element element);
 
 } // namespace corvane::xml
