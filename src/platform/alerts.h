@@ -4,7 +4,7 @@
 
 namespace corvane {
 
-/// Tells the user something that has to be read.
+/// Shows messages that the user must read.
 class Alerts {
 public:
     Alerts() = default;
@@ -12,8 +12,8 @@ public:
     Alerts& operator=(const Alerts&) = delete;
     virtual ~Alerts() = default;
 
-    /// Returns at once. It is shown when those that wait already have been dismissed; one with the same texts as
-    /// another that was not dismissed yet is that one.
+    /// Returns at once. The alert is shown after those before it have been dismissed. An alert with the same texts as
+    /// one that has not been dismissed yet is not shown again.
     virtual void showAlert(const std::string& message, const std::string& informativeText) = 0;
 };
 

@@ -15,14 +15,14 @@ namespace corvane {
 
 namespace {
 
-/// The value of an environment variable when it is an absolute path; relative ones are to be ignored.
+/// The value of an environment variable if it is an absolute path; relative paths must be ignored.
 std::optional<std::string> absolutePathFrom(const char* variable)
 {
     const char* value = std::getenv(variable);
     return value != nullptr && *value == '/' ? std::optional<std::string>(value) : std::nullopt;
 }
 
-/// The home folder in the system's list of users, for programs that are started without an environment.
+/// The home folder in the system's user database, for programs that are started without environment variables.
 std::string listedHome()
 {
     constexpr std::size_t enough = std::size_t{1} << 16U;

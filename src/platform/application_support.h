@@ -5,12 +5,11 @@
 
 namespace corvane {
 
-/// A folder of the user's: what the environment variable names, where that is an absolute path, otherwise the folder
-/// `inHome` in the user's home. It need not be there. Fails with PlatformError where no home can be found.
+/// A folder of the user's: the one that the environment variable names, if that is an absolute path, otherwise the
+/// folder `inHome` in the user's home. It need not exist. Throws PlatformError if no home folder can be found.
 [[nodiscard]] std::string userFolder(const char* variable, std::string_view inHome);
 
-/// Where the user's programs keep their own data. The folder is shared by all of them: whoever asks appends "Corvane",
-/// the folder itself never holds that name.
+/// The folder in which the user's programs keep their data. All of them share it, so the caller appends "Corvane".
 class ApplicationSupport {
 public:
     ApplicationSupport() = default;
@@ -18,11 +17,11 @@ public:
     ApplicationSupport& operator=(const ApplicationSupport&) = delete;
     virtual ~ApplicationSupport() = default;
 
-    /// The folder, made when it is missing: XDG_DATA_HOME where that is an absolute path, otherwise .local/share in the
-    /// user's home. Fails with PlatformError.
+    /// The folder, created if it is missing: XDG_DATA_HOME if that is an absolute path, otherwise .local/share in the
+    /// user's home. Throws PlatformError.
     [[nodiscard]] virtual std::string folder();
 
-    /// This system's.
+    /// The implementation for this system.
     [[nodiscard]] static ApplicationSupport& system();
 };
 

@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-/// What asks the user for a file or a folder. Each call waits for the answer; none means cancelled.
+/// Asks the user for a file or a folder. Each call waits for the answer; none means that the user cancelled.
 class Dialogs {
 public:
     Dialogs() = default;
@@ -13,15 +13,16 @@ public:
     Dialogs& operator=(const Dialogs&) = delete;
     virtual ~Dialogs() = default;
 
-    /// One file or bundle; folders can be chosen, bundles are not browsed into.
+    /// Asks for one file or bundle. Bundles are chosen as a whole, not opened like folders.
     [[nodiscard]] virtual std::optional<std::string> chooseProject(const std::string& message) = 0;
-    /// A project was loaded from this file or bundle: the next choice of one begins beside it.
+    /// Call this after a project was loaded from this file or bundle: the next dialog for a project starts in its
+    /// folder.
     virtual void rememberProject(const std::string& location) = 0;
-    /// One folder, which may be made in the dialog. `firstFolder` is where to begin while none was remembered; empty
-    /// when nothing speaks for any.
+    /// Asks for one folder, which may be created in the dialog. The dialog starts in the remembered folder or, if there
+    /// is none, in `firstFolder`; `firstFolder` may be empty.
     [[nodiscard]] virtual std::optional<std::string> chooseFolder(
         const std::string& prompt, const std::string& message, const std::string& firstFolder) = 0;
-    /// Files were written to the folder that was chosen: the next choice begins there.
+    /// Call this after files were written to the chosen folder: the next dialog for a folder starts there.
     virtual void rememberFolder(const std::string& folder) = 0;
 };
 

@@ -15,12 +15,12 @@ namespace corvane {
 
 namespace {
 
-constexpr mode_t newFileMode = 0666;   // less the user's own mask
-constexpr mode_t newFolderMode = 0700; // folders are made for the program's own data, nobody else's business
+constexpr mode_t newFileMode = 0666;   // minus the user's umask
+constexpr mode_t newFolderMode = 0700; // folders hold the program's own data, which is private
 
 iovec block(std::string_view bytes)
 {
-    // The call only reads, but its record serves reading into blocks as well.
+    // writev only reads the bytes, but its record is shared with readv and so is not const.
     return {const_cast<char*>(bytes.data()), bytes.size()}; // NOLINT(cppcoreguidelines-pro-type-const-cast)
 }
 
@@ -38,7 +38,7 @@ int FileCalls::openNameless(const std::string& folder)
 
 std::ptrdiff_t FileCalls::write(int file, std::span<const std::string_view> parts)
 {
-    std::array<iovec, 1024> blocks{}; // Linux takes no more of them
+    std::array<iovec, 1024> blocks{}; // the most that Linux accepts
     const std::size_t count = std::min(parts.size(), blocks.size());
     std::transform(parts.begin(), parts.begin() + static_cast<std::ptrdiff_t>(count), blocks.begin(), block);
     return ::writev(file, blocks.data(), static_cast<int>(count));
@@ -55,7 +55,7 @@ void FileCalls::takeRights(int file, const std::string& model)
     if (::stat(model.c_str(), &facts) != 0)
         return;
     if (::fchown(file, static_cast<uid_t>(-1), facts.st_gid) != 0)
-        facts.st_mode &= ~static_cast<mode_t>(S_IRWXG); // what its group may do is not for another one
+        facts.st_mode &= ~static_cast<mode_t>(S_IRWXG); // another group must not get the old group's rights
     ::fchmod(file, facts.st_mode & static_cast<mode_t>(S_IRWXU | S_IRWXG | S_IRWXO));
 }
 
@@ -76,7 +76,7 @@ int FileCalls::renameToNew(const std::string& from, const std::string& to)
         return 0;
     if (errno != EINVAL && errno != ENOSYS)
         return -1;
-    // Network file systems know no such rename, but links, which never replace.
+    // Network file systems do not support such a rename, but they support links, which never replace.
     if (::link(from.c_str(), to.c_str()) != 0)
         return -1;
     ::unlink(from.c_str());
@@ -106,7 +106,7 @@ int FileCalls::makeFolder(const std::string& path)
 void surviveFileSizeLimit()
 {
     struct sigaction nothing{};
-    nothing.sa_handler = [](int) {}; // not SIG_IGN, which the programs that are started would inherit
+    nothing.sa_handler = [](int) {}; // not SIG_IGN, which child processes would inherit
     ::sigaction(SIGXFSZ, &nothing, nullptr);
 }
 

@@ -18,10 +18,10 @@ namespace {
 
 constexpr std::string_view cannotRead = "Cannot read";
 
-/// A file that is open for reading until the end of the scope.
+/// A file that stays open for reading until the end of the scope.
 class ReadableFile {
 public:
-    /// Nothing is waited for: neither for a pipe's writer nor for a terminal that would become this process's own.
+    /// Opening neither waits for a pipe's writer nor makes a terminal the controlling one.
     explicit ReadableFile(const std::string& path)
         : file_(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)) // NOLINT(*-vararg)
     {
@@ -49,7 +49,7 @@ void refuseUnlessFile(const std::string& path, const struct stat& facts)
         refuseFile(cannotRead, path, EISDIR);
 }
 
-/// 0, or the error. Reads what there is of `bytes.size()`, and leaves that.
+/// Returns 0 or the error. Reads up to `bytes.size()` bytes, and shortens `bytes` to what there was.
 int readInto(int file, std::string& bytes)
 {
     std::size_t length = 0;
@@ -60,7 +60,7 @@ int readInto(int file, std::string& bytes)
         if (some < 0)
             return errno;
         if (some == 0)
-            break; // it has become shorter meanwhile
+            break; // the file has become shorter meanwhile
         length += static_cast<std::size_t>(some);
     }
     bytes.resize(length);
@@ -73,7 +73,7 @@ std::string readFile(const std::string& path, std::uint64_t most)
 {
     struct stat facts{};
     if (::stat(path.c_str(), &facts) == 0)
-        refuseUnlessFile(path, facts); // before it is opened: that alone does something to a device
+        refuseUnlessFile(path, facts); // before opening it, because merely opening a device can have effects
     const ReadableFile file(path);
     if (!file.isOpen() || ::fstat(file.number(), &facts) != 0) {
         const int error = errno;
@@ -81,7 +81,7 @@ std::string readFile(const std::string& path, std::uint64_t most)
             refuseFile(cannotRead, path, *reason);
         refuseFile(cannotRead, path, error);
     }
-    refuseUnlessFile(path, facts); // it may have changed places with another
+    refuseUnlessFile(path, facts); // again, because it may have been replaced meanwhile
     const auto size = static_cast<std::uint64_t>(facts.st_size);
     if (size > most)
         refuseFile(cannotRead, path, "it is larger than " + std::to_string(most >> 20U) + " MB, which is the limit");
@@ -90,7 +90,7 @@ std::string readFile(const std::string& path, std::uint64_t most)
     try {
         bytes.resize(size);
         error = readInto(file.number(), bytes);
-    } catch (const std::bad_alloc&) { // to the user a file that is too large is one that cannot be read
+    } catch (const std::bad_alloc&) { // for the user, a file too large for the memory cannot be read
         error = ENOMEM;
     } catch (const std::length_error&) {
         error = ENOMEM;

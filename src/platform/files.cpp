@@ -31,10 +31,10 @@ bool isFolder(const std::string& path)
     return ::stat(path.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
 }
 
-/// An open file that is closed at the end of the scope.
+/// Closes an open file at the end of the scope.
 class OpenFile {
 public:
-    /// `file` is what opening it returned.
+    /// `file` is what the open call returned.
     OpenFile(FileCalls& calls, int file) : calls_(calls), file_(file) {}
     OpenFile(const OpenFile&) = delete;
     OpenFile& operator=(const OpenFile&) = delete;
@@ -52,7 +52,7 @@ private:
     int file_;
 };
 
-/// Takes what was written away from the beginning.
+/// Removes the bytes that were written from the start of `rest`.
 void dropWritten(std::span<std::string_view>& rest, std::size_t written)
 {
     while (!rest.empty() && written >= rest.front().size()) {
@@ -63,13 +63,13 @@ void dropWritten(std::span<std::string_view>& rest, std::size_t written)
         rest.front().remove_prefix(written);
 }
 
-/// What to write, and the file whose rights it takes; none for a file that is new.
+/// What to write, and the file whose mode and group to take; none for a new file.
 struct Content {
     std::span<const std::string_view> parts;
     const std::string* model = nullptr;
 };
 
-/// 0, or the error.
+/// Returns 0 or the error.
 int writeAndSync(FileCalls& calls, int file, const Content& content)
 {
     if (content.model != nullptr)
@@ -88,7 +88,7 @@ int writeAndSync(FileCalls& calls, int file, const Content& content)
     return calls.sync(file) == 0 ? 0 : errno;
 }
 
-/// 0, or the error. File systems that cannot sync a folder say EINVAL; there is nothing more to do on them.
+/// Returns 0 or the error. File systems that cannot sync a folder return EINVAL, which is not treated as an error.
 int syncFolder(FileCalls& calls, const std::string& folder)
 {
     const OpenFile file(calls, calls.open(folder, O_RDONLY | O_DIRECTORY));
@@ -97,7 +97,7 @@ int syncFolder(FileCalls& calls, const std::string& folder)
     return calls.sync(file.number()) == 0 || errno == EINVAL ? 0 : errno;
 }
 
-/// Errors that say "this file system cannot do that", not "this failed".
+/// True for errors that mean "this file system cannot do that" rather than "this failed".
 bool isNotSupported(int error)
 {
     return error == EOPNOTSUPP || error == EISDIR || error == EINVAL || error == ENOSYS || error == EPERM ||
@@ -106,7 +106,8 @@ bool isNotSupported(int error)
 
 constexpr std::string_view temporaryPrefix = ".corvane-";
 
-/// A name that no other process and no other save uses; the process tells later whether it was abandoned.
+/// A name that no other process or save uses. It contains the process id, which later tells whether the file was
+/// abandoned.
 std::string temporaryName(const std::string& path)
 {
     return pathIn(
@@ -114,7 +115,7 @@ std::string temporaryName(const std::string& path)
         std::string(temporaryPrefix) + std::to_string(::getpid()) + "-" + randomIdentifiers()().digits());
 }
 
-/// The process whose save has this name, as temporaryName gives it; none for any other name.
+/// The process id in a name from temporaryName; none for any other name.
 std::optional<pid_t> savingProcess(std::string_view name)
 {
     if (!name.starts_with(temporaryPrefix))
@@ -129,8 +130,8 @@ std::optional<pid_t> savingProcess(std::string_view name)
     return ours ? std::optional(static_cast<pid_t>(*process)) : std::nullopt;
 }
 
-/// Writes the parts to a file without a name, which takes `path` only when it is whole: even a killed process leaves
-/// nothing. 0, or the error; none where the file system knows no such files.
+/// Writes the parts to a nameless file, which gets the name `path` only when it is complete, so that even a killed
+/// process leaves nothing behind. Returns 0 or the error; none if the file system does not support nameless files.
 std::optional<int> writeNameless(FileCalls& calls, const std::string& path, const Content& content)
 {
     const OpenFile file(calls, calls.openNameless(folderOf(path)));
@@ -143,7 +144,7 @@ std::optional<int> writeNameless(FileCalls& calls, const std::string& path, cons
     return isNotSupported(errno) ? std::nullopt : std::optional(errno);
 }
 
-/// Writes the parts to a new file of that name; takes it away again when that fails. 0, or the error.
+/// Writes the parts to a new file of that name, and removes it if that fails. Returns 0 or the error.
 int writeNamed(FileCalls& calls, const std::string& path, const Content& content)
 {
     int error = 0;
@@ -158,7 +159,7 @@ int writeNamed(FileCalls& calls, const std::string& path, const Content& content
     return error;
 }
 
-/// 0, or the error.
+/// Returns 0 or the error.
 int writeWhole(FileCalls& calls, const std::string& path, const Content& content)
 {
     if (const auto outcome = writeNameless(calls, path, content))
@@ -172,12 +173,12 @@ int writeWhole(FileCalls& calls, const std::string& path, const Content& content
     return error;
 }
 
-/// The new file stands under `temporary`; afterwards it has the name `path`. The old one is kept until the folder is
-/// on the disk, so that a failure can put it back; `folder` is given, since without memory nothing could. 0, or the
-/// error.
+/// Renames the new file from `temporary` to `path`. The old file is kept until the folder is synced, so that a failure
+/// can put it back. The caller passes `folder`, because computing it here could fail for lack of memory. Returns 0 or
+/// the error.
 int putInPlace(FileCalls& calls, const std::string& temporary, const std::string& path, const std::string& folder)
 {
-    // A folder is never taken away like that: renaming over one is refused.
+    // A folder is never exchanged: renaming over it fails instead.
     const bool exchanged = somethingNamed(path) && !isFolder(path) && calls.exchange(temporary, path) == 0;
     if (!exchanged && calls.renameOver(temporary, path) != 0) {
         const int error = errno;
@@ -237,7 +238,7 @@ void replaceFile(const std::string& path, std::span<const std::string_view> part
         refuseFile(cannotWrite, path, error);
 }
 
-/// By hand: the standard library's iterator ends the program where it finds no memory.
+/// Uses readdir, because the standard library's iterator ends the program if memory runs out.
 std::vector<std::string> namesIn(const std::string& folder)
 {
     std::vector<std::string> names;
@@ -258,7 +259,7 @@ void removeAbandonedFiles(const std::string& folder)
         struct stat facts{};
         if (process && ::lstat(path.c_str(), &facts) == 0 && S_ISREG(facts.st_mode) && ::kill(*process, 0) != 0 &&
             errno == ESRCH)
-            ::unlink(path.c_str()); // what cannot be looked at or taken away stays
+            ::unlink(path.c_str()); // a file that cannot be removed stays
     }
 }
 
@@ -279,7 +280,7 @@ void makeFolders(const std::string& path, FileCalls& calls)
         if (isFolder(folder) || calls.makeFolder(folder) == 0)
             continue;
         const int error = errno;
-        if (error == EEXIST && isFolder(folder)) // another process has made it meanwhile
+        if (error == EEXIST && isFolder(folder)) // another process has created it meanwhile
             continue;
         if (const auto reason = brokenLink(folder))
             refuseFile("Cannot make", folder, *reason);

@@ -14,7 +14,7 @@ namespace corvane {
 
 namespace {
 
-/// The two parts of a name between which "(kept)" stands.
+/// The parts of a name before and after "(kept)".
 struct NameParts {
     std::string before;
     std::string_view after;
@@ -28,7 +28,7 @@ NameParts partsAround(std::string_view path)
     return {std::string(path) + " (kept", after};
 }
 
-/// The n-th of the names, from 1.
+/// The n-th name for kept files, counting from 1.
 std::string keptName(const NameParts& parts, std::int64_t n)
 {
     std::string name = parts.before + (n == 1 ? "" : " " + std::to_string(n)) + ")";
@@ -45,7 +45,7 @@ std::string freeName(const std::string& path)
     }
 }
 
-/// False for a name that somebody else has made up.
+/// True for a name that keptName returns for some n.
 bool isKeptName(const NameParts& parts, std::string_view name)
 {
     if (name == keptName(parts, 1))
@@ -88,7 +88,7 @@ std::string keepAside(const std::string& path, std::uint64_t most, FileCalls& ca
 std::vector<std::string> keptBeside(const std::string& path)
 {
     const NameParts parts = partsAround(path);
-    std::error_code none; // of what cannot be looked at
+    std::error_code none; // ignored: a file that cannot be examined counts as the oldest
     std::vector<std::tuple<std::filesystem::file_time_type, std::string>> found;
     for (const std::string& each : namesIn(folderOf(path))) {
         const std::string name = pathIn(folderOf(path), each);

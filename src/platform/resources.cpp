@@ -12,7 +12,7 @@ std::optional<std::string> ResourceFolders::path(std::string_view name, std::str
     const std::string file = std::string(name) + "." + std::string(extension);
     for (const std::string& folder : folders_) {
         std::string path = pathIn(folder, file);
-        std::error_code ignored; // a folder that cannot be looked into has no such file
+        std::error_code ignored; // a folder that cannot be read does not have the file
         if (std::filesystem::is_regular_file(path, ignored))
             return path;
     }

@@ -16,11 +16,11 @@ public:
     Resources& operator=(const Resources&) = delete;
     virtual ~Resources() = default;
 
-    /// Where the file "name.extension" is; none when the program came without it.
+    /// Where the file "name.extension" is; none if it is not installed.
     [[nodiscard]] virtual std::optional<std::string> path(std::string_view name, std::string_view extension) const = 0;
 };
 
-/// Folders that are looked through in their order; the first that has the file gives it.
+/// Looks for files in several folders, in order; the first folder that has the file wins.
 class ResourceFolders : public Resources {
 public:
     explicit ResourceFolders(std::vector<std::string> folders) : folders_(std::move(folders)) {}

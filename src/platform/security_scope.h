@@ -5,8 +5,8 @@
 
 namespace corvane {
 
-/// Access to what the user chose outside the program's own folders, for programs that the system keeps in a sandbox.
-/// This system keeps none: nothing is granted because nothing is withheld.
+/// Access to files that the user chose outside the program's own folders, for programs in a sandbox. This system has no
+/// sandbox, so no access needs to be granted.
 class SecurityScope {
 public:
     SecurityScope() = default;
@@ -14,11 +14,11 @@ public:
     SecurityScope& operator=(const SecurityScope&) = delete;
     virtual ~SecurityScope() = default;
 
-    /// True when access was granted, which stop() then has to end.
+    /// True if access was granted; then stop() must end it.
     [[nodiscard]] virtual bool start(const std::string& /*location*/) { return false; }
     virtual void stop(const std::string& /*location*/) {}
 
-    /// This system's.
+    /// The implementation for this system.
     [[nodiscard]] static SecurityScope& system()
     {
         static SecurityScope scope;

@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-/// What looks for newer versions of the program. It asks and tells the user by itself once a check has begun.
+/// Checks for newer versions of the program. Once started, a check talks to the user by itself.
 class Updater {
 public:
     Updater() = default;
@@ -19,7 +19,7 @@ public:
     virtual void observe(std::function<void()> notice) = 0;
 };
 
-/// Programs of this system are updated with the system: there is nothing that can check.
+/// On this system, programs are updated with the system, so this updater never checks.
 class NoUpdater : public Updater {
 public:
     [[nodiscard]] bool canCheckForUpdates() const override { return false; }
@@ -27,7 +27,7 @@ public:
     void observe(std::function<void()>) override {}
 };
 
-/// The updater's canCheckForUpdates, kept up to date for a command that follows it.
+/// Follows the updater's canCheckForUpdates, so that a command can be enabled and disabled with it.
 class CorvaneUpdateState {
 public:
     explicit CorvaneUpdateState(Updater& updater, std::function<void()> changed) : changed_(std::move(changed))

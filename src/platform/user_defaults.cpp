@@ -30,7 +30,7 @@ std::string FileUserDefaults::keepAside(const std::string& key)
     const std::string path = pathIn(folder_, key);
     try {
         return std::string(lastComponent(corvane::keepAside(path, largestDefault, calls_)));
-    } catch (const PlatformError&) { // a folder, say: nothing of this program can stand there
+    } catch (const PlatformError&) { // it is no file but, for example, a folder
         return std::string(lastComponent(moveAside(path, calls_)));
     }
 }

@@ -11,7 +11,7 @@ namespace corvane {
 /// The most bytes that are stored under one key.
 constexpr std::uint64_t largestDefault = std::uint64_t{16} << 20U;
 
-/// The user's own settings of this program: bytes by key.
+/// The user's stored settings of this program: bytes by key.
 class UserDefaults {
 public:
     UserDefaults() = default;
@@ -19,17 +19,17 @@ public:
     UserDefaults& operator=(const UserDefaults&) = delete;
     virtual ~UserDefaults() = default;
 
-    /// Empty for an absent key. Fails with PlatformError when what is stored cannot be read, or is larger than
+    /// Empty if the key does not exist. Throws PlatformError if the value cannot be read or is larger than
     /// largestDefault.
     [[nodiscard]] virtual std::string value(const std::string& key) const = 0;
-    /// Fails with PlatformError and then keeps the old value.
+    /// Throws PlatformError and then keeps the old value.
     virtual void setValue(const std::string& key, std::string_view bytes) = 0;
-    /// Keeps what is stored under the key under another one, "KEY (kept)" or "KEY (kept 2)" and so on, which it
-    /// returns. What can be read stays where it is, too. Fails with PlatformError and then changes nothing.
+    /// Keeps the key's value under another key, "KEY (kept)", "KEY (kept 2)" and so on, and returns that key. If the
+    /// value can be read, it also stays under its own key. Throws PlatformError and then changes nothing.
     virtual std::string keepAside(const std::string& key) = 0;
 };
 
-/// A file a key in one folder, which is made when the first value is set.
+/// Stores one file per key in a folder, which is created when the first value is set.
 class FileUserDefaults : public UserDefaults {
 public:
     explicit FileUserDefaults(std::string folder, FileCalls& calls = FileCalls::system());

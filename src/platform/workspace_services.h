@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// Why the system did not do what it was asked.
+/// Why the system could not carry out a request.
 struct ServiceError {
     std::string domain;
     int code = 0;
@@ -15,7 +15,7 @@ struct ServiceError {
     bool operator==(const ServiceError&) const = default;
 };
 
-/// What the desktop does with applications and files.
+/// The desktop's services for applications and files.
 class WorkspaceServices {
 public:
     using Report = std::function<void(const std::optional<ServiceError>&)>;
@@ -25,20 +25,20 @@ public:
     WorkspaceServices& operator=(const WorkspaceServices&) = delete;
     virtual ~WorkspaceServices() = default;
 
-    /// Where the application with this bundle identifier is; none when there is none.
+    /// The location of the application with this bundle identifier; none if it is not installed.
     [[nodiscard]] virtual std::optional<std::string> application(const std::string& bundleIdentifier) const = 0;
-    /// Opens the files with the application and brings it to the front. Reports once, on a thread of its choosing.
+    /// Opens the files with the application and brings it to the front. Calls `report` once, on any thread.
     virtual void open(const std::vector<std::string>& files, const std::string& application, Report report) = 0;
 };
 
-/// Bundle identifiers belong to another system: here no application has one, so nothing is ever found.
+/// Bundle identifiers exist only on macOS, so no application is ever found here.
 class NoBundledApplications : public WorkspaceServices {
 public:
     [[nodiscard]] std::optional<std::string> application(const std::string&) const override { return std::nullopt; }
     void open(const std::vector<std::string>& files, const std::string& application, Report report) override;
 };
 
-/// Runs a piece of work on the interface thread, soon.
+/// Schedules a function to run on the interface thread.
 using MainThread = std::function<void(std::function<void()>)>;
 
 } // namespace corvane
