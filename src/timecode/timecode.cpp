@@ -13,10 +13,10 @@ namespace corvane {
 
 namespace {
 
-/// How labels are counted at one frame duration.
+/// How timecode labels count at a given frame duration.
 struct LabelCount {
-    std::int64_t nominal = 1; ///< labels a second
-    std::int64_t dropped = 0; ///< labels left out at the start of a minute; 0 without drop-frame
+    std::int64_t nominal = 1; ///< labels per second
+    std::int64_t dropped = 0; ///< labels skipped at the start of a minute; 0 without drop-frame
 
     LabelCount(std::int64_t frameNumerator, std::int64_t frameDenominator, FrameCount count)
     {
@@ -39,14 +39,14 @@ LabelCount labelCount(const TimeBase& time)
     return {time.frameNumerator, time.frameDenominator, frameCount(time)};
 }
 
-/// The frames that are counted before the label of so many whole seconds and frames.
+/// The number of frames before the label that consists of these whole seconds and frames.
 std::int64_t framesBefore(const LabelCount& labels, std::int64_t seconds, std::int64_t frames)
 {
     const std::int64_t minutes = seconds / 60;
     return seconds * labels.nominal + frames - labels.dropped * (minutes - minutes / 10);
 }
 
-/// True where the first labels of a second are left out.
+/// True if drop-frame skips the first labels of this second.
 bool dropsLabels(std::int64_t seconds)
 {
     return seconds % 60 == 0 && seconds % 600 != 0;
@@ -144,7 +144,8 @@ std::optional<std::string> labelAfterSkipped(const TimeBase& time, std::string_v
 std::vector<Frames> roundTimes(const TimeBase& time, std::int64_t step)
 {
     const LabelCount labels = labelCount(time);
-    // Labels run ahead of the frames that are counted, never behind: this one is not after the project's first.
+    // With skipped labels, label numbers are never smaller than frame counts. So this label is not after the project's
+    // first.
     const std::int64_t first = std::max<std::int64_t>(0, time.timelineStart / labels.nominal / step * step);
     std::vector<Frames> frames;
     for (std::int64_t seconds = first;; seconds += step) {
