@@ -14,7 +14,7 @@ namespace {
 
 constexpr int deepestLevel = 39;
 
-/// Of one document: far more than a project has clips, and still less than a hundred megabytes.
+/// The limit for one document: far more clips than a project has, and still less than a hundred megabytes.
 constexpr std::int64_t mostSpans = 1'000'000;
 
 bool isAllowed(std::string_view elementName)
@@ -104,14 +104,14 @@ void AngleMediaWalker::appendMedia(
             ". Finish importing media in Final Cut and export XML again.");
     if (!duration)
         duration = parseSeconds(asset->duration);
-    if (++found_ > mostSpans) // the next visit is refused
+    if (++found_ > mostSpans) // then the next visit is refused
         budget_.left = 0;
     spans_.push_back(
         {start, start + *duration, kind != "audio" && asset->hasVideo, kind != "video" && asset->hasAudio});
 }
 
-/// The sequence that a reference leads to. The reference counts as visited from here on, also for the clips that are
-/// connected to it.
+/// The sequence that a reference leads to. From now on the compound clip counts as visited, also for clips that are
+/// connected to the reference.
 xml::Element AngleMediaWalker::enterCompound(const ClipAttributes& clip)
 {
     const auto media = clip.ref ? resources_.media(clip.ref) : std::nullopt;
@@ -136,7 +136,7 @@ void AngleMediaWalker::mapIntoParent(
     const bool audio = mode != "video" && mode != "none";
     auto kept = spans_.begin() + static_cast<std::ptrdiff_t>(from);
     for (auto span = kept; span != spans_.end(); ++span) {
-        // Outside the element's own source range nothing of its contents is used.
+        // Contents outside the element's own source range are not used.
         const double s = duration ? std::max(span->start, start) : span->start;
         const double e = duration ? std::min(span->end, start + *duration) : span->end;
         if (s >= e)

@@ -11,11 +11,11 @@
 
 namespace corvane {
 
-/// Finds the stretches of an angle in which media can be seen or heard, and refuses what Corvane cannot follow
-/// (speed changes, split audio, missing media, unknown kinds of clips).
+/// Finds the ranges of an angle that have video or audio, and refuses what Corvane does not support (speed changes,
+/// split audio, missing media, unknown kinds of clips).
 class AngleMediaWalker {
 public:
-    /// [start, end) in seconds, in the time of the element that returned it.
+    /// The half-open range [start, end) in seconds, in the time of the element that returned it.
     struct Span {
         double start = 0;
         double end = 0;
@@ -27,8 +27,9 @@ public:
 
     AngleMediaWalker(const MediaResources& resources, VisitBudget& budget) : resources_(resources), budget_(budget) {}
 
-    /// The spans of `element` and everything in it, in the time of its parent, in document order, neither sorted nor
-    /// merged. `visited` are the compound clips on the way here; `depth` counts from 0 directly inside the mc-angle.
+    /// The spans of `element` and everything in it, in its parent's time and in document order, neither sorted nor
+    /// merged. `visited` holds the compound clips on the path to this element; `depth` is 0 directly inside the
+    /// mc-angle.
     [[nodiscard]] std::vector<Span> walk(
         xml::Element element, std::string_view angleName, VisitedReferences visited = {}, int depth = 0);
 
@@ -45,8 +46,8 @@ private:
     VisitBudget& budget_;
     std::string_view angleName_;
     VisitedReferences visited_;
-    std::vector<Span> spans_; ///< of the walk that is under way
-    std::int64_t found_ = 0;  ///< spans, in all walks
+    std::vector<Span> spans_; ///< of the current walk
+    std::int64_t found_ = 0;  ///< number of spans in all walks
 };
 
 } // namespace corvane

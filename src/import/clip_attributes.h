@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// What the walks over an angle read of one element, collected in one sweep over its attributes.
+/// The attributes of an element that the walks over an angle need, collected in one pass.
 struct ClipAttributes {
     std::optional<std::string_view> ref;
     std::optional<std::string_view> offset;
@@ -20,7 +20,7 @@ struct ClipAttributes {
     explicit ClipAttributes(xml::Element element);
 };
 
-/// "asset-clip", "audio" and "video": the clips that show or play an asset.
+/// True for "asset-clip", "audio" and "video", the clips that show or play an asset.
 [[nodiscard]] bool isMediaClip(std::string_view elementName);
 
 } // namespace corvane

@@ -14,14 +14,14 @@ void ClipCollector::collect(
 
 void ClipCollector::visit(xml::Element element, int level, const std::function<void(xml::Element)>& found)
 {
-    constexpr int deepestLevel = 1000; // far from the end of the stack
+    constexpr int deepestLevel = 1000; // well within the stack
     if (level > deepestLevel)
-        budget_.left = 0; // the next visit is refused
+        budget_.left = 0; // so that the next visit is refused
     if (element.attribute("enabled") == "0")
         return;
     if (isMediaClip(element.plainName()))
         return found(element);
-    // The reference counts as visited for the clips that are connected to it too; what it refers to comes after them.
+    // The compound clip counts as visited also for clips connected to the reference; its own contents come after them.
     const auto ref = element.named("ref-clip") ? element.attribute("ref") : std::nullopt;
     const auto compound = ref ? resources_.media(ref) : std::nullopt;
     const bool entered = compound && visited_.insert(*ref).second;

@@ -9,8 +9,9 @@
 
 namespace corvane {
 
-/// Finds the media clips of an angle that the import's summary counts: through gaps, spines and compound clips, those
-/// of a compound clip as often as it is used. A reference that leads back to a compound clip on the way is left out.
+/// Finds the media clips of an angle for the import's summary, also inside gaps, spines and compound clips. The clips
+/// of a compound clip are counted as often as it is used. A reference back to a compound clip on the current path is
+/// skipped.
 class ClipCollector {
 public:
     ClipCollector(const MediaResources& resources, VisitBudget& budget) : resources_(resources), budget_(budget) {}
@@ -24,7 +25,7 @@ private:
     const MediaResources& resources_;
     VisitBudget& budget_;
     std::string_view angleName_;
-    std::set<std::string_view> visited_; ///< the compound clips on the way to what is visited
+    std::set<std::string_view> visited_; ///< the compound clips on the current path
 };
 
 } // namespace corvane

@@ -9,13 +9,13 @@ namespace corvane {
 
 /// A marker of the project's multicam clip.
 struct ClipMarker {
-    Frames frame = 0; ///< of the project
-    std::string name; ///< its "value"
+    Frames frame = 0; ///< in the project
+    std::string name; ///< the attribute "value"
     bool operator==(const ClipMarker&) const = default;
 };
 
-/// The markers and chapter markers within the project, by frame. What cannot be read, or stands between two frames, is
-/// left out, and so is everything of an engine without a document.
+/// The markers and chapter markers within the project, sorted by frame. Markers that cannot be read or are between two
+/// frames are skipped. An engine without a document has no markers.
 [[nodiscard]] std::vector<ClipMarker> clipMarkers(const CutEngine& engine);
 
 } // namespace corvane

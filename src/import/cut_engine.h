@@ -13,16 +13,16 @@ namespace corvane {
 
 struct SourceDocument;
 
-/// Camera id → where it has footage, in project frames, normalised (normalizeRanges).
+/// By camera id: where the camera has footage, in project frames, normalised (normalizeRanges).
 using Coverage = std::map<std::string, std::vector<FrameRange>, std::less<>>;
 
-/// The frame-exact model of a project: numbers, ids and coverage for everything but the writer.
+/// The frame-exact model of a project: numbers, ids and coverage. Only the writer needs the document itself.
 struct CutEngine : TimeBase {
     Frames sourceStart = 0; ///< the multicam clip's "start": the source time of project frame 0
     Coverage coverage;      ///< video; every angle has an entry, possibly empty
-    std::string audioID;    ///< angle that supplies the multicam clip's sound; empty when not unique
+    std::string audioID;    ///< the angle that supplies the multicam clip's audio; empty if it is not unique
     Coverage audioCoverage;
-    std::shared_ptr<const SourceDocument> source; ///< none for an engine of numbers
+    std::shared_ptr<const SourceDocument> source; ///< none for an engine made without a document
 
     /// Frames × frameNumerator ÷ frameDenominator.
     [[nodiscard]] double seconds(Frames frames) const;

@@ -5,8 +5,8 @@
 
 namespace corvane {
 
-/// A refusal: something in a document, in typed text or in the settings that Corvane does not accept. what() is the
-/// whole sentence for the user, without a prefix or a code.
+/// A refusal: Corvane does not accept something in a document, in typed text or in the settings. what() is the complete
+/// sentence for the user, without a prefix or a code.
 class FinalCutImportError : public std::runtime_error {
 public:
     [[nodiscard]] static FinalCutImportError invalid(const std::string& message)

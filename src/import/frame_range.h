@@ -5,10 +5,11 @@
 
 namespace corvane {
 
-/// Whole frames of the project's frame rate. Frame 0 is the first frame of the project timeline.
+/// A number of frames, or a position, at the project's frame rate. Frame 0 is the first frame of the project's
+/// timeline.
 using Frames = std::int64_t;
 
-/// Frame counts read from a document lie within plus and minus this.
+/// Frame counts read from a document are between minus and plus this value.
 inline constexpr Frames largestFrameCount = 999'999'999;
 
 /// A half-open range [start, end) of project frames.
@@ -20,7 +21,8 @@ struct FrameRange {
     [[nodiscard]] bool holds(Frames from, Frames to) const { return start <= from && to <= end; }
 };
 
-/// Sorted by start, touching or overlapping ranges merged. There is no tolerance: a gap of one frame stays a gap.
+/// Sorts the ranges by start and merges those that touch or overlap. There is no tolerance: a gap of one frame stays a
+/// gap.
 [[nodiscard]] std::vector<FrameRange> normalizeRanges(std::vector<FrameRange> ranges);
 
 } // namespace corvane

@@ -7,25 +7,25 @@
 
 namespace corvane {
 
-/// One camera (mc-angle) of the project's multicam. Its id names the camera everywhere.
+/// One camera (mc-angle) of the project's multicam clip. Its id identifies the camera everywhere.
 struct ImportedAngle {
     std::string id; ///< "angleID"
     std::string name;
-    std::string cameras;        ///< camera names from the media's metadata, sorted, joined with ", "; empty when none
-    std::int64_t clipCount = 0; ///< media clips, those of compound clips included
+    std::string cameras;        ///< camera names from the media's metadata, sorted and joined with ", "; may be empty
+    std::int64_t clipCount = 0; ///< media clips, including those of compound clips
     std::int64_t gapCount = 0;  ///< gaps directly in the angle
-    std::optional<double> firstRecording; ///< seconds: the smallest clip offset as written; none without clips
+    std::optional<double> firstRecording; ///< the smallest clip offset as written, in seconds; none without clips
     bool operator==(const ImportedAngle&) const = default;
 };
 
-/// The summary of an imported document that the window shows. It holds no reference to the document.
+/// The summary of an imported document for the window. It does not refer to the document.
 struct ImportedProject {
     std::string name;
     std::string version; ///< of FCPXML
     double duration = 0; ///< seconds
     double framesPerSecond = 0;
     std::vector<ImportedAngle> angles;         ///< in document order, ids distinct
-    std::string audioAngles;                   ///< names of the angles that the multicam clip takes its sound from
+    std::string audioAngles;                   ///< names of the angles from which the multicam clip takes its audio
     std::vector<std::string> missingLocations; ///< clips and media without a file, sorted, each once
     bool operator==(const ImportedProject&) const = default;
 };

@@ -78,7 +78,7 @@ std::optional<xml::Element> MediaResources::format(Reference id) const
 void MediaResources::Index::add(Reference id, std::size_t place)
 {
     if (id)
-        places_.emplace(*id, place); // keeps the first
+        places_.emplace(*id, place); // keeps an earlier one
     else if (!withoutId_)
         withoutId_ = place;
 }

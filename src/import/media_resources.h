@@ -10,18 +10,18 @@
 
 namespace corvane {
 
-/// What one `asset` says, looked up once.
+/// What the import needs to know about one `asset`.
 struct AssetFacts {
     std::optional<std::string_view> name;
     std::optional<std::string_view> duration; ///< FCPXML time
     bool hasVideo = false;
     bool hasAudio = false;
-    bool located = false;                      ///< a media-rep, or the asset itself, has a non-empty "src"
-    std::vector<std::string_view> cameraNames; ///< from the metadata, as written, repeats kept
+    bool located = false;                      ///< the asset or one of its media-reps has a non-empty "src"
+    std::vector<std::string_view> cameraNames; ///< from the metadata, as written, with duplicates
 };
 
-/// The assets, media and formats of a document's `resources`, found by id. Where an id occurs twice the first one
-/// counts. An absent id is found by an absent reference; an empty one is an id like any other.
+/// Finds the assets, media and formats in a document's `resources` by id. If an id occurs twice, the first one is used.
+/// A missing reference finds the resource without an id; an empty id is an id like any other.
 class MediaResources {
 public:
     using Reference = std::optional<std::string_view>;
@@ -40,7 +40,7 @@ private:
         [[nodiscard]] std::optional<std::size_t> find(Reference id) const;
 
     private:
-        /// No hash, for which a document could choose ids that collide.
+        /// Not a hash table, for which a document could contain ids that collide.
         std::map<std::string_view, std::size_t> places_;
         std::optional<std::size_t> withoutId_;
     };

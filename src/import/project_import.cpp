@@ -25,7 +25,7 @@ std::string joined(const Texts& texts)
     return all;
 }
 
-/// What the angles of one document are read with.
+/// Reads the angles of one document.
 struct AngleReader {
     const MediaResources& resources;
     VisitBudget& budget;
@@ -69,7 +69,7 @@ ImportedAngle AngleReader::read(xml::Element element)
 void AngleReader::addCameraNames(
     std::set<std::string_view>& names, const AssetFacts& asset, const std::string& angleName)
 {
-    constexpr std::size_t most = std::size_t{16} << 20U; // over all angles, each of which may use the same asset
+    constexpr std::size_t most = std::size_t{16} << 20U; // for all angles, each of which may use the same asset
     for (const std::string_view name : asset.cameraNames) {
         if (names.insert(name).second)
             cameraNameBytes += name.size() + std::string_view(", ").size();

@@ -8,14 +8,14 @@
 
 namespace corvane {
 
-/// Reads an export of one project with one multicam clip and refuses everything else, with a sentence that tells
-/// what to export instead. Bytes that are no XML fail with the parser's own PlatformError.
+/// Reads an export of one project with one multicam clip. Refuses everything else with a sentence that says what to
+/// export instead. For bytes that are not XML, throws the parser's PlatformError.
 [[nodiscard]] ImportedProject importProject(std::string_view bytes);
 [[nodiscard]] ImportedProject importProject(const xml::Document& document);
-/// `budget` is left for the other walk over the same document.
+/// What is left of `budget` is for the other walk over the same document.
 [[nodiscard]] ImportedProject importProject(const ProjectOutline& outline, VisitBudget& budget);
 
-/// True for the mc-source that supplies sound: its "srcEnable" is "all" (also when absent) or "audio".
+/// True for an mc-source that supplies audio: its "srcEnable" is "all" (the default) or "audio".
 [[nodiscard]] bool suppliesAudio(xml::Element mcSource);
 
 } // namespace corvane

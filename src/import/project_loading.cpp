@@ -59,7 +59,7 @@ void refuseUnsupportedSettings(xml::Element original)
         refuse("Speed changes, split audio and disabled main multicam clips are not supported yet.");
 }
 
-/// An attribute of a `format` with the defaults that FCPXML gives it; a colour space without its remark in brackets.
+/// An attribute of a `format`, or its default in FCPXML; a colour space without the remark in brackets.
 std::optional<std::string_view> formatAttribute(xml::Element format, std::string_view name)
 {
     const auto text = format.attribute(name);
@@ -72,7 +72,7 @@ std::optional<std::string_view> formatAttribute(xml::Element format, std::string
     return text;
 }
 
-/// True when two `format` elements agree in frame duration, dimensions, field order, pixel aspect and colour.
+/// True if two `format` elements agree in frame duration, dimensions, field order, pixel aspect and colour space.
 bool formatsMatch(xml::Element a, xml::Element b)
 {
     if (a.attribute("id") == b.attribute("id"))
@@ -103,7 +103,7 @@ std::optional<xml::Element> uniqueAudioSource(xml::Element original)
     return found;
 }
 
-/// Turns the spans of one angle into project frames. A millionth of a frame absorbs the rounding of rational times.
+/// Converts the spans of one angle to project frames. A tolerance of a millionth of a frame absorbs rounding errors.
 class FrameConversion {
 public:
     FrameConversion(const CutEngine& engine, Frames multicamStart)
@@ -128,7 +128,7 @@ private:
     {
         constexpr double tooFar = 1'000'000'000;
         const double frames = (seconds - sourceOffset_) * framesPerSecond_;
-        if (!(std::abs(frames) < tooFar)) // also when it is no number
+        if (!(std::abs(frames) < tooFar)) // also refuses NaN
             refuse("Invalid angle timing.");
         return frames;
     }

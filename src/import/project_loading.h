@@ -11,12 +11,13 @@ namespace xml {
 class Document;
 }
 
-/// Builds the engine of a document. Everything that importProject refuses is refused with the same words; beyond it
-/// the multicam clip must fill the project untouched, on frame boundaries, in the project's own format.
+/// Builds the engine of a document. Refuses what importProject refuses, with the same words. In addition, the multicam
+/// clip must fill the project unchanged, on frame boundaries, in the project's own format.
 [[nodiscard]] CutEngine buildEngine(std::string_view bytes);
 [[nodiscard]] CutEngine buildEngine(const xml::Document& document);
 
-/// Both passes over a document that is parsed and searched once. Fails as importProject and then buildEngine would.
+/// The results of importProject and buildEngine for a document that is parsed and searched only once. Refuses what
+/// these refuse, in that order.
 struct LoadedProject {
     ImportedProject imported;
     CutEngine engine;

@@ -24,7 +24,8 @@ void addChildren(std::vector<xml::Element>& found, xml::Element parent, std::str
     }
 }
 
-/// Projects of every event of every library, of events at the top, and at the top: Final Cut exports all three.
+/// The projects in events in libraries, in events at the top level, and at the top level itself: Final Cut exports all
+/// three.
 std::vector<xml::Element> projects(xml::Element root)
 {
     std::vector<xml::Element> parents = {root};

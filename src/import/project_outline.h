@@ -5,8 +5,8 @@
 
 namespace corvane {
 
-/// Where a document of the one accepted shape keeps what the import reads: one project whose timeline holds exactly
-/// one multicam clip. Both passes over a document start from this, so that it is searched once.
+/// The elements that the import reads from a document of the one accepted shape: one project whose timeline contains
+/// exactly one multicam clip. Both passes over a document start from these, so that it is searched only once.
 struct ProjectOutline {
     xml::Document document;
     xml::Element root;
@@ -18,7 +18,7 @@ struct ProjectOutline {
     std::optional<xml::Element> format; ///< of the sequence
 };
 
-/// Refuses every document of another shape.
+/// Refuses documents of any other shape.
 [[nodiscard]] ProjectOutline outlineProject(const xml::Document& document);
 
 } // namespace corvane

@@ -39,7 +39,8 @@ std::optional<RationalTime> readRationalTime(std::string_view text)
     return RationalTime{*numerator, *denominator};
 }
 
-/// `text` without its final "s". One or two pieces: written out, because an import reads four of these a clip.
+/// `text` has no final "s" any more. Handles one or two pieces without a general split, because an import reads four of
+/// these per clip.
 std::optional<double> readSeconds(std::string_view text)
 {
     const std::size_t slash = text.find('/');
@@ -48,7 +49,7 @@ std::optional<double> readSeconds(std::string_view text)
         return std::nullopt;
     if (slash == std::string_view::npos)
         return numerator;
-    const auto divisor = readNumber(text.substr(slash + 1)); // a second slash is no part of a number
+    const auto divisor = readNumber(text.substr(slash + 1)); // refuses a second slash, which is not part of a number
     if (!divisor || !(*divisor > 0))
         return std::nullopt;
     const double seconds = *numerator / *divisor;
@@ -93,7 +94,7 @@ double parseSeconds(std::optional<std::string_view> text)
 void appendTimeString(std::string& out, Frames frames, std::int64_t frameNumerator, std::int64_t frameDenominator)
 {
     const auto append = [&out](std::int64_t number, char after) {
-        std::array<char, 24> text{}; // any number of 64 bits
+        std::array<char, 24> text{}; // holds any 64-bit number
         out.append(text.data(), std::to_chars(text.begin(), text.end(), number).ptr);
         out += after;
     };

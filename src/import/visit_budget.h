@@ -8,8 +8,8 @@
 
 namespace corvane {
 
-/// How often the walks over the angles of one document may visit an element. Compound clips that use each other again
-/// and again make more of a few lines than can be read; ten million visits take about a second.
+/// How many elements the walks over the angles of one document may visit. When compound clips use each other, a few
+/// lines can stand for more clips than can be read; ten million visits take about a second.
 struct VisitBudget {
     std::int64_t left = 10'000'000;
 
