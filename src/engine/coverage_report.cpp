@@ -13,7 +13,7 @@ namespace corvane {
 
 namespace {
 
-/// Appends what of the camera's footage lies in [from, to).
+/// Appends the part of the camera's footage that is in [from, to).
 void addFootage(
     std::vector<FrameRange>& covered, const CutEngine& engine, std::string_view camera, Frames from, Frames to)
 {
@@ -27,7 +27,7 @@ void addFootage(
     }
 }
 
-/// Cut lists that were never checked may hold anything; beyond 64 bits a sum stops at the end of them.
+/// A cut list that was never checked may contain any numbers, so sums are clamped to 64 bits.
 Frames saturatedSum(Frames a, Frames b)
 {
     Frames sum = 0;

@@ -22,36 +22,36 @@ struct CameraUsage {
 };
 using UsageByCamera = std::map<std::string, CameraUsage, std::less<>>;
 
-/// Usage by camera; a camera without cuts has no entry. Cuts of one camera that touch are one shot.
+/// Usage by camera; a camera without cuts has no entry. Adjacent cuts of one camera count as one shot.
 [[nodiscard]] UsageByCamera cameraUsage(const std::vector<Cut>& cuts);
 
-/// The footage that generation may use, as ranges in no order, or why that cannot be told.
+/// The footage that generation may use, as ranges in no particular order, or the reason why it cannot be determined.
 struct CoverageReport {
     std::vector<FrameRange> covered;
     std::optional<std::string> message;
     bool operator==(const CoverageReport&) const = default;
 };
 
-/// Inside the bookends and fixed sections only their own camera counts, elsewhere any of `cameras`. Never fails:
-/// bookends or sections that do not fit are told in the message.
+/// Inside the bookends and fixed sections only their own camera counts, elsewhere any of `cameras`. Never throws: if
+/// bookends or sections do not fit, the message says so.
 [[nodiscard]] CoverageReport uncoveredVideoSections(
     const CutEngine& engine, const std::vector<std::string>& cameras, const std::optional<BookendShot>& opening,
     const std::optional<BookendShot>& closing, const std::vector<FixedCameraSection>& sections);
 
-/// The same for the settings on screen; timecodes that cannot be read are told in the message.
+/// The same for the settings on screen. If a timecode cannot be read, the message says so.
 [[nodiscard]] CoverageReport selectedCoverage(
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings);
 
 /// The gaps that `covered` leaves in [0, length), in order.
 [[nodiscard]] std::vector<FrameRange> uncoveredStretches(std::vector<FrameRange> covered, Frames length);
 
-/// The first reason why a generation would fail or the edit be incomplete; none when there is none. `decimalSign` is
-/// the user's, for the gap's length in seconds.
+/// The first reason why generating would fail or leave the edit incomplete, if there is one. `decimalSign` is the
+/// user's, for the gap's length in seconds.
 [[nodiscard]] std::optional<std::string> setupWarning(
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings,
     std::string_view decimalSign = ".");
 
-/// Refuses an audio angle whose sound is not exactly one range over the whole project.
+/// Refuses an audio angle whose audio is not exactly one range that covers the whole project.
 void checkContinuousAudio(const CutEngine& engine, std::string_view audioAngle);
 
 } // namespace corvane

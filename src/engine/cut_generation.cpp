@@ -14,7 +14,7 @@ namespace corvane {
 
 namespace {
 
-/// Six days of shots of a second. A document of a few lines may last a thousand years.
+/// More than eleven days of one-second shots. A document of a few lines can declare a project of a thousand years.
 constexpr std::size_t mostCuts = 1'000'000;
 
 double valueFor(const std::map<std::string, double, std::less<>>& values, const std::string& camera, double absent)
@@ -23,13 +23,13 @@ double valueFor(const std::map<std::string, double, std::less<>>& values, const 
     return found == values.end() ? absent : found->second;
 }
 
-/// How long the shots of the main camera, or of the others, are to be.
+/// How long the shots of the main camera, or of the other cameras, should be.
 struct ShotLengths {
-    double nominal = 0; ///< frames; a draw spreads it over 75 % to 125 %
+    double nominal = 0; ///< frames; a draw varies it from 75 % to 125 %
     bool ranged = false;
     Frames shortest = 0;
     Frames longest = 0;
-    double exponent = 1; ///< u^exponent has the mean at which the range should be met
+    double exponent = 1; ///< the mean of u^exponent is where in the range the lengths should average
 };
 
 ShotLengths shotLengths(
@@ -46,16 +46,16 @@ ShotLengths shotLengths(
     double mean = 0.5;
     const double width = range->upper - range->lower;
     if (width > 0) {
-        // The other side's typical shot, scaled to the share that this side is to have beside it.
+        // The other side's typical shot, scaled so that this side gets its share.
         const double target = opposite ? (opposite->lower + opposite->upper) / 2 : averageShot;
         const double wanted = (target * share / (1 - share) - range->lower) / width;
-        mean = std::clamp(wanted, 0.1, 0.9); // keeps a little spread at either end
+        mean = std::clamp(wanted, 0.1, 0.9); // keeps some variation at both ends
     }
     lengths.exponent = 1 / mean - 1;
     return lengths;
 }
 
-/// One call of generateCuts: its position in the project and what it has placed.
+/// The state of one call of generateCuts: its position in the project and the cuts that it has placed.
 class Generator {
 public:
     Generator(const CutEngine& engine, const GenerationInputs& inputs, const GenerationSources& sources)
@@ -90,7 +90,7 @@ private:
     struct Camera {
         std::string id;
         const std::vector<FrameRange>* ranges = nullptr;
-        std::size_t range = 0; ///< the first that ends after position; only ever moves forward
+        std::size_t range = 0; ///< the first range that ends after the position; only moves forward
         double weight = usualFrequency;
         Frames wait = 0;
         std::optional<Frames> lastShotEnd;
@@ -117,7 +117,7 @@ private:
         return nextSection_ < frame_.fixedSections.size() ? frame_.fixedSections[nextSection_].start : frame_.freeEnd;
     }
 
-    /// Fills eligible_ with the cameras that have footage at position_; its memory serves every shot.
+    /// Fills eligible_ with the cameras that have footage at position_, reusing its memory for every shot.
     void findAvailableCameras()
     {
         eligible_.clear();
@@ -199,7 +199,7 @@ private:
     {
         const ShotLengths& lengths = mainCamera ? mainLengths_ : otherLengths_;
         const double nominal = std::round((0.75 + 0.5 * sources_.draws()) * lengths.nominal);
-        Frames length = std::max<Frames>(1, wholeFrames(nominal)); // drawn even where a range replaces it
+        Frames length = std::max<Frames>(1, wholeFrames(nominal)); // drawn even if a range replaces it
         if (lengths.ranged)
             length = drawLengthInRange(lengths);
         if (mainCamera && inputs_.doubleMain && sources_.draws() < 0.25)
@@ -228,8 +228,8 @@ private:
         place(&camera, camera.id, end, Growth::yes);
     }
 
-    /// The camera from position_ to `end`. A free shot on the camera on screen continues that cut, unless the cut is
-    /// the opening or a fixed section, which keep their exact lengths.
+    /// Places the camera from position_ to `end`. A free shot on the camera on screen extends that cut, unless the cut
+    /// is the opening or a fixed section, which keep their exact lengths.
     void place(Camera* camera, const std::string& id, Frames end, Growth growth)
     {
         if (cuts_.size() == mostCuts)
@@ -249,7 +249,7 @@ private:
         onOtherCamera_ = camera != &cameras_.front();
     }
 
-    /// The same for a bookend or a section, whose camera need not be among the chosen ones.
+    /// The same for a bookend or a fixed section, whose camera need not be one of the chosen cameras.
     void placeFixed(const std::string& id, Frames end)
     {
         const auto camera = std::ranges::find(cameras_, id, &Camera::id);
@@ -267,9 +267,9 @@ private:
     ShotLengths otherLengths_;
 
     Frames position_ = 0;              ///< where the next shot starts
-    std::size_t nextSection_ = 0;      ///< the first fixed section that is not placed yet
-    const Camera* onScreen_ = nullptr; ///< of the last cut, when it is one of the chosen cameras
-    bool onOtherCamera_ = true;        ///< so the first shot goes to the main camera where it can
+    std::size_t nextSection_ = 0;      ///< the first fixed section that has not been placed yet
+    const Camera* onScreen_ = nullptr; ///< the camera of the last cut, if it is one of the chosen cameras
+    bool onOtherCamera_ = true;        ///< initially true, so that the edit begins on the main camera if it can
     Growth lastCutGrows_ = Growth::no;
     std::vector<Cut> cuts_;
 };

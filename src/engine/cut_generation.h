@@ -12,7 +12,7 @@
 
 namespace corvane {
 
-/// The editor's rules as the engine takes them.
+/// The editor's rules in the form that the engine needs.
 struct GenerationInputs {
     double mainShare = 0.7;  ///< fraction, 0.1 … 0.9
     double averageShot = 10; ///< seconds, 4 … 20
@@ -28,19 +28,21 @@ struct GenerationInputs {
     std::map<std::string, double, std::less<>> returnTimes; ///< seconds, 0 … 600, default 0
 };
 
-/// What a generation takes from outside.
+/// What generating needs from outside the engine.
 struct GenerationSources {
     UniformDraws draws = secureDraws();
     IdentifierSource identifiers = randomIdentifiers();
 };
 
-/// A randomised cut list that covers the whole project: after each shot on another camera the edit returns to the
-/// main camera where it can; the other cameras are drawn by weight among those with footage whose wait is over; shot
-/// lengths are drawn so that the main camera tends to its share; sections and bookends are placed exactly.
+/// A random cut list that covers the whole project. After each shot on another camera the edit returns to the main
+/// camera if it can. The other cameras are drawn by weight from those that have footage and whose return time has
+/// passed. Shot lengths are drawn so that the main camera tends towards its share. Sections and bookends are placed
+/// exactly.
 ///
-/// Refuses what validateInputs refuses, before any draw; then a frame at which no camera has footage, one at which
-/// return times leave no camera, and a range that holds no whole frame. For each free shot it draws: the camera, the
-/// nominal length, the length in its range (where there is one), the doubling (main camera with doubleMain).
+/// Refuses what validateInputs refuses, before any draw; then a frame at which no camera has footage, a frame at which
+/// return times leave no camera, and a range that contains no whole frame. For each free shot it draws, in this order:
+/// the camera, the nominal length, the length within its range (if there is one), and the doubling (for the main camera
+/// with doubleMain).
 [[nodiscard]] std::vector<Cut> generateCuts(
     const CutEngine& engine, const GenerationInputs& inputs, const GenerationSources& sources = {});
 

@@ -10,7 +10,7 @@
 
 namespace corvane {
 
-/// A fixed camera section as the user types it. `start` and `end` are timecode text, `name` is for display only.
+/// A fixed camera section as the user typed it. `start` and `end` are timecode text; `name` is only for display.
 struct SectionDraft {
     Identifier id;
     std::string name;
@@ -20,8 +20,8 @@ struct SectionDraft {
     bool operator==(const SectionDraft&) const = default;
 };
 
-/// Everything that the user chose for one rough edit, with the values of a new window. Cameras are named by the id
-/// of their angle. The maps may hold cameras that take no part.
+/// All settings of one rough edit; the defaults are those of a new window. Cameras are identified by their angle's id.
+/// The maps may contain cameras that are not included.
 struct EditSettings {
     double mainShare = 70;   ///< target screen time of the main camera, percent, 10 … 90
     double averageShot = 10; ///< seconds, 4 … 20
@@ -36,7 +36,7 @@ struct EditSettings {
     std::string audio;                                      ///< the continuous audio angle
     bool doubleMain = false;
     bool openingEnabled = false;
-    std::string openingCamera;  ///< kept, but not used, while openingEnabled is false; so is the next
+    std::string openingCamera;  ///< kept but not used while openingEnabled is false, like the next field
     double openingSeconds = 15; ///< 1 … 120
     bool closingEnabled = false;
     std::string closingCamera;
@@ -67,8 +67,9 @@ struct ShotLengthRange {
     bool operator==(const ShotLengthRange&) const = default;
 };
 
-/// One entry of a cut list: `duration` frames (at least 1) of a camera from project frame `start` on. In a cut list
-/// each cut starts where the previous one ends, the first at 0, and the last ends with the project.
+/// One entry of a cut list: `duration` frames (at least 1) of a camera, beginning at project frame `start`. The first
+/// cut of a cut list starts at 0, each further cut starts where the previous one ends, and the last ends with the
+/// project.
 struct Cut {
     Identifier id;
     std::string angle;

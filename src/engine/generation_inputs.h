@@ -13,19 +13,20 @@ namespace corvane {
 /// The angles that have any video, in project order.
 [[nodiscard]] std::vector<ImportedAngle> videoAngles(const ImportedProject& project, const CutEngine& engine);
 
-/// The included other cameras in project order: video angles among `settings.otherCameras` but not the main camera.
+/// The included other cameras in project order: the video angles in `settings.otherCameras`, without the main camera.
 [[nodiscard]] std::vector<std::string> includedOtherCameras(
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings);
 
-/// The drafts in list order, their timecodes read. Refuses as parseTimecode does, a start before its end.
+/// The sections in list order, with their timecodes read. Refuses what parseTimecode refuses, checking each start
+/// before its end.
 [[nodiscard]] std::vector<FixedCameraSection> fixedSections(
     const CutEngine& engine, const std::vector<SectionDraft>& drafts);
 
-/// What the settings on screen mean to the engine. Refuses unreadable section timecodes.
+/// The engine's inputs for the settings on screen. Refuses section timecodes that cannot be read.
 [[nodiscard]] GenerationInputs generationInputs(
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings);
 
-/// The whole of "Generate rough edit": the audio angle is checked, the settings are read, the cuts are drawn.
+/// What "Generate rough edit" does: checks the audio angle, reads the settings and generates the cuts.
 [[nodiscard]] std::vector<Cut> generateFromSettings(
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings,
     const GenerationSources& sources = {});

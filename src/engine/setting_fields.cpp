@@ -14,7 +14,7 @@ bool isWithin(const std::map<std::string, double, std::less<>>& values, const Li
     return limits.holdAll(values);
 }
 
-/// What is no number has no limits.
+/// Fields that are not numbers have no limits.
 template <class Value>
 bool isWithin(const Value&, const Limits&)
 {

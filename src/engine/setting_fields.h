@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// A field of EditSettings: its name in files, the member, and the limits of what is a number or a number by camera.
+/// A field of EditSettings: its name in files, the member, and its limits if it is a number or a number per camera.
 template <class Value>
 struct SettingField {
     std::string_view name;
@@ -15,8 +15,8 @@ struct SettingField {
     const Limits* limits = nullptr;
 };
 
-/// Calls `visit` with each field of EditSettings once, in the order in which files hold them. Whatever reads, writes or
-/// checks all of them goes through here.
+/// Calls `visit` once with each field of EditSettings, in the order in which files store them. All code that reads,
+/// writes or checks every field uses this list.
 template <class Visit>
 void forEachSetting(const Visit& visit)
 {
@@ -41,7 +41,7 @@ void forEachSetting(const Visit& visit)
     visit(SettingField{"sections", &EditSettings::sections});
 }
 
-/// True when each number of the settings is within its limits, and each minimum at or below its maximum.
+/// True if each number in the settings is within its limits and no minimum is above its maximum.
 [[nodiscard]] bool areWithinLimits(const EditSettings& settings);
 
 } // namespace corvane

@@ -19,7 +19,7 @@ void require(bool condition, const std::string& otherwise)
         throw FinalCutImportError::invalid(otherwise);
 }
 
-/// A share of the screen time as a fraction.
+/// True for a valid share of the screen time, as a fraction.
 bool isShare(double fraction)
 {
     return fraction >= limits::mainShare.lowest / 100 && fraction <= limits::mainShare.highest / 100;
@@ -106,7 +106,8 @@ std::vector<FixedCameraSection> validateFixedSections(
 
 bool hasFootage(const CutEngine& engine, std::string_view camera, Frames start, Frames end)
 {
-    // Normalised ranges are sorted and apart, so only the last that starts at or before `start` can hold it.
+    // Normalised ranges are sorted and do not touch, so only the last one that starts at or before `start` can contain
+    // it.
     const auto& ranges = engine.videoRanges(camera);
     const auto after = std::ranges::upper_bound(ranges, start, {}, &FrameRange::start);
     return after != ranges.begin() && std::prev(after)->holds(start, end);
