@@ -19,7 +19,7 @@ bool isShape(xml::Element element)
     return element.named("tracking-shape") && element.attribute("id");
 }
 
-/// How a person would name a child of the multicam clip.
+/// A child of the multicam clip as people would call it.
 std::string label(xml::Element child, const std::map<std::string_view, std::string_view>& angleNames)
 {
     if (!child.named("mc-source"))
@@ -29,7 +29,7 @@ std::string label(xml::Element child, const std::map<std::string_view, std::stri
     return "angle " + std::string(named == angleNames.end() ? id : named->second);
 }
 
-/// True when something in `child` follows a shape of another angle source.
+/// True if something in `child` follows a shape that belongs to another angle source.
 bool followsForeignShape(xml::Element child, const std::set<std::string_view>& allShapes)
 {
     std::set<std::string_view> own;
@@ -43,7 +43,7 @@ bool followsForeignShape(xml::Element child, const std::set<std::string_view>& a
     });
 }
 
-/// Names in the order in which they come, each once.
+/// Collects names in the order in which they come, each once.
 class NamesOnce {
 public:
     void add(std::string name)

@@ -7,12 +7,13 @@
 
 namespace corvane {
 
-/// What a rough edit leaves behind of the project's multicam clip.
+/// The parts of the project's multicam clip that a rough edit does not carry over.
 struct CarryOver {
-    /// Child elements that no piece takes over (video filters, adjustments of the whole clip …): each name once.
+    /// The names of child elements that no piece carries over (video filters, adjustments of the whole clip …), each
+    /// once.
     std::vector<std::string> leftOut;
-    /// Items whose reference to a tracked shape leads nowhere in the written project, because the shape belongs to an
-    /// angle source and gets a new identifier in every piece: "title Sermon", "angle Wide".
+    /// Items whose reference to a tracked shape is broken in the written project, because the shape belongs to an angle
+    /// source and gets a new id in every piece: "title Sermon", "angle Wide".
     std::vector<std::string> lostTracking;
 };
 

@@ -23,14 +23,14 @@ struct ExportNames {
     bool operator==(const ExportNames&) const = default;
 };
 
-/// Names after the project: its first 100 characters without path separators, " Corvane", and from the second export
-/// on a number; the first number for which neither name `isTaken`. Names of over `longestName` bytes lose whole
-/// characters. Refuses when 10,000 numbers are taken.
+/// The names for an export of the project: the first 100 characters of its name without path separators, " Corvane"
+/// and, from the second export on, the first number for which neither name `isTaken`. Names longer than `longestName`
+/// bytes lose whole characters. Refuses if 10,000 numbers are taken.
 [[nodiscard]] ExportNames exportNames(
     std::string_view projectName, std::size_t longestName, const std::function<bool(const std::string&)>& isTaken);
 
-/// Writes both files under free names of the folder, each whole or not at all, never over another file. Fails with
-/// PlatformError when the document cannot be written; when the record cannot, the document stays and the refusal
+/// Writes both files under free names in the folder, each completely or not at all, and never over another file. Throws
+/// PlatformError if the document cannot be written. If the record cannot be written, the document stays and the refusal
 /// says so.
 [[nodiscard]] ExportFiles writeExportFiles(
     const std::string& folder, std::string_view xmlBytes, std::string_view recordText, std::string_view projectName,

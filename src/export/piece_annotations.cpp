@@ -82,7 +82,7 @@ PieceAnnotations::Text PieceAnnotations::rangeText(xml::Element annotation, Fram
     return {{}, std::move(openTag), whole.substr(whole.find('>')), range};
 }
 
-/// What makes the project too large takes no memory, and is only counted.
+/// Once the project is too large, items are only counted, so that they take no memory.
 template <class Pieces>
 void PieceAnnotations::place(xml::Element item, Text text, const Pieces& pieces)
 {
@@ -103,7 +103,7 @@ void PieceAnnotations::placeConnectedItem(xml::Element item, double offset)
     const auto after = std::ranges::partition_point(
         cuts_, [&](const Cut& cut) { return engine_.seconds(cut.start) <= fromStart + tolerance; });
     const Cut& owner = after == cuts_.begin() ? cuts_.front() : *std::prev(after);
-    // The owner is told by its id, so in a list with repeated ids every piece of that id shows the item.
+    // The owner is identified by its id, so if ids are repeated every piece with that id gets the item.
     place(item, {partText(item), {}, {}, {}}, std::ranges::equal_range(byId_, owner.id, {}, [this](std::size_t each) {
               return cuts_[each].id;
           }));
@@ -125,7 +125,7 @@ void PieceAnnotations::placePoint(xml::Element annotation, Frames at)
         place(annotation, {partText(annotation), {}, {}, {}}, std::views::single(piece));
 }
 
-/// The first piece that ends after the source frame; the number of pieces when there is none.
+/// The first piece that ends after the source frame; the number of pieces if there is none.
 std::size_t PieceAnnotations::pieceAt(Frames sourceFrame) const
 {
     const auto piece = std::ranges::partition_point(

@@ -14,27 +14,28 @@
 
 namespace corvane {
 
-/// True for the elements that are shared out: connected items and annotations.
+/// True for the elements that are distributed among the pieces: connected items and annotations.
 [[nodiscard]] bool isSharedOut(std::string_view elementName);
 
-/// Shares the connected items, markers, keywords and ratings of the multicam clip out to the pieces. A connected item
-/// goes to the piece that holds its offset, a point to the piece that it lies in, a range, trimmed, to every piece
-/// that it touches. Each element is read and written once, and each piece knows its own.
+/// Distributes the connected items, markers, keywords and ratings of the multicam clip among the pieces. A connected
+/// item goes to the piece that contains its offset, a point to the piece in which it is, and a range, trimmed, to every
+/// piece that it overlaps. Each element is read and converted to text once; each piece refers to the texts that it
+/// needs.
 class PieceAnnotations {
 public:
-    /// Refuses times that cannot be read: connected items first, then the others, each in document order.
-    /// Adds what they repeat to `size`.
+    /// Refuses times that cannot be read: first those of connected items, then all others, each in document order. Adds
+    /// what the pieces repeat to `size`.
     PieceAnnotations(const CutEngine& engine, const std::vector<Cut>& cuts, WrittenSize& size);
 
-    /// Appends what belongs to the piece of cut number `piece`.
+    /// Appends the elements that belong to the piece of cut number `piece`.
     void append(std::string& out, std::size_t piece) const;
 
 private:
     struct Text {
-        std::string whole;               ///< as it stands in the source
-        std::string openTag;             ///< without times and ">"
-        std::string rest;                ///< from the end of the start tag on
-        std::optional<FrameRange> range; ///< in source frames, for each piece to trim; none: it has `whole`
+        std::string whole;               ///< as in the source
+        std::string openTag;             ///< without the times and ">"
+        std::string rest;                ///< from the ">" or "/>" of the start tag on
+        std::optional<FrameRange> range; ///< in source frames, trimmed for each piece; none if `whole` is used
     };
     [[nodiscard]] static Text rangeText(xml::Element annotation, FrameRange range);
 
@@ -52,7 +53,7 @@ private:
     WrittenSize& size_;
     std::vector<std::size_t> byId_; ///< the pieces, sorted by their cuts' ids
     std::vector<Text> texts_;
-    std::vector<std::vector<std::uint32_t>> pieces_; ///< numbers of texts_
+    std::vector<std::vector<std::uint32_t>> pieces_; ///< for each piece, indices into texts_
 };
 
 } // namespace corvane

@@ -8,7 +8,7 @@ namespace corvane {
 
 namespace {
 
-constexpr int partLevel = 5; // fcpxml, project, sequence, spine, mc-clip, and inside it
+constexpr int partLevel = 5; // inside fcpxml, project, sequence, spine and mc-clip
 constexpr std::string_view partIndent = "\n          ";
 
 bool isClipSetting(std::string_view name)
@@ -26,7 +26,7 @@ std::size_t endsIndex(PieceEnds ends)
     return (ends.first ? 1U : 0U) + (ends.last ? 2U : 0U);
 }
 
-/// Takes the fades of the other ends out of an adjust-volume.
+/// Removes the fades of the project ends that the piece does not touch from an adjust-volume.
 void removeFades(xml::Tree& tree, xml::Element volume, PieceEnds ends)
 {
     std::vector<xml::Element> fades;
@@ -34,12 +34,11 @@ void removeFades(xml::Tree& tree, xml::Element volume, PieceEnds ends)
         if ((!ends.first && element.named("fadeIn")) || (!ends.last && element.named("fadeOut")))
             fades.push_back(element);
     }
-    for (auto fade = fades.rbegin(); fade != fades.rend(); ++fade) // one in another one goes before it
+    for (auto fade = fades.rbegin(); fade != fades.rend(); ++fade) // a nested fade goes before the one around it
         tree.remove(*fade);
 }
 
-/// Of an angle's mc-source elements the first whose mode is "all" or `mode` (absent counts as "all"), else the first
-/// at all.
+/// The first of an angle's mc-source elements whose mode is "all" (the default) or `mode`, otherwise simply the first.
 std::optional<xml::Element> sourceFor(const std::vector<xml::Element>& ofAngle, std::string_view mode)
 {
     for (const xml::Element source : ofAngle) {
@@ -57,8 +56,8 @@ std::string newTrackingId(const IdentifierSource& identifiers)
     return std::string(trackingIdStart) + identifiers().digits();
 }
 
-/// Gives every tracking shape a new id and lets the references in the same element follow; returns the new ids and
-/// their numbers.
+/// Gives every tracking shape a new id and updates the references in the same element. Returns the new ids and their
+/// indices.
 std::map<std::string, std::size_t, std::less<>> renewTrackingIds(xml::Tree& tree, const IdentifierSource& identifiers)
 {
     std::map<std::string, std::size_t, std::less<>> newIds;

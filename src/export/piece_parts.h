@@ -17,46 +17,46 @@
 
 namespace corvane {
 
-/// Appends `text` on a line of its own, indented as the contents of a piece are.
+/// Appends `text` on a line of its own, indented like the contents of a piece.
 void appendPart(std::string& out, std::string_view text);
 
-/// The element and everything in it, as it stands inside a piece.
+/// The element with its contents, as text inside a piece.
 [[nodiscard]] std::string partText(xml::Element element);
 
-/// True for the children of the multicam clip that pieces take over, or make anew (mc-source).
+/// True for the children of the multicam clip that the pieces carry over or, for mc-source, build anew.
 [[nodiscard]] bool isCarriedOver(std::string_view elementName);
 
-/// Which ends of the project a piece touches: only there are the audio fades of that end kept.
+/// Whether a piece is at the start or end of the project; only there it keeps the audio fade of that end.
 struct PieceEnds {
     bool first = false;
     bool last = false;
 };
 
-/// The parts of the pieces that repeat from piece to piece. Each is built and written once and then only copied;
-/// tracking ids alone are new in every copy, because an id may occur only once in a document.
+/// The parts that all pieces have in common. Each is built and converted to text once, and then only copied. Only
+/// tracking ids are new in every copy, because an id may occur only once in a document.
 class PieceParts {
 public:
     PieceParts(const CutEngine& engine, std::string_view audioAngle, IdentifierSource identifiers);
 
-    /// Adds what the pieces of these cuts repeat to `size`, but for the fades that the first and the last have.
+    /// Adds to `size` what the pieces of these cuts repeat, except the fades of the first and the last piece.
     void addTo(WrittenSize& size, const std::vector<Cut>& cuts) const;
 
-    /// The start tag but for its times and its ">".
+    /// The start tag without its times and its ">".
     [[nodiscard]] const std::string& openTag() const { return openTag_; }
     [[nodiscard]] const std::string& closeTag() const { return closeTag_; }
 
-    /// Clip settings and the angle sources of a piece that shows `angle`.
+    /// Appends the clip settings and the angle sources of a piece that shows `angle`.
     void appendSources(std::string& out, const std::string& angle, PieceEnds ends);
-    /// What stands after everything else.
+    /// Appends what follows everything else.
     void appendTrailing(std::string& out) const { out += trailing_; }
 
 private:
     enum class Mode { all, video, audio };
 
-    /// A written element with places for new ids.
+    /// The text of an element, with the places where new ids are inserted.
     struct Template {
         std::string text;
-        std::vector<std::pair<std::size_t, std::size_t>> places; ///< offset in `text`, number of the id
+        std::vector<std::pair<std::size_t, std::size_t>> places; ///< offset in `text`, index of the id
         std::size_t ids = 0;
     };
 
@@ -73,8 +73,8 @@ private:
     std::string closeTag_;
     std::string trailing_;
     std::map<std::string_view, std::vector<xml::Element>> angleSources_; ///< the mc-source elements of each angle
-    std::array<std::optional<std::string>, 4> settings_;                 ///< by ends
-    std::map<std::pair<std::string, int>, Template> sources_;            ///< by angle and by mode and ends
+    std::array<std::optional<std::string>, 4> settings_;                 ///< indexed by the piece's ends
+    std::map<std::pair<std::string, int>, Template> sources_;            ///< by angle, and by mode and ends
 };
 
 } // namespace corvane

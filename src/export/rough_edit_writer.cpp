@@ -55,7 +55,7 @@ void checkAudioFades(const CutEngine& engine, const std::vector<Cut>& cuts, std:
     });
 }
 
-/// The project without its spine's contents, written, and where they go.
+/// The text of the project without its spine's contents, and the position at which these are inserted.
 struct ProjectText {
     std::string before;
     std::string after;
@@ -65,7 +65,7 @@ ProjectText projectText(const SourceDocument& source)
 {
     xml::Tree project(source.project, xml::Tree::Copy::startTag);
     for (auto above = source.project.parent(); above && above->parent(); above = above->parent())
-        project.declareNamespaces(*above); // libraries and events are left out, what they declare is not
+        project.declareNamespaces(*above); // libraries and events are omitted, but their namespaces are kept
     project.removeAttribute(project.root(), "uid");
     project.removeAttribute(project.root(), "modDate");
     if (const auto name = source.project.attribute("name"))
@@ -75,7 +75,7 @@ ProjectText projectText(const SourceDocument& source)
     const auto newSpine = sequence && spine ? project.appendChildren(*sequence, source.sequence, *spine) : std::nullopt;
     if (!newSpine)
         refuse("The project has no timeline to export.");
-    // A place that nothing in the document can be mistaken for.
+    // A placeholder that cannot occur in the document.
     const std::string place = "pieces-" + randomIdentifiers()().digits();
     project.appendInstruction(*newSpine, place);
     std::string text;
@@ -90,7 +90,7 @@ void appendPieces(
     const IdentifierSource& identifiers)
 {
     constexpr std::string_view indent = "\n        ";
-    constexpr std::size_t timesOfPiece = 200; // bytes, roughly
+    constexpr std::size_t timesOfPiece = 200; // in bytes, roughly
     const auto appendTime = [&](Frames frames) {
         appendTimeString(out, frames, engine.frameNumerator, engine.frameDenominator);
     };

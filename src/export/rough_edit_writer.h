@@ -11,12 +11,13 @@
 
 namespace corvane {
 
-/// The rough edit as a new FCPXML document: the source's resources and project, the project under a new name, its
-/// one multicam clip split into a piece a cut. Each piece shows its cut's angle and plays the audio angle, which is
-/// the engine's audioID where none is given; markers, keywords and connected items go to the pieces that they touch.
+/// The rough edit as a new FCPXML document: the source's resources and its project under a new name, with the multicam
+/// clip split into one piece per cut. Each piece shows its cut's angle and plays the audio angle, which is the engine's
+/// audioID if none is given. Markers, keywords and connected items go to the pieces that they touch.
 ///
-/// Refuses an audio angle that is not continuous, a cut list that does not tile the project with footage, a fade of
-/// the audio angle that is longer than the first or last cut, and annotation times that cannot be read.
+/// Refuses an audio angle that is not continuous, a cut list that does not cover the project without gaps and with
+/// footage, a fade of the audio angle that is longer than the first or last cut, and annotation times that cannot be
+/// read.
 [[nodiscard]] std::string roughEditXML(
     const CutEngine& engine, const std::vector<Cut>& cuts, std::optional<std::string_view> audioAngle = std::nullopt,
     const IdentifierSource& identifiers = randomIdentifiers());

@@ -36,7 +36,7 @@ public:
 private:
     void line(const std::string& text = "") { text_ += text + "\n"; }
 
-    /// Of the first angle with this id, or the id itself.
+    /// The name of the first angle with this id, or the id itself.
     [[nodiscard]] std::string name(std::string_view angle) const
     {
         const auto found = names_.find(angle);
@@ -133,7 +133,7 @@ private:
     const CutEngine& engine_;
     const EditRevision& revision_;
     const EditSettings& settings_;
-    std::map<std::string_view, std::string_view> names_; ///< of the angles, by id
+    std::map<std::string_view, std::string_view> names_; ///< angle names by id
     std::string text_;
 };
 

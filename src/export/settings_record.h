@@ -8,8 +8,8 @@
 
 namespace corvane {
 
-/// How an edit was made, as plain text for people: the project, every setting, the screen time that each camera got
-/// and the whole cut list. Lines end in a line feed; numbers have a point in every country.
+/// How an edit was made, as plain text for people: the project, every setting, each camera's screen time and the whole
+/// cut list. Lines end in a line feed; numbers have a decimal point whatever the locale.
 [[nodiscard]] std::string settingsRecordText(
     const ImportedProject& project, const CutEngine& engine, const EditRevision& revision);
 

@@ -25,7 +25,7 @@ void WrittenSize::add(std::string_view kind, std::size_t bytes, std::size_t time
         known = kinds_.emplace(kind, Kind()).first;
     ++known->second.items;
     known->second.bytes += bytes;
-    known->second.written += bytes * times; // of a document in memory and of cuts in memory: no 64 bits
+    known->second.written += bytes * times; // cannot overflow: both document and cuts fit in memory
     bytes_ += bytes * times;
 }
 

@@ -8,21 +8,22 @@
 
 namespace corvane {
 
-/// How large the written project becomes, before it is written: every clip repeats parts of the multicam clip, and a
-/// small document may come to gigabytes. Times are not counted.
+/// Estimates the size of the project before it is written: every clip repeats parts of the multicam clip, so that a
+/// small document may become gigabytes. Times are not counted.
 class WrittenSize {
 public:
-    /// `clips`: how many the project is written in.
+    /// `clips` is the number of clips in the written project.
     explicit WrittenSize(std::size_t clips) : clips_(clips) {}
 
-    /// An item of the multicam clip that is written `times`.
+    /// Adds an item of the multicam clip that is written `times` times.
     void add(std::string_view kind, std::size_t bytes, std::size_t times);
-    /// What stands around the clips.
+    /// Adds what is written only once, outside the clips.
     void addOnce(std::size_t bytes) { bytes_ += bytes; }
 
-    /// True beyond xml::mostWritten.
+    /// True if the size is above xml::mostWritten.
     [[nodiscard]] bool isTooLarge() const;
-    /// Refuses what is too large, or has become it while it was `written`, and says which kind of item makes it so.
+    /// Refuses if the estimate, or the `written` size so far, is too large, and says which kind of item makes it so
+    /// large.
     void check(std::size_t written = 0) const;
 
     [[nodiscard]] std::size_t bytes() const { return bytes_; }
