@@ -10,7 +10,7 @@
 
 namespace corvane {
 
-/// One generated rough edit and the settings that produced it. It never changes: a changed edit is a new revision.
+/// One generated rough edit and the settings that produced it. Immutable: a changed edit is a new revision.
 struct EditRevision {
     Identifier id;
     Timestamp created;
@@ -19,23 +19,23 @@ struct EditRevision {
     bool operator==(const EditRevision&) const = default;
 };
 
-/// Revisions never change, so whoever shows, saves or exports one shares it.
+/// Revisions are immutable, so showing, saving and exporting can share them.
 using SharedRevision = std::shared_ptr<const EditRevision>;
 
-/// The revisions of the loaded project, oldest first, and the position of the current one: -1 exactly when there are
-/// none. A record read from a file may break that; validateSession tells.
+/// The revisions of the loaded project, oldest first, and the index of the current one, which is -1 only if there are
+/// none. A history read from a file may violate this; validateSession checks it.
 struct EditHistory {
     std::vector<SharedRevision> items;
     std::int64_t index = -1;
 
-    /// Makes the revision the current one. What stood after the old current one is dropped.
+    /// Adds the revision after the current one, drops all that came after that, and makes the new one current.
     void append(SharedRevision revision);
-    /// None when `index` is out of range.
+    /// None if `index` is out of range.
     [[nodiscard]] SharedRevision currentRevision() const;
-    /// True for a position in `items`.
+    /// True if `position` is an index into `items`.
     [[nodiscard]] bool has(std::int64_t position) const;
 
-    /// The same revisions, not only equal ones.
+    /// Equal only if both share the same revisions, not merely equal ones.
     bool operator==(const EditHistory&) const = default;
 };
 

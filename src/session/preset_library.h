@@ -11,25 +11,25 @@
 
 namespace corvane {
 
-/// The saved presets of this user. They are read once, and looked at again before each change, since another process
-/// may have changed them; asking for them touches no disk.
+/// The user's saved presets. They are read once, and again before each change, because another process may have changed
+/// them. Asking for them does not touch the disk.
 class PresetLibrary {
 public:
     explicit PresetLibrary(UserDefaults& defaults);
 
-    /// Reads what is stored now. A failure is kept: presets() is empty then, and current() fails in the same words.
+    /// Reads the stored presets. If that fails, presets() is empty, and current() fails with the same message.
     void read();
-    /// As read last; empty when the list could not be read.
+    /// The presets as last read; empty if they could not be read.
     [[nodiscard]] const std::vector<EditPreset>& presets() const { return presets_; }
     [[nodiscard]] bool canBeRead() const { return failure_ == nullptr; }
     [[nodiscard]] std::optional<EditPreset> preset(std::string_view id) const;
 
-    /// The list as it is stored now, for a change. Fails as decodePresets where it cannot be read.
+    /// The list as it is stored now, to be changed. Fails like decodePresets.
     [[nodiscard]] std::vector<EditPreset> current();
-    /// Sorts and stores the list, once it has been read back without a complaint; otherwise the old one stays. What a
-    /// newer version has stored is kept aside first.
+    /// Sorts the list and stores it, but only if the new bytes can be read back; otherwise the old list stays. A list
+    /// that a newer version has stored is kept aside first.
     void store(std::vector<EditPreset> presets);
-    /// Keeps what is stored aside, begins an empty list, and returns the name under which the old one is kept.
+    /// Keeps the stored list aside, begins an empty one, and returns the name under which the old one is kept.
     std::string startNew();
 
 private:
@@ -38,7 +38,7 @@ private:
     void take(std::string bytes);
 
     UserDefaults& defaults_;
-    std::string bytes_; ///< of which presets_ or failure_ were made
+    std::string bytes_; ///< the stored bytes that gave presets_ or failure_
     std::vector<EditPreset> presets_;
     std::exception_ptr failure_;
 };

@@ -101,7 +101,7 @@ Json presetJson(const EditPreset& preset)
 
 struct StoredPresets {
     std::vector<EditPreset> presets;
-    bool holdMore = false; ///< members that this program does not know
+    bool holdMore = false; ///< the list has members that this program does not know
 };
 
 StoredPresets storedPresets(std::string_view bytes)

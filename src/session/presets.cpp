@@ -17,7 +17,7 @@ std::string comparable(std::string_view name)
     return lowerCased(trimmed(name));
 }
 
-/// Angles by name. A name stands for an angle only when it is the name of just one.
+/// Finds angles by name. A name matches only if exactly one angle has it.
 class AngleNames {
 public:
     explicit AngleNames(std::vector<ImportedAngle> angles) : angles_(std::move(angles))
@@ -32,8 +32,8 @@ public:
         return found == byName_.end() || found->second.size() != 1 ? nullptr : found->second.front();
     }
 
-    /// By angle id, the value of the one row with the angle's name; `otherwise` for a name that is not unique on
-    /// either side.
+    /// For each angle id, the value of the row with the angle's name, or `otherwise` if the name is not unique on both
+    /// sides.
     template <class Row>
     [[nodiscard]] std::map<std::string, double, std::less<>> values(
         const std::optional<std::vector<Row>>& rows, double Row::* member, double otherwise) const
@@ -77,7 +77,7 @@ struct CameraChoice {
     std::string audio;
 };
 
-/// None unless every name of the preset is found, each on an angle of its own.
+/// None unless every name in the preset matches a different angle.
 std::optional<CameraChoice> matchCameras(const EditPreset& preset, const AngleNames& video, const AngleNames& audio)
 {
     const ImportedAngle* main = video.identified(preset.mainAngleName);
@@ -102,7 +102,7 @@ void applyRanges(const EditPreset& preset, EditSettings& settings)
     settings.otherMaximum = preset.otherMaximum.value_or(derived.otherMaximum);
 }
 
-/// False when the preset has a bookend whose camera is not found.
+/// False if the preset has a bookend whose camera is not found.
 bool applyBookend(
     const std::optional<PresetBookend>& bookend, const AngleNames& video, bool& enabled, std::string& camera,
     double& seconds)

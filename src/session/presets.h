@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-/// Presets name cameras by their angles' names, because ids differ from project to project.
+/// Presets identify cameras by their angles' names, because ids differ between projects.
 namespace corvane {
 
 struct PresetReturnTime {
@@ -32,8 +32,8 @@ struct PresetBookend {
     bool operator==(const PresetBookend&) const = default;
 };
 
-/// A named setup of pacing and camera balance. Fixed sections are never part of it. What is optional is absent in
-/// presets of earlier versions, the bookends also where they were off.
+/// A named setup of pacing and camera balance, without fixed sections. Optional fields are absent in presets of earlier
+/// versions; a bookend is also absent if it was off.
 struct EditPreset {
     Identifier id;
     std::string name;
@@ -47,44 +47,44 @@ struct EditPreset {
     std::optional<std::vector<PresetFrequency>> frequencies;
     std::optional<PresetBookend> opening;
     std::optional<PresetBookend> closing;
-    std::optional<double> mainMinimum; ///< seconds; each pair is there as a whole or not at all
+    std::optional<double> mainMinimum; ///< seconds; each pair is either complete or absent
     std::optional<double> mainMaximum;
     std::optional<double> otherMinimum;
     std::optional<double> otherMaximum;
     bool operator==(const EditPreset&) const = default;
 };
 
-/// Reads a stored list; no bytes are no presets. Fails with PlatformError where it is no list of presets, and refuses
-/// one that breaks a rule (repeated ids or names, blank names, values out of range). Nothing is repaired.
+/// Reads a stored list; no bytes mean no presets. Throws PlatformError if the bytes are not a list of presets, and
+/// refuses a list that breaks a rule (repeated ids or names, blank names, values out of range). Nothing is repaired.
 [[nodiscard]] std::vector<EditPreset> decodePresets(std::string_view bytes);
-/// True when a list that can be read holds what encodePresets would not write: a newer version's. Fails as
-/// decodePresets where it is no list of presets.
+/// True if the list contains data that encodePresets would not write, because a newer version wrote it. Throws
+/// PlatformError if the bytes are not a list of presets.
 [[nodiscard]] bool presetsHoldMore(std::string_view bytes);
 [[nodiscard]] std::string encodePresets(const std::vector<EditPreset>& presets);
 
-/// By name as people sort: without regard to case, runs of digits by value.
+/// Sorts by name as people do: ignoring case, and digits by their numeric value.
 void sortPresets(std::vector<EditPreset>& presets);
 
-/// The same name but for case and surrounding white space.
+/// True if the names are equal except for case and surrounding white space.
 [[nodiscard]] bool sameName(std::string_view a, std::string_view b);
 
-/// The setup on screen as a preset.
+/// A preset of the setup on screen.
 [[nodiscard]] EditPreset makePreset(
     const Identifier& id, const std::string& name, const ImportedProject& project, const CutEngine& engine,
     const EditSettings& settings);
 
-/// What applying a preset puts on screen, and what it says about it.
+/// The settings that result from applying a preset, and the message about it.
 struct AppliedPreset {
     EditSettings settings;
     std::string notice;
 };
 
-/// Pacing and balance are taken over in any case; the choice of cameras only when every name is found on just one
-/// angle; a bookend whose camera is not found is turned off.
+/// Pacing and balance are always applied. The choice of cameras is applied only if every name matches exactly one
+/// angle. A bookend whose camera is not found is turned off.
 [[nodiscard]] AppliedPreset appliedPreset(
     const EditPreset& preset, const ImportedProject& project, const CutEngine& engine, const EditSettings& current);
 
-/// Shot ranges of presets that have none, from their share (percent) and average shot (seconds).
+/// Shot ranges for presets that have none, derived from their share (percent) and average shot (seconds).
 struct DerivedRanges {
     double mainMinimum, mainMaximum, otherMinimum, otherMaximum;
 };

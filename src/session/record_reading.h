@@ -7,13 +7,13 @@
 
 namespace corvane {
 
-/// Read the records as files hold them. Every key is required; a wrong type fails with PlatformError.
+/// Read the records from files. Every key is required. A missing key or a value of the wrong type throws PlatformError.
 [[nodiscard]] EditSettings readSettings(const JsonValue& value);
 [[nodiscard]] Cut readCut(const JsonValue& value);
 [[nodiscard]] SharedRevision readRevision(const JsonValue& value);
 [[nodiscard]] EditHistory readHistory(const JsonValue& value);
 
-/// What is optional in a preset may be missing or null. Its values are not looked at.
+/// Optional fields of a preset may be missing or null. The values are not validated.
 [[nodiscard]] EditPreset readPreset(const JsonValue& value);
 
 } // namespace corvane

@@ -51,7 +51,7 @@ void validateCuts(const CutEngine& engine, const std::vector<Cut>& cuts)
     require(position == engine.length, "The saved edit history has an incomplete timeline.");
 }
 
-/// None for what is no session file.
+/// None if the bytes are not a session file.
 std::optional<SavedEditSession> decoded(std::string_view bytes)
 {
     try {

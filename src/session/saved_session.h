@@ -9,33 +9,33 @@
 
 namespace corvane {
 
-/// What the session file holds: the project's document as it was imported, the settings on screen and all revisions.
-/// Files of one version may grow members; who does not know them reads the rest.
+/// The contents of the session file: the project's document as it was imported, the settings on screen and all
+/// revisions. Members may be added without a new version number; a program that does not know them reads the rest.
 struct SavedEditSession {
     std::int64_t version = 1;
     std::string sourceXML;
     EditSettings settings;
     EditHistory history;
-    bool holdsMore = false; ///< there were members that this program does not know, and would not write
+    bool holdsMore = false; ///< the file has members that this program does not know and would not write
 };
 
-/// Fails with PlatformError where the bytes are no session file, whatever they say.
+/// Throws PlatformError if the bytes are not a session file. Does not validate the values.
 [[nodiscard]] SavedEditSession decodeSession(std::string bytes);
 
-/// True for a session file with at least one revision; false also for what is no session file.
+/// True for a session file with at least one revision; false for anything else.
 [[nodiscard]] bool holdsGeneratedEdits(std::string_view bytes);
 
-/// True for a session file of which this program, when it writes it again, leaves nothing out.
+/// True for a session file that this program could write again without losing data.
 [[nodiscard]] bool isKnownThroughout(std::string_view bytes);
 
-/// The same for one that can be restored, too.
+/// The same for a file that can also be restored.
 [[nodiscard]] bool restoresThroughout(std::string_view bytes);
 
 /// Refuses a session of another version, with settings out of range, with cameras that its project does not have, or
-/// with cut lists that do not tile the project with footage.
+/// with cut lists that do not cover the project without gaps and with footage.
 void validateSession(const SavedEditSession& session, const CutEngine& engine);
 
-/// Refuses settings out of range; every bound is inclusive.
+/// Refuses settings that are out of range; all limits are inclusive.
 void validateStoredSettings(const EditSettings& settings);
 
 } // namespace corvane

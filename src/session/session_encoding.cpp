@@ -16,7 +16,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-/// Text for a number that is none would be no number either, and the file could not be read again.
+/// Refuses NaN and infinity: their text is not JSON, and the file could not be read back.
 double finite(double value)
 {
     if (!std::isfinite(value))
@@ -24,8 +24,8 @@ double finite(double value)
     return value;
 }
 
-// Lists and objects are written by hand: the library's own need memory to be taken apart, and end the program without
-// it.
+// Lists and objects are written by hand, because destroying the library's own needs memory, and ends the program if
+// there is none.
 
 std::string json(const auto& value)
 {
@@ -68,7 +68,7 @@ std::string json(const std::vector<SectionDraft>& drafts)
     });
 }
 
-/// Cut lists are most of the file, and numbers and identifiers need no escaping: they are written straight away.
+/// Cut lists make up most of the file, and numbers and ids need no escaping, so they are written directly.
 void appendCuts(std::string& out, const std::vector<Cut>& cuts)
 {
     std::map<std::string_view, std::string> quotedAngles;

@@ -9,19 +9,18 @@
 
 namespace corvane {
 
-/// The forms in which the session file keeps the records: compact, keys in the order of the fields.
+/// The settings as the session file stores them: compact JSON, with keys in the order of the fields.
 [[nodiscard]] std::string encodedSettings(const EditSettings& settings);
 [[nodiscard]] std::string encodedRevision(const EditRevision& revision);
 
-/// Makes the session file of one project, again and again. A save follows every change of a setting, and neither the
-/// document nor a revision ever changes: their encoded forms are made once and kept, and a file is the parts one
-/// after the other.
+/// Encodes the session file of one project. Every change of a setting is saved, but the document and the revisions
+/// never change. So their encoded forms are made once and kept, and a file consists of these parts one after the other.
 class SessionEncoder {
 public:
-    /// Forgets what was kept and takes another project's document.
+    /// Discards the encoded parts and sets another project's document.
     void setSource(std::string_view sourceXML);
 
-    /// The parts of the file. They stay valid until the next call of either operation.
+    /// The parts of the file, which are valid until the next call of encode or setSource.
     [[nodiscard]] std::vector<std::string_view> encode(const EditSettings& settings, const EditHistory& history);
 
 private:
@@ -30,8 +29,8 @@ private:
         std::string text;
     };
 
-    std::string beginning_;               ///< up to the settings: version and document
-    std::vector<KeptRevision> revisions_; ///< of the history that was saved last, in its order
+    std::string beginning_;               ///< everything before the settings: version and document
+    std::vector<KeptRevision> revisions_; ///< of the history that was last saved, in its order
     std::string settings_;
     std::string ending_;
 };

@@ -11,7 +11,7 @@ namespace corvane {
 
 namespace {
 
-/// What a stored file is; false also for one that cannot be read.
+/// Whether the bytes of a file satisfy `is`; false also if it cannot be read.
 bool storedFile(const std::string& path, bool (*is)(std::string_view bytes))
 {
     try {
@@ -21,7 +21,7 @@ bool storedFile(const std::string& path, bool (*is)(std::string_view bytes))
     }
 }
 
-/// What is larger than a file may be to be read again is not written, so that the one before it stays.
+/// Refuses to write a file that would be too large to be read back, so that the previous one stays.
 void refuseUnreadable(const std::string& path, std::span<const std::string_view> parts)
 {
     std::uint64_t size = 0;
@@ -97,18 +97,18 @@ void SessionStore::changePlaces(std::string_view bytes)
         if (somethingNamed(path))
             calls_.unlink(copy);
         else
-            (void)calls_.renameToNew(copy, path); // it was renamed, not copied
+            (void)calls_.renameToNew(copy, path); // renames it back if it was renamed rather than copied
         throw;
     }
     own_ = isKnownThroughout(bytes) ? stampOf(path) : std::nullopt;
     if (followedLinks(previous) == previous) {
-        (void)calls_.renameOver(copy, previous); // or the copy stays where it is
+        (void)calls_.renameOver(copy, previous); // if this fails, the copy stays where it is
         return;
     }
     try {
         const std::string replaced = readFile(copy, largestSession);
         const std::string_view part = replaced;
-        replaceFile(previous, {&part, 1}, calls_); // it may be on another disk
+        replaceFile(previous, {&part, 1}, calls_); // because it may be on another disk
         calls_.unlink(copy);
     } catch (const PlatformError&) { // NOLINT(bugprone-empty-catch)
         // The copy stays where it is.
@@ -126,7 +126,7 @@ std::string SessionStore::keepStoredFile(const std::string& path)
 void SessionStore::removeSurplusCopies(const std::string& path)
 {
     constexpr std::size_t most = 10;
-    std::vector<std::string> restoring; // as far as is known: a copy is looked into only when it is to go
+    std::vector<std::string> restoring; // as far as is known: a copy is read only if it may be removed
     for (const std::string& name : keptBeside(path)) {
         if (const auto stamp = stampOf(name); stamp && !foreignCopies_.contains({name, *stamp}))
             restoring.push_back(name);

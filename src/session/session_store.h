@@ -13,52 +13,52 @@
 
 namespace corvane {
 
-/// The most bytes that a session file may have.
+/// The largest session file, in bytes.
 constexpr std::uint64_t largestSession = std::uint64_t{512} << 20U;
 
-/// The session file of this user account and what must not be lost beside it. A file that this store neither wrote
-/// nor handed to the window last (it could not be restored, was never read, or another process replaced it), or that
-/// holds what this program would not write, is copied aside before the first save over it. Of the copies that this
-/// program can restore as a whole the ten latest stay; all others stay for ever.
+/// The user's session file, and the files beside it that must not be lost. A file is copied aside before the first save
+/// over it if this store neither wrote it nor passed it to the window (because it could not be restored, was never
+/// read, or another process replaced it), or if it contains data that this program would not write. Of the copies that
+/// this program can restore completely the latest ten are kept; all others are kept forever.
 class SessionStore {
 public:
-    /// `folder` gives the program's own folder and makes it; it fails with PlatformError where that cannot be.
+    /// `folder` creates the program's own folder and returns its path, or throws PlatformError.
     explicit SessionStore(std::function<std::string()> folder, FileCalls& calls = FileCalls::system());
 
-    /// Path of "session-v1.json"; its folder is made. Fails with PlatformError.
+    /// The path of "session-v1.json", whose folder is created. Throws PlatformError.
     [[nodiscard]] std::string sessionFileURL() const;
 
-    /// The stored file, none when there is none. Fails with PlatformError.
+    /// The bytes of the stored file, if there is one. Throws PlatformError.
     [[nodiscard]] std::optional<std::string> read();
-    /// What was read last is on screen now: saving may replace it.
+    /// Call this when the session that was last read is on screen: from then on, saving may replace it.
     void accept() { own_ = read_; }
-    /// The stored file holds what is nowhere else: saving copies it aside first.
+    /// Call this if the stored file contains the only copy of something: saving then copies it aside first.
     void disown() { own_.reset(); }
 
-    /// Replaces the file by the parts. Fails with PlatformError, also for more than could be read again; the old file
-    /// then stays.
+    /// Replaces the file with the parts. Throws PlatformError, also if the file would be too large to be read back;
+    /// then the old file stays.
     void write(std::span<const std::string_view> parts);
 
-    /// The session that an import replaced, kept as "session-v1 (previous).json" in place of an earlier one.
+    /// The path of the session that an import replaced, "session-v1 (previous).json". Only the latest one is kept.
     [[nodiscard]] std::string previousFileURL() const;
-    void writePrevious(std::span<const std::string_view> parts); ///< fails as write() does
-    /// Keeps the stored file itself, of which `bytes` were read, as the previous one.
+    void writePrevious(std::span<const std::string_view> parts); ///< fails like write()
+    /// Keeps the stored file, from which `bytes` were read, as the previous session.
     void keepAsPrevious(std::string_view bytes);
-    /// The previous session, of which `bytes` were read, becomes the stored one, and the stored one the previous. At
-    /// every moment both are in some file. Fails with PlatformError and has then changed neither.
+    /// Exchanges the previous session, from which `bytes` were read, and the stored one. At every moment each of them
+    /// is in some file. Throws PlatformError, and then has changed neither.
     void changePlaces(std::string_view bytes);
 
 private:
-    /// As the function of that name; returns the path of what is kept.
+    /// Calls the function keepAside and returns the path of the copy.
     std::string keepStoredFile(const std::string& path);
-    /// Takes away the oldest of more than ten copies that restore as a whole.
+    /// If more than ten copies can be restored completely, removes the oldest of them.
     void removeSurplusCopies(const std::string& path);
 
     std::function<std::string()> folder_;
     FileCalls& calls_;
     std::optional<FileStamp> read_;
     std::optional<FileStamp> own_;
-    std::set<std::pair<std::string, FileStamp>> foreignCopies_; ///< those that this program cannot restore, by path
+    std::set<std::pair<std::string, FileStamp>> foreignCopies_; ///< copies that this program cannot restore, by path
 };
 
 } // namespace corvane

@@ -8,13 +8,13 @@
 
 namespace corvane {
 
-/// What an import puts on screen: the first video angle is the main camera and all others are included, no bookends
-/// and no sections; the pacing of `current` is kept. Refuses a project with fewer than two video angles.
+/// The settings after an import: the first video angle is the main camera and all others are included; there are no
+/// bookends or fixed sections; the pacing of `current` is kept. Refuses a project with fewer than two video angles.
 [[nodiscard]] EditSettings startingSettings(
     const ImportedProject& project, const CutEngine& engine, const EditSettings& current = {});
 
-/// Among the angles with sound: the one that the multicam clip itself plays, else the first that plays over the whole
-/// project, else the first; empty when no angle has sound.
+/// Of the angles with audio: the one that the multicam clip itself plays, otherwise the first that covers the whole
+/// project, otherwise the first. Empty if no angle has audio.
 [[nodiscard]] std::string defaultAudioAngle(const ImportedProject& project, const CutEngine& engine);
 
 } // namespace corvane
