@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-/// What a help window says, apart from the manual.
+/// The texts of a help window other than the manual.
 namespace corvane::help_texts {
 
 inline constexpr std::string_view title = "Corvane Help";

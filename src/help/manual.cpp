@@ -21,14 +21,14 @@ bool isSchemeCharacter(char c)
     return isLetter(c) || (c >= '0' && c <= '9') || c == '+' || c == '-' || c == '.';
 }
 
-/// What no address may hold as it stands. Other letters than English ones are the browser's business.
+/// True for characters that a web address must not contain unescaped. Non-ASCII letters are left to the browser.
 bool isForbiddenInAddresses(char c)
 {
     return static_cast<unsigned char>(c) <= ' ' || c == '\x7f' ||
            std::string_view("\"<>\\^`{|}").find(c) != std::string_view::npos;
 }
 
-/// A scheme and something after it, and with "//" a host.
+/// True for a scheme followed by something and, after "//", by a host.
 bool isAbsoluteAddress(std::string_view url)
 {
     const std::size_t colon = url.find(':');

@@ -17,7 +17,7 @@ struct CorvaneManual {
         bool operator==(const LinkItem&) const = default;
     };
 
-    /// A piece of a topic. Its kind says how it is shown (topic_page.h) and which of the other members that uses.
+    /// A part of a topic. Its kind decides how it is shown (topic_page.h) and which other members are used.
     struct Block {
         std::string kind;
         std::optional<std::string> text;
@@ -41,12 +41,11 @@ struct CorvaneManual {
     bool operator==(const CorvaneManual&) const = default;
 };
 
-/// Reads a manual from JSON. Fails with PlatformError on anything that is no manual, on ids that occur twice and on
-/// links that lead nowhere.
+/// Reads a manual from JSON. Throws PlatformError for anything that is not a manual, for repeated ids and for invalid
+/// links.
 [[nodiscard]] CorvaneManual decodeManual(std::string_view bytes);
 
-/// Reads the manual among the resources. Fails with PlatformError: where it is missing, in words that tell the user
-/// what to do.
+/// Reads the manual from the resources. Throws PlatformError; if the manual is missing, the message says what to do.
 [[nodiscard]] CorvaneManual loadManual(const Resources& resources);
 
 } // namespace corvane

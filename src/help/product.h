@@ -4,14 +4,14 @@
 #include <string>
 #include <string_view>
 
-/// What the owner of the product decides: replace it here.
+/// Product details for the owner of the product to replace.
 namespace corvane::product {
 
 inline constexpr std::string_view name = "Corvane";
 inline constexpr std::string_view website = "https://corvane.example";
 inline constexpr std::string_view publisher = "Corvane";
 
-/// The reverse-DNS name of the program on the desktop: its desktop file, its icon, its place on the bus.
+/// The reverse-DNS name of the program on the desktop, for its desktop file, its icon and its name on the bus.
 inline constexpr std::string_view desktopID = "example.corvane.Corvane";
 
 inline constexpr std::string_view about = "Corvane creates an editable first pass of your Final Cut Pro multicam "
@@ -23,7 +23,7 @@ inline constexpr std::string_view noSupport =
     "Contributions support development and do not include additional support. Personalised training and response "
     "times are not guaranteed.";
 
-/// What the bundle says of itself: the texts of "CFBundleShortVersionString" and "CFBundleVersion".
+/// What the bundle says about itself: the values of "CFBundleShortVersionString" and "CFBundleVersion".
 struct BundleInfo {
     std::optional<std::string> shortVersion;
     std::optional<std::string> version;

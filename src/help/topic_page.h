@@ -7,10 +7,10 @@
 
 namespace corvane {
 
-/// How the lines of a block are set.
+/// How the lines of a block are formatted.
 enum class BlockStyle { heading, bullets, steps, links, paragraph };
 
-/// A kind that is none of the four named ones is a paragraph.
+/// Any kind other than the four named ones is a paragraph.
 [[nodiscard]] BlockStyle blockStyle(const CorvaneManual::Block& block);
 
 /// A line of a topic's page.

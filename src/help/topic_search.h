@@ -10,21 +10,21 @@
 
 namespace corvane {
 
-/// Whether the query, without blanks at its ends, stands in what people read of the topic: title, summary, texts,
-/// items and titles of links, joined by blanks. Case and accents do not count. An empty query is in every topic.
+/// True if the query, without white space at both ends, is in what people read of the topic: title, summary, texts,
+/// items and link titles, joined by spaces. Ignores case and accents. An empty query matches every topic.
 [[nodiscard]] bool topicMatches(const CorvaneManual::Section& section, std::string_view query);
 
-/// What a help window remembers.
+/// The state of a help window.
 struct HelpTopics {
     std::string query;
     std::optional<std::string> selectedID = "quick-start";
     bool operator==(const HelpTopics&) const = default;
 };
 
-/// What a help window shows of a manual. It points into the manual.
+/// The topics that a help window shows. The pointers point into the manual.
 struct HelpTopicList {
     std::vector<const CorvaneManual::Section*> topics; ///< those that match, in the manual's order
-    const CorvaneManual::Section* shown = nullptr;     ///< the selected one, or else the first; none when none matches
+    const CorvaneManual::Section* shown = nullptr;     ///< the selected or the first topic; null if none matches
     std::string countLine;
 };
 

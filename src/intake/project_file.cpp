@@ -8,7 +8,7 @@ namespace corvane {
 
 namespace {
 
-/// Folders, and so bundles, may be written with a slash at the end.
+/// The paths of folders, and so of bundles, may end in a slash.
 std::string_view withoutFinalSlashes(std::string_view location)
 {
     while (location.size() > 1 && location.ends_with('/'))
@@ -16,7 +16,7 @@ std::string_view withoutFinalSlashes(std::string_view location)
     return location;
 }
 
-/// Where a path went through a text, there stands U+FFFD for what was none.
+/// True if the path contains U+FFFD, which replaces malformed bytes when a path is converted to text and back.
 bool holdsReplacedBytes(std::string_view path)
 {
     return path.find("\xEF\xBF\xBD") != std::string_view::npos;
@@ -29,7 +29,7 @@ constexpr const char* notTextReason =
 
 std::optional<ProjectFileKind> projectFileKind(std::string_view location)
 {
-    if (location.find('\0') != std::string_view::npos) // the file system would read another name than was judged
+    if (location.find('\0') != std::string_view::npos) // the file system would use another name than the one checked
         return std::nullopt;
     const std::string_view name = lastComponent(withoutFinalSlashes(location));
     const std::size_t point = name.rfind('.');

@@ -17,7 +17,7 @@ void XMLInboxSubscription::end()
 {
     if (!observer_)
         return;
-    observer_->ended = true; // a notice that is just running keeps the observer alive
+    observer_->ended = true; // a running notice keeps the observer alive
     observer_.reset();
 }
 

@@ -8,8 +8,7 @@
 
 namespace corvane {
 
-/// Keeps an observer's notices coming; they end with end() or with this object, whichever is first. May outlive the
-/// inbox.
+/// An observer's subscription. Notices stop after end() or when this object is destroyed. May outlive the inbox.
 class XMLInboxSubscription {
 public:
     XMLInboxSubscription() = default;
@@ -17,7 +16,7 @@ public:
     XMLInboxSubscription& operator=(XMLInboxSubscription&& other) noexcept;
     ~XMLInboxSubscription() { end(); }
 
-    /// No notice comes after this, not even the rest of one that is just being given.
+    /// No notice reaches the observer after this, not even one that is already being delivered.
     void end();
 
 private:
@@ -31,8 +30,8 @@ private:
     std::shared_ptr<Observer> observer_;
 };
 
-/// Where projects arrive from outside the window: drags, shares and opened files are put here, the workspace takes
-/// them out and sets each property back to empty. Main thread only.
+/// Where projects arrive from outside the window: drags, shares and opened files are put here, and the workspace takes
+/// them out and empties the property. Main thread only.
 class XMLInbox {
 public:
     XMLInbox() = default;
@@ -40,7 +39,7 @@ public:
     XMLInbox& operator=(const XMLInbox&) = delete;
     ~XMLInbox() = default;
 
-    /// The application's own, made when it is first asked for.
+    /// The application's inbox, created at the first call.
     [[nodiscard]] static XMLInbox& shared();
 
     /// A .fcpxml file or .fcpxmld bundle to read.
@@ -55,8 +54,8 @@ public:
     [[nodiscard]] const std::optional<std::string>& importError() const { return importError_; }
     void setImportError(std::optional<std::string> text);
 
-    /// Calls `notice` after each assignment, also one that changes nothing; what arrived earlier is not told again.
-    /// Inside a notice everything is allowed: to assign (which notifies at once), to end subscriptions, to observe.
+    /// Calls `notice` after each assignment, even one that changes nothing, but not for earlier assignments. A notice
+    /// may assign (which notifies at once), end subscriptions and observe.
     [[nodiscard]] XMLInboxSubscription observe(std::function<void()> notice);
 
 private:

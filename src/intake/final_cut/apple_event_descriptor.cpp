@@ -27,7 +27,7 @@ std::string bigEndian(std::uint32_t value)
     return bytes;
 }
 
-/// The bytes must be four.
+/// `bytes` must have four bytes.
 std::uint32_t fromBigEndian(std::string_view bytes)
 {
     std::uint32_t value = 0;
@@ -36,7 +36,7 @@ std::uint32_t fromBigEndian(std::string_view bytes)
     return value;
 }
 
-/// ICU counts in 32 bits.
+/// ICU's lengths are 32-bit numbers.
 constexpr std::size_t longestText = std::numeric_limits<std::int32_t>::max();
 
 bool isUTF8(std::string_view text)
@@ -46,7 +46,7 @@ bool isUTF8(std::string_view text)
     UErrorCode status = U_ZERO_ERROR;
     std::int32_t units = 0;
     u_strFromUTF8(nullptr, 0, &units, text.data(), static_cast<std::int32_t>(text.size()), &status);
-    return U_SUCCESS(status) || status == U_BUFFER_OVERFLOW_ERROR; // well-formed; there is only no room to put it
+    return U_SUCCESS(status) || status == U_BUFFER_OVERFLOW_ERROR; // overflow: it is well-formed, but does not fit
 }
 
 std::string withoutMalformedBytes(std::string_view text)
@@ -129,7 +129,7 @@ const AppleEventDescriptor* AppleEventDescriptor::field(FourCharacterCode key) c
 
 bool AppleEventDescriptor::holds(FourCharacterCode type, std::size_t size) const
 {
-    return type_ == type && bytes_.size() == size; // such types have no other shape: coerced() sees to that
+    return type_ == type && bytes_.size() == size; // such types never have another shape, which coerced() ensures
 }
 
 std::optional<FourCharacterCode> AppleEventDescriptor::asTypeCode() const

@@ -14,7 +14,7 @@
 namespace corvane {
 
 /// One piece of Apple Event data: a type code with bytes, a list, or a record of keyed fields in order. It comes from
-/// another program, so nothing in it is believed: a reader gives none unless type, shape and bytes are all right.
+/// another program, so nothing in it is trusted: readers return none unless type, shape and bytes are all valid.
 class AppleEventDescriptor {
 public:
     enum class Shape : std::uint8_t { bytes, list, record };
@@ -26,17 +26,17 @@ public:
 
     [[nodiscard]] static AppleEventDescriptor typeCode(FourCharacterCode code);
     [[nodiscard]] static AppleEventDescriptor enumerated(FourCharacterCode code);
-    /// UTF-8. Malformed bytes are replaced by U+FFFD, so that the receiver can read every text.
+    /// A UTF-8 text. Malformed bytes are replaced with U+FFFD, so that the receiver can read every text.
     [[nodiscard]] static AppleEventDescriptor text(std::string_view text);
     [[nodiscard]] static AppleEventDescriptor boolean(bool value);
     [[nodiscard]] static AppleEventDescriptor integer(std::int32_t value);
-    /// An absolute path, with "/" at its end when it is a folder.
+    /// `path` is absolute, and ends in "/" if it is a folder.
     [[nodiscard]] static AppleEventDescriptor fileURL(std::string_view path);
     [[nodiscard]] static AppleEventDescriptor list(std::vector<AppleEventDescriptor> items);
-    /// A record of the general type 'reco'. Where two fields have one key the first counts.
+    /// A record of the general type 'reco'. If two fields have the same key, the first one is used.
     [[nodiscard]] static AppleEventDescriptor record(std::vector<Field> fields);
     [[nodiscard]] static AppleEventDescriptor emptyRecord();
-    /// Bytes of any type, carried as they are; none for types that are a list or a record.
+    /// Unchanged bytes of any type; none for types that are a list or a record.
     [[nodiscard]] static std::optional<AppleEventDescriptor> bytesOf(FourCharacterCode type, std::string bytes);
 
     [[nodiscard]] FourCharacterCode type() const { return type_; }
@@ -46,7 +46,7 @@ public:
     /// The items of a list, the values of a record in the order of its keys.
     [[nodiscard]] std::span<const AppleEventDescriptor> items() const { return items_; }
     [[nodiscard]] std::span<const FourCharacterCode> keys() const { return keys_; }
-    /// The field of a record of any type, an object specifier's too; null when there is none.
+    /// The field of a record of any type, including object specifiers; null if there is no such field.
     [[nodiscard]] const AppleEventDescriptor* field(FourCharacterCode key) const;
 
     [[nodiscard]] std::optional<FourCharacterCode> asTypeCode() const;
@@ -58,8 +58,8 @@ public:
     /// The path of a file on this computer, as pathOfFileURL reads it.
     [[nodiscard]] std::optional<std::string> asFileURL() const;
 
-    /// The same content under another type: a record, of whatever type, as one of another type. An object specifier
-    /// ('obj ') comes only from a record with the fields 'want', 'form', 'seld' and 'from'. None for all else.
+    /// The same content with another type. A record of any type can become a record of another type, but an object
+    /// specifier ('obj ') only if it has the fields 'want', 'form', 'seld' and 'from'. None for anything else.
     [[nodiscard]] std::optional<AppleEventDescriptor> coerced(FourCharacterCode type) const;
 
 private:
@@ -67,7 +67,7 @@ private:
         : type_(type), shape_(shape), bytes_(std::move(bytes))
     {
     }
-    /// Bytes of this type, as many as `size`.
+    /// True for exactly `size` bytes of this type.
     [[nodiscard]] bool holds(FourCharacterCode type, std::size_t size) const;
 
     FourCharacterCode type_ = "null";

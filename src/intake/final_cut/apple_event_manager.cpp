@@ -13,7 +13,7 @@ AppleEventDescriptor numberOf(AppleEventError error)
     return AppleEventDescriptor::integer(static_cast<std::int32_t>(error));
 }
 
-/// None unless all are files.
+/// None unless all of them are files.
 std::optional<std::vector<std::string>> pathsOf(std::span<const AppleEventDescriptor> files)
 {
     std::vector<std::string> paths;
@@ -53,10 +53,10 @@ AppleEventReply AppleEventManager::dispatch(const AppleEvent& event) const
         reply.parameters.insert_or_assign("errn", numberOf(AppleEventError::notHandled));
         return reply;
     }
-    const Handler handler = found->second; // stays alive should it install another in its own place
+    const Handler handler = found->second; // a copy, because the handler may replace itself
     try {
         handler(event, reply);
-    } catch (const std::exception& failure) { // nothing may pass through the system's event loop
+    } catch (const std::exception& failure) { // no exception may reach the system's event loop
         reply = {};
         reply.fail(AppleEventError::eventFailed, failure.what());
     }

@@ -11,11 +11,11 @@
 
 namespace corvane {
 
-/// The system's numbers for what went wrong with an event.
+/// The system's error numbers for events.
 enum class AppleEventError : std::int32_t {
     descriptorNotFound = -1701, ///< a parameter is missing
-    wrongDataType = -1703,      ///< a parameter is there, but not of the type that it must have
-    notHandled = -1708,         ///< nobody handles such events
+    wrongDataType = -1703,      ///< a parameter has the wrong type
+    notHandled = -1708,         ///< there is no handler for such events
     noSuchObject = -1728,
     eventFailed = -10000,
 };
@@ -29,20 +29,20 @@ struct AppleEvent {
     AppleEventParameters parameters;
     bool operator==(const AppleEvent&) const = default;
 
-    /// Null when it is missing. The direct object is '----'.
+    /// Null if the parameter is missing. The key of the direct object is '----'.
     [[nodiscard]] const AppleEventDescriptor* parameter(FourCharacterCode key) const;
 };
 
-/// What goes back to the program that asked.
+/// The reply to the program that sent the event.
 struct AppleEventReply {
     AppleEventParameters parameters;
     bool operator==(const AppleEventReply&) const = default;
 
-    /// Sets 'errn', the number, and 'errs', a text for people.
+    /// Sets 'errn' to the error number and 'errs' to a text for people.
     void fail(AppleEventError error, std::string_view text);
 };
 
-/// Brings each event to the one handler for its class and id. Main thread only.
+/// Passes each event to the handler for its class and id. Main thread only.
 class AppleEventManager {
 public:
     using Handler = std::function<void(const AppleEvent&, AppleEventReply&)>;
@@ -50,16 +50,16 @@ public:
     /// Replaces an earlier handler for the same events.
     void setHandler(FourCharacterCode eventClass, FourCharacterCode eventId, Handler handler);
 
-    /// Runs the handler and gives its reply: 'errn' is notHandled where there is none, and eventFailed with the
-    /// failure's words where it throws.
+    /// Runs the handler and returns its reply. 'errn' is notHandled if there is no handler, and eventFailed with the
+    /// exception's text if the handler throws.
     [[nodiscard]] AppleEventReply dispatch(const AppleEvent& event) const;
 
 private:
     std::map<std::pair<FourCharacterCode, FourCharacterCode>, Handler> handlers_;
 };
 
-/// Handles the request to open documents ('aevt'/'odoc') as the system does for every application: `open` gets all
-/// paths of a request whose direct object is a file URL or a list of them; any other is answered with an error.
+/// Handles the request to open documents ('aevt'/'odoc') as the system does for every application: calls `open` with
+/// all paths if the direct object is a file URL or a list of file URLs, and answers any other request with an error.
 void installOpenDocuments(AppleEventManager& manager, std::function<void(const std::vector<std::string>&)> open);
 
 } // namespace corvane

@@ -5,13 +5,13 @@
 
 namespace corvane {
 
-/// Four ASCII characters in 32 bits, the first in the most significant byte; blanks count ("ID  ").
+/// Four ASCII characters in 32 bits, the first in the most significant byte; spaces are significant ("ID  ").
 struct FourCharacterCode {
     std::uint32_t value = 0;
 
     constexpr FourCharacterCode() = default;
     constexpr explicit FourCharacterCode(std::uint32_t bits) : value(bits) {}
-    /// From a literal, so that codes stand in the source as people write them; anything but four printable ASCII
+    /// Takes a literal, so that codes in the source look as people write them. Anything but four printable ASCII
     /// characters does not compile.
     consteval FourCharacterCode(const char (&text)[5])
     {

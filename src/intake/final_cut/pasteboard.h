@@ -8,14 +8,14 @@
 
 namespace corvane {
 
-/// The type under which a pasteboard offers files.
+/// The type as which a pasteboard offers files.
 constexpr std::string_view fileURLPasteboardType = "public.file-url";
 
-/// The source of a drag was asked for what it offers and did not answer.
+/// Thrown when the source of a drag was asked for data and did not answer.
 class NoPasteboardAnswer : public std::exception {};
 
-/// What a drag carries. Its source is another program: to ask it for data can take seconds. It is asked for each type
-/// once at most, and for nothing any more after it did not answer.
+/// What is being dragged. The source is another program, and asking it for data can take seconds. So it is asked at
+/// most once for each type, and never again once it has not answered.
 class Pasteboard {
 public:
     Pasteboard() = default;
@@ -23,12 +23,11 @@ public:
     Pasteboard& operator=(const Pasteboard&) = delete;
     virtual ~Pasteboard() = default;
 
-    /// The types on offer, for which the source is not asked. That a type is listed does not promise that there are
-    /// data.
+    /// The types offered, which are known without asking the source. A listed type may still have no data.
     [[nodiscard]] virtual std::vector<std::string> types() const = 0;
-    /// None for a type that is not on offer. Throws NoPasteboardAnswer.
+    /// None for a type that is not offered. Throws NoPasteboardAnswer.
     [[nodiscard]] virtual std::optional<std::string> data(const std::string& type) const = 0;
-    /// The paths of all objects that are files, in order; other locations are left out. Throws NoPasteboardAnswer.
+    /// The paths of all items that are files, in order; other locations are skipped. Throws NoPasteboardAnswer.
     [[nodiscard]] virtual std::vector<std::string> fileURLs() const = 0;
 };
 

@@ -85,7 +85,7 @@ bool performDrag(const Pasteboard& pasteboard, XMLInbox& inbox)
         if (deliver(pasteboard, inbox))
             return true;
     } catch (const NoPasteboardAnswer&) {
-        // As from a source that has nothing.
+        // Treated like a source without data.
     }
     inbox.setImportError("Drop one project from Final Cut’s browser, or one .fcpxml file or .fcpxmld bundle.");
     return false;

@@ -9,21 +9,21 @@
 
 namespace corvane {
 
-/// The seven types under which Final Cut offers a project's XML, the newest first.
+/// The seven types as which Final Cut offers a project's XML, newest first.
 [[nodiscard]] const std::vector<std::string>& finalCutXMLTypes();
 
-/// The types for which the drop view registers: Final Cut's and files.
+/// The types for which the drop view registers: Final Cut's types and files.
 [[nodiscard]] const std::vector<std::string>& registeredPasteboardTypes();
 
-/// The XML of the newest version on offer whose data are not empty; none when there is no such. Throws
+/// The XML of the newest version offered whose data is not empty; none if there is no such data. Throws
 /// NoPasteboardAnswer.
 [[nodiscard]] std::optional<std::string> xmlDataFromPasteboard(const Pasteboard& pasteboard);
 
-/// True when the pasteboard offers a registered type: the drop view lights up.
+/// True if the pasteboard offers a registered type; then the drop view is highlighted.
 [[nodiscard]] bool offersProject(const Pasteboard& pasteboard);
 
-/// A drop on the drop view: puts Final Cut's XML or the one project file into the inbox. Otherwise, also when the
-/// source does not answer, an error goes there, and the answer is false.
+/// Handles a drop on the drop view: puts Final Cut's XML or the single project file into the inbox. Otherwise, also if
+/// the source does not answer, puts an error there and returns false.
 [[nodiscard]] bool performDrag(const Pasteboard& pasteboard, XMLInbox& inbox);
 
 } // namespace corvane

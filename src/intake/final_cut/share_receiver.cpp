@@ -13,7 +13,7 @@ using Descriptor = AppleEventDescriptor;
 
 constexpr FourCharacterCode directObject = "----", assetClass = "aset", idForm = "ID  ";
 
-/// What `reader` makes of a record's field; none also when there is no record or no such field.
+/// The record's field as `reader` reads it; none also if there is no record or no such field.
 template <class Value>
 std::optional<Value> read(
     const Descriptor* record, FourCharacterCode key, std::optional<Value> (Descriptor::*reader)() const)
@@ -27,7 +27,7 @@ struct PropertyRequest {
     std::string assetId;
 };
 
-/// None unless the specifier asks for a property of an asset by its id.
+/// None unless the specifier asks for a property of an asset that is identified by id.
 std::optional<PropertyRequest> propertyRequest(const Descriptor* specifier)
 {
     const auto property = read(specifier, "seld", &Descriptor::asTypeCode);
@@ -47,7 +47,8 @@ Descriptor recordOf(FourCharacterCode type, std::vector<Descriptor::Field> field
     return record.coerced(type).value_or(record);
 }
 
-/// Final Cut writes files whose names begin with the base name; of what it could write, only the XML is wanted.
+/// Where Final Cut writes its files, whose names begin with the base name. Of all that it could write, only the XML is
+/// requested.
 Descriptor locationOf(const Asset& asset)
 {
     return recordOf(

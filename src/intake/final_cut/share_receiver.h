@@ -17,17 +17,18 @@ namespace corvane {
 
 /// One project that Final Cut shares.
 struct Asset {
-    std::string name;              ///< Final Cut's, or "Final Cut project"
-    std::string folder;            ///< made for this share alone; stays on the disk
+    std::string name;              ///< the name from Final Cut, or "Final Cut project"
+    std::string folder;            ///< created for this share only; stays on the disk
     AppleEventDescriptor metadata; ///< as received, or an empty record
     bool operator==(const Asset&) const = default;
 };
 
-/// The receiving side of Final Cut's Share menu: makes an asset for each share and tells Final Cut what it asks of it,
-/// above all where to write. Assets are kept as long as the receiver.
+/// The receiving side of Final Cut's Share menu: makes an asset for each share and answers Final Cut's questions about
+/// it, above all where to write. Assets exist as long as the receiver.
 class FinalCutShareReceiver {
 public:
-    /// Shares land in `incomingFolder` (an absolute path), without one in "Corvane/Incoming" of application support.
+    /// Shares arrive in `incomingFolder` (an absolute path), by default in "Corvane/Incoming" in the application
+    /// support folder.
     explicit FinalCutShareReceiver(
         std::optional<std::string> incomingFolder = std::nullopt, IdentifierSource identifiers = randomIdentifiers(),
         ApplicationSupport& support = ApplicationSupport::system(), FileCalls& calls = FileCalls::system());
@@ -35,15 +36,16 @@ public:
     FinalCutShareReceiver& operator=(const FinalCutShareReceiver&) = delete;
     ~FinalCutShareReceiver() = default;
 
-    /// By id, a UUID in upper case.
+    /// The assets by id, an upper-case UUID.
     [[nodiscard]] const std::map<std::string, Asset>& assets() const { return assets_; }
 
-    /// 'core'/'crel': a new asset with a folder of its own; the reply is its specifier. Without a folder, no asset.
+    /// 'core'/'crel': makes a new asset with a folder of its own; the reply is its specifier. Makes no asset if the
+    /// folder cannot be created.
     void makeAsset(const AppleEvent& event, AppleEventReply& reply);
-    /// 'core'/'getd': one property of one asset.
+    /// 'core'/'getd': replies with one property of one asset.
     void getProperty(const AppleEvent& event, AppleEventReply& reply) const;
 
-    /// Handles both events from now on: the receiver has to live as long as the manager dispatches.
+    /// Installs handlers for both events. The receiver must exist as long as the manager dispatches events.
     void install(AppleEventManager& manager);
 
 private:
@@ -56,8 +58,9 @@ private:
     std::map<std::string, Asset> assets_;
 };
 
-/// Files opened with the application, Final Cut's after a share among them: the one project file goes into the inbox
-/// and `activate` brings the application and its window to the front. Anything else is answered with an alert.
+/// Handles files opened with the application, including those that Final Cut opens after a share. A single project file
+/// goes into the inbox, and `activate` brings the application and its window to the front. Anything else leads to an
+/// alert.
 void openURLs(
     const std::vector<std::string>& locations, XMLInbox& inbox, Alerts& alerts, const std::function<void()>& activate);
 
