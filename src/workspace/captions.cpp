@@ -30,11 +30,11 @@ std::string wholeNumber(double value)
 const std::string wholeProjectCovered =
     "Selected cameras cover the whole project, including all fixed camera sections.";
 
-/// The title and what `words` makes of each of the list; empty without any.
+/// The title followed by the list, each item as `words` puts it; empty for an empty list.
 template <class Each, class Words>
 std::string listInWords(std::string_view title, const std::vector<Each>& list, const Words& words)
 {
-    constexpr std::size_t most = 50; // nobody listens longer
+    constexpr std::size_t most = 50; // more would be too long to listen to
     std::string text;
     for (std::size_t i = 0; i < std::min(most, list.size()); ++i) {
         text += i == 0 ? std::string(title) : ", ";
@@ -97,7 +97,7 @@ std::optional<std::string> replacedEdits(const ContentView& view)
 {
     const EditHistory& history = view.state().history;
     const auto last = static_cast<std::int64_t>(history.items.size());
-    const std::int64_t first = history.index + 2; // counted from 1, as people do
+    const std::int64_t first = history.index + 2; // people count from 1
     if (first > last)
         return std::nullopt;
     if (first == last)

@@ -12,13 +12,13 @@
 #include <string_view>
 #include <vector>
 
-/// What the window writes and enables, derived from the controller's state. Nothing here is stored.
+/// The texts and enabled states in the window, all derived from the controller's state. Nothing here is stored.
 namespace corvane {
 
 enum class WorkspaceStage { empty, loaded, preview };
 [[nodiscard]] WorkspaceStage stage(const ContentView& view);
 
-/// Which of the buttons can be pressed.
+/// Which buttons are enabled.
 struct Enabling {
     bool generate = false;
     bool exportEdit = false;
@@ -32,25 +32,25 @@ struct Enabling {
 };
 [[nodiscard]] Enabling enabling(const ContentView& view);
 
-/// "Generate rough edit", or "Shuffle rough edit" beside a cut list.
+/// "Generate rough edit", or "Shuffle rough edit" if there is a cut list.
 [[nodiscard]] std::string primaryButtonText(const ContentView& view);
-/// "Edit 2 of 3"; none while the cut list is empty.
+/// "Edit 2 of 3"; none if the cut list is empty.
 [[nodiscard]] std::optional<std::string> positionCaption(const ContentView& view);
-/// "Replaces edits 3 to 5": the later edits in whose place the next one comes; none when there are none.
+/// "Replaces edits 3 to 5": the later edits that a new one would replace; none if there are none.
 [[nodiscard]] std::optional<std::string> replacedEdits(const ContentView& view);
-/// Cuts, the main camera's share of them and the audio angle in a line; none while the cut list is empty.
+/// The number of cuts, the main camera's share and the audio angle in one line; none if the cut list is empty.
 [[nodiscard]] std::optional<std::string> summaryLine(const ContentView& view);
-/// True when "Include another camera." stands below the buttons.
+/// True if "Include another camera." is shown below the buttons.
 [[nodiscard]] bool asksForAnotherCamera(const ContentView& view);
 
-/// The first reason why a generation would fail; none without a project. `decimalSign` is the user's.
+/// The first reason why generating would fail; none without a project. `decimalSign` is the user's.
 [[nodiscard]] std::optional<std::string> setupWarning(const ContentView& view, std::string_view decimalSign = ".");
-/// The ranges that no selected camera covers; none without a project and while the settings cannot be read.
+/// The ranges that no selected camera covers; none without a project or if the settings cannot be read.
 [[nodiscard]] std::optional<std::vector<FrameRange>> videoGaps(const ContentView& view);
-/// "2 uncovered video section(s)", or that there is none.
+/// "2 uncovered video section(s)", or the text for no gaps.
 [[nodiscard]] std::string videoGapsText(const ContentView& view);
 
-/// Why a button cannot be pressed; none for one that can.
+/// Why each button is disabled; none for buttons that are enabled.
 struct Hints {
     std::optional<std::string> generate;
     std::optional<std::string> exportEdit;
@@ -64,30 +64,31 @@ struct Hints {
 };
 [[nodiscard]] Hints hints(const ContentView& view);
 
-/// Name, rate and length of the loaded project in a line; empty without one.
+/// The loaded project's name, rate and length in one line; empty without a project.
 [[nodiscard]] std::string projectLine(const ContentView& view, std::string_view decimalSign = ".");
-/// "00:00:40:00 · 29.97 fps": how long the loaded project is, and its rate; empty without one.
+/// "00:00:40:00 · 29.97 fps": the loaded project's length and rate; empty without a project.
 [[nodiscard]] std::string projectFacts(const ContentView& view, std::string_view decimalSign = ".");
-/// Cameras, clips and gaps of an angle in a line, for who wants to know more of it.
+/// The cameras, clips and gaps of an angle in one line, for anyone who wants the details.
 [[nodiscard]] std::string angleFacts(const ImportedAngle& angle);
-/// What of the multicam clip an export leaves behind; none when it takes everything.
+/// What an export does not carry over from the multicam clip; none if it carries over everything.
 [[nodiscard]] std::optional<std::string> carryOverLine(const CutEngine& engine);
-/// True for the message of an alert that tells first of all what has been done.
+/// True if an alert's message first of all reports a success.
 [[nodiscard]] bool tellsOfSuccess(std::string_view message);
-/// What to ask before the window closes; none when the session is saved.
+/// The question to ask before the window closes; none if the session is saved.
 [[nodiscard]] std::optional<std::string> quitQuestion(const ContentView& view);
-/// What the reader of timecodes says about a text; none when it can be read, and without a project.
+/// Why a timecode text cannot be read; none if it can, or without a project.
 [[nodiscard]] std::optional<std::string> timecodeProblem(const ContentView& view, std::string_view text);
 
-/// What a field of a fixed section says of its text. It is advice: the text stays, and a generation judges it.
+/// What a timecode field of a fixed section says about its text. It is only advice: the text is kept, and checked when
+/// an edit is generated.
 struct TimecodeAdvice {
     std::string problem;
-    std::optional<std::string> instead; ///< the label to use, where drop-frame skips the one that was typed
+    std::optional<std::string> instead; ///< the label to use if drop-frame skips the typed one
 };
-/// None when the text can be read and the section's start is before its end, and without a project.
+/// None if the text can be read and the section's start is before its end, or without a project.
 [[nodiscard]] std::optional<TimecodeAdvice> timecodeAdvice(
     const ContentView& view, const SectionDraft& section, std::string_view text);
-/// "Undo Remove Section" or "Undo Delete Preset"; none when nothing can be brought back.
+/// "Undo Remove Section" or "Undo Delete Preset"; none if there is nothing to bring back.
 [[nodiscard]] std::optional<std::string> undoText(const ContentView& view);
 
 /// One row of "Actual camera usage".
@@ -99,38 +100,38 @@ struct UsageRow {
     double percent = 0;     ///< the share as a number
     std::int64_t shots = 0;
 };
-/// A row for each video angle, in project order; empty while the cut list is.
+/// One row per video angle, in project order; empty if the cut list is empty.
 [[nodiscard]] std::vector<UsageRow> usageRows(const ContentView& view);
 
-/// The cameras that the settings use anywhere: main, included, enabled bookends, fixed sections.
+/// The cameras that the settings use anywhere: the main camera, included cameras, enabled bookends and fixed sections.
 [[nodiscard]] std::set<std::string> camerasInUse(const ContentView& view);
-/// What labels of cameras and of audio angles can end in.
+/// The notes that can follow the labels of cameras and audio angles.
 inline constexpr std::string_view excludedNote = " (excluded)";
 inline constexpr std::string_view gapsNote = " (has gaps)";
-/// The label of a coverage bar, with its note after cameras that are not in use.
+/// The label of a coverage bar; cameras that are not in use get a note.
 [[nodiscard]] std::string coverageLabel(const ContentView& view, const std::string& camera, bool isInUse);
-/// The angles that can be the continuous audio, labelled, with a note where the sound is not continuous.
+/// The angles that can be the continuous audio, with their labels, which have a note if the audio is not continuous.
 struct AudioChoice {
     std::string id;
     std::string label;
 };
 [[nodiscard]] std::vector<AudioChoice> audioChoices(const ContentView& view);
 
-/// Of each included other camera its weight in percent of all their weights, rounded half away from zero.
+/// For each included other camera, its weight as a percentage of all their weights, rounded half away from zero.
 [[nodiscard]] std::map<std::string, int> frequencyPercents(const ContentView& view);
-/// True with at least two included other cameras, which is when frequencies have an effect.
+/// True if at least two other cameras are included; only then frequencies have an effect.
 [[nodiscard]] bool frequenciesMatter(const ContentView& view);
 /// "Target screen time: Main 70% · Other cameras combined 30%".
 [[nodiscard]] std::string shareLabel(const ContentView& view);
-/// "Minimum: 10 sec" and the like: the word and whole seconds.
+/// A text such as "Minimum: 10 sec": the word and whole seconds.
 [[nodiscard]] std::string secondsLabel(std::string_view word, double seconds);
 /// "15 sec".
 [[nodiscard]] std::string secondsLabel(double seconds);
-/// Where there is footage and where there is none, with timecodes: for who cannot see the bar.
+/// Where there is footage and where there is none, with timecodes, for people who cannot see the bar.
 [[nodiscard]] std::string footageInWords(const CutEngine& engine, const std::vector<FrameRange>& ranges);
-/// "Markers: Sermon at 00:10:00:00, Communion at 00:31:20:10."; empty without any.
+/// "Markers: Sermon at 00:10:00:00, Communion at 00:31:20:10."; empty if there are none.
 [[nodiscard]] std::string markersInWords(const CutEngine& engine, const std::vector<ClipMarker>& markers);
-/// "Gaps: 00:00:30:00 to 00:00:40:00.", or that there is none.
+/// "Gaps: 00:00:30:00 to 00:00:40:00.", or the text for no gaps.
 [[nodiscard]] std::string gapsInWords(const CutEngine& engine, const std::vector<FrameRange>& gaps);
 
 } // namespace corvane
