@@ -18,7 +18,7 @@ namespace corvane {
 
 namespace {
 
-/// Beside the program where it is installed; at the root of the source tree for a build that was not.
+/// The folder relative to the installed program, and that in the source tree for a build that is not installed.
 std::vector<std::string> resourceFolders()
 {
     const std::string program = QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString();
@@ -32,7 +32,7 @@ std::string sessionFolder()
     return folder;
 }
 
-/// Runs the work once the window has been painted for the first time, or after a second in which nobody has seen it.
+/// Runs a function once the window has been painted for the first time, or after a second if it is not painted.
 class OnceSeen : public QObject {
 public:
     OnceSeen(QWidget& window, std::function<void()> work) : QObject(&window), work_(std::move(work))
@@ -45,7 +45,7 @@ public:
 protected:
     bool eventFilter(QObject* /*watched*/, QEvent* event) override
     {
-        if (event->type() == QEvent::Expose) // the painting follows
+        if (event->type() == QEvent::Expose) // painting follows
             QTimer::singleShot(0, this, [this] { run(); });
         return false;
     }
@@ -90,7 +90,7 @@ CorvaneApp::CorvaneApp()
 void CorvaneApp::start(const std::vector<std::string>& locations)
 {
     given_ = locations;
-    // The session of last time is never seen in the window that waits for a project.
+    // A window that waits for a project does not show the last session.
     if (given_.size() == 1 && projectFileKind(given_.front()) && !addressRefusal(given_.front()))
         view_.expectProject();
     showWindow();
@@ -106,7 +106,7 @@ void CorvaneApp::openGiven()
 
 void CorvaneApp::open(const std::vector<std::string>& locations)
 {
-    openGiven(); // what came first is opened first
+    openGiven(); // in the order of arrival
     const auto refusal = locations.size() == 1 ? addressRefusal(locations.front()) : std::nullopt;
     if (refusal)
         XMLInbox::shared().setImportError(refusal);

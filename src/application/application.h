@@ -19,23 +19,23 @@
 
 namespace corvane {
 
-/// Receives what other programs send: the share events of Final Cut, and files to open.
+/// Handles what other programs send: Final Cut's share events, and files to open.
 class CorvaneAppDelegate {
 public:
-    /// Has the receiver answer the manager's share events from now on.
+    /// From now on, the receiver answers the manager's share events.
     void applicationDidFinishLaunching(AppleEventManager& manager) { receiver.install(manager); }
 
     FinalCutShareReceiver receiver;
 };
 
-/// The program: the controller on this user's files, its window, and what others ask of it.
+/// The program: the controller with this user's files, its window, and requests from other programs.
 class CorvaneApp {
 public:
     CorvaneApp();
 
-    /// Shows the window, and opens the files that were given at the start once it is seen.
+    /// Shows the window and, once it is visible, opens the files that were given at the start.
     void start(const std::vector<std::string>& locations);
-    /// What another start, or the desktop, asks: opens the files and brings the window to the front.
+    /// Handles a request from another start or from the desktop: opens the files and brings the window to the front.
     void open(const std::vector<std::string>& locations);
 
 private:
@@ -55,7 +55,7 @@ private:
     CorvaneAppDelegate delegate_;
     ContentView view_;
     std::unique_ptr<MainWindow> window_;
-    std::vector<std::string> given_; ///< at the start, and not opened yet
+    std::vector<std::string> given_; ///< at the start and not opened yet
     bool shown_ = false;
 };
 

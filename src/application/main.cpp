@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Unchanged where the folder of this process has gone.
+/// The absolute path; unchanged if this process's working folder no longer exists.
 std::string absolutePath(const std::string& path)
 {
     std::error_code gone;
@@ -23,8 +23,8 @@ std::string absolutePath(const std::string& path)
     return gone ? path : absolute.lexically_normal().string();
 }
 
-/// Everything that was given is a file, or a location of one; there are no options. Names are taken byte for byte: what
-/// is wrong with one can be said only of the name itself.
+/// Each argument is a file or the URL of one; there are no options. Names are used byte for byte, so that a message
+/// about a name shows the name as given.
 std::vector<std::string> givenLocations(std::span<char*> arguments)
 {
     std::vector<std::string> locations;
@@ -55,7 +55,7 @@ try {
     QGuiApplication::setDesktopFileName(QString::fromUtf8(product::desktopID.data(), product::desktopID.size()));
 
     std::vector<std::string> locations =
-        givenLocations({argv, static_cast<std::size_t>(argc)}); // the toolkit's are gone
+        givenLocations({argv, static_cast<std::size_t>(argc)}); // without the toolkit's own arguments
     SingleInstance instance{std::string(product::desktopID)};
     std::unique_ptr<CorvaneApp> app;
     const auto claim = instance.claim(locations, [&](const std::vector<std::string>& requested) {

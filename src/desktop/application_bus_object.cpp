@@ -16,7 +16,7 @@ void ApplicationBusObject::Open(const QStringList& uris, const QVariantMap&)
     open(uris);
 }
 
-/// The desktop file names no actions.
+/// Does nothing, because the desktop file has no actions.
 void ApplicationBusObject::ActivateAction(const QString&, const QVariantList&, const QVariantMap&)
 {
     open({});
@@ -28,7 +28,7 @@ void ApplicationBusObject::open(const QStringList& uris)
         opened(uris);
 }
 
-/// Who wants no reply may leave at once. While the bus does not say, the sender is there.
+/// A sender that wants no reply may leave at once. If the bus does not answer, the sender is assumed to be there.
 bool ApplicationBusObject::senderHasGone() const
 {
     if (!calledFromDBus() || !message().isReplyRequired())

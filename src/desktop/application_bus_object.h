@@ -8,15 +8,15 @@
 
 namespace corvane {
 
-/// org.freedesktop.Application: how a desktop activates a program that is there already, or starts it.
-/// A call whose sender has given up waiting for the answer and gone does nothing any more.
+/// org.freedesktop.Application: how a desktop activates a program that is already running, or starts it. A call does
+/// nothing if its sender has given up waiting and gone.
 class ApplicationBusObject : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 public:
     using QObject::QObject;
 
-    std::function<void(const QStringList& uris)> opened; ///< without any for a bare activation
+    std::function<void(const QStringList& uris)> opened; ///< with an empty list for an activation without files
 
 public slots:
     void Activate(const QVariantMap& platformData);

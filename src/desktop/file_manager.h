@@ -4,8 +4,8 @@
 
 namespace corvane {
 
-/// Shows the file, selected, in the desktop's file manager; where none answers on the bus, its folder is opened. False
-/// where nothing can do that.
+/// Shows the file, selected, in the desktop's file manager. If none answers on the bus, opens the file's folder. False
+/// if neither is possible.
 [[nodiscard]] bool showInFileManager(const std::string& path);
 
 } // namespace corvane

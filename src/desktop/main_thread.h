@@ -4,8 +4,8 @@
 
 namespace corvane {
 
-/// Runs work on the thread of the interface, once it comes back to its event loop. Callable from every thread while
-/// the application lives; later, nothing is run.
+/// Runs functions on the interface thread, once it returns to its event loop. Can be called from any thread while the
+/// application exists; after that, nothing is run.
 [[nodiscard]] MainThread interfaceThread();
 
 } // namespace corvane

@@ -1,7 +1,7 @@
 #include "desktop/session_bus.h"
 #include "desktop/silent_bus.h"
 
-// What stands in for the bus where the program is built without one.
+// Replaces the session bus in a build without D-Bus.
 namespace corvane {
 
 void avoidSilentSessionBus() {}

@@ -16,7 +16,7 @@ namespace corvane {
 
 namespace {
 
-/// A session without a bus gets none: asking the library for it would start a daemon that nobody ends.
+/// If a session has no bus, the library must not be asked for one, because it would start a daemon that nobody ends.
 bool sessionHasBus()
 {
     const QString socket = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + "/bus";
@@ -73,7 +73,7 @@ HandOver handOverOnBus(const std::string& id, const QStringList& uris)
     const QString connection = "hand-over";
     const HandOver outcome =
         ask(QDBusConnection::connectToBus(QDBusConnection::SessionBus, connection), QString::fromStdString(id), uris);
-    QDBusConnection::disconnectFromBus(connection); // who answers later sees that nobody waits any more
+    QDBusConnection::disconnectFromBus(connection); // so that a late answer finds nobody waiting
     return outcome;
 }
 

@@ -6,33 +6,34 @@
 #include <memory>
 #include <string>
 
-/// The desktop's session bus (D-Bus), as far as the program uses it. In a build without one (CORVANE_BUS) nobody is
-/// there.
+/// The parts of the desktop's session bus (D-Bus) that the program uses. In a build without D-Bus (CORVANE_BUS=OFF)
+/// nobody ever answers.
 namespace corvane {
 
-/// Milliseconds for another process to answer.
+/// How long to wait for another process to answer, in milliseconds.
 constexpr int patience = 2000;
 
-/// What became of a request to another process.
+/// The result of a request to another process.
 enum class HandOver { taken, unanswered, nobody };
 
-/// True when the bus started this process to handle a request, which is on its way.
+/// True if the bus started this process to handle a request, which will arrive soon.
 [[nodiscard]] bool startedByBus();
 
-/// Asks the program that has the name `id` on the bus to open the locations, none for a bare activation; for at most
-/// two seconds.
+/// Asks the program with the name `id` on the bus to open the locations, or just to activate its window if there are
+/// none. Waits for at most two seconds.
 [[nodiscard]] HandOver handOverOnBus(const std::string& id, const QStringList& uris);
 
-/// The program's own name on the bus, until the end of its life: what desktops ask it comes in under it.
+/// Owns the program's name on the bus, under which it receives requests from the desktop.
 class BusName {
 public:
-    /// Takes the name `id`; `opened` is called with what there is to open, nothing for a bare activation.
+    /// Takes the name `id`. `opened` is called with the locations to open, or with an empty list for an activation
+    /// without files.
     BusName(const std::string& id, std::function<void(const QStringList& uris)> opened);
     BusName(const BusName&) = delete;
     BusName& operator=(const BusName&) = delete;
     ~BusName();
 
-    /// True also where there is no bus: then nobody else can have the name.
+    /// Also true if there is no bus, because then no other program can have the name.
     [[nodiscard]] bool isHeld() const { return held_; }
 
 private:
@@ -40,7 +41,7 @@ private:
     bool held_ = true;
 };
 
-/// Asks the desktop's file manager to show the file, selected; false when none answers within two seconds.
+/// Asks the desktop's file manager to show the file, selected. False if none answers within two seconds.
 [[nodiscard]] bool showInFileManagerOnBus(const QString& path);
 
 } // namespace corvane

@@ -18,7 +18,8 @@ namespace {
 constexpr std::chrono::milliseconds probePatience(2000);
 constexpr const char* addressVariable = "DBUS_SESSION_BUS_ADDRESS";
 
-/// Where the library would look for the bus; empty where the session has none, for which it would start one.
+/// The address at which the library would look for the bus; empty if the session has none, in which case it would start
+/// one.
 std::string busAddress()
 {
     const char* address = std::getenv(addressVariable);
@@ -28,7 +29,7 @@ std::string busAddress()
     return folder == nullptr ? "" : "unix:path=" + std::string(folder) + "/bus";
 }
 
-/// False when the time is over; a refusal is an answer, too.
+/// False if the time runs out; a refusal is an answer too.
 bool answers(DBusConnection& connection, const char* method)
 {
     DBusMessage* call = dbus_message_new_method_call(DBUS_SERVICE_DBUS, DBUS_PATH_DBUS, DBUS_INTERFACE_DBUS, method);
@@ -43,7 +44,7 @@ bool answers(DBusConnection& connection, const char* method)
     return answered;
 }
 
-/// One that cannot be reached is nobody's to wait for: only one that takes the call and does not answer is silent.
+/// A bus that cannot be reached makes nobody wait. Only one that accepts the connection and does not answer is silent.
 bool isSilent(const std::string& address)
 {
     DBusConnection* connection = dbus_connection_open_private(address.c_str(), nullptr);
@@ -63,13 +64,13 @@ void avoidSilentSessionBus()
     const std::string address = busAddress();
     if (address.empty())
         return;
-    // On a thread of its own, which is left behind: a call to connect may wait for ever, too.
+    // Runs on a separate thread, which is abandoned if necessary, because connecting may also wait forever.
     std::packaged_task<bool()> question([address] { return isSilent(address); });
     std::future<bool> silent = question.get_future();
     try {
         std::thread(std::move(question)).detach();
     } catch (const std::system_error&) {
-        return; // then the toolkit finds out for itself
+        return; // then the toolkit finds that out itself
     }
     if (silent.wait_for(probePatience) != std::future_status::ready || silent.get())
         ::setenv(addressVariable, "disabled:", 1);

@@ -2,8 +2,8 @@
 
 namespace corvane {
 
-/// Asks the session bus for an answer, for at most two seconds. From one that gives none this process and those that it
-/// starts keep away: the toolkit would wait for it without an end. To be called before the toolkit is there.
+/// Checks, for at most two seconds, whether the session bus answers. If it does not, this process and its children will
+/// not use it, because the toolkit would wait for it forever. Call this before the toolkit is initialised.
 void avoidSilentSessionBus();
 
 } // namespace corvane

@@ -24,7 +24,7 @@ QString qtText(const std::string& text)
     return QString::fromStdString(text);
 }
 
-/// As desktop files and requests write locations.
+/// The locations as URIs, as desktop files and requests need them.
 QStringList urisOf(const std::vector<std::string>& locations)
 {
     QStringList uris;
@@ -39,7 +39,7 @@ std::vector<std::string> locationsOf(const QStringList& uris)
     for (const QString& uri : uris) {
         const QUrl url(uri);
         if (const auto path = pathOfFileURL(uri.toStdString()))
-            locations.push_back(*path); // byte for byte, whatever stands in the name
+            locations.push_back(*path); // byte for byte, whatever the name contains
         else if (url.isLocalFile())
             locations.push_back(QFile::encodeName(url.toLocalFile()).toStdString());
         else
@@ -48,7 +48,7 @@ std::vector<std::string> locationsOf(const QStringList& uris)
     return locations;
 }
 
-/// Whoever gave up has closed its end, which stands behind what it wrote.
+/// A sender that gave up has closed its end of the socket, which is visible after the bytes that it wrote.
 bool senderHasGone(const QLocalSocket& socket)
 {
     char byte = 0;
@@ -76,12 +76,13 @@ SingleInstance::Claim SingleInstance::claim(const std::vector<std::string>& loca
     lock_ = std::make_unique<StartLock>(runtimeFolder_ + "/" + id_ + ".lock");
     QElapsedTimer waiting;
     waiting.start();
-    // The other process holds the lock before it listens: wait until it does. A lock whose holder neither listens nor
-    // has the name on the bus is none of this program's, and what cannot be locked at all is no reason not to start.
+    // The other process takes the lock before it listens, so wait until it listens. If the holder of a lock neither
+    // listens nor has the name on the bus, it is not this program. A file that cannot be locked is no reason not to
+    // start.
     for (bool waitOn = true; waitOn;) {
         const StartLock::Attempt attempt = lock_->tryToHold();
         if (attempt == StartLock::Attempt::held) {
-            // Somebody may have taken the file away from a program that runs.
+            // Somebody may have removed the lock file of a running program.
             if (handOverSocket(urisOf(locations)) == HandOver::taken)
                 return Claim::handedOver;
             break;
@@ -90,13 +91,13 @@ SingleInstance::Claim SingleInstance::claim(const std::vector<std::string>& loca
         if (outcome == HandOver::taken)
             return Claim::handedOver;
         if (outcome == HandOver::unanswered)
-            return Claim::unanswered; // two programs on one session would overwrite each other's work
+            return Claim::unanswered; // two programs with one session would overwrite each other's work
         waitOn = attempt == StartLock::Attempt::heldByAnother && waiting.elapsed() <= patience;
         if (waitOn)
             QThread::msleep(20);
     }
     requests_ = std::move(requests);
-    listen(); // first, so that nobody takes the lock for one that was left: a bus may take its time
+    listen(); // first, because the bus may be slow, and others must not take the lock for an abandoned one
     const auto opened = [this](const QStringList& uris) { receive(locationsOf(uris)); };
     busName_ = std::make_unique<BusName>(id_, opened);
     if (!busName_->isHeld() && handOverOnBus(id_, urisOf(locations)) == HandOver::taken) {
@@ -106,7 +107,7 @@ SingleInstance::Claim SingleInstance::claim(const std::vector<std::string>& loca
     return Claim::first;
 }
 
-/// Over the socket, or, where nobody listens or the socket's path is too long to be one, over the bus.
+/// Uses the socket or, if nobody listens or the socket's path is too long, the bus.
 HandOver SingleInstance::handOver(const QStringList& uris) const
 {
     const HandOver outcome = handOverSocket(uris);
@@ -117,20 +118,20 @@ HandOver SingleInstance::handOverSocket(const QStringList& uris) const
 {
     QLocalSocket socket;
     socket.connectToServer(socketName());
-    if (!socket.waitForConnected(patience)) // to one that listens and takes no more calls it is still connecting
+    if (!socket.waitForConnected(patience)) // still connecting: the other end listens, but accepts no more connections
         return socket.state() == QLocalSocket::ConnectingState ? HandOver::unanswered : HandOver::nobody;
     QDataStream stream(&socket);
     stream << uris;
     socket.waitForBytesWritten(patience);
-    if (socket.waitForReadyRead(patience)) // one byte says that the request was taken
+    if (socket.waitForReadyRead(patience)) // one byte confirms that the request was taken
         return HandOver::taken;
-    // One that closes has ended meanwhile.
+    // If it has closed the connection, it has ended meanwhile.
     return socket.state() == QLocalSocket::ConnectedState ? HandOver::unanswered : HandOver::nobody;
 }
 
 void SingleInstance::listen()
 {
-    QLocalServer::removeServer(socketName()); // what a crashed process left
+    QLocalServer::removeServer(socketName()); // left behind by a crashed process
     server_.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&server_, &QLocalServer::newConnection, this, [this] {
         QLocalSocket* socket = server_.nextPendingConnection();
@@ -142,7 +143,7 @@ void SingleInstance::listen()
 
 void SingleInstance::readRequest(QLocalSocket& socket)
 {
-    constexpr qint64 longest = 1 << 26; // beyond what a command line may hold
+    constexpr qint64 longest = 1 << 26; // more than a command line can hold
     if (socket.bytesAvailable() > longest) {
         socket.abort();
         return;
@@ -152,9 +153,9 @@ void SingleInstance::readRequest(QLocalSocket& socket)
     QStringList uris;
     stream >> uris;
     if (!stream.commitTransaction())
-        return; // the rest is on its way
+        return; // the rest has not arrived yet
     if (senderHasGone(socket))
-        return; // this process was busy for longer than the sender had patience
+        return; // this process was busy for longer than the sender would wait
     socket.write("1");
     socket.flush();
     receive(locationsOf(uris));
@@ -162,7 +163,7 @@ void SingleInstance::readRequest(QLocalSocket& socket)
 
 void SingleInstance::receive(const std::vector<std::string>& locations)
 {
-    // Later, so that all who wait are answered first: reading a project can take longer than they have patience.
+    // Delayed, so that all waiting senders are answered first: reading a project can take longer than they wait.
     constexpr int soon = 20; // milliseconds
     waiting_.push_back(locations);
     if (waiting_.size() == 1)

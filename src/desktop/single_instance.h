@@ -12,13 +12,14 @@
 
 namespace corvane {
 
-/// One running program for each user. A later start hands its files to the first one, over a local socket or, where
-/// there is none, over the session bus; a first one that has crashed is no obstacle. What a sender gave up waiting for
-/// is not done later.
+/// Ensures that each user runs only one program. A later start passes its files to the first one through a local socket
+/// or, if there is none, through the session bus. A first one that has crashed is no obstacle. A request whose sender
+/// gave up waiting is not carried out later.
 class SingleInstance : public QObject {
     Q_OBJECT
 public:
-    /// Absolute paths of files, or whole URLs of anything that is none; none for a bare activation.
+    /// The locations are absolute paths of files, or complete URLs of anything else; there are none for an activation
+    /// without files.
     using Requests = std::function<void(const std::vector<std::string>& locations)>;
 
     /// `id` is the program's reverse-DNS name.
@@ -26,13 +27,13 @@ public:
     ~SingleInstance() override;
 
     enum class Claim {
-        first,      ///< this process receives every request, from now on
-        handedOver, ///< another one runs and has taken the locations over
-        unanswered, ///< another one runs and does not answer
+        first,      ///< from now on, this process receives all requests
+        handedOver, ///< another process is running and has taken the locations
+        unanswered, ///< another process is running but does not answer
     };
     [[nodiscard]] Claim claim(const std::vector<std::string>& locations, Requests requests);
 
-    /// Waits, at most a second, for the request that the bus started this process for.
+    /// Waits for at most a second for the request for which the bus started this process.
     void awaitFirstRequest();
 
 private:
@@ -49,8 +50,8 @@ private:
     QLocalServer server_;
     std::unique_ptr<BusName> busName_;
     Requests requests_;
-    std::vector<std::vector<std::string>> waiting_; ///< requests that were answered and are handled soon
-    bool handled_ = false;                          ///< a request
+    std::vector<std::vector<std::string>> waiting_; ///< requests that were answered and will soon be handled
+    bool handled_ = false;                          ///< whether a request was handled
 };
 
 } // namespace corvane

@@ -18,7 +18,7 @@ int openLockFile(const std::string& path)
     return ::open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, ownersOnly); // NOLINT(*-vararg)
 }
 
-/// False when the file has been taken away, or replaced, since it was opened.
+/// False if the file has been removed or replaced since it was opened.
 bool isStillThere(int file, const std::string& path)
 {
     struct stat opened{};
@@ -42,10 +42,10 @@ StartLock::~StartLock()
 
 StartLock::Attempt StartLock::tryToHold()
 {
-    constexpr int enough = 100; // ends that fall into the middle of this start
+    constexpr int enough = 100; // for processes that happen to end during this start
     for (int round = 0; round < enough; ++round) {
         int file = openLockFile(path_);
-        // What cannot be opened, such as another user's file or a link, was not made by this program.
+        // A file that cannot be opened, such as another user's file or a link, was not created by this program.
         if (file < 0 && ::unlink(path_.c_str()) == 0)
             file = openLockFile(path_);
         if (file < 0)

@@ -4,21 +4,21 @@
 
 namespace corvane {
 
-/// The lock that the running program holds in a file of the user's. The system keeps it and takes it back when the
-/// process ends, however it ends: what stands in the file, who wrote it and on which host tells nothing.
+/// The lock that the running program holds on a file of the user's. The system releases it when the process ends,
+/// however it ends. The file's contents do not matter, nor does the process or host that wrote it.
 class StartLock {
 public:
-    /// `path` is that of the file; its folder is there.
+    /// `path` is the lock file, whose folder must exist.
     explicit StartLock(std::string path);
     StartLock(const StartLock&) = delete;
     StartLock& operator=(const StartLock&) = delete;
-    /// Gives the lock back and takes its file away.
+    /// Releases the lock and removes its file.
     ~StartLock();
 
     enum class Attempt {
-        held,          ///< from now on by this process
-        heldByAnother, ///< by a process that lives
-        impossible,    ///< there can be no such file
+        held,          ///< this process holds it from now on
+        heldByAnother, ///< another running process holds it
+        impossible,    ///< the file cannot be created
     };
     [[nodiscard]] Attempt tryToHold();
 
