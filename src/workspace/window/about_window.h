@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// What the program is, who makes it and where to find them.
+/// Says what the program is, who makes it and where to find them.
 class CorvaneAboutView : public QWidget {
     Q_OBJECT
 public:
@@ -17,7 +17,7 @@ public:
         QWidget* parent = nullptr);
 };
 
-/// The About window of the menu: made when it is first asked for, then kept.
+/// The About window that the menu opens: created when it is first needed, then kept.
 class CorvaneAboutWindow {
 public:
     CorvaneAboutWindow(product::BundleInfo bundle, std::function<void()> openManual)

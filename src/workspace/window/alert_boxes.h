@@ -9,14 +9,14 @@
 
 namespace corvane {
 
-/// The alerts of the window, one after the other in one box: the controller's messages first, then those that belong to
-/// none of its work. Work that arrives meanwhile goes on behind them; nothing waits for an answer.
+/// The window's alerts, shown one after the other in one box: first the controller's messages, then all others. Work
+/// that arrives meanwhile continues behind them; nothing blocks until an alert is dismissed.
 class AlertBoxes : public QObject, public Alerts {
     Q_OBJECT
 public:
     AlertBoxes(ContentView& view, QWidget& window);
 
-    /// Shows the oldest message that was not seen, unless one is being shown.
+    /// Shows the oldest message that has not been seen, unless one is already shown.
     void refresh();
     void showAlert(const std::string& message, const std::string& informativeText) override;
 
@@ -33,10 +33,10 @@ private:
     QWidget& window_;
     std::deque<Alert> others_;
     QMessageBox* box_ = nullptr;
-    bool showsOther_ = false; ///< what is shown is the first of `others_`
+    bool showsOther_ = false; ///< the message shown is the first of `others_`
 };
 
-/// The alert of a start that ends without a window; returns when it is dismissed.
+/// Shows an alert when a start ends without a window; returns when it is dismissed.
 class ModalAlerts {
 public:
     void showAlert(const std::string& message, const std::string& informativeText);

@@ -8,13 +8,12 @@
 
 namespace corvane {
 
-/// The keys that go about in the loaded window: F6 and Shift+F6 from one of its areas to the next and to the one
-/// before, back to the control that had the focus there last; Alt and a digit to a panel, in their order, which is
-/// brought into view.
+/// The keys that navigate a window with a project. F6 and Shift+F6 go to the next and the previous area, to the control
+/// that last had the focus there. Alt and a digit go to the panel with that number and scroll it into view.
 class AreaKeys : public QObject {
     Q_OBJECT
 public:
-    /// `window` owns it; the areas and the panels must live as long.
+    /// `window` owns this object; the areas and panels must exist as long.
     AreaKeys(std::vector<QWidget*> areas, const std::vector<Panel*>& panels, QWidget& window);
 
 private:

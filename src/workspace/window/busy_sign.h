@@ -7,13 +7,13 @@
 
 namespace corvane {
 
-/// Shows a wait cursor, and what is being done in a label that is painted at once: the interface does nothing else
-/// until the work is over.
+/// Shows a wait cursor, and a label that says what is being done. The label is painted at once, because the interface
+/// does nothing else until the work is finished.
 class BusySignLabel {
 public:
     void setLabel(QLabel* label) { label_ = label; }
 
-    /// Shown for as long as the result lives.
+    /// The sign is shown as long as the result exists.
     [[nodiscard]] std::shared_ptr<void> show(const std::string& text);
 
 private:

@@ -12,21 +12,21 @@
 
 namespace corvane {
 
-/// How a camera is told apart wherever it is drawn: by its colour, by a letter where colours are not seen, and by its
+/// What distinguishes a camera wherever it is drawn: its colour, a letter for people who do not see colours, and its
 /// name.
 struct CameraMark {
     QColor color;
     QString letter;        ///< "A" for the first camera of the project; "AA" after "Z"
-    qsizetype telling = 0; ///< where its label differs from the others', as NamePlace::telling
+    qsizetype telling = 0; ///< where its label differs from the others', see NamePlace::telling
 };
 
-/// The marks of the loaded project's cameras, which are its angles with video, in project order.
+/// The marks of the loaded project's cameras (its angles with video), in project order.
 class CameraMarks {
 public:
     CameraMarks() = default;
     explicit CameraMarks(const ContentView& view);
 
-    /// A grey one without a letter for an unknown camera.
+    /// For an unknown camera, a grey mark without a letter.
     [[nodiscard]] const CameraMark& of(std::string_view camera) const;
     /// A chip in the camera's colour with its letter.
     [[nodiscard]] QIcon chip(std::string_view camera) const;

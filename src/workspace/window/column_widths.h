@@ -6,18 +6,18 @@
 
 namespace corvane {
 
-/// Shares the width of a table among its columns. The column of names has what it needs before the others have more
-/// than their cells need, and all that is left.
+/// Distributes the width of a table among its columns. The other columns first get what their cells need, then the
+/// column of names gets what it needs, then the others up to their usual width; the column of names gets the rest.
 class ColumnWidths : public QObject {
     Q_OBJECT
 public:
     struct Column {
         int section;
-        int least; ///< pixels that its cells need
-        int usual; ///< pixels that it has where there is room, at least `least`
+        int least; ///< the pixels that its cells need
+        int usual; ///< its width in pixels if there is room, at least `least`
     };
 
-    /// For the life of the table, which has its model.
+    /// Works as long as the table exists. The table must already have its model.
     ColumnWidths(QTableView& table, int names, std::vector<Column> others);
 
 protected:

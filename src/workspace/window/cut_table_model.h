@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-/// The cut list of the controller as a table; what is not looked at is not made.
+/// The controller's cut list as a table; cells are only computed when they are shown.
 class CutTableModel : public QAbstractTableModel {
     Q_OBJECT
 public:
@@ -17,10 +17,10 @@ public:
 
     explicit CutTableModel(const ContentView& view, QObject* parent = nullptr);
 
-    /// Shows the controller's cut list in place of what was shown.
+    /// Replaces the table's contents with the controller's cut list.
     void show(const CameraMarks& marks);
 
-    /// Where the cut of a row starts in the project.
+    /// The project frame at which the cut in this row starts.
     [[nodiscard]] Frames startOf(int row) const { return shown_->cuts[static_cast<std::size_t>(row)].start; }
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -29,12 +29,12 @@ public:
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    /// How a camera is written in each of its rows, and how it is read aloud.
+    /// How a camera is shown in each of its rows, and how it is read aloud.
     struct Look {
         QString label;
         QString spoken;
         QIcon chip;
-        qsizetype telling = 0; ///< as NamePlace::telling
+        qsizetype telling = 0; ///< see NamePlace::telling
     };
 
     [[nodiscard]] Look lookOf(const Cut& cut) const;

@@ -7,8 +7,8 @@
 
 namespace corvane {
 
-/// The place for a project dragged from Final Cut or a file manager. It lights up while one hovers over it; what is
-/// dropped goes into the inbox. A click, or Space or Return, asks for a file instead.
+/// The area onto which projects are dragged from Final Cut or a file manager. It is highlighted while a project hovers
+/// over it; what is dropped goes into the inbox. A click, Space or Return opens the file chooser instead.
 class ProjectDropView : public QFrame {
     Q_OBJECT
 public:
@@ -37,7 +37,7 @@ private:
     bool dropActive_ = false;
 };
 
-/// Puts one drop view into the empty window.
+/// The part of the empty window with the drop view.
 class FinalCutProjectDropZone : public QWidget {
     Q_OBJECT
 public:

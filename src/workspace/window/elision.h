@@ -4,21 +4,22 @@
 #include <QString>
 #include <vector>
 
-/// Names in places that are too narrow for them. Only what is painted is cut, and only so that names which begin alike
-/// can still be told apart.
+/// Shortens names that do not fit. Only the painted text is shortened, and always so that names which begin alike can
+/// still be distinguished.
 namespace corvane {
 
-/// Where in a text a name stands, and where in the text the name differs from others.
+/// Where a name is in a text, and where it differs from other names.
 struct NamePlace {
-    qsizetype begin = 0;   ///< what stands before it is not cut
-    qsizetype telling = 0; ///< the character that no other name has there; 0 when none begins like it
+    qsizetype begin = 0;   ///< the text before this is not shortened
+    qsizetype telling = 0; ///< the position of the first character that differs; 0 if no other name begins alike
 };
 
-/// For each name the place of the character, or of the number, that tells it from the one that begins most like it.
+/// For each name, the position of the character or number that distinguishes it from the name with the longest common
+/// beginning.
 [[nodiscard]] std::vector<qsizetype> tellingPlaces(const std::vector<QString>& names);
 
-/// What is painted of the text in so many pixels: all of it where it fits, else "…" in the middle of the name. The
-/// note at its end, " (excluded)" or " (has gaps)", stays, and what tells the name from others.
+/// The text as painted in `width` pixels: all of it if it fits, otherwise with "…" in the middle of the name. Keeps the
+/// note at its end, " (excluded)" or " (has gaps)", and the part that distinguishes the name from others.
 [[nodiscard]] QString elided(const QFontMetrics& metrics, const QString& text, int width, const NamePlace& name);
 
 } // namespace corvane

@@ -11,13 +11,13 @@
 
 namespace corvane {
 
-/// The window's own choosers. They open beside the project that was loaded last and in the folder that took the last
-/// export, which the user defaults remember.
+/// The window's own file choosers. They open in the folder of the last project or the last export, which the user
+/// defaults remember.
 class FileDialogs : public Dialogs {
 public:
     explicit FileDialogs(UserDefaults& defaults) : defaults_(defaults) {}
 
-    /// The window over which they open from now on.
+    /// Sets the window over which they open.
     void setParent(QWidget* parent) { parent_ = parent; }
 
     [[nodiscard]] std::optional<std::string> chooseProject(const std::string& message) override;
@@ -38,7 +38,7 @@ private:
     QPointer<QWidget> parent_;
 };
 
-/// A file chooser in which a .fcpxmld folder is one item: a double click, Return and the Open button choose it.
+/// A file chooser that shows a .fcpxmld folder as one item, which a double click, Return or the Open button chooses.
 class ProjectFileDialog : public QFileDialog {
     Q_OBJECT
 public:

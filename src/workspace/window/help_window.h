@@ -19,15 +19,15 @@
 
 namespace corvane {
 
-/// The manual, or why it cannot be shown.
+/// The manual, or the reason why it cannot be shown.
 using LoadedManual = std::variant<CorvaneManual, std::string>;
 [[nodiscard]] LoadedManual loadedManual(const Resources& resources);
 
-/// A searchable list of topics, and the one that is shown.
+/// A searchable list of topics, and the topic that is shown.
 class CorvaneHelpView : public QWidget {
     Q_OBJECT
 public:
-    /// Remembers in `places`, which must outlive the view, where the line between topics and text was put.
+    /// `places`, which must outlive the view, stores the position of the divider between topics and text.
     CorvaneHelpView(
         LoadedManual manual, UserDefaults& places, const std::function<void()>& close, QWidget* parent = nullptr);
 
@@ -55,10 +55,10 @@ private:
     const CorvaneManual::Section* shown_ = nullptr;
 };
 
-/// The help window of the menu: made when it is first asked for, then kept with its search.
+/// The help window that the menu opens: created when it is first needed, then kept with its search.
 class CorvaneHelpWindow {
 public:
-    /// Both must outlive the window.
+    /// Both arguments must outlive the window.
     CorvaneHelpWindow(const Resources& resources, UserDefaults& places) : resources_(resources), places_(places) {}
 
     /// Shows the window in front of the others.
@@ -73,7 +73,7 @@ private:
 /// Brings a window to the front and gives it the keyboard.
 void bringToFront(QWidget& window);
 
-/// Puts a window that was not shown yet into the middle of its screen.
+/// Centres a window that has not been shown yet on its screen.
 void centreOnScreen(QWidget& window);
 
 } // namespace corvane

@@ -28,7 +28,7 @@
 
 namespace corvane {
 
-/// What the window is given from outside. All of it must outlive the window.
+/// What the window needs from outside. Everything must outlive the window.
 struct MainWindowServices {
     ContentView& view;
     XMLInbox& inbox;
@@ -40,15 +40,14 @@ struct MainWindowServices {
     product::BundleInfo bundle;
 };
 
-/// The one main window: the controller's state on screen. It calls the controller's operations and keeps nothing of
-/// the edit itself.
+/// The main window: shows the controller's state and calls its operations. Stores no part of the edit itself.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
     explicit MainWindow(MainWindowServices services);
     ~MainWindow() override;
 
-    /// For what belongs to no work of the controller.
+    /// For alerts that do not come from the controller.
     Alerts& alerts() { return *alerts_; }
 
 protected:
@@ -67,7 +66,7 @@ private:
     QWidget* makeSettings();
     QWidget* makeResult();
     void addPanel(Panel* panel, QLayout& column);
-    /// A dialog over this window whose being open is a field of the controller.
+    /// A dialog over this window that is open while a field of the controller's state is true.
     QDialog* makeSheet(const QString& title, bool WorkspaceState::* showing, QWidget* content);
 
     void refresh(const Changes& changes);

@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-/// What a drag over a window carries, as a pasteboard. `data` must outlive it.
+/// The data of a drag over a window, as a pasteboard. `data` must outlive it.
 class MimePasteboard : public Pasteboard {
 public:
     explicit MimePasteboard(const QMimeData& data) : data_(data) {}
@@ -18,7 +18,7 @@ public:
     [[nodiscard]] std::optional<std::string> data(const std::string& type) const override;
     [[nodiscard]] std::vector<std::string> fileURLs() const override;
 
-    /// All locations: paths of files, and the whole URL of anything else. Throws NoPasteboardAnswer.
+    /// All locations: paths for files, and complete URLs for anything else. Throws NoPasteboardAnswer.
     [[nodiscard]] std::vector<std::string> locations() const;
 
 private:

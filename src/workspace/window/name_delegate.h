@@ -4,11 +4,11 @@
 
 namespace corvane {
 
-/// Draws the items of a list or a column whose texts are names, so that they can be told apart.
+/// Draws the items of a list or column of names so that they can be distinguished.
 class NameDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:
-    /// What the model tells of a name: where it differs from the others of the list, as NamePlace::telling.
+    /// The role of the model's data about where a name differs from the others in the list, see NamePlace::telling.
     static constexpr int tellingRole = Qt::UserRole + 100;
 
     using QStyledItemDelegate::QStyledItemDelegate;

@@ -5,8 +5,8 @@
 
 namespace corvane {
 
-/// Icons and kinds of files in a chooser, told by their names. The toolkit's own opens each file to guess what it is,
-/// and there are files that are never read to an end. Make it on the interface thread; it may be asked on any other.
+/// Provides icons and types for files in a chooser, from their names alone. The toolkit's own provider opens each file
+/// to guess its type, and some files never end. Create it on the interface thread; it may be used on any thread.
 class NameIcons : public QAbstractFileIconProvider {
 public:
     NameIcons();

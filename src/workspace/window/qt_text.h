@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// The toolkit's text of a UTF-8 text, and back.
+/// Converts UTF-8 texts to the toolkit's texts and back.
 [[nodiscard]] inline QString qt(std::string_view text)
 {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -18,7 +18,7 @@ namespace corvane {
     return text.toStdString();
 }
 
-/// What is drawn of a text that comes from outside, such as a name.
+/// How a text from outside, such as a name, is drawn.
 [[nodiscard]] inline QString shown(std::string_view text)
 {
     return qt(shownText(text));

@@ -8,18 +8,18 @@
 
 namespace corvane {
 
-/// Asks before the window closes while what is on screen is in no file. The end of the desktop's session and signals
-/// are not asked: nobody may be there to answer.
+/// Asks before the window closes with a session that is not saved. Does not ask when the desktop's session ends or a
+/// signal arrives, because nobody may be there to answer.
 class QuitQuestion : public QObject {
     Q_OBJECT
 public:
     QuitQuestion(ContentView& view, QWidget& window);
 
-    /// True when the window may close now. Otherwise the question is open, and its answer closes the window or not.
+    /// True if the window may close now. Otherwise opens the question, whose answer decides whether the window closes.
     [[nodiscard]] bool mayClose();
 
 protected:
-    /// The window system tells the application, not a window, that the session ends.
+    /// Watches the application, because the window system tells it, not a window, that the session ends.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

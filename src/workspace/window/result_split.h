@@ -5,16 +5,16 @@
 
 namespace corvane {
 
-/// The edit above, its usage below. The lower widget has the height that it asks for, as far as the upper one leaves
-/// it, until a person moves the line between them.
+/// The edit above and its usage below. The lower widget has its preferred height, as far as the upper one allows, until
+/// the user moves the divider.
 class ResultSplit : public QSplitter {
     Q_OBJECT
 public:
     ResultSplit(QWidget* upper, QWidget* lower, QWidget* parent = nullptr);
 
-    /// A person has moved the line, in this window or an earlier one.
+    /// True if the user has moved the divider, in this window or an earlier one.
     [[nodiscard]] bool wasMoved() const { return moved_; }
-    /// Puts the line where it was left; heights in pixels, from the top.
+    /// Restores the position of the divider; heights in pixels, from the top.
     void restore(const QList<int>& heights);
 
 protected:
@@ -24,11 +24,11 @@ protected:
 private:
     void settle();
 
-    QList<int> restored_; ///< waits for a window that is shown
+    QList<int> restored_; ///< waits until the window is shown
     bool moved_ = false;
 };
 
-/// Scrolls the two where a window is too low for them.
+/// Scrolls both if the window is not high enough for them.
 class ResultArea : public QScrollArea {
     Q_OBJECT
 public:

@@ -8,13 +8,13 @@
 
 namespace corvane {
 
-/// Asks for the name of a new preset; open while the controller's showSavePreset is true.
+/// Asks for the name of a new preset. Open while the controller's showSavePreset is true.
 class SavePresetSheet : public QDialog {
     Q_OBJECT
 public:
     SavePresetSheet(ContentView& view, QWidget* parent);
 
-    /// Shows what changed. Another project leaves it open, and the name as it was typed.
+    /// Shows what changed. If another project is loaded, the sheet stays open with the typed name.
     void refresh();
     void reject() override;
 

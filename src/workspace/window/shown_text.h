@@ -8,30 +8,30 @@
 #include <string>
 #include <string_view>
 
-/// Texts from outside on widgets: drawn with marks for what cannot be seen, never taken for markup or for the key of a
-/// control, and told to assistive technology as they are.
+/// Puts texts from outside on widgets. Invisible characters are drawn as marks, nothing is interpreted as markup or as
+/// a shortcut, and assistive technology gets the text unchanged.
 namespace corvane {
 
-/// A name, or a line with names in it. A label gets its buddy first.
+/// Shows a name, or a line that contains names. Set a label's buddy before calling this.
 void showText(QLabel& label, std::string_view text);
 void showText(QAbstractButton& button, std::string_view text);
 
-/// A sentence, whose words are broken where they do not fit. Also what is told of it has no more characters than are
-/// drawn.
+/// Shows a sentence, and breaks words that do not fit into a line. Assistive technology too gets no more characters
+/// than are drawn.
 void showMessage(QLabel& label, std::string_view message);
 
-/// The text with places where a line may end (U+200B) inside words that are too long for one.
+/// The text with line break opportunities (U+200B) inside words that are too long for a line.
 [[nodiscard]] QString withBreaks(const QString& text);
 
-/// As a name, where a widget draws something else.
+/// Sets the name that assistive technology reads for a widget that draws something else.
 void setSpokenName(QWidget& widget, std::string_view name);
 
-/// Puts a text into a field where it is another; the field tells nobody. Of one with more than 100,000 characters, with
-/// which each key would take its time, the field shows the beginning and can then not be changed: nothing is lost.
-/// Returns whether there was anything to do.
+/// Puts a text into a field, without signals, if the field has a different one. Of a text with more than 100,000
+/// characters, which would make typing slow, the field shows only the start and is read-only, so that nothing is lost.
+/// Returns true if the field changed.
 bool showWhole(QLineEdit& field, const std::string& text);
 
-/// Makes the key for Copy take the text of a list's item as assistive technology is told it, not as it is drawn.
+/// Makes the Copy shortcut copy a list item's text as assistive technology gets it, not as it is drawn.
 void copyAsSpoken(QAbstractItemView& list);
 
 } // namespace corvane

@@ -4,8 +4,7 @@
 
 namespace corvane {
 
-/// Makes Tab go through everything below `root` in the order in which it is laid out. Controls that were made later
-/// would otherwise come last.
+/// Makes Tab visit everything below `root` in layout order. Otherwise controls that were created later would come last.
 void orderTabsByLayout(QWidget& root);
 
 } // namespace corvane

@@ -7,23 +7,23 @@
 #include <string>
 #include <vector>
 
-/// The one way to a tooltip. The toolkit takes a text with "<" in it for markup and loads what that names; here every
-/// text is shown letter by letter.
+/// All tooltips are set here. The toolkit treats a text that contains "<" as markup and loads files that it names;
+/// these functions show every text literally.
 namespace corvane {
 
-/// What to give to the toolkit for a text, whose lines "\n" parts: for Qt::ToolTipRole, say.
+/// The text in the form that the toolkit needs, for example for Qt::ToolTipRole. Lines are separated by "\n".
 [[nodiscard]] QString tip(const QString& text);
 
-/// The tooltip of a widget, which also describes the widget to assistive technology: a text of the program's own, or
-/// lines from outside, which are drawn with marks and read aloud as they are.
+/// Sets a widget's tooltip, which is also its description for assistive technology: a text of the program's own, or
+/// lines from outside, which are drawn with marks and read aloud unchanged.
 void setTip(QWidget& widget, const QString& text);
 void setTip(QWidget& widget, const std::vector<std::string>& lines);
 
-/// Shows a tooltip of `over` at a place of the screen; an empty text hides the one that is shown.
+/// Shows a tooltip of `over` at a position on the screen; an empty text hides the current tooltip.
 void showTip(const QPoint& place, const QString& text, QWidget& over);
 void hideTip();
 
-/// The same for a list of the toolkit's own, whose items have tooltips that the program does not set.
+/// Escapes the item tooltips of one of the toolkit's own lists, which the program does not set itself.
 void escapeItemTips(QAbstractItemView& list);
 
 } // namespace corvane

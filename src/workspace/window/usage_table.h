@@ -14,12 +14,12 @@ class UsageTableModel : public QAbstractTableModel {
     Q_OBJECT
 public:
     enum Column { camera, screenTime, share, shots, columns };
-    /// What the share's bar is drawn from: percent, the camera's colour, and the target where there is one.
+    /// The data for drawing the share's bar: percent, the camera's colour and, if there is one, the target.
     enum Role { percentRole = Qt::UserRole, colorRole, targetRole };
 
     explicit UsageTableModel(const ContentView& view, QObject* parent = nullptr);
 
-    /// Shows the controller's cut list in place of what was shown.
+    /// Replaces the table's contents with the usage of the controller's cut list.
     void show();
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -37,7 +37,7 @@ private:
     double target_ = 0;
 };
 
-/// Draws the share as a bar beside its number, with a line at the target of the main camera.
+/// Draws the share as a bar beside its number, with a line at the main camera's target.
 class ShareBarDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:

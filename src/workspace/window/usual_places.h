@@ -6,12 +6,12 @@
 
 namespace corvane {
 
-/// Where people keep files beside their home folder: Desktop, Documents and Downloads, and the sticks, disks and shares
-/// that are mounted. Only what exists.
+/// Where people keep files, other than in their home folder itself: Desktop, Documents and Downloads, and mounted USB
+/// sticks, disks and network shares. Only what exists.
 [[nodiscard]] QList<QUrl> usualPlaces();
 
-/// True for a stick, a disk or a share at this mount point; false for a part of the system itself. `home` is the home
-/// folder of the user.
+/// True if this mount point is a USB stick, a disk or a network share; false if it is part of the system. `home` is the
+/// user's home folder.
 [[nodiscard]] bool isMountForPeople(const QString& mountPoint, const QString& home);
 
 } // namespace corvane
