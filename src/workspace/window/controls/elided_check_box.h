@@ -4,13 +4,14 @@
 
 namespace corvane {
 
-/// A tick box at a name. Where the name does not fit it is cut in painting, so that it can be told from others.
+/// A check box labelled with a name. A name that does not fit is painted shortened, so that it can still be
+/// distinguished from others.
 class ElidedCheckBox : public QCheckBox {
     Q_OBJECT
 public:
     explicit ElidedCheckBox(QWidget* parent = nullptr);
 
-    /// Where the name differs from others, as NamePlace::telling.
+    /// Where the name differs from others, see NamePlace::telling.
     void setTelling(qsizetype place) { telling_ = place; }
 
 protected:

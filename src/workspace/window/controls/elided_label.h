@@ -9,16 +9,16 @@
 
 namespace corvane {
 
-/// A line of text that ends in "…" where it does not fit, or has it in the middle of a name; the whole then stands in
-/// the tooltip.
+/// A line of text that, if it does not fit, ends in "…" or has it in the middle of a name. The tooltip then shows the
+/// whole text.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 public:
     explicit ElidedLabel(const QString& text = {}, QWidget* parent = nullptr);
 
-    /// What the tooltip says below the text, line by line, also while that fits.
+    /// Sets the lines that the tooltip shows below the text, even if the text fits.
     void setFacts(std::vector<std::string> lines);
-    /// What of the text is a name.
+    /// Sets which part of the text is a name.
     void setName(const NamePlace& name);
     [[nodiscard]] bool isElided() const;
 

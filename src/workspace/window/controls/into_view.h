@@ -5,10 +5,10 @@
 
 namespace corvane {
 
-/// The area that scrolls the widget; none for one that is not scrolled.
+/// The scroll area that contains the widget; null if there is none.
 [[nodiscard]] QScrollArea* scrollAreaOf(const QWidget& widget);
 
-/// Scrolls the area around a widget until all of the widget is seen, also one that was added just now.
+/// Scrolls the area around a widget until all of the widget is visible, even if it has just been added.
 void bringIntoView(QWidget& widget);
 
 } // namespace corvane

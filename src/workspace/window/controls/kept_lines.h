@@ -6,8 +6,8 @@
 
 namespace corvane {
 
-/// A place as high as some lines of text, for messages that come, wrap and go without moving what stands around them.
-/// Longer ones are scrolled, by keyboard too. In a window that is too low for all lines it shows fewer.
+/// An area with the height of a fixed number of lines, so that messages can come, wrap and go without moving what is
+/// around them. Longer messages can be scrolled, by keyboard too. Shows fewer lines in a window that is too low.
 class KeptLines : public QScrollArea {
     Q_OBJECT
 public:
@@ -26,7 +26,7 @@ private:
     QVBoxLayout* column_;
 };
 
-/// Says whether the widget's place stays its own while it is hidden.
+/// Sets whether the widget keeps its space in the layout while it is hidden.
 void keepPlace(QWidget& widget, bool kept = true);
 
 } // namespace corvane

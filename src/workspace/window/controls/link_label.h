@@ -5,7 +5,8 @@
 
 namespace corvane {
 
-/// A link of the program's own, which the system's browser opens: by mouse, by keyboard and by assistive technology.
+/// One of the program's own links, which the system's browser opens. Works by mouse, by keyboard and by assistive
+/// technology.
 class LinkLabel : public QLabel {
     Q_OBJECT
 public:

@@ -9,19 +9,19 @@
 
 namespace corvane {
 
-/// A titled group of controls that shows a part of the controller's state and writes it through the controller.
+/// A titled group of controls that shows a part of the controller's state, and changes it through the controller.
 class Panel : public QFrame {
     Q_OBJECT
 public:
     Panel(const QString& title, ContentView& view, QWidget* parent = nullptr);
 
-    /// Shows what changed. Nothing is written.
+    /// Shows what changed. Never writes to the controller.
     virtual void refresh(const Changes& changes) = 0;
 
-    /// High enough for the texts as they wrap at the width that the panel has: a splitter asks for no more than this.
+    /// High enough for the texts wrapped at the panel's current width, because this is all that a splitter considers.
     [[nodiscard]] QSize minimumSizeHint() const override;
 
-    /// The tip of the title names the key that goes to the panel.
+    /// Shows the panel's shortcut in the tooltip of its title.
     void showKey(const QKeySequence& key);
 
 protected:
@@ -34,9 +34,9 @@ protected:
     [[nodiscard]] const EditSettings& settings() const { return view_.state().settings; }
     void edit(const std::function<void(EditSettings&)>& change);
 
-    /// A paragraph that explains.
+    /// Adds an explanatory paragraph.
     QLabel* addHelp(const QString& text);
-    /// The title of a group inside the panel.
+    /// Adds the title of a group inside the panel.
     QLabel* addHeading(const QString& text);
     QVBoxLayout& column() { return *column_; }
 
@@ -47,10 +47,10 @@ private:
     QLabel* title_;
 };
 
-/// A paragraph in the colour of explanations.
+/// An explanatory paragraph, in the colour for explanations.
 [[nodiscard]] QLabel* helpLabel(const QString& text, QWidget* parent);
 
-/// A label over, or beside, the control that it names.
+/// The label of a control, to be placed above or beside it.
 [[nodiscard]] QLabel* labelFor(QWidget& control, const QString& text, QWidget* parent);
 
 } // namespace corvane

@@ -6,7 +6,7 @@
 
 namespace corvane {
 
-/// A choice of one of several entries, each a value with a label for people.
+/// Lets the user choose one of several entries, each of which has a value and a label.
 class Picker : public QComboBox {
     Q_OBJECT
 public:
@@ -18,13 +18,14 @@ public:
 
     explicit Picker(QWidget* parent = nullptr);
 
-    /// Shows the entries and the chosen one; picked is not told. A value that is no entry leaves the picker empty.
+    /// Shows the entries and the chosen one without emitting picked. Shows no entry if `chosen` is not one of the
+    /// values.
     void show(const std::vector<Entry>& entries, const std::string& chosen);
 
-    /// Chooses as a person does.
+    /// Chooses an entry as if a person did.
     void choose(int position);
 
-    /// The label of an entry as it was given; empty for none.
+    /// The label of an entry as given to show(); empty if there is no such entry.
     [[nodiscard]] QString labelAt(int position) const;
 
 signals:

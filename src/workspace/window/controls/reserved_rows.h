@@ -11,24 +11,25 @@
 
 namespace corvane {
 
-/// A column of rows of one height in a scroll area. A list may have thousands: a row exists while it is near what is in
-/// view, is the first or the last, stands beside the one that had the focus last, or has been asked for. The place of
-/// the others is reserved, and Tab comes across none that does not exist.
+/// A column of rows of equal height in a scroll area. A list may have thousands of rows, so a row exists only if it is
+/// near the visible ones, is the first or the last, is next to the one that last had the focus, or has been requested.
+/// The space of the others is reserved, and Tab never reaches a row that does not exist.
 class ReservedRows : public QWidget {
     Q_OBJECT
 public:
-    /// Makes the row of a key, with what it shows.
+    /// Creates the row of a key, with its contents.
     using Make = std::function<QWidget*(const std::string& key, QWidget* parent)>;
 
     explicit ReservedRows(Make make, QWidget* parent = nullptr);
 
-    /// One row for each key, in this order. A row stays with its key, and with it the focus and the caret.
+    /// Sets the keys, with one row for each, in this order. A row stays with its key, and so do the focus and the
+    /// caret.
     void setKeys(const std::vector<std::string>& keys);
 
     [[nodiscard]] int count() const { return static_cast<int>(keys_.size()); }
-    /// The row at a position below count(); one that does not exist is made, and stays until the keys change.
+    /// The row at a position below count(). If it does not exist, it is created and stays until the keys change.
     [[nodiscard]] QWidget* row(int position);
-    /// The rows that exist, by position.
+    /// The existing rows, by position.
     [[nodiscard]] const std::map<int, QWidget*>& rows() const { return rows_; }
 
 protected:

@@ -4,8 +4,8 @@
 
 namespace corvane {
 
-/// Lets a wheel that scrolls the column go past the control: the control takes the wheel only while it has the focus
-/// and the scrolling did not begin elsewhere.
+/// Lets the mouse wheel scroll the column past the control. The control takes wheel events only if it has the focus and
+/// the scrolling did not begin elsewhere.
 void letScrollingPass(QWidget& control);
 
 } // namespace corvane

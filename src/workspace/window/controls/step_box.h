@@ -6,18 +6,18 @@
 
 namespace corvane {
 
-/// A number that people choose in steps: the multiples of `step` within the range. A value between two steps can be
-/// shown and stays until a person moves the control. Every number can be typed; one beyond the range goes to its
-/// nearest end when the field is left, at Return, and before a command runs.
+/// A number box whose values are the multiples of `step` within the range. A value between two steps can be shown, and
+/// stays until a person changes it. Any number can be typed; when the field loses the focus, at Return, and before a
+/// command runs, a number outside the range is replaced with the nearest end.
 class StepBox : public QDoubleSpinBox {
     Q_OBJECT
 public:
     explicit StepBox(StepRange range, QWidget* parent = nullptr);
 
-    /// Shows the value; chosen is not told.
+    /// Shows the value without emitting chosen.
     void show(double value);
 
-    /// What is half typed goes; the value is shown again.
+    /// Discards what has been typed so far, and shows the value again.
     void forgetTyping();
 
     void stepBy(int steps) override;
@@ -29,14 +29,14 @@ public:
     bool event(QEvent* event) override;
 
 signals:
-    /// A person, or what assists one, chose a step.
+    /// A person or assistive technology chose a step.
     void chosen(double value);
 
 private:
     void settle(double value);
 
     int step_;
-    bool typing_ = false; ///< the change of the text that is just told was typed
+    bool typing_ = false; ///< the current change of the text was typed
 };
 
 } // namespace corvane

@@ -4,14 +4,14 @@
 
 namespace corvane {
 
-/// The whole numbers that a control offers, both ends included, and how far one step goes.
+/// The closed range of whole numbers that a control offers, and the size of one step.
 struct StepRange {
     int minimum;
     int maximum;
     int step;
 };
 
-/// The numbers of a setting.
+/// The range for a setting with these limits.
 [[nodiscard]] constexpr StepRange stepsWithin(const Limits& limits, int step)
 {
     return {static_cast<int>(limits.lowest), static_cast<int>(limits.highest), step};

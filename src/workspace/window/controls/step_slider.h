@@ -6,17 +6,17 @@
 
 namespace corvane {
 
-/// A slider on whole steps. A value between two steps can be shown and stays until a person moves the slider.
+/// A slider with whole steps. A value between two steps can be shown, and stays until a person moves the slider.
 class StepSlider : public QSlider {
     Q_OBJECT
 public:
     explicit StepSlider(StepRange range, QWidget* parent = nullptr);
 
-    /// Shows the value, rounded to a whole number; chosen is not told.
+    /// Shows the value, rounded to a whole number, without emitting chosen.
     void show(double value);
 
 signals:
-    /// A person, or what assists one, chose a step.
+    /// A person or assistive technology chose a step.
     void chosen(int value);
 
 private:

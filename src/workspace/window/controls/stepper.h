@@ -14,7 +14,7 @@ class Stepper : public QWidget {
 public:
     Stepper(std::string word, StepRange range, QWidget* parent = nullptr);
 
-    /// Shows the seconds; chosen is not told.
+    /// Shows the seconds without emitting chosen.
     void show(double seconds);
     [[nodiscard]] StepBox& box() { return *box_; }
 

@@ -12,24 +12,24 @@
 
 namespace corvane {
 
-/// A field for a timecode, which may be any text. One that is wrong is marked, with what is wrong with it beside it and
-/// a button that puts a better one there, where there is one. A text is judged when all its four parts are typed or the
-/// field is left.
+/// A text field for a timecode, which accepts any text. A wrong timecode is marked, with the reason beside it and, if
+/// there is a better one, a button that fills it in. A text is checked once all four parts are typed or the field loses
+/// the focus.
 class TimecodeField : public QWidget {
     Q_OBJECT
 public:
-    /// What is wrong with a text; nothing when it can be used.
+    /// Says what is wrong with a text; none if it can be used.
     using Judge = std::function<std::optional<TimecodeAdvice>(const std::string&)>;
 
     TimecodeField(const QString& label, Judge judge, QWidget* parent = nullptr);
 
-    /// Shows the text; the caret stays where the text is the same, and typed is not told.
+    /// Shows the text without emitting typed. If the text is the same, the caret stays where it is.
     void show(const std::string& text);
 
     [[nodiscard]] QLineEdit& edit() { return *edit_; }
 
 signals:
-    /// A person, or what assists one, has changed the text.
+    /// A person or assistive technology has changed the text.
     void typed(const std::string& text);
 
 private:

@@ -17,7 +17,7 @@ public:
     void refresh(const Changes& changes) override;
 
 private:
-    /// The three fields of the settings that one shot has.
+    /// The three fields of the settings for one shot.
     struct Fields {
         bool EditSettings::* enabled;
         std::string EditSettings::* camera;

@@ -38,7 +38,7 @@ private:
     void build();
     void addCamera(const ImportedAngle& angle);
     void addFrequency(Camera& camera, const std::string& label);
-    /// With what frequencyPercents gives.
+    /// `percents` is the result of frequencyPercents.
     void showCamera(const Camera& camera, const std::map<std::string, int>& percents, bool frequenciesMatter);
 
     CameraMarks marks_;

@@ -11,7 +11,7 @@
 
 namespace corvane {
 
-/// "Recording coverage": a bar a camera on one project time axis.
+/// "Recording coverage": one bar per camera, on a common time axis.
 class CoveragePanel : public Panel {
     Q_OBJECT
 public:

@@ -12,7 +12,7 @@
 
 namespace corvane {
 
-/// The cut list: its summary, the strip of the whole edit, the table and the buttons that make and export it.
+/// The cut list: its summary, the strip with the whole edit, the table, and the buttons that generate and export it.
 class CutPanel : public Panel {
     Q_OBJECT
 public:
@@ -34,11 +34,11 @@ private:
     void showTexts();
 
     CameraMarks marks_;
-    QStackedWidget* pages_; ///< the hint and the edit: as high with the one as with the other
+    QStackedWidget* pages_; ///< the hint and the edit, so that the height is the same for both
     QLabel* empty_;
     ElidedLabel* summary_;
     CutStrip* strip_;
-    QPushButton* shortShots_; ///< goes to the next of the shots that are too short
+    QPushButton* shortShots_; ///< goes to the next shot that is too short
     CutTableModel* model_;
     QTableView* table_;
     QPushButton* generate_;
@@ -51,8 +51,8 @@ private:
     QLabel* status_;
     QLabel* saveError_;
     std::vector<std::size_t> short_;
-    std::optional<Frames> chosen_; ///< the frame that a person has chosen, in this edit or an earlier one
-    Frames top_ = 0;               ///< where the table's first row in view starts, or was when there was one
+    std::optional<Frames> chosen_; ///< the frame that the user selected, in this edit or an earlier one
+    Frames top_ = 0;               ///< the start of the table's first visible row, or of the last one that there was
 };
 
 } // namespace corvane

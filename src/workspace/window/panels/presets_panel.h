@@ -20,7 +20,7 @@ private:
     QPushButton* saveAs_;
     QPushButton* update_;
     QPushButton* delete_;
-    QPushButton* startNewList_; ///< there only while the list cannot be read
+    QPushButton* startNewList_; ///< shown only if the list cannot be read
     QLabel* notice_;
 };
 

@@ -24,12 +24,12 @@ private:
     Row* makeRow(const std::string& key, QWidget* parent);
     void connectRow(const Row& row);
     void showRow(const Row& row, const SectionDraft& draft);
-    /// Changes the draft with this id, wherever in the list it is by then.
+    /// Changes the section with this id, wherever in the list it is now.
     void editDraft(const Identifier& id, const std::function<void(SectionDraft&)>& change);
 
     QPushButton* add_;
     std::vector<Picker::Entry> cameras_;
-    ReservedRows* rows_; ///< by the drafts' ids
+    ReservedRows* rows_; ///< the keys are the sections' ids
 };
 
 } // namespace corvane

@@ -9,14 +9,14 @@
 
 namespace corvane {
 
-/// A bar over the whole project: coloured where there is footage. Its description tells the same in words.
+/// A bar for the whole project, coloured where there is footage. Its description says the same in words.
 class CoverageBar : public QWidget {
     Q_OBJECT
 public:
     explicit CoverageBar(QWidget* parent = nullptr);
 
-    /// What a bar shows: stretches in frames of a project of `length`, the letter in the first stretch that holds it,
-    /// and the same in words.
+    /// What a bar shows: ranges in frames of a project of `length` frames, a letter in the first range that is wide
+    /// enough for it, and a description in words.
     struct Content {
         Frames length = 1;
         std::vector<FrameRange> stretches;

@@ -11,20 +11,20 @@
 
 namespace corvane {
 
-/// The whole edit in one picture: a lane a camera on the project's time axis, with what was asked for marked. A click
-/// picks the cut under it; hovering tells about it.
+/// The whole edit in one picture: one lane per camera on the project's time axis, with opening, closing and fixed shots
+/// marked. A click picks the cut at that position; hovering shows its details.
 class CutStrip : public QWidget {
     Q_OBJECT
 public:
     explicit CutStrip(const ContentView& view, QWidget* parent = nullptr);
 
-    /// Shows the cut list of the controller.
+    /// Shows the controller's cut list.
     void show(const CameraMarks& marks);
-    /// Marks a cut; a position outside the list marks none.
+    /// Marks the cut at this position; a position outside the list marks none.
     void select(int position);
 
 signals:
-    /// `frame` of the project is what was clicked, within the cut at `position`.
+    /// The user clicked project frame `frame`, which is in the cut at `position`.
     void picked(int position, corvane::Frames frame);
 
 protected:
@@ -49,7 +49,7 @@ private:
     EditMarks asked_;
     std::vector<ClipMarker> markers_;
     std::vector<std::size_t> short_;
-    std::vector<std::string> cameras_; ///< a lane each, from the top
+    std::vector<std::string> cameras_; ///< one lane each, from the top
     int selected_ = -1;
 };
 
