@@ -18,7 +18,7 @@ namespace corvane {
 
 namespace {
 
-/// One entry of a picker: it exists for assistive technology alone.
+/// One entry of a picker, which exists only for assistive technology.
 class AccessibleEntry : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
     AccessibleEntry(Picker& picker, int position) : picker_(&picker), position_(position) {}
@@ -102,7 +102,7 @@ public:
         const auto found = entries_.find(position);
         if (found != entries_.end())
             return QAccessible::accessibleInterface(found->second);
-        auto* entry = new AccessibleEntry(picker(), position); // the registry owns it
+        auto* entry = new AccessibleEntry(picker(), position); // owned by the registry
         entries_.emplace(position, QAccessible::registerAccessibleInterface(entry));
         return entry;
     }
@@ -132,7 +132,7 @@ public:
             QAccessibleWidget::doAction(action);
     }
 
-    // The choice as a text that can be read but not changed.
+    // The choice as a read-only text.
     void selection(int, int* start, int* end) const override { *start = *end = 0; }
     [[nodiscard]] int selectionCount() const override { return 0; }
     void addSelection(int, int) override {}
@@ -153,7 +153,7 @@ public:
     }
 
 private:
-    [[nodiscard]] Picker& picker() const { return *qobject_cast<Picker*>(object()); } // it was made for one
+    [[nodiscard]] Picker& picker() const { return *qobject_cast<Picker*>(object()); } // always created for a Picker
     [[nodiscard]] QString chosen() const { return picker().labelAt(picker().currentIndex()); }
 
     mutable std::map<int, QAccessible::Id> entries_;
@@ -173,7 +173,7 @@ public:
     }
 };
 
-/// The toolkit's own tells the texts as they are drawn.
+/// Replaces the toolkit's own, which reports the texts as they are drawn.
 class AccessibleAlert : public QAccessibleWidget {
 public:
     explicit AccessibleAlert(QMessageBox& box) : QAccessibleWidget(&box, QAccessible::AlertMessage) {}
@@ -190,7 +190,7 @@ public:
     }
 };
 
-/// All the rows, also those that do not exist yet.
+/// Reports all rows, including those that do not exist yet.
 class AccessibleRows : public QAccessibleWidget {
 public:
     explicit AccessibleRows(ReservedRows& rows) : QAccessibleWidget(&rows, QAccessible::Grouping) {}
@@ -214,7 +214,7 @@ private:
     [[nodiscard]] ReservedRows& rows() const { return *qobject_cast<ReservedRows*>(object()); }
 };
 
-/// The box for projects works as a button does.
+/// The drop view acts as a button.
 class AccessibleDropView : public QAccessibleWidget {
 public:
     explicit AccessibleDropView(ProjectDropView& view) : QAccessibleWidget(&view, QAccessible::Button) {}
@@ -222,7 +222,7 @@ public:
     [[nodiscard]] QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
     void doAction(const QString& action) override
     {
-        if (action == pressAction()) // the answer does not wait for the chooser
+        if (action == pressAction()) // queued, so that the answer does not wait for the chooser
             QMetaObject::invokeMethod(object(), "clicked", Qt::QueuedConnection);
         else
             QAccessibleWidget::doAction(action);

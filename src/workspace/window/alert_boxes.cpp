@@ -26,7 +26,7 @@ void fill(QMessageBox& box, const std::string& message, const std::string& infor
         box.setIconPixmap(theme::icon().pixmap(QSize(48, 48), box.devicePixelRatioF()));
     box.setText(shown(message));
     box.setInformativeText(shown(informativeText));
-    const auto speak = [&box](const char* labelName, const std::string& text) { // what the box itself has no way for
+    const auto speak = [&box](const char* labelName, const std::string& text) { // which the box itself cannot do
         if (auto* label = box.findChild<QLabel*>(labelName))
             showMessage(*label, text);
     };
@@ -46,7 +46,7 @@ void AlertBoxes::showAlert(const std::string& message, const std::string& inform
     refresh();
 }
 
-/// The box opens once the operation that failed is over.
+/// Opens the box only after the operation that failed has ended.
 void AlertBoxes::refresh()
 {
     QMetaObject::invokeMethod(this, &AlertBoxes::showNext, Qt::QueuedConnection);

@@ -16,7 +16,7 @@ bool isStop(const QWidget& widget)
            widget.focusProxy() == nullptr;
 }
 
-/// Where Tab would stop first in the area; the area itself where it stops nowhere.
+/// The first widget in the area that Tab would reach; the area itself if there is none.
 QWidget& firstStop(QWidget& area)
 {
     for (QWidget* next = area.nextInFocusChain(); next != &area; next = next->nextInFocusChain()) {
@@ -28,7 +28,7 @@ QWidget& firstStop(QWidget& area)
 
 void takeFocus(QWidget& widget)
 {
-    widget.setFocus(Qt::TabFocusReason); // as with Tab, what is written in a field is selected
+    widget.setFocus(Qt::TabFocusReason); // like Tab, this selects a field's text
     if (QScrollArea* area = scrollAreaOf(widget))
         area->ensureWidgetVisible(&widget);
 }
@@ -65,7 +65,7 @@ void AreaKeys::goOn(int steps)
         areas_, [now](const QWidget* area) { return now != nullptr && (area == now || area->isAncestorOf(now)); });
     const int count = static_cast<int>(areas_.size());
     int position = static_cast<int>(here - areas_.begin());
-    if (position == count) // above the areas
+    if (position == count) // the focus is above the areas
         position = steps > 0 ? -1 : 0;
     QWidget& area = *areas_[static_cast<std::size_t>((position + steps + count) % count)];
     QWidget* last = area.focusWidget();

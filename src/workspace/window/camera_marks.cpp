@@ -12,7 +12,7 @@ namespace corvane {
 
 namespace {
 
-/// Neighbours differ in hue and in lightness. From the seventeenth camera on they come again, darker.
+/// Adjacent colours differ in hue and lightness. From the seventeenth camera on, the colours repeat, darker.
 constexpr std::array<QRgb, 16> colors = {0xff5aa9e6, 0xffe8b04b, 0xff6cc28b, 0xffd977a6, 0xff9d8df1, 0xffcfd86b,
                                          0xff4fc1c0, 0xffe2795d, 0xffb7c9e2, 0xffb98a5e, 0xff8bd450, 0xffc99bdc,
                                          0xff5f86d9, 0xfff2d8a7, 0xff3e9c74, 0xffef9fb0};
@@ -56,7 +56,7 @@ QIcon CameraMarks::chip(std::string_view camera) const
     constexpr int size = 18;
     QIcon icon;
     for (const int pixelRatio : {1, 2}) {
-        for (const auto mode : {QIcon::Normal, QIcon::Selected}) // styles would tint the one for chosen rows
+        for (const auto mode : {QIcon::Normal, QIcon::Selected}) // styles would tint the icon in selected rows
             icon.addPixmap(chipPixmap(of(camera), size, pixelRatio), mode);
     }
     return icon;

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int leastForNames = 80;
 
-/// The toolkit's own does not cut its texts where a column is narrow.
+/// Elides the titles of narrow columns, which the toolkit's own header does not.
 class ElidedHeader : public QHeaderView {
 public:
     explicit ElidedHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
@@ -54,7 +54,7 @@ bool ColumnWidths::eventFilter(QObject*, QEvent* event)
 
 void ColumnWidths::measureNames()
 {
-    constexpr int rows = 200;         // of a long list; every name has had its turn by then
+    constexpr int rows = 200;         // enough for a long list: by then every name has occurred
     constexpr int besideTheText = 40; // a chip and the margins
     neededForNames_ = 0;
     for (int row = 0; row < std::min(rows, table_.model()->rowCount()); ++row) {

@@ -10,13 +10,13 @@ namespace corvane {
 
 namespace {
 
-/// How many characters both texts begin with.
+/// The length of the common beginning of both texts.
 qsizetype sharedStart(const QString& one, const QString& other)
 {
     return std::ranges::mismatch(one, other).in1 - one.begin();
 }
 
-/// A number is read as a whole, and so is a character of two code units.
+/// True inside a number or between the two code units of a character, neither of which may be split.
 bool insideUnit(const QString& text, qsizetype place)
 {
     return text[place].isLowSurrogate() || (text[place].isDigit() && text[place - 1].isDigit());
@@ -47,7 +47,7 @@ QString noteOf(const QString& text)
     return {};
 }
 
-/// The name with "…" in its middle, or earlier where the middle is what tells it from others.
+/// The name with "…" in its middle, or earlier if the middle distinguishes it from others.
 QString elidedName(const QFontMetrics& metrics, const QString& name, int width, qsizetype telling)
 {
     const QString plain = metrics.elidedText(name, Qt::ElideMiddle, width);
@@ -70,7 +70,7 @@ std::vector<qsizetype> tellingPlaces(const std::vector<QString>& names)
     std::iota(order.begin(), order.end(), 0);
     std::ranges::sort(order, {}, [&names](std::size_t i) { return names[i]; });
     std::vector<qsizetype> places(names.size(), 0);
-    for (std::size_t i = 1; i < order.size(); ++i) { // the one that is most alike is a neighbour
+    for (std::size_t i = 1; i < order.size(); ++i) { // the most similar name is a neighbour in this order
         const qsizetype shared = sharedStart(names[order[i - 1]], names[order[i]]);
         for (const std::size_t name : {order[i - 1], order[i]})
             places[name] = std::max(places[name], shared);

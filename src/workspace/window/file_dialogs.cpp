@@ -28,11 +28,11 @@ const std::string exportFolderKey = "Corvane.window.lastExportFolder";
 
 bool isBundle(const QFileInfo& file)
 {
-    const QString path = QDir::cleanPath(file.absoluteFilePath()); // a name that was typed may end in "/"
+    const QString path = QDir::cleanPath(file.absoluteFilePath()); // a typed name may end in "/"
     return file.isDir() && path.endsWith(".fcpxmld", Qt::CaseInsensitive);
 }
 
-/// Draws the names of files.
+/// Draws file names with marks for control characters.
 class ShownNames : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -42,7 +42,7 @@ public:
     }
 };
 
-/// Whoever looks into a bundle and chooses the XML inside means the bundle.
+/// The bundle if the user chose the XML inside it; otherwise the chosen path.
 QString bundleOrFile(const QString& chosen)
 {
     const QFileInfo file(chosen);
@@ -50,7 +50,7 @@ QString bundleOrFile(const QString& chosen)
     return file.fileName() == "Info.fcpxml" && isBundle(folder) ? folder.absoluteFilePath() : chosen;
 }
 
-/// The list with its columns, in a window wide enough for the last of them, which are the dates, and for the names of
+/// Shows the list with columns, in a window wide enough for the last column, the dates, and for the names of the
 /// places.
 void showDates(QFileDialog& dialog)
 {
@@ -66,8 +66,8 @@ void showDates(QFileDialog& dialog)
     dialog.resize(QSize(55 * line, 34 * line).boundedTo(dialog.screen()->availableSize() * 9 / 10));
 }
 
-/// The usual places, beside those that the chooser has already. It stores what it shows for every program of its
-/// toolkit: when it closes they go, but for what the user has changed.
+/// Adds the usual places to those that the chooser already has. Because the chooser stores its places for all programs
+/// of its toolkit, they are removed when it closes, except for what the user has changed.
 class UsualPlaces {
 public:
     explicit UsualPlaces(QFileDialog& dialog) : dialog_(dialog), added_(usualPlaces())
@@ -94,14 +94,14 @@ private:
 
 ProjectFileDialog::ProjectFileDialog(QWidget* parent) : QFileDialog(parent)
 {
-    setOption(DontUseNativeDialog); // the desktop's own choosers take either files or folders
+    setOption(DontUseNativeDialog); // the desktop's own choosers accept either files or folders
     setFileMode(ExistingFile);
     setNameFilter(tr("Final Cut Pro XML (*.fcpxml *.fcpxmld)"));
     for (const char* name : {"listView", "treeView"}) {
         auto* list = findChild<QAbstractItemView*>(name);
         if (list == nullptr)
             continue;
-        disconnect(list, &QAbstractItemView::activated, this, nullptr); // the toolkit goes into every folder
+        disconnect(list, &QAbstractItemView::activated, this, nullptr); // the toolkit would open any folder
         connect(
             list, &QAbstractItemView::activated, this, [this, list](const QModelIndex& item) { enter(*list, item); });
     }
@@ -124,7 +124,7 @@ void ProjectFileDialog::accept()
 {
     const QStringList chosen = selectedFiles();
     if (chosen.size() == 1 && isBundle(QFileInfo(chosen.front())))
-        QDialog::accept(); // NOLINT(bugprone-parent-virtual-call): past the chooser, which would look into the folder
+        QDialog::accept(); // NOLINT(bugprone-parent-virtual-call): bypasses the chooser, which would open the folder
     else
         QFileDialog::accept();
 }
@@ -154,7 +154,7 @@ std::optional<std::string> FileDialogs::chooseFolder(
 
 void FileDialogs::rememberProject(const std::string& location)
 {
-    const QString project = QDir::cleanPath(QFile::decodeName(location.c_str())); // of a bundle it may end in "/"
+    const QString project = QDir::cleanPath(QFile::decodeName(location.c_str())); // a bundle's path may end in "/"
     remember(importFolderKey, QFileInfo(bundleOrFile(project)).absolutePath());
 }
 
@@ -165,10 +165,10 @@ void FileDialogs::rememberFolder(const std::string& folder)
 
 void FileDialogs::prepare(QFileDialog& dialog)
 {
-    dialog.setOption(QFileDialog::DontUseNativeDialog); // it shows the message, too
-    dialog.setIconProvider(&icons_);                    // before it goes on with the folder that it began with
+    dialog.setOption(QFileDialog::DontUseNativeDialog); // so that it shows the message
+    dialog.setIconProvider(&icons_);                    // before it reads its first folder
     showDates(dialog);
-    for (const char* name : {"listView", "treeView"}) { // a delegate each: the toolkit wants none shared
+    for (const char* name : {"listView", "treeView"}) { // one delegate each, because the toolkit does not allow sharing
         if (auto* list = dialog.findChild<QAbstractItemView*>(name))
             list->setItemDelegate(new ShownNames(list));
     }
@@ -202,7 +202,7 @@ QString FileDialogs::lastFolder(const std::string& key, const std::string& other
     try {
         folder = defaults_.value(key);
     } catch (const PlatformError&) {
-        folder.clear(); // where the last time was is no reason to refuse this time
+        folder.clear(); // failing to remember the last folder is no reason to refuse
     }
     QString last = QFile::decodeName(folder.c_str());
     if (!last.isEmpty() && QDir(last).exists())
@@ -215,7 +215,7 @@ void FileDialogs::remember(const std::string& key, const QString& folder)
     try {
         defaults_.setValue(key, QFile::encodeName(folder).toStdString());
     } catch (const PlatformError&) {
-        return; // the next chooser opens elsewhere; nothing of the work depends on it
+        return; // not serious: the next chooser opens elsewhere
     }
 }
 

@@ -8,7 +8,7 @@ namespace corvane {
 
 namespace {
 
-// As buttons have them in the style sheet.
+// The same colours as those of buttons in the style sheet.
 const QColor face(0x47, 0x46, 0x45);
 const QColor faceHovered(0x53, 0x51, 0x4f);
 const QColor facePressed(0x3b, 0x3a, 0x39);

@@ -29,7 +29,7 @@ QString line(const PageLine& line)
     return line.url.empty() ? text : "<a href=\"" + qt(line.url).toHtmlEscaped() + "\">" + text + "</a>";
 }
 
-/// Lists are tables: so their markers are part of the text, and are selected and read with it.
+/// Lists are built as tables, so that their markers are part of the text and are selected and read with it.
 QString blockHTML(const CorvaneManual::Block& block)
 {
     QString html;
@@ -152,7 +152,7 @@ QWidget* CorvaneHelpView::makeTopics()
         showPage(listTopics(std::get<CorvaneManual>(manual_), state_));
     };
     connect(list_, &QListWidget::currentItemChanged, this, select);
-    connect(list_, &QListWidget::itemClicked, this, select); // also the one that is shown already
+    connect(list_, &QListWidget::itemClicked, this, select); // also for the topic that is already shown
     return split_;
 }
 

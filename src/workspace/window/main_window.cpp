@@ -51,7 +51,7 @@ protected:
         constexpr double lineWidth = 3;
         constexpr double dash = 10;
         QPen pen(theme::orange, lineWidth);
-        pen.setCapStyle(Qt::FlatCap); // any other makes the dashes longer
+        pen.setCapStyle(Qt::FlatCap); // other styles make the dashes longer
         pen.setDashPattern({dash / lineWidth, dash / lineWidth});
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
@@ -60,7 +60,7 @@ protected:
     }
 };
 
-/// A splitter puts what it is given behind what it has; screen readers go through it in that order.
+/// A splitter appends its children in the order in which they are added, and screen readers follow that order.
 void keepReadingOrder(QSplitter& split)
 {
     for (int i = 0; i < split.count(); ++i)
@@ -172,7 +172,7 @@ QWidget* MainWindow::makeLoadedPage()
     return split_;
 }
 
-/// Made with the first project: an empty window is there sooner without it.
+/// Creates the page with the first project, so that an empty window appears sooner.
 void MainWindow::showLoadedPage()
 {
     pages_->addWidget(makeLoadedPage());
@@ -243,7 +243,7 @@ void MainWindow::refresh(const Changes& changes)
         showLoadedPage();
     auto* typedIn = has(Changed::loaded) ? qobject_cast<StepBox*>(focusWidget()) : nullptr;
     if (typedIn != nullptr)
-        typedIn->forgetTyping(); // it was meant for the project that was there
+        typedIn->forgetTyping(); // it was meant for the previous project
     for (Panel* panel : panels_)
         panel->refresh(first ? Changes().set() : changes);
     menus_->refresh();
@@ -277,7 +277,7 @@ void MainWindow::refresh(const Changes& changes)
     });
 }
 
-/// A project is shown from its beginning.
+/// Shows a project from its start.
 void MainWindow::showProject()
 {
     const auto& loaded = services_.view.state().loaded;
@@ -306,7 +306,7 @@ void MainWindow::setDropTargeted(bool targeted)
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!event->mimeData()->hasUrls()) // of the list of types: the source is asked for nothing while it hovers
+    if (!event->mimeData()->hasUrls()) // uses only the list of types: the source is asked for no data while hovering
         return;
     setDropTargeted(true);
     event->setDropAction(Qt::CopyAction);
@@ -332,7 +332,7 @@ void MainWindow::dropEvent(QDropEvent* event)
     try {
         locations = MimePasteboard(*event->mimeData()).locations();
     } catch (const NoPasteboardAnswer&) {
-        locations.clear(); // as from a source that has none
+        locations.clear(); // treated like a source that has none
     }
     event->setAccepted(services_.view.handleDroppedFiles(locations));
 }
@@ -360,7 +360,7 @@ void MainWindow::resizeEvent(QResizeEvent* event)
         stayOnScreen();
 }
 
-/// What the window shows has made it larger than it was put on the screen.
+/// Moves the window back onto the screen if its contents have made it larger.
 void MainWindow::stayOnScreen()
 {
     const QList<QRect> screens = usableScreens();
@@ -378,7 +378,7 @@ void MainWindow::restorePlace()
     try {
         saved = QByteArray::fromStdString(services_.defaults.value(geometryKey));
     } catch (const PlatformError&) {
-        saved = "unreadable"; // a window of the usual size is no loss
+        saved = "unreadable"; // then the window gets its default size
     }
     const QList<QRect> screens = usableScreens();
     if (saved.isEmpty() || screens.isEmpty())
@@ -395,7 +395,7 @@ void MainWindow::keepPlace()
     try {
         services_.defaults.setValue(geometryKey, saveGeometry().toStdString());
     } catch (const PlatformError&) {
-        return; // the next window has the usual size
+        return; // not serious: the next window gets the default size
     }
     if (split_ != nullptr)
         saveSizes(services_.defaults, splitKey, *split_);

@@ -18,8 +18,8 @@ std::string pathOf(const QUrl& url)
 
 } // namespace
 
-/// The toolkit waits some seconds for an answer and then gives none, which looks like an empty one. No program thinks
-/// that long about having nothing.
+/// If the source does not answer within some seconds, the toolkit returns no data, which looks like an empty answer. So
+/// an empty answer that took long counts as none: no program needs that long to say that it has nothing.
 template <class Answer, class Question>
 Answer MimePasteboard::ask(const Question& question) const
 {

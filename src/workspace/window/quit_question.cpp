@@ -27,7 +27,7 @@ bool QuitQuestion::mayClose()
 bool QuitQuestion::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == QCoreApplication::instance() && event->type() == QEvent::Quit) {
-        sessionEnds_ = true; // until the windows have been closed, or one of them refused
+        sessionEnds_ = true; // until the windows have been closed or one of them has refused to
         QMetaObject::invokeMethod(this, [this] { sessionEnds_ = false; }, Qt::QueuedConnection);
     }
     return false;
@@ -62,7 +62,7 @@ void QuitQuestion::ask()
     box_->open();
 }
 
-/// Asks again where it fails again.
+/// Saves, and asks again if that fails.
 void QuitQuestion::saveAgain()
 {
     view_.saveAgain();
@@ -74,7 +74,7 @@ void QuitQuestion::quit()
     answered_ = true;
     const bool closed = window_.close();
     answered_ = false;
-    if (!closed) // something else keeps the window open
+    if (!closed) // something else has kept the window open
         view_.endQuestion();
 }
 

@@ -62,7 +62,7 @@ ResultArea::ResultArea(ResultSplit* split, QWidget* parent) : QScrollArea(parent
     setFocusPolicy(Qt::NoFocus);
 }
 
-/// No narrower than what it shows, with the scroll bar beside it.
+/// At least as wide as the contents and the scroll bar beside them.
 QSize ResultArea::minimumSizeHint() const
 {
     constexpr int lowest = 200;

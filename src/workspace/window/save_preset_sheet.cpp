@@ -35,7 +35,7 @@ SavePresetSheet::SavePresetSheet(ContentView& view, QWidget* parent)
     column->addLayout(buttons);
     connect(cancel, &QPushButton::clicked, this, &SavePresetSheet::reject);
     connect(save_, &QPushButton::clicked, this, [this] { view_.savePreset(ContentView::PresetSave::asNew); });
-    connect(name_, &QLineEdit::textChanged, this, [this](const QString& text) { // typed, or put there for a person
+    connect(name_, &QLineEdit::textChanged, this, [this](const QString& text) { // typed or set by assistive technology
         view_.edit([name = utf8(text)](WorkspaceState& state) { state.presetName = name; });
     });
 }
@@ -59,7 +59,7 @@ void SavePresetSheet::refresh()
     }
 }
 
-/// Escape and the window's own close button mean Cancel.
+/// Escape and the window's close button mean Cancel.
 void SavePresetSheet::reject()
 {
     view_.edit([](WorkspaceState& state) { state.showSavePreset = false; });

@@ -9,14 +9,14 @@
 #include <QTextBoundaryFinder>
 #include <algorithm>
 
-/// A public function of the toolkit that none of its headers declares, as its manual says.
+/// A public function of the toolkit that, as documented, none of its headers declares.
 extern void qt_set_sequence_auto_mnemonic(bool on);
 
 namespace corvane {
 
 namespace {
 
-/// Whether "&" in a text is the mark of a key, where the system has such keys.
+/// Sets whether "&" in a text marks a shortcut, on systems that have such shortcuts.
 void setKeysInTexts(bool on)
 {
 #ifndef __APPLE__
@@ -45,7 +45,7 @@ private:
 void draw(QLabel& label, const QString& text)
 {
     label.setTextFormat(Qt::PlainText);
-    setKeysInTexts(false); // the label of a control would take Alt+G for a camera "R&G"
+    setKeysInTexts(false); // otherwise the label of a camera "R&G" would take the shortcut Alt+G
     label.setText(text);
     setKeysInTexts(true);
 }
@@ -60,7 +60,7 @@ void showText(QLabel& label, std::string_view text)
 
 void showText(QAbstractButton& button, std::string_view text)
 {
-    button.setText(shown(text).replace("&", "&&")); // a single one would be the mark of a shortcut
+    button.setText(shown(text).replace("&", "&&")); // a single "&" would mark a shortcut
     setSpokenName(button, text);
 }
 
@@ -72,7 +72,7 @@ void showMessage(QLabel& label, std::string_view message)
 
 QString withBreaks(const QString& text)
 {
-    constexpr qsizetype longest = 60; // no name that a person copies out of a sentence is longer
+    constexpr qsizetype longest = 60; // longer than any word that people would copy from a message
     constexpr qsizetype part = 30;
     QTextBoundaryFinder lineEnds(QTextBoundaryFinder::Line, text);
     QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
@@ -96,12 +96,12 @@ void setSpokenName(QWidget& widget, std::string_view name)
 {
     const QString spoken = qt(name);
     if (widget.accessibleName() != spoken)
-        widget.setAccessibleName(spoken); // assistive technology is told each time
+        widget.setAccessibleName(spoken); // setting the name notifies assistive technology each time
 }
 
 bool showWhole(QLineEdit& field, const std::string& text)
 {
-    constexpr int longest = 100'000; // the toolkit's own would cut the text at 32,767
+    constexpr int longest = 100'000; // the toolkit's default would cut the text at 32,767 characters
     const QSignalBlocker blocker(field);
     if (field.maxLength() != longest)
         field.setMaxLength(longest);
@@ -114,7 +114,7 @@ bool showWhole(QLineEdit& field, const std::string& text)
 
 void copyAsSpoken(QAbstractItemView& list)
 {
-    new CopiedTexts(list); // which the list owns
+    new CopiedTexts(list); // owned by the list
 }
 
 } // namespace corvane

@@ -45,7 +45,7 @@ void collect(QWidget& widget, Stops& stops)
     }
 }
 
-/// Whether Tab goes from the one to the other as it is. A field inside a number box is a part of that.
+/// True if Tab already goes from one widget to the next. A field inside a number box belongs to the box.
 bool follows(const QWidget& stop, const QWidget& next)
 {
     const QWidget* widget = stop.nextInFocusChain();
@@ -61,7 +61,7 @@ void orderTabsByLayout(QWidget& root)
     Stops stops;
     collect(root, stops);
     for (std::size_t i = 1; i < stops.size(); ++i) {
-        if (!follows(*stops[i - 1], *stops[i])) // the toolkit takes its time
+        if (!follows(*stops[i - 1], *stops[i])) // because setTabOrder is slow
             QWidget::setTabOrder(stops[i - 1], stops[i]);
     }
 }

@@ -45,14 +45,14 @@ QPalette palette()
     return colors;
 }
 
-/// Check boxes with a border that can be seen on dark ground, flat pickers and number boxes, and labels that take no
-/// text for markup.
+/// Paints check boxes with a border that is visible on a dark background, and flat pickers and number boxes, and makes
+/// labels treat texts as plain text.
 class DarkStyle : public QProxyStyle {
 public:
     using QProxyStyle::QProxyStyle;
 
-    /// Markup is what a label was told to expect: the toolkit would guess, and load what a name in it names. Tooltips
-    /// alone are left: theirs is escaped where it is set.
+    /// A label interprets markup only if it was told to. The toolkit would guess, and load files that a name in the
+    /// text refers to. Tooltips are not changed here, because their texts are escaped when they are set.
     void polish(QWidget* widget) override
     {
         QProxyStyle::polish(widget);
@@ -62,7 +62,7 @@ public:
     }
     using QProxyStyle::polish;
 
-    /// The choosers' box of folders draws a path as it is.
+    /// The file chooser's box of folders would draw a path with its control characters.
     void drawControl(
         ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override
     {

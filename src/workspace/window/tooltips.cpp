@@ -33,7 +33,7 @@ private:
     QAbstractItemView& list_;
 };
 
-/// Without a description, assistive technology would read the tooltip's markup.
+/// Also sets the description, because otherwise assistive technology would read the tooltip's markup.
 void setTip(QWidget& widget, const QString& drawn, const QString& spoken)
 {
     widget.setToolTip(tip(drawn));
@@ -45,7 +45,7 @@ void setTip(QWidget& widget, const QString& drawn, const QString& spoken)
 
 QString tip(const QString& text)
 {
-    constexpr qsizetype longest = 80; // the toolkit wraps nothing but markup
+    constexpr qsizetype longest = 80; // the toolkit wraps only markup
     const auto isLong = [](const QString& line) { return line.size() > longest; };
     if (!Qt::mightBeRichText(text) && std::ranges::none_of(text.split('\n'), isLong))
         return text;
@@ -80,7 +80,7 @@ void hideTip()
 
 void escapeItemTips(QAbstractItemView& list)
 {
-    new ItemTips(list); // which the list owns
+    new ItemTips(list); // owned by the list
 }
 
 } // namespace corvane

@@ -103,7 +103,7 @@ void ShareBarDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
 {
     const double number = option.fontMetrics.horizontalAdvance("100.0%") + 12;
     const QRectF cell = option.rect;
-    const double room = std::max(0.0, cell.width() - number - 6); // none where the column is narrow
+    const double room = std::max(0.0, cell.width() - number - 6); // 0 if the column is narrow
     const QRectF bar(cell.left() + 6, cell.top() + 5, room, cell.height() - 10);
     painter->save();
     painter->fillRect(bar, QColor(0x33, 0x31, 0x2f));

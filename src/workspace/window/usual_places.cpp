@@ -26,14 +26,15 @@ QStringList mounts(const QString& home)
         if (volume.isReady() && volume.fileSystemType() != "tmpfs" && isMountForPeople(volume.rootPath(), home))
             found << volume.rootPath();
     }
-    // The shares that the desktop's file manager has mounted are folders in one of its own.
+    // Network shares that the desktop's file manager has mounted are folders inside a folder of its own.
     const QDir shares(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + "/gvfs");
     for (const QFileInfo& share : shares.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
         found << share.absoluteFilePath();
     return found;
 }
 
-/// A share whose other end has gone may never answer: it costs the others their place, but no more than a moment.
+/// The mounts, found on another thread, or none if one does not answer in time: a share whose server has gone may never
+/// answer.
 QStringList mountsThatAnswer(const QString& home)
 {
     constexpr auto patience = std::chrono::milliseconds(500);
@@ -67,7 +68,7 @@ QList<QUrl> usualPlaces()
     paths.removeDuplicates();
     QList<QUrl> places;
     for (const QString& path : paths) {
-        // A folder without a place of its own stands for home, which choosers have already.
+        // A folder that the account does not have is reported as the home folder, which choosers already have.
         if (path != QDir::homePath() && QFileInfo(path).isDir())
             places << QUrl::fromLocalFile(path);
     }

@@ -12,12 +12,12 @@ namespace corvane {
 
 namespace {
 
-constexpr quint32 placeMagic = 0x1D9D0CB; // as the toolkit begins what it saves
+constexpr quint32 placeMagic = 0x1D9D0CB; // the first value in data saved by the toolkit
 constexpr quint16 placeVersion = 3;
 constexpr int widthsMagic = 0xff;
 const QMargins usualFrame = {8, 40, 8, 8};
 
-/// A rectangle of any four numbers, with room for arithmetic.
+/// A rectangle from any four numbers, limited so that arithmetic cannot overflow.
 QRect tame(const QRect& rect)
 {
     const auto within = [](int coordinate) {
@@ -28,7 +28,7 @@ QRect tame(const QRect& rect)
     return {corner, QPoint(std::max(within(rect.right()), corner.x()), std::max(within(rect.bottom()), corner.y()))};
 }
 
-/// What stands around a window, where the saved rectangles tell it. The toolkit keeps room for a title of 20 pixels.
+/// The window's frame, as far as the saved rectangles show it. The toolkit assumes a title bar of 20 pixels.
 QMargins frameAround(const QRect& inner, const QRect& outer)
 {
     const QMargins frame(
@@ -51,8 +51,8 @@ struct Borders {
     int after;
 };
 
-/// One side of a window on the same side of a screen. It gets room for any usual frame, where the screen has it: what
-/// does not fit may have been saved wrong, and its frame with it.
+/// Fits one dimension of a window into that of a screen, with room for any usual frame if the screen is large enough:
+/// the saved frame may be as wrong as the position.
 Side within(const Side& inner, const Side& screen, const Borders& frame, const Borders& usual)
 {
     Borders room = {std::max(frame.before, usual.before), std::max(frame.after, usual.after)};
@@ -73,7 +73,7 @@ int distance(const QRect& a, const QRect& b)
 int overlap(const QRect& a, const QRect& b)
 {
     const QRect both = a & b;
-    return both.width() * both.height(); // no screen is larger than an int counts
+    return both.width() * both.height(); // no screen is too large for an int
 }
 
 } // namespace
@@ -102,7 +102,7 @@ QRect placeOnScreen(const QRect& inner, const QMargins& frame, const QSize& smal
 QByteArray placeWithinScreens(const QByteArray& saved, const QSize& smallest, const QList<QRect>& screens)
 {
     QDataStream in(saved);
-    in.setVersion(QDataStream::Qt_4_0); // as the toolkit does
+    in.setVersion(QDataStream::Qt_4_0); // like the toolkit
     quint32 magic = 0;
     quint16 major = 0, minor = 0;
     QRect outer, normal, inner;
@@ -111,7 +111,7 @@ QByteArray placeWithinScreens(const QByteArray& saved, const QSize& smallest, co
     in >> magic >> major >> minor >> outer >> normal >> screen >> maximized >> fullScreen >> screenWidth >> inner;
     if (in.status() != QDataStream::Ok || magic != placeMagic || major != placeVersion)
         return {};
-    constexpr quint8 yes = 1; // any other number is damage, and nobody finds the way out of a full screen
+    constexpr quint8 yes = 1; // other values are damage, which must not lead to a full screen that nobody can leave
     maximized = maximized == yes ? yes : 0;
     fullScreen = fullScreen == yes ? yes : 0;
     const QMargins frame = frameAround(tame(inner), tame(outer));
