@@ -9,7 +9,7 @@ namespace corvane {
 
 ElidedCheckBox::ElidedCheckBox(QWidget* parent) : QCheckBox(parent)
 {
-    setMinimumWidth(1); // a long name does not widen the panel
+    setMinimumWidth(1); // so that a long name does not widen the panel
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 
@@ -18,7 +18,7 @@ void ElidedCheckBox::paintEvent(QPaintEvent*)
     QStylePainter painter(this);
     QStyleOptionButton option;
     initStyleOption(&option);
-    constexpr int gap = 4; // that styles leave behind the icon
+    constexpr int gap = 4; // which styles leave after the icon
     const int icon = option.icon.isNull() ? 0 : option.iconSize.width() + gap;
     const int room = style()->subElementRect(QStyle::SE_CheckBoxContents, &option, this).width() - icon;
     const QString name = option.text.replace("&&", "&");

@@ -44,12 +44,12 @@ QSize ElidedLabel::minimumSizeHint() const
     return {std::min(sizeHint().width(), fontMetrics().horizontalAdvance("Mmmm…")), sizeHint().height()};
 }
 
-/// The tooltip is made when it is asked for: the width and the text change more often than anyone looks.
+/// The tooltip is made only when it is needed, because the width and the text change far more often.
 bool ElidedLabel::event(QEvent* event)
 {
     if (event->type() == QEvent::ToolTip) {
         std::vector<std::string> lines = facts_;
-        constexpr std::size_t most = 40; // that a screen holds
+        constexpr std::size_t most = 40; // lines, which fit on a screen
         if (lines.size() > most) {
             lines.resize(most);
             lines.emplace_back("…");

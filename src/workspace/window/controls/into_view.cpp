@@ -19,7 +19,7 @@ void bringIntoView(QWidget& widget)
     QScrollArea* area = nullptr;
     for (QWidget* outer = &widget; outer != nullptr && area == nullptr; outer = outer->parentWidget()) {
         if (outer->layout() != nullptr)
-            outer->layout()->activate(); // sizes that the event loop would find later
+            outer->layout()->activate(); // computes sizes that the event loop would otherwise compute later
         area = qobject_cast<QScrollArea*>(outer);
     }
     if (area == nullptr)
@@ -31,7 +31,7 @@ void bringIntoView(QWidget& widget)
     constexpr int margin = 12;
     const QRect place(widget.mapTo(area->widget(), QPoint()), widget.size());
     area->ensureVisible(place.center().x(), place.bottom(), 0, margin);
-    area->ensureVisible(place.center().x(), place.top(), 0, margin); // of one higher than the area, the beginning
+    area->ensureVisible(place.center().x(), place.top(), 0, margin); // if it is higher than the area, its top
 }
 
 } // namespace corvane

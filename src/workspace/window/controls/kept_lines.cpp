@@ -19,7 +19,7 @@ KeptLines::KeptLines(int lines, QWidget* parent) : QScrollArea(parent), lines_(l
     setAccessibleName(tr("Messages"));
     setFocusPolicy(Qt::NoFocus);
     connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, [this](int, int most) {
-        setFocusPolicy(most > 0 ? Qt::TabFocus : Qt::NoFocus); // a stop for keys only where they have something to do
+        setFocusPolicy(most > 0 ? Qt::TabFocus : Qt::NoFocus); // a Tab stop only if there is something to scroll
     });
     keepHeight();
 }

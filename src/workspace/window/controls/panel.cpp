@@ -59,9 +59,9 @@ QLabel* Panel::addHeading(const QString& text)
 QLabel* helpLabel(const QString& text, QWidget* parent)
 {
     auto* label = new QLabel(text, parent);
-    label->setTextFormat(Qt::PlainText); // names of people's own stand in it
+    label->setTextFormat(Qt::PlainText); // it may contain names from outside
     label->setWordWrap(true);
-    label->setMinimumWidth(1); // a word of any length is cut off, the panel not widened
+    label->setMinimumWidth(1); // so that a long word is cut off and does not widen the panel
     label->setProperty("role", "help");
     return label;
 }

@@ -17,7 +17,7 @@ namespace {
 void discard(QWidget& row)
 {
     row.hide();
-    row.deleteLater(); // its own button may be what is being clicked
+    row.deleteLater(); // deleted later, because its own button may have been clicked
 }
 
 } // namespace
@@ -26,7 +26,7 @@ ReservedRows::ReservedRows(Make make, QWidget* parent)
     : QWidget(parent), make_(std::move(make)), column_(new QVBoxLayout(this))
 {
     column_->setContentsMargins(0, 0, 0, 0);
-    column_->setSpacing(8); // as in panels
+    column_->setSpacing(8); // like panels
 }
 
 void ReservedRows::setKeys(const std::vector<std::string>& keys)
@@ -59,7 +59,7 @@ QWidget* ReservedRows::row(int position)
 bool ReservedRows::event(QEvent* event)
 {
     const bool handled = QWidget::event(event);
-    if (event->type() == QEvent::LayoutRequest) // as when the font has changed
+    if (event->type() == QEvent::LayoutRequest) // for example after a change of the font
         settle();
     return handled;
 }
@@ -68,7 +68,7 @@ void ReservedRows::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     if (area_ == nullptr) {
-        area_ = scrollAreaOf(*this); // which it is in by now, for good
+        area_ = scrollAreaOf(*this); // by now it is in its final scroll area
         connect(area_->verticalScrollBar(), &QScrollBar::valueChanged, this, &ReservedRows::settle);
         connect(area_->verticalScrollBar(), &QScrollBar::rangeChanged, this, &ReservedRows::settle);
     }
@@ -77,7 +77,7 @@ void ReservedRows::showEvent(QShowEvent* event)
 
 void ReservedRows::settle()
 {
-    if (settling_) // focus that leaves a row scrolls the area
+    if (settling_) // otherwise focus that leaves a row would scroll the area
         return;
     const QScopedValueRollback guard(settling_, true);
     const std::set<int> wanted = wantedRows();
@@ -105,7 +105,7 @@ void ReservedRows::settle()
 
 std::set<int> ReservedRows::wantedRows() const
 {
-    constexpr int margin = 8; // rows beyond what is in view
+    constexpr int margin = 8; // rows beyond the visible ones
     std::set<int> wanted;
     const auto want = [&](int first, int last) {
         for (int position = std::max(first, 0); position <= std::min(last, count() - 1); ++position)
@@ -124,20 +124,20 @@ std::set<int> ReservedRows::wantedRows() const
     return wanted;
 }
 
-/// The position of the row at this height, or of the nearest.
+/// The position of the row at this height, or of the nearest row.
 int ReservedRows::rowAt(int y) const
 {
     return std::clamp(y / std::max(1, rowHeight_ + column_->spacing()), 0, std::max(0, count() - 1));
 }
 
-/// Rows that exist in their places, and room for the others between them.
+/// Lays out the existing rows at their places, with space for the others between them.
 void ReservedRows::arrange()
 {
     while (const auto item = std::unique_ptr<QLayoutItem>(column_->takeAt(0))) {
     }
     int next = 0;
     for (const auto& [position, row] : rows_) {
-        if (position > next) // the layout's own spacing comes once more, around the room
+        if (position > next) // the layout adds its own spacing once more
             column_->addSpacing((position - next) * (rowHeight_ + column_->spacing()));
         column_->addWidget(row);
         next = position + 1;

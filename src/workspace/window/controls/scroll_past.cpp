@@ -9,14 +9,14 @@ namespace corvane {
 
 namespace {
 
-/// One for the whole program, because one hand scrolls.
+/// One for the whole program, because there is only one mouse wheel.
 class ScrollFilter : public QObject {
 public:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
         if (event->type() != QEvent::Wheel)
             return false;
-        constexpr int pause = 400; // milliseconds that end a scroll
+        constexpr int pause = 400; // milliseconds without an event that end a scroll
         auto* control = qobject_cast<QWidget*>(watched);
         const bool scrolling = lastPassed_.isValid() && lastPassed_.elapsed() < pause;
         if (control != nullptr && control->hasFocus() && !scrolling)

@@ -17,7 +17,7 @@ namespace corvane {
 
 namespace {
 
-/// What was typed, with the signs that numbers of the program have.
+/// The typed text with the sign and decimal point that the program's numbers have.
 QString plainNumber(const QString& text)
 {
     QString plain = text.trimmed().replace(qt(theme::decimalSign()), ".");
@@ -34,15 +34,15 @@ StepBox::StepBox(StepRange range, QWidget* parent) : QDoubleSpinBox(parent), ste
 {
     setRange(range.minimum, range.maximum);
     setSingleStep(range.step);
-    setProperty("stepSize", range.step); // where the toolkit looks for what it tells assistive technology
-    setDecimals(3);                      // what is shown may stand between the steps
+    setProperty("stepSize", range.step); // from which the toolkit informs assistive technology
+    setDecimals(3);                      // values between the steps can be shown
     setKeyboardTracking(false);
     setAlignment(Qt::AlignRight);
     setAccelerated(true);
-    lineEdit()->setAcceptDrops(false); // files are for the window
+    lineEdit()->setAcceptDrops(false); // files are dropped on the window
     letScrollingPass(*this);
     connect(this, &QDoubleSpinBox::valueChanged, this, &StepBox::settle);
-    // What is typed counts when the field is left; what assistive technology puts there counts at once.
+    // Typed text takes effect when the field loses the focus; text from assistive technology takes effect at once.
     connect(lineEdit(), &QLineEdit::textEdited, this, [this] { typing_ = true; });
     connect(lineEdit(), &QLineEdit::textChanged, this, [this] {
         if (!std::exchange(typing_, false))
@@ -53,7 +53,7 @@ StepBox::StepBox(StepRange range, QWidget* parent) : QDoubleSpinBox(parent), ste
 void StepBox::show(double value)
 {
     if (value == this->value())
-        return; // what is just being typed stays
+        return; // does not disturb typing
     const QSignalBlocker blocker(this);
     setValue(value);
 }
@@ -65,7 +65,7 @@ void StepBox::forgetTyping()
 
 void StepBox::stepBy(int steps)
 {
-    interpretText(); // from what is typed
+    interpretText(); // takes the typed number
     const double position = value() / step_;
     const double next = (steps > 0 ? std::floor(position) : std::ceil(position)) + steps;
     setValue(next * step_);
@@ -81,7 +81,7 @@ double StepBox::valueFromText(const QString& text) const
     return readNumber(utf8(plainNumber(text))).value_or(value());
 }
 
-/// The toolkit would refuse the digit that leads beyond the range, and keep the others.
+/// Accepts digits that lead beyond the range, which the toolkit would refuse while keeping the others.
 QValidator::State StepBox::validate(QString& text, int&) const
 {
     static const QRegularExpression numberOrItsStart("^[+-]?\\d*\\.?\\d*$");
@@ -99,11 +99,11 @@ void StepBox::fixup(QString& text) const
         text = textFromValue(std::clamp(*number, minimum(), maximum()));
 }
 
-/// A key of a menu works on what is shown: what is still being typed counts first.
+/// A menu shortcut uses the values shown, so a number that is still being typed takes effect first.
 bool StepBox::event(QEvent* event)
 {
     const bool handled = QDoubleSpinBox::event(event);
-    if (event->type() == QEvent::ShortcutOverride && !event->isAccepted()) { // nor is it a key of the field itself
+    if (event->type() == QEvent::ShortcutOverride && !event->isAccepted()) { // and not a key of the field itself
         const auto* key = dynamic_cast<QKeyEvent*>(event);
         const bool withOther = key->key() != Qt::Key_Control && key->key() != Qt::Key_Alt;
         if (withOther && (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0)

@@ -24,7 +24,7 @@ void StepSlider::show(double value)
     setValue(static_cast<int>(std::round(value)));
 }
 
-/// Keys and clicks beside the handle go from a value between two steps to the next step, not over it.
+/// From a value between two steps, keys and clicks beside the handle go to the next step, not past it.
 void StepSlider::moveToStep(int action)
 {
     const int below = value() / step_;

@@ -13,7 +13,7 @@ namespace corvane {
 
 namespace {
 
-/// Whether all four parts are there, the last with two digits.
+/// True if all four parts are there, the last with two digits.
 bool isComplete(const QString& text)
 {
     const auto isSign = [](QChar character) { return character == ':' || character == ';'; };
@@ -31,7 +31,7 @@ TimecodeField::TimecodeField(const QString& label, Judge judge, QWidget* parent)
       use_(new QPushButton(this))
 {
     arrange(label);
-    // Also what assistive technology puts there; what the program shows is put there with the signals blocked.
+    // Also emitted for text from assistive technology, but not for show(), which blocks the signals.
     connect(edit_, &QLineEdit::textChanged, this, [this](const QString& text) {
         typing_ = edit_->hasFocus() && !isComplete(text);
         mark();
@@ -42,7 +42,7 @@ TimecodeField::TimecodeField(const QString& label, Judge judge, QWidget* parent)
         mark();
     });
     connect(use_, &QPushButton::clicked, this, [this] {
-        edit_->setFocus(); // before the button goes
+        edit_->setFocus(); // before the button disappears
         edit_->setText(qt(instead_));
     });
 }
@@ -54,11 +54,11 @@ void TimecodeField::arrange(const QString& label)
     auto* name = new QLabel(label, this);
     name->setBuddy(edit_);
     name->setFixedWidth(name->fontMetrics().horizontalAdvance(tr("Start")) + 2);
-    edit_->setAcceptDrops(false); // files are for the window
+    edit_->setAcceptDrops(false); // files are dropped on the window
     edit_->setPlaceholderText("HH:MM:SS:FF");
     edit_->setFixedWidth(edit_->fontMetrics().horizontalAdvance("HH:MM:SS:FF") + 30);
     complaint_->setWordWrap(true);
-    complaint_->setMinimumWidth(1); // as helpLabel
+    complaint_->setMinimumWidth(1); // like helpLabel
     complaint_->setProperty("role", "complaint");
     auto* place = new KeptLines(2, this);
     place->add(*complaint_);

@@ -53,7 +53,7 @@ void BookendsPanel::refresh(const Changes& changes)
         for (QWidget* each :
              {static_cast<QWidget*>(bookend.cameraLabel), static_cast<QWidget*>(bookend.camera),
               static_cast<QWidget*>(bookend.length)})
-            each->setEnabled(on); // a change of what has no effect would only clear the edit
+            each->setEnabled(on); // changing values without effect would only clear the edit
         bookend.camera->show(cameras, settings().*bookend.fields.camera);
         bookend.length->show(settings().*bookend.fields.seconds);
     }

@@ -36,7 +36,7 @@ QString percentText(int percent)
     return CamerasPanel::tr("%1% of additional camera choices").arg(percent);
 }
 
-/// The lines of one camera, close to each other.
+/// A layout for the lines of one camera, close together.
 QVBoxLayout* linesIn(QWidget& holder)
 {
     auto* lines = new QVBoxLayout(&holder);
@@ -179,7 +179,7 @@ void CamerasPanel::addFrequency(Camera& camera, const std::string& label)
     showText(*name, utf8(before) + label);
     name->setName({before.size(), marks_.of(camera.id).telling});
     camera.frequency->setAccessibleName(name->accessibleName());
-    // The slider keeps its width while it is dragged.
+    // Reserves the widest texts, so that the slider keeps its width while it is dragged.
     for (const auto& [text, widest] : {std::pair(camera.weight, weightText(10)), {camera.percent, percentText(100)}})
         text->setMinimumWidth(text->fontMetrics().horizontalAdvance(widest));
     constexpr int gap = 8;

@@ -18,7 +18,7 @@ CoveragePanel::CoveragePanel(ContentView& view, QWidget* parent)
       missing_(new ElidedLabel({}, this)),
       warning_(helpLabel({}, this))
 {
-    setFocusPolicy(Qt::TabFocus); // as a whole: none of its parts can be changed
+    setFocusPolicy(Qt::TabFocus); // a single stop, because nothing in it can be changed
     addHelp(tr("Coloured sections have footage. Empty sections are gaps. All bars use the same project timecode."));
     column().addWidget(rowsHolder_);
     missing_->setProperty("role", "help");
@@ -56,7 +56,7 @@ void CoveragePanel::build()
     const auto& loaded = view_.state().loaded;
     if (!loaded)
         return;
-    auto* first = new QHBoxLayout; // more room for the line than a bar has
+    auto* first = new QHBoxLayout; // a row of its own, with more room than beside the bars
     first->setSpacing(12);
     grid_->addLayout(first, 0, 0, 1, 2);
     first->addWidget(new QLabel(tr("Project"), rowsHolder_));
@@ -90,7 +90,7 @@ void CoveragePanel::resizeEvent(QResizeEvent* event)
     shareWidth();
 }
 
-/// A label is as wide as its name needs, while the bars keep the larger part of the panel.
+/// Gives the labels the width that their names need, but keeps most of the panel for the bars.
 void CoveragePanel::shareWidth()
 {
     constexpr int percent = 45;
@@ -118,7 +118,7 @@ void CoveragePanel::showUse()
         const bool used = inUse.contains(row.camera);
         const std::string label = coverageLabel(view_, row.camera, used);
         showText(*row.label, label);
-        setSpokenName(*row.bar, label); // a label's own for its buddy would lose every "&"
+        setSpokenName(*row.bar, label); // the name from the buddy label would lose every "&"
         row.label->setEnabled(used);
         const CameraMark& mark = marks_.of(row.camera);
         row.label->setName({0, mark.telling});

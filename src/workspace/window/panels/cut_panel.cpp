@@ -18,7 +18,7 @@ namespace corvane {
 
 namespace {
 
-/// Draws what the model gives a colour in that colour, on the same ground, also while its row is chosen.
+/// Draws texts for which the model has a colour in that colour, even in a selected row.
 class ColorDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -61,7 +61,7 @@ CutPanel::CutPanel(ContentView& view, QWidget* parent)
 
 void CutPanel::arrange()
 {
-    column().setSpacing(6); // a window of the usual size shows the usage of eight cameras below
+    column().setSpacing(6); // so that a window of the default size shows the usage of eight cameras below
     arrangeTable();
     auto* edit = new QWidget(pages_);
     auto* pictures = new QVBoxLayout(edit);
@@ -70,7 +70,7 @@ void CutPanel::arrange()
     pictures->addWidget(summary_);
     pictures->addWidget(strip_);
     shortShots_->setProperty("role", "link");
-    shortShots_->ensurePolished(); // it has its height before it is seen
+    shortShots_->ensurePolished(); // so that its height is known before it is shown
     for (QWidget* line : {static_cast<QWidget*>(summary_), static_cast<QWidget*>(shortShots_)})
         keepPlace(*line);
     pictures->addWidget(shortShots_, 0, Qt::AlignLeft);
@@ -106,14 +106,14 @@ void CutPanel::arrangeTable()
             section, table_->fontMetrics().horizontalAdvance(widest) + margins,
             table_->horizontalHeader()->sectionSizeHint(section) + margins};
     };
-    new ColumnWidths( // which the table owns
+    new ColumnWidths( // owned by the table
         *table_, CutTableModel::camera,
         {columnOf(CutTableModel::start, "00:00:00:00"), columnOf(CutTableModel::duration, "00000.00")});
     table_->setMinimumHeight(74);
-    table_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored); // it takes what the rest leaves
+    table_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored); // it takes the remaining height
 }
 
-/// The place of the position is three digits wide, that of the first button as wide as the longer of its texts.
+/// Reserves three digits for the position, and the longer of its two texts for the first button.
 void CutPanel::arrangeButtons()
 {
     generate_->setProperty("role", "primary");
@@ -153,7 +153,7 @@ void CutPanel::arrangeMessages()
     auto* messages = new KeptLines(2, this);
     for (QLabel* message : {status_, saveError_}) {
         message->setWordWrap(true);
-        message->setMinimumWidth(1); // as helpLabel
+        message->setMinimumWidth(1); // like helpLabel
         message->setTextInteractionFlags(Qt::TextSelectableByMouse);
         messages->add(*message);
     }
@@ -210,11 +210,11 @@ void CutPanel::showCuts()
         restoreView();
 }
 
-/// The table stands where it stood, and what was chosen is chosen in this edit too.
+/// Restores the table's scroll position, and selects the shot at the chosen frame in this edit too.
 void CutPanel::restoreView()
 {
     for (QWidget* page : {static_cast<QWidget*>(pages_), pages_->currentWidget()})
-        page->layout()->activate(); // the table has its height, and its scroll bar the range
+        page->layout()->activate(); // so that the table has its height and its scroll bar the right range
     const auto row = [this](Frames frame) {
         return model_->index(static_cast<int>(cutAt(view_.state().cuts(), frame)), 0);
     };
@@ -233,10 +233,10 @@ void CutPanel::showShortShots()
     shortShots_->setVisible(!short_.empty());
 }
 
-/// The next one after the chosen row; after the last the first.
+/// Selects the next one after the selected row; after the last, the first.
 void CutPanel::goToNextShortShot()
 {
-    const int row = table_->currentIndex().row(); // -1 for none
+    const int row = table_->currentIndex().row(); // -1 if none is selected
     const auto isLater = [row](std::size_t position) { return static_cast<int>(position) > row; };
     const auto later = std::ranges::find_if(short_, isLater);
     const auto next = static_cast<int>(later == short_.end() ? short_.front() : *later);
@@ -247,7 +247,7 @@ void CutPanel::goToNextShortShot()
 void CutPanel::choose(int position, Frames frame)
 {
     table_->selectRow(position);
-    chosen_ = frame; // which the shot holds, but need not start with
+    chosen_ = frame; // anywhere within the shot
 }
 
 void CutPanel::showButtons()
@@ -260,7 +260,7 @@ void CutPanel::showButtons()
         setTip(button, qt(hint.value_or(help)));
     };
     QString primary = qt(primaryButtonText(view_));
-    primary.insert(primary.indexOf('g', 0, Qt::CaseInsensitive), '&'); // the same key for both of its texts
+    primary.insert(primary.indexOf('g', 0, Qt::CaseInsensitive), '&'); // so that both texts have the same shortcut
     generate_->setText(primary);
     show(*generate_, enabled.generate, why.generate, replacedEdits(view_).value_or(""));
     show(*back_, enabled.back, why.back, "Return to the previous rough edit and its settings");
@@ -282,7 +282,7 @@ void CutPanel::showTexts()
     show(*status_, view_.state().status);
     show(*saveError_, view_.state().sessionSaveError);
     if (view_.state().sessionSaveError)
-        bringIntoView(*saveError_); // before the end of a long status
+        bringIntoView(*saveError_); // rather than the end of a long status
 }
 
 } // namespace corvane

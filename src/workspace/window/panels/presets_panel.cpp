@@ -63,7 +63,7 @@ void PresetsPanel::refresh(const Changes& changes)
     const Hints why = hints(view_);
     const auto show = [this](QPushButton& button, bool on, const std::optional<std::string>& hint) {
         if (!on && window()->focusWidget() == &button)
-            picker_->setFocus(); // the toolkit would take it to another panel, and scroll there
+            picker_->setFocus(); // otherwise the toolkit would move the focus to another panel and scroll there
         button.setEnabled(on);
         setTip(button, qt(hint.value_or("")));
     };

@@ -75,7 +75,7 @@ SectionsPanel::Row* SectionsPanel::makeRow(const std::string& key, QWidget* pare
     };
     auto* row = new Row(id, judge, parent);
     row->setProperty("role", "row");
-    row->name->setAcceptDrops(false); // files are for the window
+    row->name->setAcceptDrops(false); // files are dropped on the window
     row->name->setPlaceholderText(tr("Section name (optional)"));
     row->name->setAccessibleName(tr("Section name (optional)"));
     auto* rows = new QVBoxLayout(row);
@@ -86,7 +86,7 @@ SectionsPanel::Row* SectionsPanel::makeRow(const std::string& key, QWidget* pare
     rows->addLayout(choice);
     rows->addWidget(row->start);
     rows->addWidget(row->end);
-    rows->addWidget(row->remove, 0, Qt::AlignRight); // last: nobody comes across it on the way to the times
+    rows->addWidget(row->remove, 0, Qt::AlignRight); // last, so that it is not on the way to the times
     connectRow(*row);
     const auto draft = std::ranges::find(settings().sections, id, &SectionDraft::id);
     if (draft != settings().sections.end())
@@ -98,7 +98,7 @@ void SectionsPanel::connectRow(const Row& row)
 {
     const Identifier id = row.id;
     connect(
-        row.name, &QLineEdit::textChanged, this, [this, id](const QString& text) { // typed, or put there for a person
+        row.name, &QLineEdit::textChanged, this, [this, id](const QString& text) { // typed or set by another program
             editDraft(id, [name = utf8(text)](SectionDraft& draft) { draft.name = name; });
         });
     connect(row.camera, &Picker::picked, this, [this, id](const std::string& camera) {
@@ -115,7 +115,7 @@ void SectionsPanel::connectRow(const Row& row)
         const auto position =
             static_cast<std::size_t>(std::ranges::find(sections, id, &SectionDraft::id) - sections.begin());
         view_.removeSection(position);
-        // A text field would take the focus that the row had, and with it the key for Undo.
+        // Otherwise a text field would get the focus of the removed row, and with it the shortcut for Undo.
         const int left = rows_->count();
         const int next = std::min(static_cast<int>(position), left - 1);
         (left == 0 ? add_ : static_cast<Row*>(rows_->row(next))->remove)->setFocus();

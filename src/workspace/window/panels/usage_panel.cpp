@@ -29,10 +29,10 @@ UsagePanel::UsagePanel(ContentView& view, QWidget* parent)
     table_->verticalHeader()->setDefaultSectionSize(std::max(20, table_->fontMetrics().height() + 4));
     const auto wide = [this](const char* text) { return table_->fontMetrics().horizontalAdvance(text) + 10; };
     const int number = wide("100.0%");
-    new ColumnWidths( // which the table owns
+    new ColumnWidths( // owned by the table
         *table_, UsageTableModel::camera,
         {{UsageTableModel::screenTime, wide("00000.00 sec"), wide("00000.00 sec") + 6},
-         {UsageTableModel::share, number + 30, number + 76}, // the rest is the bar
+         {UsageTableModel::share, number + 30, number + 76}, // the rest is for the bar
          {UsageTableModel::shots, wide("Shots"), wide("Shots 0")}});
     table_->setMinimumHeight(52);
     column().addWidget(table_, 1);

@@ -34,7 +34,7 @@ void CoverageBar::paintEvent(QPaintEvent*)
     QRectF lettered;
     for (const FrameRange& stretch : content_.stretches) {
         const double left = scale.x(stretch.start);
-        const double right = std::max(scale.x(stretch.end), left + 1); // a frame of footage is seen, too
+        const double right = std::max(scale.x(stretch.end), left + 1); // even a single frame of footage is visible
         const QRectF piece(left, 2, right - left, height() - 4);
         painter.fillRect(piece, content_.color);
         constexpr double roomForLetter = 18;

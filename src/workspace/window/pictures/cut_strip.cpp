@@ -16,7 +16,7 @@ namespace corvane {
 
 namespace {
 
-constexpr double gutter = 24; // for the letters
+constexpr double gutter = 24; // space for the letters
 constexpr int widestLane = 14;
 constexpr int narrowestLane = 9;
 constexpr int roomyLanes = 8;
@@ -51,7 +51,7 @@ void CutStrip::show(const CameraMarks& marks)
     setAccessibleDescription(
         tr("%1 cuts on %2 cameras. The table below has the same cuts.").arg(cuts.size()).arg(cameras_.size()) + more);
     if (underMouse())
-        hideTip(); // it tells of the edit that was shown before
+        hideTip(); // it belongs to the previous edit
     update();
 }
 
@@ -155,7 +155,7 @@ void CutStrip::paintCuts(QPainter& painter) const
     }
 }
 
-/// Fixed sections are hatched over the height of their lane, opening and closing shots framed.
+/// Hatches fixed sections over the height of their lane, and outlines opening and closing shots.
 void CutStrip::paintMarks(QPainter& painter) const
 {
     const QRectF all = lanes();
@@ -178,7 +178,7 @@ void CutStrip::paintMarks(QPainter& painter) const
     }
 }
 
-/// An arrow above each: the shot itself may be narrower than a pixel.
+/// Paints an arrow above each short shot, because the shot itself may be narrower than a pixel.
 void CutStrip::paintShortShots(QPainter& painter) const
 {
     const QRectF all = lanes();

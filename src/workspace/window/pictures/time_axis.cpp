@@ -19,7 +19,7 @@ namespace {
 constexpr int ticksHeight = 20;
 constexpr int namesHeight = 15;
 
-/// Names stand where the one before leaves room, and end before the next.
+/// Paints a name only if the previous one leaves room for it, and elides it before the next marker.
 void paintMarkers(
     QPainter& painter, const QRectF& place, const TimeScale& scale, const std::vector<ClipMarker>& markers)
 {
@@ -29,7 +29,7 @@ void paintMarkers(
         const double x = scale.x(markers[i].frame);
         painter.setPen(QPen(theme::orange, 1));
         painter.drawLine(QPointF(x, place.top() + 2), QPointF(x, place.top() + namesHeight));
-        painter.drawLine(QPointF(x, place.bottom() - 4), QPointF(x, place.bottom())); // not through the timecodes
+        painter.drawLine(QPointF(x, place.bottom() - 4), QPointF(x, place.bottom())); // not across the timecodes
         const double next = i + 1 < markers.size() ? scale.x(markers[i + 1].frame) : place.right();
         const double room = std::max(next, x + narrowest) - x - 6;
         if (x < free || x + narrowest > place.right())
