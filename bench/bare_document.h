@@ -6,10 +6,10 @@
 
 namespace corvane::bench {
 
-/// What libxml2 alone does with a document: the measure that import and export are held against.
+/// What libxml2 alone does with a document: the baseline for import and export.
 class BareDocument {
 public:
-    /// Parses with the options of the import and nothing more. Fails with std::runtime_error.
+    /// Parses with the import's options, and does nothing else. Throws std::runtime_error.
     [[nodiscard]] static BareDocument parse(std::string_view bytes);
 
     /// Writes the document into memory, indented, as UTF-8; returns the number of bytes.
@@ -17,7 +17,7 @@ public:
 
 private:
     explicit BareDocument(std::shared_ptr<void> document) : document_(std::move(document)) {}
-    std::shared_ptr<void> document_; ///< of libxml2
+    std::shared_ptr<void> document_; ///< a libxml2 document
 };
 
 } // namespace corvane::bench

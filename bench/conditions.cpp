@@ -23,7 +23,7 @@ void stayOnOneProcessor()
 void keepFreedMemory()
 {
     mallopt(M_TRIM_THRESHOLD, INT_MAX);
-    mallopt(M_MMAP_MAX, 0); // a mapped block is always given back
+    mallopt(M_MMAP_MAX, 0); // mapped blocks are always returned to the system
 }
 
 void settleHeap()

@@ -13,10 +13,10 @@ namespace corvane::bench {
 namespace {
 
 constexpr std::size_t bookmarkBytes = 800;
-constexpr Frames assetFrames = 108'000; // an hour at 30000/1001 frames a second
+constexpr Frames assetFrames = 108'000; // an hour at 30000/1001 frames per second
 constexpr Frames longestClip = 600;
 
-/// Clips follow one another in an angle as their recordings do, so these are next to each other.
+/// How many consecutive clips of an angle come from the same recording.
 constexpr std::size_t clipsOfAnAsset = 5;
 
 std::string time(Frames frames)
@@ -34,7 +34,7 @@ std::string assetName(std::size_t asset)
     return numbered(numbered("CAM", asset % importAngles + 1) + "_", asset / importAngles + 1001);
 }
 
-/// Writes one document; the parts are sized by bytes, so what a part holds follows from its share.
+/// Writes one document. The parts have target sizes in bytes, which determine their contents.
 class Generator {
 public:
     explicit Generator(std::size_t bytes) : bytes_(bytes)

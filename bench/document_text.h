@@ -8,11 +8,11 @@
 
 namespace corvane::bench {
 
-/// "r12": a name and its number.
+/// A name with its number, such as "r12".
 [[nodiscard]] std::string numbered(std::string_view name, std::size_t number);
 
-/// FCPXML as it is written, element by element, each on a line of its own and indented by four blanks a level.
-/// Nothing is escaped: the generators write no character that would need it.
+/// Writes FCPXML element by element, each on its own line and indented by four spaces per level. Nothing is escaped,
+/// because the generators write no character that would need it.
 class DocumentText {
 public:
     struct Attribute {
@@ -21,19 +21,19 @@ public:
     };
     using Attributes = std::initializer_list<Attribute>;
 
-    /// `level`: that of the first element.
+    /// `level` is the level of the first element.
     explicit DocumentText(std::size_t level = 0) : level_(level) {}
 
-    /// The whole document before its root.
+    /// Writes everything before the root element.
     void prologue();
     void open(std::string_view name, Attributes attributes = {});
-    /// Ends the element that was opened last.
+    /// Closes the element that was opened last.
     void close();
-    /// An element without children.
+    /// Writes an element without children.
     void element(std::string_view name, Attributes attributes = {});
-    /// An element that holds nothing but `content`.
+    /// Writes an element that contains only `content`.
     void element(std::string_view name, Attributes attributes, std::string_view content);
-    /// Elements that were written apart, at the level they come to stand on.
+    /// Appends elements that were written separately, at the same level.
     void append(std::string_view elements) { text_ += elements; }
 
     [[nodiscard]] std::size_t size() const { return text_.size(); }

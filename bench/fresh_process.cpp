@@ -35,7 +35,7 @@ public:
 
     [[nodiscard]] int writing() const { return ends_[1]; }
 
-    /// Everything that comes until the other side ends.
+    /// Everything that arrives until the other side closes.
     [[nodiscard]] std::string readAll()
     {
         closeWriting();
@@ -74,13 +74,13 @@ private:
     posix_spawn_file_actions_t actions_{};
 };
 
-/// What a program prints, and when it has closed its output.
+/// What a program printed, and when it closed its output.
 struct Output {
     std::string text;
     double seconds = 0;
 };
 
-/// The first argument is the program.
+/// The first argument is the program to run.
 Output outputOf(std::vector<std::string> arguments)
 {
     const Stopwatch watch;

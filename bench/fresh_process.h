@@ -6,12 +6,11 @@ namespace corvane::bench {
 
 enum class FreshWork { parse, import };
 
-/// Seconds that a new process took for one bare parse or one import of the file; reading the file and freeing the
-/// document do not count. Fails with std::runtime_error.
+/// The seconds that a new process takes for one bare parse or one import of the file, without reading the file and
+/// freeing the document. Throws std::runtime_error.
 [[nodiscard]] double secondsInFreshProcess(FreshWork work, const std::string& file);
 
-/// Seconds from the start of the program, on a new account, to its first painted window. Fails with
-/// std::runtime_error.
+/// The seconds from the start of the program, for a new user, to its first painted window. Throws std::runtime_error.
 [[nodiscard]] double secondsToFirstWindow();
 
 } // namespace corvane::bench

@@ -13,7 +13,7 @@ namespace corvane::bench {
 namespace {
 
 constexpr const char* perCutFigure = "a cut";
-constexpr const char* perCutOfFewFigure = "a cut at 5,000"; ///< measured in turns with the job itself
+constexpr const char* perCutOfFewFigure = "a cut at 5,000"; ///< measured alternately with the job itself
 constexpr const char* reportName = "usage, gaps and warning, 5,000 cuts";
 
 struct Size {

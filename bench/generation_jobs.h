@@ -7,7 +7,7 @@
 
 namespace corvane::bench {
 
-/// Generation of about 5,000, 10,000 and 20,000 cuts; usage, gaps and warning for the smallest of these projects.
+/// Measures generating about 5,000, 10,000 and 20,000 cuts, and usage, gaps and warning for the smallest project.
 void registerGenerationJobs();
 
 [[nodiscard]] std::vector<TargetRow> generationTargets(const Measurements& measurements);

@@ -17,9 +17,9 @@ namespace corvane::bench {
 namespace {
 
 constexpr const char* parseFigure = "parse";
-constexpr const char* ratioFigure = "ratio"; ///< of the two that ran one after the other
+constexpr const char* ratioFigure = "ratio"; ///< of two runs one after the other
 
-/// A document and how often it is read in the warm loop of one repetition.
+/// A document, and how often it is read in the warm loop of one repetition.
 struct Size {
     int megabytes;
     int warmIterations;
@@ -80,7 +80,7 @@ void measureFresh(benchmark::State& state, int megabytes)
     state.counters[ratioFigure] = import / parse;
 }
 
-/// Parse and import take turns, so that whatever slows the machine slows both.
+/// Parse and import alternate, so that whatever slows the machine slows both.
 void measureWarm(benchmark::State& state, int megabytes)
 {
     const std::string bytes = readFile(documentPath(megabytes));
@@ -98,7 +98,7 @@ void measureWarm(benchmark::State& state, int megabytes)
     state.counters[ratioFigure] = import / parse;
 }
 
-/// The median of the ratios, not the ratio of the medians: a machine that is slower for a while is so for both.
+/// The median of the ratios, not the ratio of the medians, because a temporarily slower machine slows both.
 std::optional<double> ratio(const Measurements& measurements, const std::string& job)
 {
     return measurements.median(job, ratioFigure);

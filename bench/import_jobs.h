@@ -7,8 +7,8 @@
 
 namespace corvane::bench {
 
-/// Import, summary and engine together, of documents of 1, 10 and 100 MB against one bare parse of the same bytes: each
-/// in fresh processes, and again and again in this one.
+/// Measures importing (summary and engine together) documents of 1, 10 and 100 MB against a bare parse of the same
+/// bytes, each in fresh processes and repeatedly in this process.
 void registerImportJobs();
 
 [[nodiscard]] std::vector<TargetRow> importTargets(const Measurements& measurements);

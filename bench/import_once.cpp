@@ -1,6 +1,5 @@
-// Reads a file, then either parses or imports it once and prints how long that took, in nanoseconds:
-// corvane_import_once parse|import FILE. It ends without freeing the document, so that nothing but the reading is
-// measured, in a process that nothing has warmed.
+// corvane_import_once parse|import FILE reads a file, parses or imports it once, and prints how long that took in
+// nanoseconds. It ends without freeing the document, so that only the reading is measured, in a cold process.
 #include "bench/bare_document.h"
 #include "bench/stopwatch.h"
 #include "import/cut_engine.h"

@@ -1,4 +1,4 @@
-// Writes a generated document: corvane_bench_documents MEGABYTES FILE.
+// corvane_bench_documents MEGABYTES FILE writes a generated document.
 #include "base/numbers.h"
 #include "bench/document_generator.h"
 

@@ -10,20 +10,20 @@
 
 namespace corvane::bench {
 
-/// Every job is measured this often; what counts is the median.
+/// How often every job is measured; the median counts.
 inline constexpr int repetitions = 5;
 
-/// The figure that a job gives to SetIterationTime. Its counters are figures too; all figures are seconds, but those
-/// whose names end in "bytes" or "ratio".
+/// The figure that a job passes to SetIterationTime. Its counters are figures too. All figures are in seconds, except
+/// those whose names end in "bytes" or "ratio".
 inline constexpr std::string_view ownTime = "time";
 
-/// Keeps the figures of a run of the benchmarks, and prints them as they come in.
+/// Collects the figures of a benchmark run, and prints them as they arrive.
 class Measurements : public benchmark::BenchmarkReporter {
 public:
     bool ReportContext(const Context& context) override;
     void ReportRuns(const std::vector<Run>& runs) override;
 
-    /// The median over the repetitions of one figure of a job; none when the job did not run.
+    /// The median of one figure of a job over all repetitions; none if the job did not run.
     [[nodiscard]] std::optional<double> median(std::string_view job, std::string_view figure = ownTime) const;
 
 private:

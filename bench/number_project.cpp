@@ -13,10 +13,10 @@ namespace {
 constexpr std::int64_t angles = 16;
 constexpr Frames framesPerSecond = 25;
 constexpr Frames framesPerHour = 3600 * framesPerSecond;
-constexpr Frames period = framesPerHour / 30; // from one stretch of an angle to its next
+constexpr Frames period = framesPerHour / 30; // from one range of an angle to the next
 constexpr Frames footage = period - 10 * framesPerSecond;
 
-/// Each angle's stretches start a sixteenth of a period after those of the angle before, so that few are missing at
+/// Each angle's ranges start a sixteenth of a period after those of the previous angle, so that few angles have gaps at
 /// the same time.
 Frames firstStretch(std::int64_t angle)
 {
@@ -31,7 +31,7 @@ std::vector<FrameRange> videoRanges(std::int64_t angle, Frames length)
     return all;
 }
 
-/// Fifteen seconds of another camera every hour.
+/// A fixed section of fifteen seconds every hour, each on another camera.
 void addSections(NumberProject& project, std::int64_t hours)
 {
     for (std::int64_t hour = 0; hour < hours; ++hour) {

@@ -8,16 +8,16 @@
 
 namespace corvane::bench {
 
-/// A project without a document: all that generation and the reports on it look at.
+/// A project without a document: everything that generation and its reports need.
 struct NumberProject {
     ImportedProject imported;
     CutEngine engine;
     EditSettings settings;
 };
 
-/// Sixteen angles at 25 frames a second, each with thirty stretches an hour whose gaps fall at different times, one of
-/// them with sound throughout; bookends, a fixed section every hour, weights and return times. The settings make
-/// about five hundred cuts an hour.
+/// Sixteen angles at 25 frames per second, each with thirty ranges per hour and gaps at different times, one of them
+/// with continuous audio; bookends, a fixed section every hour, weights and return times. The settings give about five
+/// hundred cuts per hour.
 [[nodiscard]] NumberProject numberProject(std::int64_t hours);
 
 } // namespace corvane::bench

@@ -18,7 +18,7 @@ std::string characters(RepeatableNumbers& numbers, std::size_t count, std::strin
 
 std::uint64_t RepeatableNumbers::next()
 {
-    // SplitMix64: one addition a step, then the bits are mixed.
+    // SplitMix64: one addition per step, then the bits are mixed.
     state_ += 0x9E3779B97F4A7C15U;
     std::uint64_t mixed = state_;
     mixed = (mixed ^ (mixed >> 30U)) * 0xBF58476D1CE4E5B9U;

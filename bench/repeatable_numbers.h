@@ -6,7 +6,7 @@
 
 namespace corvane::bench {
 
-/// Numbers that look random and are the same in every run and on every machine, so that figures can be compared.
+/// Pseudo-random numbers that are the same in every run and on every machine, so that figures can be compared.
 class RepeatableNumbers {
 public:
     explicit RepeatableNumbers(std::uint64_t seed) : state_(seed) {}
@@ -17,7 +17,7 @@ public:
     std::int64_t below(std::int64_t limit);
     /// In lowest … highest.
     std::int64_t between(std::int64_t lowest, std::int64_t highest);
-    /// `count` characters of base 64, as bookmarks and the ids of angles have them.
+    /// `count` Base64 characters, as in bookmarks and angle ids.
     std::string base64(std::size_t count);
     /// `count` upper-case hexadecimal digits.
     std::string digits(std::size_t count);

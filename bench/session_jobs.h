@@ -7,8 +7,8 @@
 
 namespace corvane::bench {
 
-/// Saving after a change of a setting against a bare write of the same bytes, restoring, and the memory of a history;
-/// the files stand in the build folder, so its disk is measured.
+/// Measures saving after a change of a setting against a bare write of the same bytes, restoring, and the memory of a
+/// history. The files are in the build folder, so its disk is measured.
 void registerSessionJobs();
 
 [[nodiscard]] std::vector<TargetRow> sessionTargets(const Measurements& measurements);

@@ -1,5 +1,5 @@
-// Starts the program as main does, on an account of its own. Once its window has been painted it prints "painted" and
-// closes its output: whoever started it takes the time. Then it ends.
+// Starts the program as main does, for a new user. Once its window has been painted, it prints "painted" and closes its
+// output, when its parent stops the clock. Then it ends.
 #include "application/application.h"
 #include "workspace/window/accessible_widgets.h"
 #include "workspace/window/theme.h"
@@ -19,7 +19,7 @@ public:
     bool eventFilter(QObject*, QEvent* event) override
     {
         if (event->type() == QEvent::Paint)
-            QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection); // after it is painted
+            QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection); // after painting
         return false;
     }
 };
@@ -49,7 +49,7 @@ try {
     }
     QApplication::exec();
     std::cout << "painted\n" << std::flush;
-    return ::close(STDOUT_FILENO) == 0 ? EXIT_SUCCESS : EXIT_FAILURE; // whoever measures waits for its end
+    return ::close(STDOUT_FILENO) == 0 ? EXIT_SUCCESS : EXIT_FAILURE; // its parent waits for this
 } catch (const std::exception& failure) {
     std::cerr << failure.what() << "\n";
     return EXIT_FAILURE;

@@ -4,7 +4,7 @@
 
 namespace corvane::bench {
 
-/// Counts from its construction on.
+/// Measures time from its construction.
 class Stopwatch {
 public:
     [[nodiscard]] double seconds() const

@@ -1,5 +1,5 @@
-// The whole road without a window: an exported project in, a rough edit with the starting settings out. A terminal
-// obeys controls as a window does: what comes from the document is printed as the window would draw it.
+// The complete program without a window: an exported project in, a rough edit with the starting settings out. Because
+// terminals interpret control characters, texts from the document are printed as the window would draw them.
 //     corvane_rough_edit PROJECT.fcpxml FOLDER
 #include "base/error.h"
 #include "base/numbers.h"
@@ -96,7 +96,7 @@ void printCarryOver(const CutEngine& engine)
         list("Follow a shape that is not in their own angle any more:", left.lostTracking);
 }
 
-/// A fade of the sound may be longer than the first or last shot that was drawn: then shuffle, as an editor would.
+/// An audio fade may be longer than the first or last random shot; then shuffle, as an editor would.
 std::string shuffleUntilWritten(const ImportedProject& project, const CutEngine& engine, EditRevision& edit)
 {
     constexpr int mostShuffles = 20;

@@ -7,8 +7,8 @@
 
 namespace corvane::test {
 
-/// Choices read from bytes: whoever changes the bytes (a fuzzer, a random generator) changes the choices. Bytes that
-/// have run out are zeros, so that every choice has an end.
+/// Makes choices from bytes, so that a fuzzer or a random generator that changes the bytes changes the choices. After
+/// the last byte come zeros, so that every sequence of choices ends.
 class ByteDraws {
 public:
     explicit ByteDraws(std::string_view bytes) : bytes_(bytes) {}
@@ -32,7 +32,7 @@ public:
         return *(std::begin(list) + below(static_cast<std::int64_t>(std::size(list))));
     }
     [[nodiscard]] bool ended() const { return at_ >= bytes_.size(); }
-    /// Up to `count` bytes as they stand.
+    /// Up to `count` of the bytes themselves.
     std::string take(std::size_t count)
     {
         const std::string taken(bytes_.substr(at_ < bytes_.size() ? at_ : bytes_.size(), count));

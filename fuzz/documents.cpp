@@ -1,5 +1,5 @@
-// Bytes as a document: read into the summary and the engine, and written again as a single cut, which this program's
-// parser and another one read.
+// The input is a document: it is read into the summary and the engine, and written as a single cut, which this
+// program's parser and another one read.
 
 #include "export/carry_over.h"
 #include "export/rough_edit_writer.h"
@@ -47,7 +47,7 @@ std::string runFuzzInput(std::string_view bytes)
     (void)carryOver(loaded.engine);
     int written = 0;
     for (const auto& angle : loaded.imported.angles) {
-        constexpr int most = 10; // each writes the whole document
+        constexpr int most = 10; // because each writes the whole document
         if (written == most)
             break;
         const Cut whole = {{}, angle.id, 0, loaded.engine.length};

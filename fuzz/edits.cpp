@@ -1,4 +1,4 @@
-// Bytes as choices: a document by chance, cut by settings and draws by chance, written and read back.
+// The input makes choices: a random document is cut by random settings and draws, written and read back.
 
 #include "fuzz/edits/random_edit.h"
 #include "fuzz/target.h"

@@ -7,7 +7,8 @@
 #include <cstdlib>
 #include <iostream>
 
-/// Where the fuzzer, or the program that runs the kept inputs, comes in. Anything but an answer ends the process.
+/// The entry point for the fuzzer, or for the program that runs the kept inputs. A broken promise or an unexpected
+/// exception ends the process.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)

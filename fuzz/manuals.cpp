@@ -1,4 +1,4 @@
-// Bytes as a manual: read, laid out, and searched for every word of its own titles.
+// The input is a manual: it is read, laid out, and searched for every word of its own titles.
 
 #include "fuzz/target.h"
 #include "help/topic_page.h"

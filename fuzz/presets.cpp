@@ -1,4 +1,5 @@
-// Bytes as a list of presets: read, written, read again, sorted, and the first applied to a project.
+// The input is a list of presets: it is read, written, read back and sorted, and the first preset is applied to a
+// project.
 
 #include "session/presets.h"
 

@@ -1,4 +1,4 @@
-// Runs a target on files and folders of inputs, without a fuzzer: the kept inputs as a test of every build.
+// Runs a target without a fuzzer, on files and folders of inputs, so that every build tests the kept inputs.
 
 #include <cstdint>
 #include <filesystem>
@@ -16,7 +16,7 @@ int main(int count, char** arguments)
         for (const auto& entry : std::filesystem::directory_iterator(arguments[number])) {
             std::ifstream file(entry.path(), std::ios::binary);
             const std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-            std::cerr << entry.path().string() << '\n'; // the last one named is the one that failed
+            std::cerr << entry.path().string() << '\n'; // the last name printed is the input that failed
             (void)LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
             ++inputs;
         }

@@ -3,6 +3,6 @@
 #include <string>
 #include <string_view>
 
-/// One input of a fuzz target. Returns what is promised and did not hold, empty when all did. Refusals are answers:
-/// only FinalCutImportError and PlatformError may leave it, and they do no harm.
+/// Runs one input of a fuzz target. Returns the promise that was broken; empty if none was. Only FinalCutImportError
+/// and PlatformError may be thrown, which are refusals and count as success.
 std::string runFuzzInput(std::string_view bytes);

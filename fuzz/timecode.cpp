@@ -1,4 +1,4 @@
-// The first bytes choose a rate and a start, the rest is what a person types.
+// The first bytes choose a rate and a start; the rest is what a person types.
 
 #include "timecode/timecode.h"
 
@@ -33,7 +33,7 @@ std::string runFuzzInput(std::string_view bytes)
         try {
             if (parseTimecode(base, label) != frame)
                 return "a label is read as its frame: " + label;
-        } catch (const FinalCutImportError&) { // hours of more than four digits
+        } catch (const FinalCutImportError&) { // more than four digits of hours
             if (label.find(':') <= 4)
                 return "a label can be read: " + label;
         }

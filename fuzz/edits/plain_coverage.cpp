@@ -22,17 +22,17 @@ struct Interval {
     Ticks from, to;
 };
 
-/// An element as its attributes say it, with what is inside.
+/// An element as its attributes describe it, with its contents.
 struct Plain {
     Ticks start = 0;
-    Ticks shift = 0; ///< from the parent's time to its own
+    Ticks shift = 0; ///< from the parent's time to the element's own
     std::optional<Ticks> duration;
     PaintedFrame shows; ///< by itself
     PaintedFrame passes = {true, true};
     std::vector<Plain> inside;
 };
 
-/// What it gives of an interval of its parent's time.
+/// What the element shows and plays in an interval of its parent's time.
 PaintedFrame shown(const Plain& plain, Interval outside)
 {
     const Interval here = {outside.from + plain.shift, outside.to + plain.shift};
@@ -46,7 +46,7 @@ PaintedFrame shown(const Plain& plain, Interval outside)
     return {shows.video && plain.passes.video, shows.audio && plain.passes.audio};
 }
 
-using References = std::set<std::string_view>; ///< on the way to an element
+using References = std::set<std::string_view>; ///< on the path to an element
 
 bool isMedia(const std::string& kind)
 {

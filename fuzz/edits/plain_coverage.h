@@ -10,7 +10,8 @@
 
 namespace corvane::test {
 
-/// Whole numbers of 1/240000 s: the frames of every rate, their halves and the samples of sound at 48 kHz.
+/// Time in units of 1/240000 s, in which the frames of every rate, half frames, and audio samples at 48 kHz are whole
+/// numbers.
 using Ticks = std::int64_t;
 [[nodiscard]] Ticks ticksOf(std::string_view time);
 
@@ -21,17 +22,18 @@ struct PaintedFrame {
     bool operator==(const PaintedFrame&) const = default;
 };
 
-/// A reference to a compound clip that stands inside it, or among the clips connected to another reference to it.
+/// Thrown for a reference to a compound clip that is inside that clip, or among the clips connected to another
+/// reference to it.
 struct Circle : std::logic_error {
     Circle() : std::logic_error("a compound clip leads to itself") {}
 };
 
-/// Asks for each frame of the project alone, from the angle down to the media, whether some media clip holds it whole:
-/// the plain meaning of coverage, without spans, sorting or rounding. Reads documents of randomDocument(); throws
-/// Circle where there is one.
+/// For each frame of the project separately, checks from the angle down to the media whether a media clip covers all of
+/// it. This is the definition of coverage, without spans, sorting or rounding. Reads documents of randomDocument();
+/// throws Circle if there is one.
 [[nodiscard]] std::vector<PaintedFrame> paintedAngle(const xml::Document& document, std::string_view angleID);
 
-/// The angle's media clips one by one, those of a compound clip at each of its uses.
+/// The number of the angle's media clips, counted one by one; those of a compound clip at each of its uses.
 [[nodiscard]] std::int64_t countedClips(const xml::Document& document, std::string_view angleID);
 
 } // namespace corvane::test

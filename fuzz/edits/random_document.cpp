@@ -10,13 +10,13 @@ namespace corvane::test {
 namespace {
 
 struct Rate {
-    std::int64_t numerator, denominator; ///< seconds a frame
+    std::int64_t numerator, denominator; ///< seconds per frame
 };
 constexpr std::array<Rate, 8> rates = {Rate{100, 2500}, {1, 5},  {1001, 30000}, {1001, 60000},
                                        {1001, 24000},   {1, 24}, {1, 30},       {1, 50}};
 constexpr std::int64_t compoundCount = 3;
 
-/// In the order in which they stand, which the operands of + do not promise: their draws depend on it.
+/// Joins the parts, which are evaluated in order. The operands of + need not be, and the draws depend on the order.
 std::string joined(std::initializer_list<std::string> parts)
 {
     std::string all;
@@ -74,7 +74,7 @@ public:
     }
 
 private:
-    /// Frames as a time, in one of the forms that mean the same.
+    /// Frames as a time, in one of several equivalent forms.
     std::string rational(std::int64_t frames, bool inAnyForm = true)
     {
         std::int64_t numerator = frames * rate_.numerator;
@@ -89,14 +89,14 @@ private:
     bool isFault(std::int64_t many) { return faulty_ && draws_.oneIn(many); }
     std::string time(const std::string& name, std::int64_t frames) { return name + "=\"" + rational(frames) + "\" "; }
 
-    /// A time inside an angle: sound and other frame rates do not keep to the project's frames.
+    /// A time inside an angle, which need not be on a project frame: audio and other frame rates are not either.
     std::string looseTime(const std::string& name, std::int64_t frames)
     {
         if (draws_.oneIn(4))
             return name + "=\"" + std::to_string((2 * frames + 1) * rate_.numerator) + "/" +
                    std::to_string(2 * rate_.denominator) + "s\" ";
         if (draws_.oneIn(6))
-            return name + "=\"" + std::to_string(frames * 1601 + draws_.below(1601)) + "/48000s\" "; // samples of sound
+            return name + "=\"" + std::to_string(frames * 1601 + draws_.below(1601)) + "/48000s\" "; // audio samples
         return time(name, frames);
     }
 
@@ -137,7 +137,7 @@ private:
         std::string text = "<" + kind + " ";
         if (isMedia)
             text += "ref=\"" + std::string(assets[static_cast<std::size_t>(isFault(8) ? 3 : draws_.below(3))]) + "\" ";
-        if (kind == "ref-clip") // never a compound clip before its own: that would be a circle
+        if (kind == "ref-clip") // never an earlier compound clip, which would make a circle
             text +=
                 "ref=\"c" + std::to_string(isFault(8) ? 0 : compound + draws_.below(compoundCount - compound)) + "\" ";
         if (!draws_.oneIn(4))
@@ -159,7 +159,7 @@ private:
         return text + "</" + kind + ">";
     }
 
-    /// What hangs on the multicam clip, each thing with a name that no other has.
+    /// An item on the multicam clip, with a unique name.
     std::string named(const std::string& element, const std::string& attributes)
     {
         return "<" + element + " name=\"" + std::to_string(++names_) + "\" " + attributes + "/>";
@@ -210,7 +210,7 @@ private:
     ByteDraws& draws_;
     Rate rate_;
     std::int64_t length_;
-    bool faulty_; ///< something in the document may be what is refused
+    bool faulty_; ///< the document may contain something that is refused
     std::int64_t sourceStart_ = 0;
     std::int64_t multicamStart_ = 0;
     std::int64_t timelineStart_ = 0;
