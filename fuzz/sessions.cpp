@@ -1,4 +1,4 @@
-// Bytes as a session file: read, checked against its own project, and saved again.
+// The input is a session file: it is read, checked against its own project, and saved again.
 
 #include "fuzz/target.h"
 #include "import/project_loading.h"

@@ -1,5 +1,5 @@
-// Bytes as what a person does at the window: nothing they do may throw, and after every restart the project, the
-// settings and all edits are there as they were saved last.
+// The input is what a person does at the window. Nothing may throw, and every restart must restore the project, the
+// settings and all edits as they were last saved.
 
 #include "fuzz/byte_draws.h"
 #include "fuzz/target.h"
@@ -16,7 +16,7 @@ using namespace corvane;
 using test::angle;
 using test::clip;
 
-/// Files without waiting for the disk, or a disk that takes no session.
+/// Files without syncing, or a disk that accepts no session.
 struct QuickFiles : FileCalls {
     bool full = false;
 
@@ -28,7 +28,7 @@ struct QuickFiles : FileCalls {
     int sync(int) override { return 0; }
 };
 
-/// What must outlast a restart.
+/// What a restart must restore.
 struct Kept {
     std::string sourceXML;
     EditSettings settings;
@@ -64,7 +64,7 @@ public:
         window_.view().windowAppeared();
     }
 
-    /// What was promised and did not hold; empty when all did.
+    /// The promise that was broken; empty if none was.
     std::string run()
     {
         while (!draws_.ended() && broken_.empty()) {
@@ -282,7 +282,7 @@ private:
     QuickFiles files_;
     test::TestWindow window_;
     std::optional<Kept> kept_;
-    bool wasFull_ = false; ///< what could not be kept in its place then was kept beside it
+    bool wasFull_ = false; ///< then what could not be saved in its place was kept beside it
     std::string broken_;
 };
 

@@ -49,7 +49,7 @@ bool isRanged(xml::Element annotation)
     return annotation.named("keyword") || annotation.named("rating") || annotation.named("analysis-marker");
 }
 
-/// Each thing by its name: in which pieces it stands.
+/// Each named item, with the pieces that contain it.
 std::multimap<std::string, std::pair<const Piece*, xml::Element>> namedThings(const std::vector<Piece>& pieces)
 {
     std::multimap<std::string, std::pair<const Piece*, xml::Element>> things;
@@ -62,7 +62,8 @@ std::multimap<std::string, std::pair<const Piece*, xml::Element>> namedThings(co
     return things;
 }
 
-/// Titles and annotations of the source's clip: each where it was, in the pieces that play there, and nowhere else.
+/// Checks that the titles and annotations of the source's clip are where they were, in the pieces that play there, and
+/// nowhere else.
 std::string brokenSharing(xml::Element original, Ticks frame, const std::vector<Piece>& pieces)
 {
     auto things = namedThings(pieces);
@@ -83,7 +84,7 @@ std::string brokenSharing(xml::Element original, Ticks frame, const std::vector<
         } else if (const Ticks from = timeOf(child, "start", first);
                    isRanged(child) && timeOf(child, "duration", frame) > 0) {
             const Ticks to = from + timeOf(child, "duration", pieces.back().to - first);
-            std::multiset<Ticks> painted; // frame by frame
+            std::multiset<Ticks> painted; // one entry per frame
             for (auto each = begin; each != end; ++each) {
                 const auto& [piece, copy] = each->second;
                 const Ticks copyFrom = timeOf(copy, "start");

@@ -8,8 +8,8 @@
 
 namespace corvane::test {
 
-/// What the written edit of a randomDocument() breaks of all that is promised of it; empty when nothing. A reader that
-/// knows nothing of the writer: the pieces are put together again and held against the source and the cut list.
+/// The first promise that the written edit of a randomDocument() breaks; empty if it keeps them all. Independent of the
+/// writer: puts the pieces together again and compares them with the source and the cut list.
 [[nodiscard]] std::string brokenWrittenPromise(
     std::string_view source, std::string_view written, const std::vector<Cut>& cuts, std::string_view audio);
 
