@@ -26,7 +26,7 @@ std::size_t endsIndex(PieceEnds ends)
     return (ends.first ? 1U : 0U) + (ends.last ? 2U : 0U);
 }
 
-/// Removes the fades of the project ends that the piece does not touch from an adjust-volume.
+/// Removes from an adjust-volume the fades at those ends of the project that the piece does not touch.
 void removeFades(xml::Tree& tree, xml::Element volume, PieceEnds ends)
 {
     std::vector<xml::Element> fades;
