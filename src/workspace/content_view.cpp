@@ -19,7 +19,7 @@ const std::vector<Cut>& WorkspaceState::cuts() const
 
 namespace {
 
-/// The bound that was changed last stays; the other one of the pair follows it.
+/// Keeps a minimum at or below its maximum: the bound that was just changed stays, and the other follows it.
 void coupleBounds(double& minimum, double& maximum, double minimumBefore)
 {
     if (minimum <= maximum)
@@ -65,7 +65,7 @@ void ContentView::edit(const std::function<void(WorkspaceState&)>& change)
     }
 }
 
-/// All of it or nothing, and not even an allocation is needed to take it back.
+/// Makes the whole change or none of it; undoing it never needs an allocation.
 void ContentView::changeAndSave(const std::function<void(WorkspaceState&)>& change, WorkspaceState& before)
 {
     ++editDepth_;
@@ -83,7 +83,7 @@ void ContentView::changeAndSave(const std::function<void(WorkspaceState&)>& chan
     --editDepth_;
 }
 
-/// What follows from a change of the settings.
+/// Updates everything that depends on the settings.
 void ContentView::settle(const WorkspaceState& before)
 {
     EditSettings& settings = state_.settings;
@@ -130,7 +130,7 @@ void ContentView::notify(const WorkspaceState& before)
     alertsNoticed_ = alerts_.size();
     if (changes.none())
         return;
-    const auto observers = observers_; // they may stop observing while they are told
+    const auto observers = observers_; // a copy, because observers may stop observing while they are notified
     notifying_ = true;
     const std::unique_ptr<bool, void (*)(bool*)> whenDone(&notifying_, [](bool* notifying) { *notifying = false; });
     for (const auto& [token, observer] : observers) {
@@ -155,7 +155,7 @@ void ContentView::fail(const std::string& message)
     state_.error = message;
     if (std::ranges::find(alerts_, message) != alerts_.end())
         return;
-    constexpr std::size_t most = 20; // nobody reads on
+    constexpr std::size_t most = 20; // nobody reads more
     if (alerts_.size() < most) {
         alerts_.push_back(message);
         lastAlertStandsFor_ = 1;

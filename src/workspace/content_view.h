@@ -42,51 +42,51 @@ struct RemovedSection {
     bool operator==(const RemovedSection&) const = default;
 };
 
-/// What can be brought back: the last section or preset that was taken away, or nothing.
+/// What Undo can bring back: the last section or preset that was removed, or nothing.
 using Undoable = std::variant<std::monostate, RemovedSection, EditPreset>;
 
-/// How `sessionSaveError` begins while what is on screen is in no file.
+/// The beginning of `sessionSaveError` while the session on screen is not saved.
 constexpr std::string_view sessionNotSaved = "Session could not be saved: ";
 
-/// Everything that the window shows. It is read freely and written only inside ContentView::edit.
+/// Everything that the window shows. Anyone may read it; it is changed only inside ContentView::edit.
 struct WorkspaceState {
     bool showingHelp = false;
     bool showingAbout = false;
-    bool didRestore = false;   ///< the restore has run, or a project arrived before it could
+    bool didRestore = false;   ///< the session was restored, or a project arrived before that
     bool dropTargeted = false; ///< a file drag hovers over the window
     bool showSavePreset = false;
 
     std::shared_ptr<const LoadedDocument> loaded; ///< none in an empty window
     EditHistory history;
-    SharedRevision preview; ///< the revision whose cuts are on screen; none while the cut list is empty
+    SharedRevision preview; ///< the revision whose cuts are on screen; none if the cut list is empty
     EditSettings settings;
-    std::optional<std::string> sourceFile; ///< where the loaded project was read from, when it was read from a file
-    std::optional<std::string> lastExport; ///< the XML that was exported last
-    bool canReopen = false;                ///< a previous project was there at the last look
+    std::optional<std::string> sourceFile; ///< the file from which the loaded project was read, if any
+    std::optional<std::string> lastExport; ///< the last exported XML
+    bool canReopen = false;                ///< a previous project existed at the last check
     Undoable undoable;
-    std::optional<EditSettings> restoredSettings; ///< what a restore put on screen, until the next change
+    std::optional<EditSettings> restoredSettings; ///< the settings on screen after a restore, until the next change
 
-    std::optional<std::string> error; ///< for the alert
-    std::string status;               ///< the line under the cut list; nothing is shown while empty
+    std::optional<std::string> error; ///< the alert's message
+    std::string status;               ///< the line below the cut list; hidden if empty
     std::optional<std::string> sessionSaveError;
 
-    std::string chosenPreset; ///< id of the preset in the picker, "" for none
-    std::string presetName;   ///< typed in the save sheet
+    std::string chosenPreset; ///< the id of the preset in the picker; empty for none
+    std::string presetName;   ///< the name typed in the save sheet
     std::string presetNotice;
-    int storedPresets = 0; ///< counts the changes of the stored list
+    int storedPresets = 0; ///< the number of changes to the stored list
 
     [[nodiscard]] const std::vector<Cut>& cuts() const;
     bool operator==(const WorkspaceState&) const = default;
 };
 
-/// What of the state a notice is about.
+/// Which parts of the state changed.
 enum class Changed { settings, loaded, history, cuts, alerts, texts, presets, undoable, view, count };
 using Changes = std::bitset<static_cast<std::size_t>(Changed::count)>;
 
-/// Tells the user what is being done for as long as the result lives.
+/// Shows the user what is being done as long as the result exists.
 using BusySign = std::function<std::shared_ptr<void>(const std::string& text)>;
 
-/// What the controller is given from outside.
+/// What the controller needs from outside.
 struct WorkspaceServicesInUse {
     Dialogs& dialogs;
     UserDefaults& defaults;
@@ -102,11 +102,11 @@ struct WorkspaceServicesInUse {
     BusySign busy = [](const std::string&) { return nullptr; };
 };
 
-/// The main window's controller: the loaded project, the settings, the cut list, the history and every message. It
-/// knows no toolkit; a window, or a test, draws its state and calls its operations on the interface thread.
+/// The main window's controller: the loaded project, the settings, the cut list, the history and every message. It does
+/// not depend on a toolkit; a window or a test shows its state and calls its operations on the interface thread.
 ///
-/// One door: every operation is an edit. When the outermost edit ends, settingsChanged runs once if the settings
-/// differ from what they were, the saves asked for inside become one, and observers get one notice.
+/// Every operation is an edit. When the outermost edit ends, settingsChanged runs once if the settings have changed,
+/// all requested saves become one, and observers get one notice.
 class ContentView {
 public:
     explicit ContentView(WorkspaceServicesInUse services);
@@ -116,35 +116,35 @@ public:
 
     [[nodiscard]] const WorkspaceState& state() const { return state_; }
 
-    /// Changes the state; throws what `change` throws and has then changed nothing, but says itself where there was not
-    /// enough memory. Inside a notice it waits its turn.
+    /// Changes the state. Throws what `change` throws, and then has changed nothing; if memory ran out, shows a message
+    /// instead of throwing. An edit made inside a notice is postponed until the notice ends.
     void edit(const std::function<void(WorkspaceState&)>& change);
 
     using Observer = std::function<void(const Changes&)>;
-    /// Called after each edit that changed something, until the token is given back.
+    /// Calls `observer` after each edit that changed something, until stopObserving is called with the returned token.
     int observe(Observer observer);
     void stopObserving(int token);
 
     // The start, projects and files
-    /// A project has been given at the start and is opened later: the stored session is not restored.
+    /// Call this if a project was given at the start and will be opened later: the stored session is then not restored.
     void expectProject();
     void windowAppeared();
     void importXML(const std::string& data);
     void openProjectFile(const std::string& location);
-    /// True when it is one project file, and the drop is taken; reading it may fail all the same.
+    /// Takes the drop and returns true if it is a single project file, which may still turn out to be unreadable.
     bool handleDroppedFiles(const std::vector<std::string>& locations);
     void chooseProjectFile();
     void reopenPreviousSession();
-    /// Saves once more what could not be saved.
+    /// Tries again to save what could not be saved.
     void saveAgain();
-    /// True while a session with edits is in no file: the one on screen, or one that an import has replaced.
+    /// True while a session with edits is not saved: the one on screen, or one that an import has replaced.
     [[nodiscard]] bool holdsUnsaved() const;
-    /// Between the two, as while a dialog is open, projects that arrive wait.
+    /// Between beginQuestion and endQuestion, projects that arrive wait, as they do while a dialog is open.
     void beginQuestion() { waiting_ = true; }
     void endQuestion();
 
-    // Messages. Alerts that were not seen yet wait behind the first, each text once and not without end; `error` is the
-    // field alone.
+    // Messages. Alerts that have not been seen wait behind the first, each text once and up to a limit; `error` is the
+    // latest one alone.
     [[nodiscard]] const std::deque<std::string>& alerts() const { return alerts_; }
     void dismissError();
 
@@ -152,11 +152,11 @@ public:
     void selectMainCamera(const std::string& id);
     enum class Inclusion { included, excluded };
     void setCameraIncluded(const std::string& id, Inclusion inclusion);
-    /// Seconds for one of the four bounds; the other bound of its pair follows.
+    /// Sets one of the four bounds to `seconds`; the other bound of its pair follows.
     void setBound(double EditSettings::* bound, double seconds);
     void addSection();
     void removeSection(std::size_t position);
-    /// Brings back the section or the preset that was taken away last.
+    /// Brings back the section or preset that was removed last.
     void undo();
 
     // The history
@@ -168,14 +168,14 @@ public:
     // Presets
     [[nodiscard]] const PresetLibrary& presets() const { return presets_; }
     [[nodiscard]] std::optional<EditPreset> chosenPreset() const { return presets_.preset(state_.chosenPreset); }
-    /// Another process has changed the stored list.
+    /// Call this if another process has changed the stored list.
     void readPresets();
     void beginSavePreset();
     enum class PresetSave { asNew, update };
     void savePreset(PresetSave kind);
     void applyPreset(const EditPreset& preset);
     void deletePreset();
-    /// Keeps the list that cannot be read aside, and begins an empty one; does nothing while the list can be read.
+    /// Keeps an unreadable list aside and begins an empty one; does nothing if the list can be read.
     void startNewPresetList();
 
     // The export
@@ -184,7 +184,7 @@ public:
     // Derived values
     [[nodiscard]] std::vector<ImportedAngle> videoAngles() const;
     [[nodiscard]] std::vector<std::string> includedOtherCameras() const;
-    /// The angle's name, with its camera names in brackets where it has any; the id itself when it is unknown.
+    /// The angle's name with its camera names, if any, in brackets; the id itself if the angle is unknown.
     [[nodiscard]] std::string angleLabel(std::string_view id) const;
     /// None without a current revision.
     [[nodiscard]] std::optional<bool> settingsMatchRevision() const;
@@ -199,7 +199,7 @@ private:
     void react();
     void show(std::shared_ptr<const LoadedDocument> loaded) noexcept;
     [[nodiscard]] std::vector<std::string_view> encodedSession();
-    /// Runs a dialog, or handles a delivery; deliveries that come meanwhile wait.
+    /// Runs a dialog or handles a delivery. Deliveries that arrive meanwhile wait.
     template <class Work>
     auto whileWaiting(const Work& work)
     {
@@ -221,11 +221,11 @@ private:
         std::shared_ptr<const LoadedDocument> loaded;
         EditSettings settings;
         EditHistory history;
-        bool holdsMore = false; ///< than a save would write
+        bool holdsMore = false; ///< the file contains more than a save would write
         EditSettings restoredSettings;
         std::string status;
     };
-    /// Reads and validates; nothing is shown yet.
+    /// Reads and validates a session without showing it.
     [[nodiscard]] StoredSession readSession(std::string bytes) const;
     void show(StoredSession session) noexcept;
     void keepReplacedSession();
@@ -249,20 +249,19 @@ private:
     std::shared_ptr<const LoadedDocument> encodedDocument_; ///< that encoder_ has
     std::deque<std::string> alerts_;
     std::size_t alertsNoticed_ = 0;
-    std::size_t lastAlertStandsFor_ = 1; ///< messages, when more came than wait one by one
+    std::size_t lastAlertStandsFor_ = 1; ///< how many messages the last alert stands for
     int editDepth_ = 0;
     bool saveWanted_ = false;
-    bool storedSessionRefused_ = false; ///< the stored file could not be restored
-    std::optional<std::string>
-        unkeptSession_; ///< with edits, replaced while no file could be written: it is nowhere else
-    std::optional<std::string> keepingFailed_; ///< why a replaced session could not be kept, for the save's line
+    bool storedSessionRefused_ = false;        ///< the stored file could not be restored
+    std::optional<std::string> unkeptSession_; ///< a replaced session with edits that could not be written to any file
+    std::optional<std::string> keepingFailed_; ///< why a replaced session could not be kept, for the line about saving
     bool notifying_ = false;
     bool waiting_ = false; ///< a dialog is open or a delivery is being handled: other deliveries wait
     std::deque<std::function<void(WorkspaceState&)>> waitingEdits_;
     std::map<int, Observer> observers_;
     int nextObserver_ = 0;
     XMLInboxSubscription inboxSubscription_;
-    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true); ///< reports look whether it still is
+    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true); ///< for reports that may arrive too late
 };
 
 } // namespace corvane

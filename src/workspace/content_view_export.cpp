@@ -14,7 +14,7 @@ namespace corvane {
 
 namespace {
 
-/// The folder that holds the file or bundle.
+/// The folder that contains the file or bundle.
 std::string folderBeside(std::string_view location)
 {
     while (location.size() > 1 && location.back() == '/')
@@ -30,7 +30,8 @@ void ContentView::exportRoughEdit()
     const std::shared_ptr<const LoadedDocument> loaded = state_.loaded;
     if (waiting_ || !loaded || !revision || revision->settings != state_.settings || state_.cuts().empty())
         return;
-    // All that is written is made before the question for a folder: nothing that happens meanwhile can change it.
+    // Everything that will be written is built before asking for a folder, so that nothing that happens meanwhile
+    // changes it.
     try {
         const auto xml = std::make_shared<const std::string>(
             roughEditXML(loaded->engine, revision->cuts, revision->settings.audio, services_.identifiers));
@@ -68,7 +69,7 @@ void ContentView::exportTo(
             openInFinalCut(
                 files.xmlURL, services_.services, services_.scope, services_.mainThread,
                 [this, alive, xmlURL = files.xmlURL](const std::optional<ServiceError>& error) {
-                    if (!alive.expired()) // the window may have gone meanwhile
+                    if (!alive.expired()) // the window may have closed meanwhile
                         exportFinished(error, xmlURL);
                 });
         } catch (const std::exception& failure) {

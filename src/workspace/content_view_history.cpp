@@ -44,7 +44,7 @@ void ContentView::restoreRevision(std::int64_t position)
 void ContentView::stepBack()
 {
     edit([this](WorkspaceState& state) {
-        // A change of the settings has emptied the cut list: first back to the current edit itself.
+        // If a change of the settings has cleared the cut list, Back returns to the current edit itself.
         restoreRevision(state.cuts().empty() ? state.history.index : state.history.index - 1);
     });
 }

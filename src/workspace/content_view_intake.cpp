@@ -74,7 +74,7 @@ bool ContentView::handleDroppedFiles(const std::vector<std::string>& locations)
 void ContentView::chooseProjectFile()
 {
     if (waiting_)
-        return; // a dialog is open already
+        return; // a dialog is already open
     const auto chosen =
         whileWaiting([this] { return services_.dialogs.chooseProject(std::string(chooseProjectFileText)); });
     if (chosen)
@@ -88,7 +88,7 @@ void ContentView::endQuestion()
     react();
 }
 
-/// What has arrived in the inbox. A message is shown at once; a project waits while a dialog is open.
+/// Handles what has arrived in the inbox. A message is shown at once; a project waits while a dialog is open.
 void ContentView::react()
 {
     XMLInbox& inbox = services_.inbox;

@@ -9,7 +9,7 @@ namespace corvane {
 
 namespace {
 
-/// Names and coverage of an empty window.
+/// Stands for the document in an empty window: no names, no coverage.
 const LoadedDocument& nothingLoaded()
 {
     static const LoadedDocument nothing;
@@ -68,7 +68,7 @@ std::vector<EditPreset> ContentView::presetsOrCloseSheet()
     }
 }
 
-/// Another process may have changed them: the picker shows it.
+/// The stored presets; if another process has changed them, the picker shows that.
 std::vector<EditPreset> ContentView::currentPresets()
 {
     ++state_.storedPresets;

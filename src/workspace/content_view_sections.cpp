@@ -14,7 +14,7 @@ Frames roundedToFrames(const CutEngine& engine, double seconds)
     return static_cast<Frames>(std::round(engine.frames(seconds)));
 }
 
-/// None when the text is no timecode of the project.
+/// None if the text is not a timecode of the project.
 std::optional<Frames> typedFrame(const CutEngine& engine, const std::string& text)
 {
     try {

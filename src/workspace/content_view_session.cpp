@@ -33,7 +33,7 @@ void ContentView::expectProject()
 
 void ContentView::windowAppeared()
 {
-    react(); // a project that arrived before the window takes precedence over the stored session
+    react(); // a project that arrived before the window has precedence over the stored session
     edit([this](WorkspaceState& state) {
         lookForPreviousSession();
         if (std::exchange(state.didRestore, true))
@@ -78,7 +78,7 @@ ContentView::StoredSession ContentView::readSession(std::string bytes) const
         "changed."};
 }
 
-/// Files may have changed places already: nothing may fail from here on.
+/// The files may already have been exchanged, so this must not fail.
 void ContentView::show(StoredSession session) noexcept
 {
     show(std::move(session.loaded));
@@ -108,7 +108,7 @@ void ContentView::show(std::shared_ptr<const LoadedDocument> loaded) noexcept
         state_.undoable = std::monostate();
 }
 
-/// Called before another project takes the window: generated edits, on screen or only stored, are kept.
+/// Called before another project is shown: keeps a session with edits, whether on screen or only stored.
 void ContentView::keepReplacedSession()
 {
     const bool hasEdits = state_.loaded && !state_.history.items.empty();
@@ -132,7 +132,7 @@ void ContentView::keepReplacedSession()
     }
 }
 
-/// What to say where that fails again; none when nothing is left to keep.
+/// Tries again to keep the replaced session. Returns the message if that fails; none if nothing is left to keep.
 std::optional<std::string> ContentView::keepUnkeptSession()
 {
     if (!unkeptSession_)
@@ -147,7 +147,7 @@ std::optional<std::string> ContentView::keepUnkeptSession()
     }
 }
 
-/// Not at every change: whether there is one changes with an import and a reopening.
+/// Not called at every change, because only imports and reopening create or remove a previous session.
 void ContentView::lookForPreviousSession()
 {
     try {

@@ -18,7 +18,8 @@ void ContentView::undo()
     });
 }
 
-/// At its old place, or at the end of a list that has become shorter; a revision may have brought it back already.
+/// Inserts the section at its old place, or at the end if the list has become shorter, unless a revision has already
+/// brought it back.
 void ContentView::bringBack(const RemovedSection& removed)
 {
     auto& sections = state_.settings.sections;
@@ -28,7 +29,7 @@ void ContentView::bringBack(const RemovedSection& removed)
     sections.insert(sections.begin() + static_cast<std::ptrdiff_t>(position), removed.section);
 }
 
-/// Where that fails it can be tried again.
+/// Stores the preset again. If that fails, it can be tried again.
 void ContentView::bringBack(const EditPreset& deleted)
 {
     try {
