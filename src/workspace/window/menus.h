@@ -11,7 +11,7 @@
 
 namespace corvane {
 
-/// What the commands of the menus do beside the controller's operations.
+/// The menu commands that are not operations of the controller.
 struct MenuActions {
     std::function<void()> showHelp;
     std::function<void()> showAbout;
