@@ -14,7 +14,7 @@ namespace {
 
 using namespace test;
 
-/// The texts of all labels that are seen.
+/// The texts of all visible labels.
 QStringList shown()
 {
     QStringList texts;
@@ -35,7 +35,7 @@ TEST(Start, ShowsTheWindowBeforeTheProjectThatWasGivenIsRead)
     const QString line = "Concert · 25 frames a second · 00:00:00:00 to 00:00:40:00";
     for (const bool stored : {false, true}) {
         CorvaneApp app;
-        app.start({project}); // which is not there yet
+        app.start({project}); // which does not exist yet
         std::ofstream(project) << document();
         EXPECT_TRUE(std::ranges::any_of(QApplication::topLevelWidgets(), &QWidget::isVisible));
         EXPECT_EQ(somethingNamed(session), stored);

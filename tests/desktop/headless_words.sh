@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# headless_words.sh ROUGH_EDIT SAMPLE: a terminal obeys controls. The job prints none that stands in a name, and no
-# refusal longer than a screen.
+# headless_words.sh ROUGH_EDIT SAMPLE: because terminals interpret control characters, the headless job must print none
+# from a name, and no refusal longer than a screen.
 set -euo pipefail
-export LC_ALL=C.UTF-8 # characters are counted
+export LC_ALL=C.UTF-8 # so that wc counts characters
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 long=$(printf 'x%.0s' {1..5000})

@@ -1,5 +1,5 @@
-# Run with -P: the program's answers to the kept cases, in a LOCALE if one is given, must be the kept ones, byte for
-# byte, but for the words of the XML library.
+# Run with -P. The program's answers to the kept cases, in LOCALE if given, must be the kept answers byte for byte, apart
+# from the words of the XML library.
 execute_process(
     COMMAND "${REPLAY}" ${LOCALE} COMMAND sed -E -f "${CMAKE_CURRENT_LIST_DIR}/without_parser_words.sed"
     INPUT_FILE "${KEPT}/cases.jsonl" OUTPUT_FILE "${ANSWERS}" RESULTS_VARIABLE results)
@@ -9,5 +9,5 @@ endif()
 execute_process(COMMAND diff "${KEPT}/answers.jsonl" "${ANSWERS}" OUTPUT_VARIABLE difference RESULT_VARIABLE result)
 if(NOT result EQUAL 0)
     string(SUBSTRING "${difference}" 0 3000 beginning)
-    message(FATAL_ERROR "Answers differ from the kept ones (tests/replay/keep.sh, when that is meant):\n${beginning}")
+    message(FATAL_ERROR "Answers differ from the kept ones (if that is intended, run tests/replay/keep.sh):\n${beginning}")
 endif()

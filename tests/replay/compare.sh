@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# tests/replay/compare.sh FOLDER: holds the program against answers that another reading of the same rules found. The
-# folder has cases, answers and the program that compares them.
+# tests/replay/compare.sh FOLDER: compares the program's answers with those of an independent reading of the same rules.
+# The folder contains cases, answers and the program that compares them.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 folder=$(realpath -- "$1")

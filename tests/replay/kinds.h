@@ -4,7 +4,7 @@
 
 namespace corvane::replay {
 
-/// Each answers one case of its kind: one member for each operation.
+/// Each function answers one case of its kind, with one member per operation.
 [[nodiscard]] Json answerDocument(const Json& request);
 [[nodiscard]] Json answerValues(const Json& request);
 [[nodiscard]] Json answerRanges(const Json& request);

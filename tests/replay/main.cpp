@@ -1,6 +1,6 @@
-// Reads cases, one JSON object a line, on standard input and writes what the program answers, one a line, on standard
-// output. It knows no expected answer: whoever runs it before and after a change sees what the change did. It may be
-// given a locale to work in, which must change nothing.
+// Reads cases, one JSON object per line, from standard input and writes the program's answers, one per line, to
+// standard output. It knows no expected answers: run it before and after a change to see what the change did. An
+// optional argument sets the locale, which must not change anything.
 #include "replay/kinds.h"
 
 #include <clocale>
@@ -24,7 +24,7 @@ const std::map<std::string, Json (*)(const Json&)> kinds = {
 
 int main(int count, char** arguments)
 try {
-    // The system's own words are not translated: a full disk is told of in the same way everywhere.
+    // The system's messages stay untranslated, so that a full disk is reported in the same words everywhere.
     if (count > 1 && !(std::setlocale(LC_ALL, arguments[1]) && std::setlocale(LC_MESSAGES, "C"))) {
         std::cerr << "There is no locale " << arguments[1] << ": run ./test.sh once, it generates that of the tests.\n";
         return 2;

@@ -85,7 +85,7 @@ Json derived(const ContentView& window)
         {"usage", usage}};
 }
 
-/// Number of the last step of that kind whose bytes are still there, or null.
+/// The index of the last step of that kind whose bytes are still stored, or null.
 Json givenBy(const Json& steps, std::size_t done, const char* kind, const std::string& stored)
 {
     for (std::size_t n = done + 1; n-- > 0;) {

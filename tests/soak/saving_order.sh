@@ -1,20 +1,20 @@
 #!/usr/bin/env bash
-# saving_order.sh SOAK: runs a few rounds of edits under strace and holds the order of the calls of every save against
-# the only one that leaves the old or the new file whole when the power fails: every byte on the disk before the file
-# takes the session's name, and the folder on the disk before the old file goes. Ends with 77, which is "skipped", where
-# nothing can be traced.
+# saving_order.sh SOAK: runs a few rounds of edits under strace and checks the order of the calls in every save. Only one
+# order leaves the complete old or new file after a power failure: every byte is on the disk before the file gets the
+# session's name, and the folder is on the disk before the old file is removed. Exits with 77 ("skipped") if strace cannot
+# be used.
 set -euo pipefail
 
 source "$(dirname "$0")/../support/strace.sh"
 skip_unless_traceable
 folder=$(realpath "$(mktemp -d ./saving-order-XXXXXX)")
 trap 'rm -rf "$folder"' EXIT
-export ASAN_OPTIONS=detect_leaks=0 # leaks cannot be looked for while a program is traced
+export ASAN_OPTIONS=detect_leaks=0 # the leak check does not work under strace
 TMPDIR=$folder strace -y -s 0 -o "$folder/trace" \
     -e trace=write,writev,pwrite64,fsync,fdatasync,link,linkat,rename,renameat,renameat2,unlink,unlinkat \
     "$1" edits 10
 
-# One letter for each call on the session's folder that succeeded.
+# One letter for each successful call on the session's folder.
 order=$(awk -v scratch="$folder/" '
     index($0, scratch) == 0 || !/\/Corvane[\/>]/ || / = -1 / { next }
     /^p?write/                         { printf "w"; next }  # bytes

@@ -10,8 +10,8 @@
 
 namespace corvane::test {
 
-/// Does the work in a process of its own, which may be killed and whose limits and user are its own too. It ends with
-/// 0, or with 1 when the work throws.
+/// Runs the work in a child process, which can be killed and can have limits and a user of its own. The child exits
+/// with 0, or with 1 if the work throws.
 [[nodiscard]] inline pid_t startChild(const std::function<void()>& work)
 {
     const pid_t child = ::fork();
@@ -28,7 +28,7 @@ namespace corvane::test {
     ::_exit(0);
 }
 
-/// Waits for its end; the status of waitpid.
+/// Waits for the child to end, and returns the status from waitpid.
 inline int statusOf(pid_t child)
 {
     int status = -1;

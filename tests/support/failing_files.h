@@ -7,14 +7,14 @@
 
 namespace corvane::test {
 
-/// The file system, but the call number `failing` (from 0; none when negative) fails with `error`. Writes are short, as
-/// they may be; one that fails has written a part first.
+/// The file system, except that the call with the index `failing` (none if negative) fails with `error`. Writes are
+/// partial, as the system allows; a failing write first writes a part.
 struct FailingFiles : FileCalls {
     explicit FailingFiles(int failingCall = -1, int withError = ENOSPC) : failing(failingCall), error(withError) {}
 
     int failing;
     int error;
-    bool nameless = true; ///< files without a name are to be had
+    bool nameless = true; ///< nameless files are supported
     bool full = false;    ///< every call fails
     int calls = 0;
 

@@ -22,5 +22,5 @@ testing::AssertionResult isRefused(const Call& call, const std::string& message)
 
 } // namespace corvane::test
 
-/// The call fails with exactly this sentence. More can be streamed to it.
+/// Expects the call to be refused with exactly this sentence. More information can be streamed to it.
 #define EXPECT_REFUSED(call, message) EXPECT_TRUE(corvane::test::isRefused([&] { (void)(call); }, message))

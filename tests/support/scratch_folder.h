@@ -10,7 +10,7 @@
 
 namespace corvane::test {
 
-/// A new folder that is gone at the end of the scope.
+/// A new folder that is removed at the end of the scope.
 class ScratchFolder {
 public:
     ScratchFolder() : path_((std::filesystem::temp_directory_path() / "corvane-test-XXXXXX").string())
@@ -24,7 +24,7 @@ public:
 
     [[nodiscard]] const std::string& path() const { return path_; }
     [[nodiscard]] std::string file(const std::string& name) const { return path_ + "/" + name; }
-    /// Of everything in the folder, or in one inside it, in order.
+    /// The sorted names of everything in the folder, or in a folder inside it.
     [[nodiscard]] std::vector<std::string> names(const std::string& inside = "") const
     {
         std::vector<std::string> all;

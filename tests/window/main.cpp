@@ -13,7 +13,7 @@ int main(int argc, char** argv)
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
     QFont font = QApplication::font();
-    font.setFamily("DejaVu Sans"); // which every desktop with fonts has: what fits depends on it
+    font.setFamily("DejaVu Sans"); // a font that every desktop has, because what fits depends on the font
     QApplication::setFont(font);
     corvane::theme::apply(application);
     corvane::installAccessibleWidgets();

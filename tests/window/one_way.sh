@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# one_way.sh SOURCES: a text reaches a place where the toolkit guesses at markup through window/tooltips.h alone, and
-# markup is written where the program shows its own texts.
+# one_way.sh SOURCES: wherever the toolkit guesses whether a text is markup, the text must come through
+# window/tooltips.h; and only the program's own texts may use markup.
 set -euo pipefail
 cd "$1"
 failed=0

@@ -1,4 +1,4 @@
-"""Asks the program cases of one JSON object a line, and tells each that is answered in another way than it should be.
+"""Sends cases to the program, one JSON object per line, and reports each wrong answer.
 
 A file of rules states cases, and ends with `answered_by(sys.argv[1])`: the program that answers them.
 """
@@ -8,7 +8,7 @@ import os
 import subprocess
 import sys
 
-cases = []  # (case, what its answer is read by, what that must give)
+cases = []  # (case, function that reads its answer, expected result)
 
 
 def encoded(text):
@@ -16,7 +16,7 @@ def encoded(text):
 
 
 def refusal(answer):
-    """What an operation says when it refuses, else nothing."""
+    """The message of a refusal; empty if the operation did not refuse."""
     return answer.get("error", "") if isinstance(answer, dict) else ""
 
 
@@ -24,7 +24,7 @@ def case(name, kind, read, expected, **members):
     cases.append(({"case": name, "kind": kind, **members}, read, expected))
 
 
-# Documents: 25 frames a second, an asset "av" with picture and sound, a multicam clip of the given angles.
+# Documents with 25 frames per second, an asset "av" with video and audio, and a multicam clip of the given angles.
 
 def clip(offset, duration, more=""):
     return f'<asset-clip ref="av" offset="{offset}" duration="{duration}" {more}/>'
@@ -67,7 +67,7 @@ SETTINGS = {
 
 
 def project(name, read, expected, xml, draws=(0.5,), settings=None, **more):
-    """A case of everything that is computed from one document."""
+    """A case with everything that is computed from one document."""
     case(name, "document", read, expected, xml=encoded(xml), settings={**SETTINGS, **(settings or {})},
          draws=list(draws), **more)
 
@@ -81,10 +81,10 @@ def answered_by(program):
     for answer, (asked, read, expected) in zip(answers, cases):
         try:
             given = read(json.loads(answer))
-        except (KeyError, TypeError):  # it was refused earlier than expected
+        except (KeyError, TypeError):  # an unexpected refusal
             given = answer
         if given != expected:
             faults += 1
             print(f"{asked['case']}\n  gives  {given}\n  not    {expected}")
-    print(f"{len(answers)} of {len(cases)} cases were answered, {faults} of them in another way")
+    print(f"{len(answers)} of {len(cases)} cases were answered, {faults} of them wrongly")
     sys.exit(1 if faults or replay.returncode or len(answers) < len(cases) else 0)

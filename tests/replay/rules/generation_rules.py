@@ -10,8 +10,8 @@ def between(lower, upper):
 
 
 def generates(name, expected, xml, draw=0.5, **changed):
-    """The refusal, or the cuts when every draw is this one; their beginning where it ends with a comma. A holds for 125
-    frames, B for 100."""
+    """Expects a refusal, or the cuts if every draw is `draw`; only the first cuts if `expected` ends with a comma. Shots
+    on A last 125 frames, on B 100."""
     inputs = {"mainShare": 0.5, "averageShot": 10, "mainCamera": "A", "otherCameras": ["B"], "doubleMain": False,
               "mainRange": between(5, 5), "otherRange": between(4, 4), "opening": None, "closing": None,
               "frequencies": {}, "fixedSections": [], "returnTimes": {}, **changed}
@@ -24,7 +24,7 @@ def generates(name, expected, xml, draw=0.5, **changed):
     project(name, read, expected, xml, [draw], raw=inputs)
 
 
-# Lengths from the ranges and the share.
+# How ranges and share determine lengths.
 for name, main, other, share, average, draw, expected in [
         ("half a frame rounds away from zero", None, None, 0.5, 14, 0, "A 0-263, B 263-526,"),
         ("towards the average where the other has no range", between(4, 8), None, 0.5, 5, 0.5, "A 0-113, B 113-238,"),
@@ -39,7 +39,7 @@ for name, main, other, share, average, draw, expected in [
 generates("a frame longer than any nominal shot", "A 0-1, B 1-2, A 2-3", document(filmed("90s"), "90s", frame="30s"),
           mainRange=None, otherRange=None)
 
-# Picks by weight in the order of the cameras; C has the usual 5.
+# Cameras are picked by weight, in their order; C has the default of 5.
 for draw, camera in {-1: "D", 0.29: "D", 0.3: "B", 0.49: "B", 0.5: "C", 0.99: "C", 1: "C", 1.5: "C"}.items():
     generates(f"picks with a draw of {draw}", f"A 0-125, {camera} 125-225", document(filmed("9s", "ABCD"), "9s"),
               draw, otherCameras=["D", "B", "C"], frequencies={"A": 10, "B": 2, "D": 3, "unused": 9})
@@ -55,7 +55,7 @@ generates(
              "80s"))
 generates("a gap to the end", gap.format("40.00", "20.40") + to_the_end,
           document(filmed("28s", "A") + filmed("40s", "B") + filmed("1510/25s", "C"), "1510/25s"))
-# 0.125 goes to the even digit; the binary value of 2.675 lies below the tie.
+# 0.125 is rounded to the even digit; the binary value of 2.675 is below the tie.
 generates("hundredths", gap.format("0.12", "2.67") + to_the_end,
           document(filmed("5/40s"), "112/40s", frame="1/40s"), mainRange=None, otherRange=None)
 late = document(filmed("20s", "A") + filmed("36s", "B"), "36s", start="3600s")
@@ -67,7 +67,7 @@ generates("a range without a whole frame", "The shot range must contain at least
 generates("a range without a whole frame, not drawn", "A 0-125", document(filmed("5s"), "5s"),
           otherRange=between(5.01, 5.01))
 
-# The first rule that is broken tells: the last is broken first, and stays so.
+# The first broken rule is reported: rules are broken one after the other, beginning with the last.
 broken = {"opening": {"angle": "A", "seconds": 2}, "closing": {"angle": "B", "seconds": 4},
           "mainRange": None, "otherRange": None}
 has_not = ("The chosen {} camera does not have footage for the whole requested shot. Choose another camera or shorten "

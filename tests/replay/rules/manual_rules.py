@@ -6,13 +6,13 @@ from asking import answered_by, case, refusal
 
 
 def topic(expected, query="", title="", blocks=()):
-    """The refusal of a manual of this one topic, or whether the query finds it."""
+    """Expects the refusal of a manual with only this topic, or whether the query finds it."""
     case(f"{query} in {title} {blocks}", "topic",
          lambda answer: refusal(answer["topicMatches"]) or answer["topicMatches"], expected, query=query,
          section={"id": "a", "title": title, "summary": "", "blocks": list(blocks)})
 
 
-# A search passes over case and accents, and over nothing else.
+# A search ignores case and accents, and nothing else.
 for title, query, found in [
         ("avec Élan", "elan", True), ("elan", "ÉLAN", True), ("e\u0301lan", "\u00e9l", True),
         ("Straße", "STRASSE", True), ("ΟΔΟΣ", "οδος", True), ("İstanbul", "istanbul", True),

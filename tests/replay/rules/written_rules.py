@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""written_rules.py REPLAY: what a source holds in names, texts and addresses is what another parser than the program's
-reads from the written project."""
+"""written_rules.py REPLAY: names, texts and addresses are the same in the source and in the written project, as another
+parser than the program's reads both."""
 import base64
 import re
 import sys
@@ -12,8 +12,8 @@ CHARACTERS = ["&", "<", ">", '"', "'", "\n", "\t", "\r", "\r\n", "]]>", "&amp;",
 
 
 def contents(xml):
-    """Every attribute value, and what stands in every element that holds text, to the last blank; of those that hold
-    the sign "¶", by the first number before it. Names are told with their namespaces."""
+    """All attribute values and the exact text of all elements with text that contain the sign "¶", by the first number
+    before it. Names include their namespaces."""
     texts, open_elements = {}, [["", "", False]]
 
     def keep(text, element=""):
@@ -72,7 +72,7 @@ def everywhere(value, text):
 
 def written(name, xml, character):
     source = contents(xml)
-    del source[re.search('left="([0-9]+)', xml)[1]]  # of the library, which is left out
+    del source[re.search('left="([0-9]+)', xml)[1]]  # in the library, which is not carried over
     camera = "A¶" + character
 
     def read(answer):
@@ -90,7 +90,7 @@ for character in CHARACTERS:
     references = "".join(f"&#{ord(each)};" for each in character)
     entity = "<!DOCTYPE fcpxml [<!ENTITY e '" + references.replace("&", "&#38;") + "'>]><fcpxml"
     written(f"{character!r} as a reference", everywhere(references, references), character)
-    value = references if character in "\r\n\t" else "&e;"  # the parser makes blanks of those, against the rules of XML
+    value = references if character in "\r\n\t" else "&e;"  # the parser wrongly turns those into spaces
     written(f"{character!r} in an entity", everywhere(value, "&e;").replace("<fcpxml", entity, 1), character)
     if character not in ("\r", "\r\n"):
         sections = "".join(f"<![CDATA[{each}]]>" for each in character)
