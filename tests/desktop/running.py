@@ -26,11 +26,14 @@ Atspi.set_timeout(1000, 0)
 
 
 def until(look, patience=PATIENCE):
-    """What `look` finds, as soon as it finds something."""
+    """What `look` finds, as soon as it finds something. A program that is too busy to answer is asked again."""
     end = time.time() + patience
     while time.time() < end:
-        if found := look():
-            return found
+        try:
+            if found := look():
+                return found
+        except GLib.GError:
+            pass
         time.sleep(0.03)
     return None
 
