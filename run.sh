@@ -19,6 +19,6 @@ fi
 
 echo "There is no display: making a rough edit without the window."
 project=$(realpath -- "${1:-$root/samples/sunday-service.fcpxml}")
-build release corvane_rough_edit
+build release corvane-edit
 mkdir -p "$root/exports"
-exec "$root/build/release/examples/corvane_rough_edit" "$project" "$root/exports"
+exec "$root/build/release/src/tools/corvane-edit" "$project" "$root/exports"

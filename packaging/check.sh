@@ -1,12 +1,11 @@
 #!/usr/bin/env bash
-# packaging/check.sh: builds the Debian package, installs it on this machine, uses it and removes it again. Needs root.
+# packaging/check.sh: builds the Debian packages from the source package, installs them on this machine, uses them and
+# removes them again. Needs root.
 set -euo pipefail
 source "$(dirname "$0")/../scripts/common.sh"
 
-install_packages "${build_packages[@]}" appstream dbus desktop-file-utils dpkg-dev fakeroot libfile-mimeinfo-perl \
-    libglib2.0-bin lintian shared-mime-info xdg-utils
-build release corvane corvane_corvane.1 corvane_changelog
-cd "$root"
+install_packages "${build_packages[@]}" appstream autopkgtest build-essential dbus debhelper desktop-file-utils dpkg-dev \
+    libfile-mimeinfo-perl libglib2.0-bin libxml2-utils lintian python3 python3-jsonschema shared-mime-info xdg-utils
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 id=example.corvane.Corvane
@@ -17,20 +16,26 @@ expect() { # expect WHAT COMMAND…
     if "$@"; then echo "ok: $what"; else echo "FAILED: $what ($*)" >&2; exit 1; fi
 }
 
-echo "== Installing into an empty tree"
-DESTDIR=$work/tree cmake --install build/release --prefix /usr >/dev/null
+# What is committed, in a folder of its own, as a packager has it.
+git -C "$root" archive --prefix=corvane/ HEAD | tar -x -C "$work"
+cd "$work/corvane"
+step "Building the packages" dpkg-buildpackage -us -uc
+cd "$work"
+expect "lintian finds no error and no warning" lintian --fail-on error,warning --allow-root ./*.changes
+for package in corvane corvane-tools; do
+    dpkg-deb -x ${package}_*.deb "$work/tree"
+done
 share=$work/tree/usr/share
 expect "the desktop file is valid" desktop-file-validate "$share/applications/$id.desktop"
 expect "the metainfo is valid" appstreamcli validate --no-net "$share/metainfo/$id.metainfo.xml"
 expect "the MIME type is accepted" update-mime-database "$share/mime"
 expect "the bus knows the installed program" grep -qx "Exec=/usr/bin/corvane" "$share/dbus-1/services/$id.service"
+expect "the commands need no toolkit" bash -c '! dpkg-deb -f corvane-tools_*.deb Depends | grep -qi qt'
 
-echo "== Building and installing the package"
-(cd build/release && cpack -G DEB >/dev/null)
-package=$(ls -t build/release/packages/*.deb | head -n1)
-expect "lintian finds no error" lintian --fail-on error --allow-root "$package"
-as_root dpkg -i "$package" >/dev/null
-files=$(dpkg -L corvane | while read -r path; do [ -d "$path" ] || echo "$path"; done)
+echo "== Installing the packages"
+as_root dpkg -i corvane_*.deb corvane-tools_*.deb >/dev/null
+files=$(dpkg -L corvane corvane-tools | while read -r path; do [ -d "$path" ] || echo "$path"; done)
+expect "the package's own test passes" autopkgtest --no-built-binaries --quiet corvane_*.dsc -- null
 
 export HOME=$work/home XDG_RUNTIME_DIR=$work/run QT_QPA_PLATFORM=offscreen
 mkdir -p "$HOME"
@@ -63,7 +68,7 @@ dbus-run-session -- bash -c '
 ' 2>/dev/null
 
 echo "== Removing the package"
-as_root dpkg -r corvane >/dev/null
+as_root dpkg -r corvane corvane-tools >/dev/null
 left=$(while read -r path; do [ ! -e "$path" ] || echo "$path"; done <<<"$files")
 expect "nothing of the program is left" [ -z "$left" ]
 expect "the user's own data is kept" [ -f "$session" ]

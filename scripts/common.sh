@@ -5,7 +5,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 build_packages=(g++ cmake ninja-build pkg-config libxml2-dev libicu-dev nlohmann-json3-dev qt6-base-dev
     libdbus-1-dev)
-test_packages=(libgtest-dev locales python3 strace xz-utils
+test_packages=(libgtest-dev locales python3 python3-jsonschema strace xz-utils
     dbus libglib2.0-bin xvfb openbox at-spi2-core python3-pyatspi)
 bench_packages=(libbenchmark-dev)
 check_packages=(clang-19 clang-format-19 clang-tidy-19 cppcheck libc++-19-dev libc++abi-19-dev)

@@ -12,6 +12,6 @@ step "Checking with cppcheck" cppcheck --std=c++20 --language=c++ --enable=warni
     --inline-suppr --suppress=missingIncludeSystem --error-exitcode=1 --quiet -j "$(nproc)" -Isrc "${sources[@]}"
 
 step "Configuring (tidy)" cmake --preset tidy
-files="src/(base|xml|platform|import|timecode|engine|session|export)"
-[ "${1:-}" != --deep ] || files="(src|tests|examples|fuzz|bench)"
+files="src/(base|xml|platform|import|timecode|engine|session|analysis|export|tools)"
+[ "${1:-}" != --deep ] || files="(src|tests|fuzz|bench)"
 step "Checking with clang-tidy" run-clang-tidy-19 -quiet -p build/tidy -j "$(nproc)" "$root/$files/.*\.cpp"

@@ -35,21 +35,6 @@ Spread spreadOf(std::vector<double> values)
     return {values.front(), median, values.back()};
 }
 
-std::map<std::string, double, std::less<>> targets(const GenerationInputs& inputs)
-{
-    const auto weight = [&](const std::string& camera) {
-        const auto found = inputs.frequencies.find(camera);
-        return found == inputs.frequencies.end() ? usualFrequency : found->second;
-    };
-    double total = 0;
-    for (const std::string& camera : inputs.otherCameras)
-        total += weight(camera);
-    std::map<std::string, double, std::less<>> targets = {{inputs.mainCamera, inputs.mainShare * 100}};
-    for (const std::string& camera : inputs.otherCameras)
-        targets[camera] = (1 - inputs.mainShare) * 100 * weight(camera) / total;
-    return targets;
-}
-
 /// The figures of one edit after the other.
 class Figures {
 public:
@@ -75,12 +60,12 @@ public:
         ++edits_;
     }
 
-    void finish(RuleTrial& trial, const ImportedProject& project, const GenerationInputs& inputs)
+    void finish(RuleTrial& trial, const ImportedProject& project, const EditSettings& settings)
     {
         if (edits_ == 0)
             return;
         trial.cuts = spreadOf(std::move(counts_));
-        const auto wanted = targets(inputs);
+        const auto wanted = targetShares(project, engine_, settings);
         for (const ImportedAngle& angle : videoAngles(project, engine_)) {
             const auto target = wanted.find(angle.id);
             if (target == wanted.end() && !shares_.contains(angle.id))
@@ -102,6 +87,23 @@ private:
 };
 
 } // namespace
+
+std::map<std::string, double, std::less<>> targetShares(
+    const ImportedProject& project, const CutEngine& engine, const EditSettings& settings)
+{
+    const auto weight = [&](const std::string& camera) {
+        const auto found = settings.frequencies.find(camera);
+        return found == settings.frequencies.end() ? usualFrequency : found->second;
+    };
+    const auto others = includedOtherCameras(project, engine, settings);
+    double total = 0;
+    for (const std::string& camera : others)
+        total += weight(camera);
+    std::map<std::string, double, std::less<>> targets = {{settings.mainCamera, settings.mainShare}};
+    for (const std::string& camera : others)
+        targets[camera] = (100 - settings.mainShare) * weight(camera) / total;
+    return targets;
+}
 
 RuleTrial tryRules(
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings, const TrialLimits& limits,
@@ -129,7 +131,7 @@ RuleTrial tryRules(
                 trial.firstRefusal = refusal.what();
         }
     } while (trial.tries < limits.tries && std::chrono::steady_clock::now() < end);
-    figures.finish(trial, project, inputs);
+    figures.finish(trial, project, settings);
     return trial;
 }
 

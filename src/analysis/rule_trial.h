@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,6 +22,11 @@ struct Spread {
     double highest = 0;
     bool operator==(const Spread&) const = default;
 };
+
+/// Percent of the screen time that each camera is to have: the main camera's target, and what it leaves the others by
+/// their weights.
+[[nodiscard]] std::map<std::string, double, std::less<>> targetShares(
+    const ImportedProject& project, const CutEngine& engine, const EditSettings& settings);
 
 /// What the settings give when they are drawn again and again. Nothing of it is kept or shown as an edit.
 struct RuleTrial {

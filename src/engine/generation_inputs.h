@@ -5,6 +5,7 @@
 #include "import/cut_engine.h"
 #include "import/imported_project.h"
 
+#include <map>
 #include <string>
 #include <vector>
 

@@ -183,6 +183,7 @@ AppliedPreset appliedPreset(
         settings.mainCamera = choice->main;
         settings.otherCameras = choice->others;
         settings.audio = choice->audio;
+        applied.tookCameras = true;
         applied.notice += ", including matching camera and audio angles.";
     } else {
         applied.notice += "'s pacing and balance. Some angle names are missing or repeated, so the current camera and "
@@ -195,6 +196,27 @@ AppliedPreset appliedPreset(
     if (!opening || !closing)
         applied.notice += " An opening or closing camera could not be matched, so that option was turned off.";
     return applied;
+}
+
+std::vector<std::string> camerasNotIdentified(
+    const EditPreset& preset, const ImportedProject& project, const CutEngine& engine)
+{
+    const AngleNames video(videoAngles(project, engine));
+    const AngleNames audio(audioAngles(project, engine));
+    std::vector<std::string> missing;
+    const auto look = [&missing](const AngleNames& angles, const std::string& name) {
+        if (!name.empty() && angles.identified(name) == nullptr && std::ranges::find(missing, name) == missing.end())
+            missing.push_back(name);
+    };
+    look(video, preset.mainAngleName);
+    for (const std::string& name : preset.otherAngleNames)
+        look(video, name);
+    look(audio, preset.audioAngleName);
+    for (const auto& bookend : {preset.opening, preset.closing}) {
+        if (bookend)
+            look(video, bookend->angleName);
+    }
+    return missing;
 }
 
 DerivedRanges derivedRanges(double mainShare, double averageShot)

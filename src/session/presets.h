@@ -77,12 +77,18 @@ void sortPresets(std::vector<EditPreset>& presets);
 struct AppliedPreset {
     EditSettings settings;
     std::string notice;
+    bool tookCameras = false; ///< the choice of cameras and audio is the preset's
 };
 
 /// Pacing and balance are always applied. The choice of cameras is applied only if every name matches exactly one
 /// angle. A bookend whose camera is not found is turned off.
 [[nodiscard]] AppliedPreset appliedPreset(
     const EditPreset& preset, const ImportedProject& project, const CutEngine& engine, const EditSettings& current);
+
+/// The names of the cameras that the preset cuts to or takes the sound from and that do not match exactly one angle, in
+/// the preset's order, each once. The weight or wait of a camera that takes no part does not count.
+[[nodiscard]] std::vector<std::string> camerasNotIdentified(
+    const EditPreset& preset, const ImportedProject& project, const CutEngine& engine);
 
 /// Shot ranges for presets that have none, derived from their share (percent) and average shot (seconds).
 struct DerivedRanges {

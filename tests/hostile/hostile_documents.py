@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""hostile_documents.py ROUGH_EDIT [PART OF A NAME]: hands documents that were made against the parser to the headless
-job, and prints seconds, peak memory and answer of each. Fails when an answer is another than it should be, when a job
+"""hostile_documents.py CORVANE_EDIT [PART OF A NAME]: hands documents that were made against the parser to the
+command, and prints seconds, peak memory and answer of each. Fails when an answer is another than it should be, when a job
 has to be ended, and when expat does not accept what was written. Times and sizes are printed, not judged.
 
 hostile_documents.py make FOLDER only makes them, since a program is said to have used at least the memory of the one
@@ -30,6 +30,10 @@ def broken(path):
     return None
 
 
+def last_words(said, document):
+    return said.strip().split("\n")[-1].removeprefix(f"corvane-edit: {document}: ")
+
+
 def answered(program, document):
     """(seconds, megabytes, what it says); what it writes must be accepted by expat and by itself."""
     with tempfile.TemporaryDirectory() as scratch, open(f"{scratch}/said", "w+", errors="replace") as said:
@@ -40,10 +44,10 @@ def answered(program, document):
         _, status, used = os.wait4(job, 0)
         alarm.cancel()
         said.seek(0)
-        answer = f"ended by signal {status}" if status & 127 else said.read().strip().split("\n")[-1]
+        answer = f"ended by signal {status}" if status & 127 else last_words(said.read(), document)
         for file in pathlib.Path(scratch).glob("*.fcpxml") if status == 0 else []:
             again = subprocess.run([program, file, scratch], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
-            last = again.stdout.strip().split("\n")[-1]
+            last = last_words(again.stdout, file)
             accepted = not again.returncode or last.startswith("For this prototype, export a timeline containing one uncut")
             answer = WRITTEN + (f", but expat says: {broken(file)}" if broken(file) else "" if accepted else f", but then: {last}")
     return used.ru_utime + used.ru_stime, used.ru_maxrss // 1024, answer

@@ -1,0 +1,90 @@
+#include "tools/command_line.h"
+
+#include "base/error.h"
+#include "base/text.h"
+#include "platform/files.h"
+
+#include <algorithm>
+#include <exception>
+#include <iostream>
+#include <optional>
+
+namespace corvane {
+
+namespace {
+
+std::string usage(const CommandSyntax& syntax)
+{
+    return "Usage: " + std::string(syntax.name) + " [--json] " + std::string(syntax.operands);
+}
+
+/// None for wrong use. Options come first; "--" ends them, for a file whose name begins like one.
+std::optional<CommandLine> commandLine(const CommandSyntax& syntax, std::span<char*> arguments)
+{
+    CommandLine line;
+    auto next = arguments.begin();
+    for (; next != arguments.end() && std::string_view(*next).starts_with("--"); ++next) {
+        const std::string_view option = *next;
+        if (option == "--") {
+            ++next;
+            break;
+        }
+        if (option != "--json")
+            return std::nullopt;
+        line.json = true;
+    }
+    line.operands.assign(next, arguments.end());
+    const bool empty = std::ranges::any_of(line.operands, &std::string::empty);
+    if (empty || line.operands.size() < syntax.fewest || line.operands.size() > syntax.most)
+        return std::nullopt;
+    return line;
+}
+
+ExitStatus runAndReport(
+    const CommandSyntax& syntax, const CommandLine& line, const std::function<ExitStatus(const CommandLine&)>& run)
+{
+    ExitStatus status = ExitStatus::failed;
+    try {
+        status = run(line);
+    } catch (const std::exception& failure) {
+        std::cerr << syntax.name << ": " << shownText(failureText(failure, "do this")) << "\n";
+    }
+    if (!std::cout.flush()) {
+        std::cerr << syntax.name << ": The report could not be written to standard output.\n";
+        return ExitStatus::failed;
+    }
+    return status;
+}
+
+} // namespace
+
+int runCommand(
+    const CommandSyntax& syntax, std::span<char*> arguments, std::string_view version,
+    const std::function<ExitStatus(const CommandLine&)>& run)
+{
+    surviveFileSizeLimit();
+    const std::span<char*> given = arguments.empty() ? arguments : arguments.subspan(1);
+    const std::string_view only = given.size() == 1 ? given.front() : "";
+    if (only == "--help") {
+        std::cout << usage(syntax) << "\n" << syntax.purpose << " See " << syntax.name << "(1).\n";
+        return 0;
+    }
+    if (only == "--version") {
+        std::cout << syntax.name << " " << version << "\n";
+        return 0;
+    }
+    const auto line = commandLine(syntax, given);
+    if (!line) {
+        std::cerr << usage(syntax) << "\n";
+        return static_cast<int>(ExitStatus::wrongUse);
+    }
+    return static_cast<int>(runAndReport(syntax, *line, run));
+}
+
+void complain(const CommandSyntax& syntax, std::string_view path, std::string_view sentence)
+{
+    std::cout.flush();
+    std::cerr << syntax.name << ": " << shownText(path) << ": " << shownText(sentence) << "\n";
+}
+
+} // namespace corvane
