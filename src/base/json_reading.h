@@ -13,18 +13,18 @@
 #include <type_traits>
 #include <vector>
 
-/// Strict reading of JSON that this program, an earlier version or anyone else has written. What does not fit is
-/// refused with a PlatformError that names the place: "The data cannot be read: history.items[3].cuts[0].start is not
-/// a whole number." Members that nobody asks for are passed over; of two with the same name the last counts.
+/// Strict reading of JSON written by this program, an earlier version or anyone else. What does not match is refused
+/// with a PlatformError that names the place: "The data cannot be read: history.items[3].cuts[0].start is not a whole
+/// number." Members that are not asked for are ignored; of two with the same name, the last one is used.
 namespace corvane {
 
 struct JsonTree;
 
-/// What null says in a place that may be missing.
+/// What a null means for a member that may be missing.
 enum class Null { isRefused, isMissing };
 
-/// One value of a document. It refers to the value that it was taken from, which tells the way to it when something
-/// is refused: so it is neither kept nor copied.
+/// One value of a document. It refers to its parent value, which provides its place for error messages, so it must not
+/// be stored or copied.
 class JsonValue {
     template <class Read>
     using Made = std::decay_t<std::invoke_result_t<const Read&, const JsonValue&>>;
@@ -34,19 +34,19 @@ public:
     JsonValue& operator=(const JsonValue&) = delete;
     ~JsonValue() = default;
 
-    /// Valid UTF-8.
+    /// A text, in valid UTF-8.
     [[nodiscard]] std::string text() const;
     /// A finite number.
     [[nodiscard]] double number() const;
-    /// A number of 64 bits without a fraction, however it is written: 1, 1.0, 1e0.
+    /// A 64-bit whole number, however it is written: 1, 1.0, 1e0.
     [[nodiscard]] std::int64_t integer() const;
     [[nodiscard]] bool boolean() const;
     /// A UUID in its grouped form, in either case.
     [[nodiscard]] Identifier identifier() const;
-    /// What a padded Base64 text stands for.
+    /// The bytes that a padded Base64 text stands for.
     [[nodiscard]] std::string bytes() const;
 
-    /// A member that must be there.
+    /// A member that must exist.
     [[nodiscard]] JsonValue member(std::string_view name) const&;
     [[nodiscard]] JsonValue member(std::string_view name) const&& = delete;
 
@@ -72,7 +72,7 @@ public:
         return items;
     }
 
-    /// The members of an object in which any name may stand, each read by `read(const JsonValue&)`.
+    /// The members of an object with arbitrary names, each read by `read(const JsonValue&)`.
     template <class Read>
     [[nodiscard]] auto map(const Read& read) const -> std::map<std::string, Made<Read>, std::less<>>
     {
@@ -83,7 +83,7 @@ public:
         return members;
     }
 
-    /// Refuses this value: the complaint ends a sentence that begins with its place, as "is used twice."
+    /// Refuses this value. `complaint` is the end of a sentence that begins with its place, such as "is used twice."
     [[noreturn]] void refuse(std::string_view complaint) const;
 
 private:
@@ -102,9 +102,9 @@ private:
     [[nodiscard]] std::string place() const;
 
     const JsonTree& tree_;
-    const JsonValue* parent_ = nullptr; ///< none for the whole document
+    const JsonValue* parent_ = nullptr; ///< null for the whole document
     std::size_t node_ = 0;
-    std::size_t position_ = none; ///< of an item in its list
+    std::size_t position_ = none; ///< the index of an item in its list
 };
 
 /// A parsed document.
@@ -117,7 +117,7 @@ public:
     [[nodiscard]] JsonValue root() const& { return JsonValue(*tree_); }
     [[nodiscard]] JsonValue root() const&& = delete;
 
-    /// True when members stand in it, at any depth, that nobody has asked for by now.
+    /// True if the document has members, at any depth, that have not been asked for yet.
     [[nodiscard]] bool holdsMore() const;
 
 private:
