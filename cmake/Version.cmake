@@ -1,4 +1,4 @@
-# read_version(): the version and its date, which stand once: in the first entry of debian/changelog.
+# read_version(): reads the version and its date from the first entry of debian/changelog, the only place that has them.
 function(read_version)
     set(changelog "${CMAKE_CURRENT_SOURCE_DIR}/debian/changelog")
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${changelog}")

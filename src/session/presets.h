@@ -77,7 +77,7 @@ void sortPresets(std::vector<EditPreset>& presets);
 struct AppliedPreset {
     EditSettings settings;
     std::string notice;
-    bool tookCameras = false; ///< the choice of cameras and audio is the preset's
+    bool tookCameras = false; ///< the choice of cameras and audio comes from the preset
 };
 
 /// Pacing and balance are always applied. The choice of cameras is applied only if every name matches exactly one
@@ -85,8 +85,8 @@ struct AppliedPreset {
 [[nodiscard]] AppliedPreset appliedPreset(
     const EditPreset& preset, const ImportedProject& project, const CutEngine& engine, const EditSettings& current);
 
-/// The names of the cameras that the preset cuts to or takes the sound from and that do not match exactly one angle, in
-/// the preset's order, each once. The weight or wait of a camera that takes no part does not count.
+/// The names of the preset's cameras, bookend cameras and audio angle that do not match exactly one angle, in the
+/// preset's order, each once. Cameras of which the preset has only a weight or a wait are not included.
 [[nodiscard]] std::vector<std::string> camerasNotIdentified(
     const EditPreset& preset, const ImportedProject& project, const CutEngine& engine);
 

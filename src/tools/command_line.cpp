@@ -18,7 +18,7 @@ std::string usage(const CommandSyntax& syntax)
     return "Usage: " + std::string(syntax.name) + " [--json] " + std::string(syntax.operands);
 }
 
-/// None for wrong use. Options come first; "--" ends them, for a file whose name begins like one.
+/// None for wrong usage. Options come first; "--" ends them, for a file whose name begins like an option.
 std::optional<CommandLine> commandLine(const CommandSyntax& syntax, std::span<char*> arguments)
 {
     CommandLine line;

@@ -1,4 +1,4 @@
-// corvane-check: whether projects can be cut, before anyone opens them.
+// corvane-check: says whether projects can be cut, before anyone opens them.
 #include "tools/command_line.h"
 #include "tools/json_report.h"
 #include "tools/text_report.h"
@@ -18,7 +18,7 @@ constexpr CommandSyntax syntax = {
     .fewest = 1,
     .most = std::numeric_limits<std::size_t>::max()};
 
-/// Why the project cannot be cut and exported over its whole length; none when it can.
+/// Why the project cannot be cut and exported over its whole length; none if it can.
 std::optional<std::string> verdict(const LoadedFile& file, const ProjectCheck& check)
 {
     if (!check.usable || !check.usable->wholeProject) {
@@ -30,7 +30,7 @@ std::optional<std::string> verdict(const LoadedFile& file, const ProjectCheck& c
     return std::nullopt;
 }
 
-/// True when it can be cut over its whole length.
+/// True if the project can be cut over its whole length.
 bool checkFile(const std::string& path, bool json)
 {
     ProjectFacts facts;

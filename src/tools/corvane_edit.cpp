@@ -26,8 +26,8 @@ EditPreset savedPreset(const std::string& name)
     return presetNamed(PresetLibrary(defaults).current(), name);
 }
 
-/// What becomes known on the way. As text it is printed as soon as it is, so that a refusal stands below the facts
-/// that explain it; for machines all of it at the end.
+/// Reports results as they become known. Text is printed at once, so that a refusal comes after the facts that explain
+/// it; JSON is printed at the end.
 struct Progress {
     ProjectFacts facts;
     std::optional<LoadedFile> file;

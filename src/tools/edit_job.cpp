@@ -21,7 +21,7 @@ std::string quoted(std::string_view name)
     return "“" + std::string(name) + "”";
 }
 
-/// True where a fade is too long for the shot that holds it, and that shot is as long as it was drawn.
+/// True if a fade is too long for its shot, and the length of that shot was chosen at random.
 bool anotherDrawMayFit(const LoadedFile& file, const std::vector<Cut>& cuts)
 {
     bool anyTooLong = false;

@@ -10,11 +10,11 @@
 
 namespace corvane {
 
-/// The saved preset of that name, case and surrounding blanks aside. Refuses with PlatformError when there is none.
+/// The saved preset with this name, ignoring case and surrounding white space. Throws PlatformError if there is none.
 [[nodiscard]] EditPreset presetNamed(const std::vector<EditPreset>& saved, std::string_view name);
 
-/// Puts the preset on `file`'s settings. Unlike in the window, where a person reads the notice, every camera that the
-/// preset asks for must be found on just one angle: else it refuses with PlatformError and changes nothing.
+/// Applies the preset to `file`'s settings. Unlike in the window, where a person reads the message, every camera in the
+/// preset must match exactly one angle; otherwise throws PlatformError and changes nothing.
 void applyWholePreset(const EditPreset& preset, LoadedFile& file);
 
 /// A rough edit that can be written.
@@ -23,11 +23,11 @@ struct DrawnEdit {
     std::string xml;
 };
 
-/// Draws an edit with `file`'s settings. A fade of the sound may be longer than the first or last shot that was drawn;
-/// then it draws again, at most twenty times, unless no drawing can mend that. Refuses as generation and export do.
+/// Generates an edit with `file`'s settings. An audio fade may be longer than the first or last random shot; then it
+/// tries again, at most twenty times, unless no other edit can help. Refuses what generation and export refuse.
 [[nodiscard]] DrawnEdit drawEdit(const LoadedFile& file);
 
-/// Writes both files of the edit into the folder, over nothing. Fails as writeExportFiles.
+/// Writes both files of the edit to the folder without replacing anything. Fails like writeExportFiles.
 [[nodiscard]] ExportFiles writeEdit(const std::string& folder, const LoadedFile& file, const DrawnEdit& edit);
 
 } // namespace corvane

@@ -9,22 +9,22 @@
 
 namespace corvane {
 
-/// The version of the form that jsonReport writes. A member that is added leaves it alone; one that changes its meaning
-/// or goes raises it. resources/corvane-report.schema.json describes it.
+/// The version of jsonReport's format. It is raised when a member is removed or changes its meaning, but not when one
+/// is added. resources/corvane-report.schema.json describes the format.
 constexpr int reportForm = 1;
 
-/// What is known of one project when its report is written; what was not reached is left out.
+/// What is known about one project when its report is written. Steps that were not reached are left out.
 struct ProjectFacts {
-    std::string path;                   ///< of the project file, as it was given
-    std::optional<std::string> refusal; ///< why nothing, or not everything, was written or can be cut
+    std::string path;                   ///< of the project file, as given
+    std::optional<std::string> refusal; ///< why something was not written or cannot be cut
     const LoadedFile* file = nullptr;
     const ProjectCheck* check = nullptr;
     const std::vector<Cut>* cuts = nullptr;
     std::optional<ExportFiles> files;
 };
 
-/// The facts as one JSON document in one line, without a line feed. Ranges are half-open. Every time is a number of
-/// project frames, with its timecode beside it; the rate stands with the project.
+/// The facts as one JSON document on one line, without a line feed. Ranges are half-open. Every time is a number of
+/// project frames, together with its timecode; the project has the frame rate.
 [[nodiscard]] std::string jsonReport(const ProjectFacts& facts);
 
 } // namespace corvane

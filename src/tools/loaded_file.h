@@ -8,18 +8,19 @@
 
 namespace corvane {
 
-/// A project file that could be read: what the window would have loaded and would start with.
+/// A project file as the window would load it, with the settings with which the window would start.
 struct LoadedFile {
-    std::string path; ///< as it was given
+    std::string path; ///< as given
     ImportedProject project;
     CutEngine engine;
-    EditSettings settings; ///< those that an import puts on screen
+    EditSettings settings; ///< the settings after an import
 };
 
-/// Reads a .fcpxml file or a .fcpxmld bundle. Fails with PlatformError or FinalCutImportError, in the window's words.
+/// Reads a .fcpxml file or a .fcpxmld bundle. Throws PlatformError or FinalCutImportError with the same messages as the
+/// window.
 [[nodiscard]] LoadedFile loadFile(const std::string& path);
 
-/// The path from the working directory where it lies inside, otherwise as it is.
+/// The path relative to the working directory if it is inside, otherwise unchanged.
 [[nodiscard]] std::string shownPath(const std::string& path);
 
 } // namespace corvane

@@ -29,7 +29,7 @@ std::string covered(const CutEngine& engine, const std::vector<FrameRange>& rang
     return ranges.empty() ? "none" : shareText(engine, frames) + " in " + std::to_string(ranges.size());
 }
 
-/// The text in a column of so many characters, two blanks at least behind it.
+/// The text in a column of `width` characters, followed by at least two spaces.
 std::string cell(std::string_view text, std::size_t width)
 {
     const auto characters = static_cast<std::size_t>(
@@ -58,7 +58,7 @@ void printList(std::ostream& out, std::string_view title, const std::vector<std:
     out << "\n";
 }
 
-/// The lines of the text, each as it can be shown.
+/// Prints the lines of the text, each with marks for control characters.
 void printLines(std::ostream& out, std::string_view text)
 {
     while (!text.empty()) {

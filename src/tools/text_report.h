@@ -6,14 +6,15 @@
 #include <iosfwd>
 #include <vector>
 
-/// The facts for people, in plain text. Names are printed as the window would draw them: a terminal obeys controls too.
+/// Reports in plain text for people. Names are printed as the window would draw them, because terminals interpret
+/// control characters.
 namespace corvane {
 
-/// The project, and for each angle how much of it has video and sound.
+/// Prints the project, and how much of each angle has video and audio.
 void printProject(std::ostream& out, const LoadedFile& file);
-/// What can be cut, what an export will refuse, and what else is to be known; nothing when there is nothing to say.
+/// Prints what can be cut, what an export will refuse, and other notes; nothing if there is nothing to say.
 void printCheck(std::ostream& out, const LoadedFile& file, const ProjectCheck& check);
-/// Screen time and share of each camera beside the share that the settings aim at.
+/// Prints each camera's screen time and share beside its target share.
 void printUsage(std::ostream& out, const LoadedFile& file, const std::vector<Cut>& cuts);
 void printCarryOver(std::ostream& out, const CutEngine& engine);
 void printFiles(std::ostream& out, const ExportFiles& files);
