@@ -56,14 +56,14 @@ std::optional<double> readSeconds(std::optional<std::string_view> text)
     }
 }
 
-/// " at 01:12:31:04": the frame in which the item begins, when that can be read.
+/// " at 01:12:31:04", the frame in which the item begins; empty if that cannot be read.
 std::string placeOf(const CutEngine& engine, xml::Element item)
 {
     if (!isAnnotation(item.plainName()))
         return "";
     const auto start = item.attribute("start");
     const auto seconds = start ? readSeconds(start) : engine.seconds(engine.sourceStart);
-    constexpr double tolerance = 0.000001; // of a frame: the place of one that is on a frame is that frame
+    constexpr double tolerance = 0.000001; // of a frame: an item that is on a frame gets exactly that frame
     const double frame = seconds ? std::floor(engine.frames(*seconds) + tolerance) : largestFrameCount + 1.0;
     if (std::abs(frame) > largestFrameCount)
         return "";
@@ -119,7 +119,7 @@ std::vector<std::string> fadeAdvice(
     });
     const auto advise = [&](double fade, bool enabled, double seconds, const std::string& shot) {
         const double held = enabled ? engine.seconds(roundedFrames(engine, seconds)) : 0;
-        constexpr double tolerance = 0.00000001; // as the export's
+        constexpr double tolerance = 0.00000001; // the same as the export's
         if (fade <= 0 || held + tolerance >= fade)
             return;
         const double needed = std::max(limits::bookendLength.lowest, std::ceil(fade));

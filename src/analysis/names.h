@@ -8,10 +8,10 @@
 
 namespace corvane {
 
-/// The angle's name, with its camera names in brackets where it has any; the id itself when it is unknown.
+/// The angle's name with its camera names, if any, in brackets; the id itself if the angle is unknown.
 [[nodiscard]] std::string angleLabel(const ImportedProject& project, std::string_view id);
 
-/// The angle's name alone; the id when it is unknown.
+/// The angle's name alone; the id itself if the angle is unknown.
 [[nodiscard]] std::string angleName(const ImportedProject& project, std::string_view id);
 
 /// "Wide", "Wide and Choir", "Wide, Choir and Pulpit".

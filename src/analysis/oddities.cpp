@@ -18,7 +18,7 @@ namespace corvane {
 
 namespace {
 
-/// What shows a picture: a file, or a compound clip. Two assets may be the same file.
+/// Numbers the recordings with video, which are files or compound clips. Two assets may refer to the same file.
 class Recordings {
 public:
     explicit Recordings(xml::Element resources)
@@ -37,7 +37,7 @@ public:
         }
     }
 
-    /// None for what shows no picture.
+    /// None for a clip without video.
     [[nodiscard]] std::optional<int> number(xml::Element clip) const
     {
         const bool shows = clip.named("asset-clip") || clip.named("video") || clip.named("ref-clip");
@@ -66,7 +66,7 @@ private:
     std::vector<std::string_view> names_;     ///< by number
 };
 
-/// A recording in an angle, seconds of the multicam.
+/// One use of a recording in an angle, in seconds of the multicam.
 struct Use {
     int recording = 0;
     std::size_t angle = 0;
@@ -74,13 +74,13 @@ struct Use {
     double end = 0;
 };
 
-/// A clip in an angle, and whatever it holds, is there from its offset on. One without a duration is left out.
+/// Adds a clip in an angle, with everything in it, from its offset on. A clip without a duration is skipped.
 void addUses(std::vector<Use>& uses, const Recordings& recordings, xml::Element clip, std::size_t angle)
 {
     const ClipAttributes attributes(clip);
     if (attributes.disabled || !attributes.duration)
         return;
-    const double start = parseSeconds(attributes.offset.value_or("0s")); // which the import has read
+    const double start = parseSeconds(attributes.offset.value_or("0s")); // which the import has already read
     const Use use = {0, angle, start, start + parseSeconds(attributes.duration)};
     const auto add = [&](xml::Element element) {
         if (const auto number = recordings.number(element))
@@ -91,13 +91,13 @@ void addUses(std::vector<Use>& uses, const Recordings& recordings, xml::Element 
         add(below);
 }
 
-/// The angles that show a recording while another does, by the recording that tells it first.
+/// The sets of angles that show the same recording at the same time, each with the first such recording.
 std::map<std::set<std::size_t>, int> sharedRecordings(std::vector<Use> uses)
 {
     std::ranges::sort(uses, {}, [](const Use& use) { return std::pair(use.recording, use.start); });
     std::map<int, std::set<std::size_t>> shared;
-    const Use* last = nullptr;  // of those before, the one that ends last
-    const Use* other = nullptr; // the same among the other angles
+    const Use* last = nullptr;  // of the earlier uses, the one that ends last
+    const Use* other = nullptr; // the same, but in another angle
     for (const Use& use : uses) {
         if (last == nullptr || last->recording != use.recording) {
             last = &use;
@@ -143,7 +143,7 @@ void addSameRecordings(std::vector<std::string>& sentences, const ImportedProjec
     }
 }
 
-/// The name of a picture effect or adjustment that is on; none for anything else.
+/// The name of a video effect or adjustment that is enabled; none for anything else.
 std::optional<std::string> effectName(xml::Element element)
 {
     using Adjustment = std::pair<std::string_view, std::string_view>;

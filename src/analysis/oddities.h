@@ -8,8 +8,8 @@
 
 namespace corvane {
 
-/// A sentence for each thing in the multicam that is allowed but hardly meant: angles that hold the same recording at
-/// the same time, and picture effects of the multicam clip that sit on one of its video angles only.
+/// One sentence for each thing in the multicam that is allowed but probably not intended: angles with the same
+/// recording at the same time, and video effects of the multicam clip on only one of its video angles.
 [[nodiscard]] std::vector<std::string> oddities(const ImportedProject& project, const CutEngine& engine);
 
 } // namespace corvane

@@ -12,11 +12,11 @@
 
 namespace corvane {
 
-/// What can be said of a project before anything is cut: what of it can be cut, what an export will refuse, what it
-/// needs, and what is odd.
+/// What is known about a project before it is cut: which ranges can be cut, what an export will refuse, what it needs,
+/// and what looks odd.
 struct ProjectCheck {
     std::optional<UsableRanges> usable;
-    std::vector<OtherAudio> otherAudio; ///< looked at only where not the whole project is usable
+    std::vector<OtherAudio> otherAudio; ///< filled only if part of the project is not usable
     std::vector<std::string> refusals;
     std::vector<std::string> advice;
     std::vector<std::string> oddities;
@@ -25,10 +25,10 @@ struct ProjectCheck {
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings,
     std::string_view decimalSign = ".");
 
-/// What of the check is to be done or known: each refusal, advice and oddity, in this order.
+/// The notes of the check: refusals, advice and oddities, in this order.
 [[nodiscard]] std::vector<std::string> checkNotes(const ProjectCheck& check);
 
-/// All of it as text, lines ending in a line feed; empty when there is nothing to say.
+/// The whole check as text, with a line feed after each line; empty if there is nothing to say.
 [[nodiscard]] std::string checkText(
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings, const ProjectCheck& check);
 

@@ -19,7 +19,7 @@ namespace corvane {
 
 namespace {
 
-/// Good enough to try rules with; an edit is never drawn with it.
+/// A fast generator that is good enough for trials; edits never use it.
 UniformDraws quickDraws()
 {
     std::array<std::uint64_t, 1> seed{};
@@ -35,7 +35,7 @@ Spread spreadOf(std::vector<double> values)
     return {values.front(), median, values.back()};
 }
 
-/// The figures of one edit after the other.
+/// Collects the figures of one edit after the other.
 class Figures {
 public:
     explicit Figures(const CutEngine& engine) : engine_(engine) {}
@@ -83,7 +83,7 @@ private:
     std::size_t edits_ = 0;
     std::vector<double> counts_;
     std::map<std::string, std::vector<double>, std::less<>>
-        shares_; ///< percent; edits without the camera may be missing
+        shares_; ///< in percent; edits without the camera may be missing
 };
 
 } // namespace

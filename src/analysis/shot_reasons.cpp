@@ -38,7 +38,7 @@ EditMarks editMarks(const CutEngine& engine, const EditSettings& settings)
     try {
         marks.sections = fixedSections(engine, settings.sections);
     } catch (const std::exception&) {
-        marks.sections.clear(); // a stored session may hold sections that no generation has read
+        marks.sections.clear(); // a stored session may contain sections that were never validated
     }
     return marks;
 }

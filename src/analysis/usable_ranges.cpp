@@ -12,7 +12,7 @@ namespace corvane {
 
 namespace {
 
-/// Both lists are normalised, and so is the result.
+/// The intersection of two normalised lists, itself normalised.
 std::vector<FrameRange> inBoth(const std::vector<FrameRange>& one, const std::vector<FrameRange>& other)
 {
     std::vector<FrameRange> both;

@@ -21,7 +21,7 @@ Frames framesOf(const CutEngine& engine, std::string_view time)
     return alignedFrames(time, engine.frameNumerator, engine.frameDenominator);
 }
 
-/// Defaults take the road through text too, which keeps one rule for what is out of range.
+/// Defaults are converted to text too, so that there is only one check for what is out of range.
 Frames framesOf(const CutEngine& engine, Frames standard)
 {
     return framesOf(engine, timeString(standard, engine.frameNumerator, engine.frameDenominator));

@@ -9,19 +9,20 @@
 #include <string_view>
 #include <vector>
 
-/// What an export reads of the source document, whatever the cuts are. Each reader refuses what it cannot read; the
-/// writer goes through the same readers as whoever asks before there is anything to write.
+/// What an export reads from the source document, whatever the cuts are. Each function refuses what it cannot read. The
+/// writer uses the same functions as the checks before an export.
 namespace corvane {
 
-/// True for the children of the multicam clip that go to one piece whole.
+/// True for the children of the multicam clip that go to a single piece unchanged.
 [[nodiscard]] bool isConnectedItem(std::string_view elementName);
-/// True for those that go to the pieces that they touch.
+/// True for those that go to every piece that they touch.
 [[nodiscard]] bool isAnnotation(std::string_view elementName);
 
-/// Seconds of source time.
+/// The item's offset in seconds of source time.
 [[nodiscard]] double connectedOffset(xml::Element item);
 
-/// Source frames. Only keywords, ratings and analysis markers are ranges, and only with a duration above 0.
+/// The position or range of an annotation, in source frames. Only keywords, ratings and analysis markers are ranges,
+/// and only with a duration above 0.
 struct AnnotationTimes {
     Frames start = 0;
     Frames duration = 0;
@@ -29,27 +30,27 @@ struct AnnotationTimes {
 };
 [[nodiscard]] AnnotationTimes annotationTimes(const CutEngine& engine, xml::Element annotation);
 
-/// Calls `visit` with each fadeIn and fadeOut that the audio angle's sources hold, in document order.
+/// Calls `visit` with each fadeIn and fadeOut in the audio angle's sources, in document order.
 void forEachAudioFade(
     const CutEngine& engine, std::string_view audioAngle, const std::function<void(xml::Element)>& visit);
-/// Seconds.
+/// The length of a fade in seconds.
 [[nodiscard]] double fadeLength(xml::Element fade);
 
-/// What stands at the top of every written document.
+/// What is at the top of every written document.
 struct SourceHead {
     std::string_view version;
     xml::Element resources;
 };
 [[nodiscard]] SourceHead sourceHead(const CutEngine& engine);
 
-/// Something of the source that an export refuses.
+/// An item of the source that an export refuses.
 struct RefusedSource {
-    std::optional<xml::Element> item; ///< none: the document
-    std::string_view attribute;       ///< that cannot be taken: "start", "duration", "offset" or "version"
-    std::string refusal;              ///< the sentence of the export
+    std::optional<xml::Element> item; ///< none if it is the document itself
+    std::string_view attribute;       ///< the invalid attribute: "start", "duration", "offset" or "version"
+    std::string refusal;              ///< the export's message
 };
 
-/// All of it, in the order in which exports refuse it. None for an engine of numbers.
+/// All such items, in the order in which exports refuse them. None for an engine made without a document.
 [[nodiscard]] std::vector<RefusedSource> refusedSources(const CutEngine& engine, std::string_view audioAngle);
 
 } // namespace corvane
