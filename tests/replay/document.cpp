@@ -74,8 +74,7 @@ private:
         const CoverageReport report = selectedCoverage(project_, engine_, settings_);
         const auto gaps =
             report.message ? std::vector<FrameRange>() : uncoveredStretches(report.covered, engine_.length);
-        answer["coverage"] = {
-            {"covered", json(report.covered)}, {"message", orNull(report.message)}, {"gaps", json(gaps)}};
+        answer["coverage"] = {{"covered", report.covered}, {"message", orNull(report.message)}, {"gaps", gaps}};
         answer["warning"] = {{"warning", orNull(setupWarning(project_, engine_, settings_))}, {"seconds", nullptr}};
     }
 

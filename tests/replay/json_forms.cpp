@@ -9,6 +9,20 @@
 #include <map>
 #include <type_traits>
 
+namespace corvane {
+
+void to_json(nlohmann::json& json, const FrameRange& range)
+{
+    json = {range.start, range.end};
+}
+
+void from_json(const nlohmann::json& json, FrameRange& range)
+{
+    range = {json.at(0), json.at(1)};
+}
+
+} // namespace corvane
+
 namespace corvane::replay {
 
 namespace {
@@ -58,14 +72,6 @@ template <class Value>
 void put(const Json& json, Value& value)
 {
     value = json.get<Value>();
-}
-
-Json coverageJson(const Coverage& coverage)
-{
-    Json all = Json::object();
-    for (const auto& [camera, stretches] : coverage)
-        all[camera] = json(stretches);
-    return all;
 }
 
 Json audioSourcePlace(const CutEngine& engine)
@@ -157,22 +163,6 @@ std::vector<Cut> cuts(const Json& json)
     return document.root().list(readCut);
 }
 
-std::vector<FrameRange> ranges(const Json& json)
-{
-    std::vector<FrameRange> list;
-    for (const Json& range : json)
-        list.push_back({range.at(0), range.at(1)});
-    return list;
-}
-
-Json json(const std::vector<FrameRange>& ranges)
-{
-    Json list = Json::array();
-    for (const FrameRange& range : ranges)
-        list.push_back({range.start, range.end});
-    return list;
-}
-
 Json json(const ImportedProject& project)
 {
     Json angles = Json::array();
@@ -202,10 +192,10 @@ Json json(const CutEngine& engine)
         {"length", engine.length},
         {"sourceStart", engine.sourceStart},
         {"timelineStart", engine.timelineStart},
-        {"coverage", coverageJson(engine.coverage)},
+        {"coverage", engine.coverage},
         {"audioID", engine.audioID},
         {"audioSource", audioSourcePlace(engine)},
-        {"audioCoverage", coverageJson(engine.audioCoverage)}};
+        {"audioCoverage", engine.audioCoverage}};
 }
 
 Json presetForm(const EditPreset& preset)

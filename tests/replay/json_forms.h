@@ -13,6 +13,14 @@
 #include <string_view>
 #include <vector>
 
+namespace corvane {
+
+/// A range is a list of its start and its end.
+void to_json(nlohmann::json& json, const FrameRange& range);
+void from_json(const nlohmann::json& json, FrameRange& range);
+
+} // namespace corvane
+
 /// The forms in which cases and answers write the records.
 namespace corvane::replay {
 
@@ -31,9 +39,7 @@ bool putSetting(EditSettings& settings, std::string_view name, const Json& value
 [[nodiscard]] EditSettings settings(const Json& json);
 [[nodiscard]] GenerationInputs generationInputs(const Json& json);
 [[nodiscard]] std::vector<Cut> cuts(const Json& json);
-[[nodiscard]] std::vector<FrameRange> ranges(const Json& json);
 
-[[nodiscard]] Json json(const std::vector<FrameRange>& ranges);
 [[nodiscard]] Json json(const ImportedProject& project);
 [[nodiscard]] Json json(const CutEngine& engine);
 /// All sixteen keys, null where absent.

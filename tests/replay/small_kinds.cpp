@@ -38,10 +38,10 @@ Json answerValues(const Json& request)
 
 Json answerRanges(const Json& request)
 {
-    const auto given = ranges(request.at("ranges"));
+    const auto given = request.at("ranges").get<std::vector<FrameRange>>();
     return {
-        {"normalizeRanges", json(normalizeRanges(given))},
-        {"uncoveredStretches", json(uncoveredStretches(given, request.at("length")))}};
+        {"normalizeRanges", normalizeRanges(given)},
+        {"uncoveredStretches", uncoveredStretches(given, request.at("length"))}};
 }
 
 Json answerNames(const Json& request)

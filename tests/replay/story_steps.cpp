@@ -10,6 +10,18 @@ namespace {
 
 using Step = void (*)(StoryStage&, const Json&);
 
+template <auto operation>
+void plain(StoryStage& stage, const Json&)
+{
+    (stage.window().*operation)();
+}
+
+template <auto numbers>
+void setByCamera(StoryStage& stage, const Json& step)
+{
+    stage.account.set([&](auto& settings) { (settings.*numbers)[step.at("id")] = number(step.at("value")); });
+}
+
 /// The settings that stories call by other names.
 const std::map<std::string, std::string> otherNames = {{"aShare", "mainShare"}, {"audioAngle", "audio"}};
 const std::map<std::string, bool WorkspaceState::*> viewSwitches = {
@@ -131,70 +143,58 @@ std::string placeOf(StoryStage& stage, const Json& step)
 
 const std::map<std::string, Step> steps = {
     {"restart", restart},
-    {"windowAppeared", [](StoryStage& stage, const Json&) { stage.window().windowAppeared(); }},
-    {"importXML",
-     [](StoryStage& stage, const Json& step) { stage.window().importXML(stage.document(step.at("document"))); }},
-    {"openProjectFile",
-     [](StoryStage& stage, const Json& step) { stage.window().openProjectFile(stage.file(step.at("file"))); }},
+    {"windowAppeared", plain<&ContentView::windowAppeared>},
+    {"importXML", [](auto& stage, auto& step) { stage.window().importXML(stage.document(step.at("document"))); }},
+    {"openProjectFile", [](auto& stage, auto& step) { stage.window().openProjectFile(stage.file(step.at("file"))); }},
     {"chooseProjectFile", chooseProjectFile},
     {"handleDroppedFiles", handleDroppedFiles},
     {"inbox", deliver},
-    {"selectMainCamera", [](StoryStage& stage, const Json& step) { stage.window().selectMainCamera(step.at("id")); }},
+    {"selectMainCamera", [](auto& stage, auto& step) { stage.window().selectMainCamera(step.at("id")); }},
     {"setCameraIncluded",
-     [](StoryStage& stage, const Json& step) {
-         stage.window().setCameraIncluded(
-             step.at("id"), step.at("included") ? ContentView::Inclusion::included : ContentView::Inclusion::excluded);
+     [](auto& stage, auto& step) {
+         using Inclusion = ContentView::Inclusion;
+         const auto inclusion = step.at("included") ? Inclusion::included : Inclusion::excluded;
+         stage.window().setCameraIncluded(step.at("id"), inclusion);
      }},
     {"set", setField},
     {"setBound",
-     [](StoryStage& stage, const Json& step) {
-         stage.window().setBound(numberSetting(step.at("field").get<std::string>()), number(step.at("value")));
+     [](auto& stage, auto& step) {
+         stage.window().setBound(numberSetting(step.at("field").template get<std::string>()), number(step.at("value")));
      }},
-    {"setReturnTime",
-     [](StoryStage& stage, const Json& step) {
-         stage.window().edit([&](WorkspaceState& state) {
-             state.settings.returnTimes[step.at("id").get<std::string>()] = number(step.at("value"));
-         });
-     }},
-    {"setFrequency",
-     [](StoryStage& stage, const Json& step) {
-         stage.window().edit([&](WorkspaceState& state) {
-             state.settings.frequencies[step.at("id").get<std::string>()] = number(step.at("value"));
-         });
-     }},
-    {"addSection", [](StoryStage& stage, const Json&) { stage.window().addSection(); }},
-    {"removeSection", [](StoryStage& stage, const Json& step) { stage.window().removeSection(step.at("position")); }},
+    {"setReturnTime", setByCamera<&EditSettings::returnTimes>},
+    {"setFrequency", setByCamera<&EditSettings::frequencies>},
+    {"addSection", plain<&ContentView::addSection>},
+    {"removeSection", [](auto& stage, auto& step) { stage.window().removeSection(step.at("position")); }},
     {"setSection", setSection},
-    {"generateRoughEdit", [](StoryStage& stage, const Json&) { stage.window().generateRoughEdit(); }},
-    {"stepBack", [](StoryStage& stage, const Json&) { stage.window().stepBack(); }},
-    {"stepForward", [](StoryStage& stage, const Json&) { stage.window().stepForward(); }},
-    {"restoreRevision",
-     [](StoryStage& stage, const Json& step) { stage.window().restoreRevision(step.at("position")); }},
+    {"generateRoughEdit", plain<&ContentView::generateRoughEdit>},
+    {"stepBack", plain<&ContentView::stepBack>},
+    {"stepForward", plain<&ContentView::stepForward>},
+    {"restoreRevision", [](auto& stage, auto& step) { stage.window().restoreRevision(step.at("position")); }},
     {"choosePreset", choosePreset},
-    {"beginSavePreset", [](StoryStage& stage, const Json&) { stage.window().beginSavePreset(); }},
+    {"beginSavePreset", plain<&ContentView::beginSavePreset>},
     {"applyPreset",
-     [](StoryStage& stage, const Json&) {
+     [](auto& stage, auto&) {
          if (const auto preset = stage.window().chosenPreset())
              stage.window().applyPreset(*preset);
      }},
-    {"deletePreset", [](StoryStage& stage, const Json&) { stage.window().deletePreset(); }},
+    {"deletePreset", plain<&ContentView::deletePreset>},
     {"savePreset",
-     [](StoryStage& stage, const Json& step) {
-         stage.window().savePreset(
-             step.at("updating") ? ContentView::PresetSave::update : ContentView::PresetSave::asNew);
+     [](auto& stage, auto& step) {
+         using Save = ContentView::PresetSave;
+         stage.window().savePreset(step.at("updating") ? Save::update : Save::asNew);
      }},
     {"exportRoughEdit", exportEdit},
-    {"finalCutReports", [](StoryStage& stage, const Json& step) { report(stage, 0, step.at("error")); }},
-    {"dismissError", [](StoryStage& stage, const Json&) { stage.window().dismissError(); }},
-    {"sessionStore", [](StoryStage& stage, const Json& step) { stage.sessionStore = step.at("state"); }},
+    {"finalCutReports", [](auto& stage, auto& step) { report(stage, 0, step.at("error")); }},
+    {"dismissError", plain<&ContentView::dismissError>},
+    {"sessionStore", [](auto& stage, auto& step) { stage.sessionStore = step.at("state"); }},
     {"replaceSession", replaceSession},
     {"replacePresets",
-     [](StoryStage& stage, const Json& step) {
+     [](auto& stage, auto& step) {
          stage.presets() = bytes(step.at("data"));
          stage.window().readPresets();
      }},
-    {"placeFile", [](StoryStage& stage, const Json& step) { std::ofstream(placeOf(stage, step)) << "a file"; }},
-    {"removeFile", [](StoryStage& stage, const Json& step) { std::filesystem::remove(placeOf(stage, step)); }},
+    {"placeFile", [](auto& stage, auto& step) { std::ofstream(placeOf(stage, step)) << "a file"; }},
+    {"removeFile", [](auto& stage, auto& step) { std::filesystem::remove(placeOf(stage, step)); }},
 };
 
 } // namespace

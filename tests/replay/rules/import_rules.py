@@ -102,9 +102,7 @@ angle_a("both ways into a circle", ref("p") + ref("q"), 4,
         compound("p", clip("0s", "1s") + auditioned(ref("q"))) + compound("q", clip("0s", "1s") + auditioned(ref("p"))))
 
 # Where a document is broken.
-imports("nothing", "", "This file is empty. Export the XML from Final Cut again.")
 imports("a wrong end", "<a>\n<b></a>", "This file is damaged at line 2, column 8. Export the XML from Final Cut again.")
-imports("an undeclared prefix", "<x:fcpxml/>", "It is unclear what the prefix of “x:fcpxml” stands for")
 imports("bad UTF-8", document().encode().replace(b"Concert", b"Con\xffcert"),
         "This file is damaged at line 6, column 35. Export the XML from Final Cut again.")
 imports("UTF-16", document().replace("UTF-8", "UTF-16").encode("utf-16"), 1)

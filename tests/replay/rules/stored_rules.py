@@ -44,26 +44,18 @@ for old, new, complaint in [
         (IDENTIFIER, "{EA1E1D8-10E5-4872-9FF6-759FE19A759}", "history.items[0].id is not an identifier."),
         (IDENTIFIER, "8ea1e1d8-10e5-4872-9FF6-759FE19A759G", "history.items[0].id is not an identifier."),
         (IDENTIFIER, "8ea1e1d8010e5-4872-9FF6-759FE19A759B", "history.items[0].id is not an identifier."),
-        (encoded(document()), "AP8", "sourceXML is not Base64 text."),
         (encoded(document()), "Zg=", "sourceXML is not Base64 text."),
         (encoded(document()), "Zm9=v", "sourceXML is not Base64 text."),
-        (encoded(document()), "Zm\u00e9", "sourceXML is not Base64 text."),
         (encoded(document()), "Zm8=Zm8=", "sourceXML is not Base64 text.")]:
     session(old, new, "The session cannot be read: " + complaint)
 
 # What can be read is held against its project and the ranges of settings.
 INVALID_SETTINGS = "The saved session contains invalid settings. Its stored data has been kept."
-INVALID_CUTS = "The saved edit history contains invalid cuts."
-session('"version": 1', '"version": 2', "The saved session could not be read. Its stored data has been kept.")
 session('"mainShare": 70', '"mainShare": 90.1', INVALID_SETTINGS)
 session('"averageShot": 10', '"averageShot": 20.1', INVALID_SETTINGS)
 session('"returnTimes": {}', '"returnTimes": {"B": 600.1}', INVALID_SETTINGS)
-session('"mainCamera": "A"', '"mainCamera": "Z"', "The saved session's cameras do not match its XML snapshot.")
-session('"audio": "A"', '"audio": ""',
-        "This audio angle does not cover the whole project. Choose a continuous audio angle.")
-session('"duration": 500', '"duration": 0', INVALID_CUTS)
-session('"duration": 500}]', '"duration": 9223372036854775807}]', INVALID_CUTS)
-session('"duration": 500}]', '"duration": 499}]', "The saved edit history has an incomplete timeline.")
+session('"duration": 500}]', '"duration": 9223372036854775807}]',
+        "The saved edit history contains invalid cuts.")
 
 
 def damaged(complaint):
