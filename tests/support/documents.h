@@ -48,4 +48,6 @@ inline std::string document(const Parts& parts = {})
            parts.inClip + "</mc-clip></spine></sequence></project></event></library></fcpxml>";
 }
 
+inline const std::string otherProject = replaced(document(), "Concert", "Other");
+
 } // namespace corvane::test

@@ -69,9 +69,8 @@ struct WaitingFinalCut : WorkspaceServices {
 
 struct CountingScope : SecurityScope {
     int held = 0;
-    int granted = 0;
 
-    bool start(const std::string&) override { return ++granted, ++held > 0; }
+    bool start(const std::string&) override { return ++held > 0; }
     void stop(const std::string&) override { --held; }
 };
 
@@ -125,6 +124,25 @@ public:
     void set(std::function<void(EditSettings&)> change)
     {
         view_->edit([change = std::move(change)](WorkspaceState& state) { change(state.settings); });
+    }
+
+    /// Another cut list in place of the generated one.
+    void showCuts(const std::vector<Cut>& cuts)
+    {
+        view_->edit([&cuts](WorkspaceState& state) {
+            EditRevision changed = *state.preview;
+            changed.cuts = cuts;
+            state.preview = std::make_shared<const EditRevision>(changed);
+        });
+    }
+
+    /// As another process would, or an earlier version.
+    void storeSession(std::string_view bytes) const { replaceFile(sessionFile(), {&bytes, 1}); }
+    /// No file takes the session: a folder has its name.
+    void breakSessionFile() const
+    {
+        std::filesystem::remove(sessionFile());
+        std::filesystem::create_directory(sessionFile());
     }
 
     ContentView& view() { return *view_; }

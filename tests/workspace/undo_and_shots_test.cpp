@@ -15,49 +15,22 @@ using namespace test;
 const std::string withGap =
     document({angle("A", clip("0s", "20s") + clip("30s", "10s")) + angle("B", clip("0s", "40s"))});
 
-TEST(Undo, BringsARemovedSectionBackToItsPlace)
+TEST(Undo, BringsADeletedPresetBackUnlessItsNameIsTakenAndNoSectionIntoAnotherProject)
 {
     TestWindow window;
     ContentView& view = window.view();
     view.importXML(document());
     view.addSection();
-    view.edit([](WorkspaceState& state) { state.settings.sections[0].end = "00:00:10:00"; });
-    view.addSection();
-    const auto both = window.state().settings.sections;
+    view.removeSection(0);
+    EXPECT_EQ(undoText(view), "Undo Remove Section");
+    view.importXML(document());
     EXPECT_EQ(undoText(view), std::nullopt);
-    for (const std::size_t position : {0U, 1U}) {
-        view.removeSection(position);
-        EXPECT_EQ(window.state().settings.sections, std::vector<SectionDraft>{both[1 - position]});
-        EXPECT_EQ(undoText(view), "Undo Remove Section");
-        view.undo();
-        EXPECT_EQ(window.state().settings.sections, both);
-        EXPECT_EQ(undoText(view), std::nullopt);
-    }
-
-    view.removeSection(1);
-    view.importXML(document());
-    EXPECT_EQ(undoText(view), std::nullopt) << "sections of another project stay there";
-}
-
-TEST(Undo, BringsADeletedPresetBackUnlessItsNameIsTakenBy)
-{
-    TestWindow window;
-    ContentView& view = window.view();
-    view.importXML(document());
-    const auto save = [&view](const char* name) {
+    for (const char* name : {"Sermon", "SERMON"}) {
         view.edit([name](WorkspaceState& state) { state.presetName = name; });
         view.savePreset(ContentView::PresetSave::asNew);
-    };
-    save("Sermon");
-    const auto stored = view.presets().presets();
-    view.deletePreset();
-    EXPECT_EQ(undoText(view), "Undo Delete Preset");
-    view.undo();
-    EXPECT_EQ(view.presets().presets(), stored);
-    EXPECT_EQ(window.state().chosenPreset, stored.front().id.text());
-
-    view.deletePreset();
-    save("SERMON");
+        if (!undoText(view))
+            view.deletePreset();
+    }
     view.undo();
     EXPECT_EQ(
         window.state().error,
@@ -71,8 +44,7 @@ TEST(ShotFacts, TellWhyShotsEnd)
     TestWindow window;
     ContentView& view = window.view();
     view.importXML(withGap);
-    view.edit([](WorkspaceState& state) {
-        EditSettings& settings = state.settings;
+    window.set([](auto& settings) {
         settings.audio = "B";
         settings.openingEnabled = true;
         settings.openingSeconds = 4;
@@ -82,27 +54,24 @@ TEST(ShotFacts, TellWhyShotsEnd)
         settings.sections = {{{}, "Prayer", "B", "00:00:08:00", "00:00:12:00"}};
     });
     view.generateRoughEdit();
-    ASSERT_EQ(window.state().error, std::nullopt);
     const EditMarks marks = editMarks(view);
-    EXPECT_EQ(marks.opening, (FrameRange{0, 100}));
-    EXPECT_EQ(marks.closing, (FrameRange{875, 1000}));
-    // A cut list of our own: every reason once, and one end that nothing explains.
-    const std::vector<Cut> cuts = {{{}, "A", 0, 100},   {{}, "B", 100, 50},  {{}, "A", 150, 50}, {{}, "B", 200, 100},
-                                   {{}, "A", 300, 200}, {{}, "B", 500, 375}, {{}, "B", 875, 125}};
-    view.edit([&cuts](WorkspaceState& state) {
-        EditRevision changed = *state.preview;
-        changed.cuts = cuts;
-        state.preview = std::make_shared<const EditRevision>(changed);
-    });
+    // Every reason once, and one end that nothing explains.
+    window.showCuts(
+        {{{}, "A", 0, 100},
+         {{}, "B", 100, 50},
+         {{}, "A", 150, 50},
+         {{}, "B", 200, 100},
+         {{}, "A", 300, 200},
+         {{}, "B", 500, 375},
+         {{}, "B", 875, 125}});
     const std::vector<std::optional<std::string>> reasons = {"The opening shot ends.",     std::nullopt,
                                                              "A fixed section begins.",    "The fixed section ends.",
                                                              "The camera's footage ends.", "The closing shot begins.",
                                                              "Ends with the project."};
-    for (std::size_t i = 0; i < cuts.size(); ++i)
+    for (std::size_t i = 0; i < reasons.size(); ++i)
         EXPECT_EQ(shotEndReason(view, marks, i), reasons[i]) << i;
     // At least 10 seconds on A and 4 on B, where nothing else was asked for.
     EXPECT_EQ(shortShots(view, marks), (std::vector<std::size_t>{1, 2, 4}));
-    EXPECT_EQ(shortShotsText(3), "3 shots are shorter than your minimum");
     EXPECT_EQ(shortShotsText(1), "1 shot is shorter than your minimum");
     EXPECT_TRUE(cutListText(view, ",").starts_with("Start (Timecode)\tCamera\tDuration (seconds)\n"
                                                    "00:00:00:00\tA (Camera 1)\t4\n00:00:04:00\tB (Camera 1)\t2\n"));
@@ -110,48 +79,27 @@ TEST(ShotFacts, TellWhyShotsEnd)
     EXPECT_NE(cutListText(view).find("00:00:00:00\tA⇥↵ (Camera 1)\t"), std::string::npos) << "still a table";
 }
 
-TEST(Hints, SayWhyAButtonCannotBePressed)
+TEST(Hints, SayWhyAButtonCannotBePressedAndWhichEditsTheNextOneReplaces)
 {
     TestWindow window;
     ContentView& view = window.view();
-    view.importXML(document({angle("A", clip("0s", "40s")) + angle("B", "")}));
-    EXPECT_EQ(window.state().error, "Include at least two video angles in your multicam.");
     view.importXML(document());
     EXPECT_EQ(hints(view).generate, std::nullopt);
-    EXPECT_EQ(hints(view).exportEdit, "Generate an edit first.");
     EXPECT_EQ(hints(view).back, "There is no edit yet.");
-    EXPECT_EQ(hints(view).update, "Choose a preset first.");
-    EXPECT_EQ(hints(view).saveAs, std::nullopt);
     view.beginSavePreset();
     EXPECT_EQ(hints(view).save, "Type a name first.");
-    view.edit([](WorkspaceState& state) { state.presetName = "Sermon"; });
-    view.savePreset(ContentView::PresetSave::asNew);
-    EXPECT_EQ(hints(view).update, std::nullopt);
     view.setCameraIncluded("B", ContentView::Inclusion::excluded);
     EXPECT_EQ(hints(view).generate, "Include another camera.");
     view.setCameraIncluded("B", ContentView::Inclusion::included);
-    view.edit([](WorkspaceState& state) { state.settings.audio.clear(); });
+    window.set([](auto& settings) { settings.audio.clear(); });
     EXPECT_EQ(hints(view).generate, "Choose the continuous audio.");
-    EXPECT_EQ(hints(view).update, "Choose the continuous audio.");
-}
-
-TEST(Hints, SayWhichEditsTheNextOneReplaces)
-{
-    TestWindow window;
-    ContentView& view = window.view();
-    EXPECT_EQ(replacedEdits(view), std::nullopt);
-    view.importXML(document());
+    window.set([](auto& settings) { settings.audio = "A"; });
     for (int edit = 0; edit < 5; ++edit)
         view.generateRoughEdit();
     EXPECT_EQ(replacedEdits(view), std::nullopt);
-    view.stepBack();
-    EXPECT_EQ(replacedEdits(view), "Replaces edit 5");
     view.restoreRevision(1);
-    view.edit([](WorkspaceState& state) { state.settings.mainShare = 40; });
+    window.set([](auto& settings) { settings.mainShare = 40; });
     EXPECT_EQ(replacedEdits(view), "Replaces edits 3 to 5") << "with and without a cut list";
-    view.generateRoughEdit();
-    EXPECT_EQ(window.state().history.items.size(), 3U);
-    EXPECT_EQ(replacedEdits(view), std::nullopt);
 }
 
 TEST(Words, TellCoverageAndWhatIsLeftBehind)
@@ -170,8 +118,6 @@ TEST(Words, TellCoverageAndWhatIsLeftBehind)
     EXPECT_EQ(footageInWords(engine, many).find("more"), std::string::npos) << "fifty with, fifty without footage";
     many.insert(many.begin(), {{0, 2}, {3, 5}});
     EXPECT_NE(footageInWords(engine, many).find(" and 2 more. No footage: "), std::string::npos);
-    EXPECT_EQ(projectLine(view, ","), "Concert · 25 frames a second · 00:00:00:00 to 00:00:40:00");
-    EXPECT_EQ(carryOverLine(engine), std::nullopt);
     EXPECT_EQ(
         carryOverLine(
             buildEngine(document({.inClip = R"(<filter-video/><adjust-crop/><filter-video/><note/><x:mark xmlns:x="u"/>
@@ -194,8 +140,6 @@ TEST(Words, TellCoverageAndWhatIsLeftBehind)
     EXPECT_EQ(
         markersInWords(marked, clipMarkers(marked)),
         "Markers: 00:00:00:00, Choir at 00:00:05:00, Sermon at 00:00:10:00.");
-    EXPECT_EQ(timecodeProblem(view, "00:00:01:00"), std::nullopt);
-    EXPECT_NE(timecodeProblem(view, "00:00:01:25"), std::nullopt);
 }
 
 } // namespace
