@@ -1,6 +1,5 @@
-// soak edits ROUNDS | kills ROUNDS | together ROUNDS: drives the controller for so long and ends with an error at the
-// first thing that is not as it should be. `edits` watches the memory, `kills` ends the process at any moment and
-// restores, `together` lets two processes work on the files of one account.
+// soak edits ROUNDS | kills ROUNDS: drives the controller for so long and ends with an error at the first thing that is
+// not as it should be. `edits` watches the memory, `kills` ends the process at any moment and restores.
 
 #include "import/project_loading.h"
 #include "session/saved_session.h"
@@ -9,7 +8,6 @@
 #include "support/test_window.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <csignal>
 #include <fstream>
@@ -77,19 +75,15 @@ void edits(int rounds)
     TestWindow window;
     window.view().importXML(test::document());
     std::mt19937 random(1);
-    const int warm = std::max(1, rounds / 10);
     long before = 0;
     for (int round = 0; round < rounds; ++round) {
         work(window, random, 40);
-        if (round == warm)
+        if (round == rounds / 10)
             before = residentMemory();
-        if (round % warm == 0)
-            std::cout << "round " << round << ": " << residentMemory() << " kB, history of "
-                      << window.state().history.items.size() << '\n';
     }
     require(storedSession(window).settings == window.state().settings, "the last change is stored");
     const long growth = residentMemory() - before;
-    std::cout << rounds << " rounds, from round " << warm << " on " << growth << " kB more\n";
+    std::cout << rounds << " rounds, from a tenth of them on " << growth << " kB more\n";
     // In a few rounds an allocator still fills its shelves, one that looks for errors above all.
     require(rounds < 1000 || growth < 2048, "memory does not grow with the rounds");
 }
@@ -123,34 +117,6 @@ void kills(int rounds)
     std::cout << rounds << " kills, found " << shares.size() << " different settings again\n";
 }
 
-void together(int rounds)
-{
-    TestWindow window;
-    window.view().importXML(test::document());
-    window.quit();
-    std::array<pid_t, 2> children{};
-    for (unsigned number = 0; number < children.size(); ++number) {
-        children[number] = startChild([&] {
-            std::mt19937 random(number);
-            window.start();
-            window.view().windowAppeared();
-            for (int round = 0; round < rounds; ++round) {
-                work(window, random, 10);
-                (void)storedSession(window); // the other's or our own, and whole
-            }
-        });
-    }
-    for (const pid_t child : children)
-        require(statusOf(child) == 0, "both go on to the end");
-    std::size_t others = 0;
-    for (const std::string& name : window.names("Corvane")) {
-        const SavedEditSession session = decodeSession(readFile(window.folder.file("Corvane/" + name)));
-        validateSession(session, buildEngine(session.sourceXML));
-        ++others;
-    }
-    std::cout << "two processes, " << rounds << " rounds each: " << others << " files, every one a session\n";
-}
-
 } // namespace
 
 int main(int count, char** arguments)
@@ -159,11 +125,11 @@ try {
     const std::string_view number = count > 2 ? arguments[2] : "";
     int rounds = 0;
     std::from_chars(number.data(), number.data() + number.size(), rounds);
-    if (rounds < 10 || (kind != "edits" && kind != "kills" && kind != "together")) {
-        std::cerr << "soak edits|kills|together ROUNDS (10 or more)\n";
+    if (rounds < 10 || (kind != "edits" && kind != "kills")) {
+        std::cerr << "soak edits|kills ROUNDS (10 or more)\n";
         return 2;
     }
-    kind == "edits" ? edits(rounds) : kind == "kills" ? kills(rounds) : together(rounds);
+    kind == "edits" ? edits(rounds) : kills(rounds);
     return 0;
 } catch (const std::exception& failure) {
     std::cerr << failure.what() << '\n';
