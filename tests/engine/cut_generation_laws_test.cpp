@@ -202,36 +202,5 @@ TEST(GenerationLaws, EveryCutListOfManyRandomEditsKeepsEveryPromise)
     EXPECT_GE(longLists, caseCount * 6 / 10);
 }
 
-/// One bit for each frame of [0, 64) that the ranges hold.
-std::uint64_t painted(const std::vector<FrameRange>& ranges)
-{
-    std::uint64_t paint = 0;
-    for (Frames frame = 0; frame < 64; ++frame) {
-        if (std::ranges::any_of(ranges, [=](auto& each) { return each.holds(frame, frame + 1); }))
-            paint |= 1ULL << frame;
-    }
-    return paint;
-}
-
-TEST(GenerationLaws, NormalisedRangesAndGapsAreWhatSingleFramesShow)
-{
-    Chance chance{std::mt19937_64(seed)};
-    for (int number = 0; number < 100'000; ++number) {
-        std::vector<FrameRange> ranges;
-        for (auto left = chance.below(7); left > 0; --left) {
-            const Frames start = chance.below(78) - 8;
-            ranges.push_back({start, start + 1 + chance.below(20)});
-        }
-        const auto touch = [](const FrameRange& a, const FrameRange& b) { return b.start <= a.end; };
-        const auto merged = normalizeRanges(ranges);
-        ASSERT_TRUE(painted(merged) == painted(ranges) && normalizeRanges(merged) == merged) << number;
-        ASSERT_TRUE(std::ranges::adjacent_find(merged, touch) == merged.end()) << number;
-        const Frames length = 1 + chance.below(64);
-        const auto gaps = uncoveredStretches(ranges, length);
-        ASSERT_EQ(painted(gaps), painted({{0, length}}) & ~painted(ranges)) << number;
-        ASSERT_TRUE(std::ranges::adjacent_find(gaps, touch) == gaps.end()) << number;
-    }
-}
-
 } // namespace
 } // namespace corvane
