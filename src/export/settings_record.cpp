@@ -22,12 +22,18 @@ public:
             names_.emplace(angle.id, angle.name);
     }
 
-    std::string text()
+    std::string head()
     {
         addProject();
         addSettings();
         addCameras();
         addFixedShots();
+        return std::move(text_);
+    }
+
+    std::string text()
+    {
+        text_ = head();
         addUsage();
         addCuts();
         return std::move(text_);
@@ -142,6 +148,11 @@ private:
 std::string settingsRecordText(const ImportedProject& project, const CutEngine& engine, const EditRevision& revision)
 {
     return Record(project, engine, revision).text();
+}
+
+std::string settingsHeadText(const ImportedProject& project, const CutEngine& engine, const EditRevision& revision)
+{
+    return Record(project, engine, revision).head();
 }
 
 } // namespace corvane

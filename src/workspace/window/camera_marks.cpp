@@ -1,32 +1,26 @@
 #include "workspace/window/camera_marks.h"
 
+#include "analysis/camera_colors.h"
 #include "workspace/window/elision.h"
 #include "workspace/window/qt_text.h"
 
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPixmap>
-#include <array>
 
 namespace corvane {
 
 namespace {
 
-/// Adjacent colours differ in hue and lightness. From the seventeenth camera on, the colours repeat, darker.
-constexpr std::array<QRgb, 16> colors = {0xff5aa9e6, 0xffe8b04b, 0xff6cc28b, 0xffd977a6, 0xff9d8df1, 0xffcfd86b,
-                                         0xff4fc1c0, 0xffe2795d, 0xffb7c9e2, 0xffb98a5e, 0xff8bd450, 0xffc99bdc,
-                                         0xff5f86d9, 0xfff2d8a7, 0xff3e9c74, 0xffef9fb0};
-
+/// From the seventeenth camera on, the colours repeat, darker.
 CameraMark markAt(std::size_t position, qsizetype telling)
 {
     CameraMark mark;
     mark.telling = telling;
-    mark.color = QColor(colors.at(position % colors.size()));
-    if (position >= colors.size())
+    mark.color = QColor(QRgb{cameraColors.at(position % cameraColors.size())});
+    if (position >= cameraColors.size())
         mark.color = mark.color.darker(140);
-    constexpr std::size_t letters = 26;
-    for (std::size_t rest = position + 1; rest > 0; rest = (rest - 1) / letters)
-        mark.letter.prepend(QChar('A' + static_cast<char>((rest - 1) % letters)));
+    mark.letter = qt(cameraLetter(position));
     return mark;
 }
 
