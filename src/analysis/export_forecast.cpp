@@ -136,4 +136,12 @@ std::vector<std::string> fadeAdvice(
     return advice;
 }
 
+bool hasAudioFades(const CutEngine& engine, std::string_view audioAngle)
+{
+    bool any = false;
+    if (engine.source)
+        forEachAudioFade(engine, audioAngle, [&](xml::Element) { any = true; });
+    return any;
+}
+
 } // namespace corvane

@@ -21,4 +21,7 @@ namespace corvane {
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings,
     std::string_view decimalSign = ".");
 
+/// True when sound of the angle is faded in or out.
+[[nodiscard]] bool hasAudioFades(const CutEngine& engine, std::string_view audioAngle);
+
 } // namespace corvane
