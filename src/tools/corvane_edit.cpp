@@ -45,8 +45,10 @@ void makeEdit(const CommandLine& line, Progress& progress)
     if (line.operands.size() > 2)
         applyWholePreset(savedPreset(line.operands[2]), file);
     facts.check = &progress.check.emplace(checkProject(file.project, file.engine, file.settings));
-    if (!line.json)
+    if (!line.json) {
         printCheck(std::cout, file, *progress.check);
+        printTrial(std::cout, file);
+    }
     const DrawnEdit& edit = progress.edit.emplace(drawEdit(file));
     facts.cuts = &edit.cuts;
     if (!line.json) {

@@ -91,6 +91,11 @@ void printCheck(std::ostream& out, const LoadedFile& file, const ProjectCheck& c
     printLines(out, text);
 }
 
+void printTrial(std::ostream& out, const LoadedFile& file)
+{
+    out << "\n" << shownText(trialSummary(tryRules(file.project, file.engine, file.settings))) << "\n";
+}
+
 void printUsage(std::ostream& out, const LoadedFile& file, const std::vector<Cut>& cuts)
 {
     const UsageByCamera usage = cameraUsage(cuts);
