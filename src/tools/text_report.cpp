@@ -58,13 +58,18 @@ void printList(std::ostream& out, std::string_view title, const std::vector<std:
     out << "\n";
 }
 
-/// Prints the lines of the text, each with marks for control characters.
+/// Prints the lines of the text, with tabs as columns.
 void printLines(std::ostream& out, std::string_view text)
 {
     while (!text.empty()) {
-        const std::size_t end = text.find('\n');
-        out << shownText(text.substr(0, end)) << "\n";
-        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        std::string_view line = text.substr(0, end);
+        for (std::size_t tab = line.find('\t'); tab != std::string_view::npos; tab = line.find('\t')) {
+            out << cell(shownText(line.substr(0, tab)), number);
+            line.remove_prefix(tab + 1);
+        }
+        out << shownText(line) << "\n";
+        text.remove_prefix(std::min(end + 1, text.size()));
     }
 }
 

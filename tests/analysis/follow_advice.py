@@ -1,7 +1,8 @@
-"""follow_advice.py ROUGH_EDIT SAMPLES [KEEP]: does in each sample with a trouble what the check advises, and nothing
-else: trims the project to each range that is offered, removes what an export would refuse. What comes out must be
-cut and exported. KEEP: a folder for the trimmed projects and their exports."""
-
+#!/usr/bin/env python3
+"""follow_advice.py TOOLS SAMPLES [KEEP]: follows the advice of the check for each sample that has a problem, and does
+nothing else: trims the project to each usable range, and removes what an export would refuse. The results must be cut
+and exported. KEEP: a folder for the trimmed projects and their exports."""
+import json
 import pathlib
 import re
 import subprocess
@@ -10,63 +11,42 @@ import tempfile
 import xml.etree.ElementTree as ElementTree
 from fractions import Fraction
 
-LABEL = r"(\d\d):(\d\d):(\d\d)[:;](\d\d)"
+tools, samples = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
+folder = pathlib.Path(sys.argv[3] if len(sys.argv) > 3 else tempfile.mkdtemp())
 
 
-def frames(label, rate, drop):
-    hours, minutes, seconds, rest = map(int, re.fullmatch(LABEL, label).groups())
-    nominal = round(rate)
-    dropped = 2 * (hours * 54 + minutes - minutes // 10) if drop else 0
-    return ((hours * 60 + minutes) * 60 + seconds) * nominal + rest - dropped
-
-
-def run(job, project, folder):
-    done = subprocess.run([job, project, folder], capture_output=True, text=True)
-    check = done.stdout.split("\nCheck\n", 1)[1].split("\n\nThese rules", 1)[0]
-    return done.returncode, check, done.stderr.strip()
+def run(command, *arguments):
+    done = subprocess.run([tools / f"corvane-{command}", "--json", *arguments], capture_output=True, text=True)
+    return json.loads(done.stdout)
 
 
 def trimmed(text, start, end):
-    """Only this range is left of the project's one clip, and begins its timeline."""
+    """The project with only these frames of its one clip, from the start of the timeline."""
     tree = ElementTree.fromstring(text)
-    duration = Fraction(tree.find(".//format").get("frameDuration")[:-1])
+    frame = Fraction(tree.find(".//format").get("frameDuration")[:-1])
     sequence, clip = tree.find(".//sequence"), tree.find(".//mc-clip")
-    drop = sequence.get("tcFormat") == "DF"
-    first = Fraction(sequence.get("tcStart")[:-1])
-    begin, stop = (frames(label, 1 / duration, drop) * duration - first for label in (start, end))
-    clip.set("start", f"{Fraction(clip.get('start')[:-1]) + begin}s")
+    clip.set("start", f"{Fraction(clip.get('start')[:-1]) + start * frame}s")
     for element in (clip, sequence):
-        element.set("duration", f"{stop - begin}s")
+        element.set("duration", f"{(end - start) * frame}s")
     return ElementTree.tostring(tree, encoding="unicode")
 
 
-def without(text, name):
-    changed, count = re.subn(rf'<(marker|keyword)[^>]*value="{re.escape(name)}"[^>]*/>', "", text)
-    assert count == 1, name
-    return changed
-
-
-def main(job, samples, keep=None):
-    folder = pathlib.Path(keep or tempfile.mkdtemp())
-    exported = {}
-    for sample in ("late-sound", "ten-ranges", "off-the-grid"):
-        source = pathlib.Path(samples, sample + ".fcpxml")
-        code, check, error = run(job, source, folder)
-        assert code == 1, f"{sample} is no trouble"
-        text = source.read_text()
-        for name in re.findall(r"'(.*?)' at .* the export will refuse it", check):
-            text = without(text, name)
-        ranges = re.findall(rf"^  ({LABEL}) +({LABEL}) ", check, re.M)
-        projects = [trimmed(text, each[0], each[5]) for each in ranges] or [text]
-        for number, project in enumerate(projects, 1):
-            path = folder / f"{sample}-{number}.fcpxml"
-            path.write_text(project)
-            code, check, error = run(job, path, folder)
-            assert code == 0, f"{path}: {error}"
-            assert "Usable:" not in check and "will refuse" not in check, check
-        exported[sample] = len(projects)
-    print(exported)
-    assert exported == {"late-sound": 1, "ten-ranges": 10, "off-the-grid": 1}, exported
-
-
-main(*sys.argv[1:])
+exported = {}
+for sample in ("late-sound", "ten-ranges", "off-the-grid"):
+    text = (samples / f"{sample}.fcpxml").read_text()
+    check = run("check", samples / f"{sample}.fcpxml")
+    assert check["refusal"], f"{sample} has no problem"
+    for sentence in check["exportRefuses"]:
+        name = re.search(r"'(.*?)' at ", sentence)[1]
+        text, count = re.subn(rf'<(marker|keyword)[^>]*value="{re.escape(name)}"[^>]*/>', "", text)
+        assert count == 1, name
+    ranges = [] if check["usable"]["wholeProject"] else check["usable"]["ranges"]
+    projects = [trimmed(text, each["start"]["frame"], each["end"]["frame"]) for each in ranges] or [text]
+    for number, project in enumerate(projects, 1):
+        path = folder / f"{sample}-{number}.fcpxml"
+        path.write_text(project)
+        edit = run("edit", path, folder)
+        assert edit["refusal"] is None and edit["usable"]["wholeProject"] and not edit["exportRefuses"], (path, edit)
+    exported[sample] = len(projects)
+print(exported)
+assert exported == {"late-sound": 1, "ten-ranges": 10, "off-the-grid": 1}, exported

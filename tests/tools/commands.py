@@ -21,14 +21,7 @@ os.chdir(home)
 interview = (root / "samples/interview.fcpxml").read_text()
 sunday = root / "samples/sunday-service.fcpxml"
 pathlib.Path("interview.fcpxml").write_text(interview)
-# An export refuses this marker whatever is drawn; nobody can cut the next one to its end.
-pathlib.Path("marker.fcpxml").write_text(
-    interview.replace("</mc-clip>", '<marker start="57/7s" duration="1/25s" value="Applause"/></mc-clip>'))
-pathlib.Path("late.fcpxml").write_text(
-    interview.replace('<mc-angle name="Recorder"', '<mc-angle name="Old"').replace(
-        "</multicam>", '<mc-angle name="Recorder" angleID="late"><gap offset="0s" duration="15s"/>'
-        '<asset-clip ref="r6" offset="15s" duration="200s"/></mc-angle></multicam>').replace(
-        '<mc-source angleID="druvOT4vQEYeHldiXZZUmQ"', '<mc-source angleID="late"'))
+late, refused = root / "samples/late-sound.fcpxml", root / "samples/off-the-grid.fcpxml"
 
 
 def run(command, *arguments, **options):
@@ -55,8 +48,8 @@ def exits():
     expect(1, ["corvane-edit: gone.fcpxml: "], run("edit", "gone.fcpxml", "out"))
     expect(1, ["corvane-edit: interview.fcpxml: "], run("edit", "interview.fcpxml", "nowhere"))
     # A refusal stands below the facts that explain it.
-    report = expect(1, ["corvane-edit: marker.fcpxml: "], run("edit", "marker.fcpxml", "out"))
-    assert report.startswith("Interview (FCPXML") and "Marker 'Applause' at " in report, report
+    report = expect(1, [f"corvane-edit: {refused}: "], run("edit", refused, "out"))
+    assert report.startswith("Book Reading (FCPXML") and "Marker 'Applause' at " in report, report
     # The disk is full: for the project, then for the report.
     small = {"preexec_fn": lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (9000, 9000))}
     expect(1, ["corvane-edit: interview.fcpxml: "], run("edit", "interview.fcpxml", "out", **small))
@@ -68,8 +61,8 @@ def exits():
     with open("/dev/full", "w") as full:
         done = subprocess.run([programs / "corvane-check", "interview.fcpxml"], stdout=full, stderr=subprocess.PIPE)
     assert done.returncode == 1 and b"could not be written to standard output" in done.stderr
-    report = expect(1, ["late.fcpxml: It cannot be cut over its whole length. Usable: ", "marker.fcpxml: Marker 'Applause'"],
-                    run("check", "late.fcpxml", "interview.fcpxml", "marker.fcpxml"))
+    report = expect(1, [f"{late}: It cannot be cut over its whole length. Usable: 1 range", f"{refused}: Marker"],
+                    run("check", late, "interview.fcpxml", refused))
     assert report.count("It can be cut over its whole length.") == 1, report
 
 
@@ -97,7 +90,7 @@ def as_json():
         print("SKIPPED: python3-jsonschema is not installed")
         sys.exit(77)
     form = json.loads((root / "resources/corvane-report.schema.json").read_text())
-    projects = ["interview.fcpxml", sunday, "late.fcpxml", "marker.fcpxml", "gone.fcpxml"]
+    projects = ["interview.fcpxml", sunday, late, refused, "gone.fcpxml"]
     reports = [json.loads(line) for line in run("check", "--json", *projects).stdout.splitlines()]
     assert [report["refusal"] is None for report in reports] == [True, True, False, False, False], reports
     for project in projects:
