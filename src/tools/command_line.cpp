@@ -5,8 +5,10 @@
 #include "platform/files.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <exception>
 #include <iostream>
+#include <memory>
 #include <optional>
 
 namespace corvane {
@@ -40,6 +42,14 @@ std::optional<CommandLine> commandLine(const CommandSyntax& syntax, std::span<ch
     return line;
 }
 
+/// Processes that share their output, as xargs -P starts them, must not mix their reports: each goes out in one piece.
+void keepReportsTogether()
+{
+    constexpr std::size_t largestReport = std::size_t{16} << 20U;
+    static const std::unique_ptr<char[]> buffer(new char[largestReport]); // the pages in use take memory, no others
+    std::setvbuf(stdout, buffer.get(), _IOFBF, largestReport);
+}
+
 ExitStatus runAndReport(
     const CommandSyntax& syntax, const CommandLine& line, const std::function<ExitStatus(const CommandLine&)>& run)
 {
@@ -63,6 +73,7 @@ int runCommand(
     const std::function<ExitStatus(const CommandLine&)>& run)
 {
     surviveFileSizeLimit();
+    keepReportsTogether();
     const std::span<char*> given = arguments.empty() ? arguments : arguments.subspan(1);
     const std::string_view only = given.size() == 1 ? given.front() : "";
     if (only == "--help") {

@@ -51,6 +51,7 @@ bool checkFile(const std::string& path, bool json)
         printCheck(std::cout, *file, *check);
         std::cout << (facts.refusal ? "\n" : "\nIt can be cut over its whole length.\n\n");
     }
+    std::cout.flush();
     if (facts.refusal)
         complain(syntax, shownPath(path), *facts.refusal);
     return !facts.refusal;
