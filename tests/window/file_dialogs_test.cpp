@@ -1,11 +1,9 @@
 #include "gui.h"
-#include "support/opened_files.h"
 #include "workspace/window/file_dialogs.h"
 #include "workspace/window/usual_places.h"
 
 #include <gtest/gtest.h>
 
-#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QHelpEvent>
@@ -25,45 +23,53 @@ namespace {
 
 using namespace test;
 
-/// Types the name into the open chooser and presses its button; an empty name is Escape. Remembers where it opened.
-class Person {
-public:
-    using Look = std::function<void(QFileDialog&)>;
+using Look = std::function<void(QFileDialog&)>;
 
-    explicit Person(QString name, Look look = [](QFileDialog&) {}) : name_(std::move(name)), look_(std::move(look))
-    {
-        QTimer::singleShot(0, &timer_, [this] { answer(); });
-    }
+/// Where a chooser opened, the button that was pressed, and what it gave.
+struct Visit {
+    QString openedAt, button;
+    std::optional<std::string> chosen;
+};
 
-    QString openedAt;
-    QString button;
-
-private:
-    void answer()
-    {
+/// Looks at the chooser that is opened, types the name into it and presses its button; an empty name is Escape.
+Visit visited(const std::function<std::optional<std::string>()>& open, const QString& name, const Look& look)
+{
+    Visit visit;
+    QObject timer;
+    QTimer::singleShot(0, &timer, [&] {
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr);
-        openedAt = dialog->directory().absolutePath();
-        look_(*dialog);
-        if (!dialog->isVisible())
-            return; // answered already
-        if (name_.isEmpty()) {
+        visit.openedAt = dialog->directory().absolutePath();
+        look(*dialog);
+        if (dialog->isVisible() && name.isEmpty())
             QTest::keyClick(dialog, Qt::Key_Escape);
+        if (!dialog->isVisible())
             return;
-        }
-        auto* field = dialog->findChild<QLineEdit*>("fileNameEdit");
-        field->setText(name_);
+        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(name);
         for (QPushButton* each : dialog->findChildren<QDialogButtonBox*>().front()->findChildren<QPushButton*>()) {
             if (readText(each->text()) != "Cancel") {
-                button = readText(each->text());
+                visit.button = readText(each->text());
                 QTest::mouseClick(each, Qt::LeftButton);
             }
         }
-    }
+    });
+    visit.chosen = open();
+    return visit;
+}
 
-    QString name_;
-    Look look_;
-    QObject timer_;
+struct Choosers {
+    const ScratchFolder scratch;
+    MemoryDefaults defaults;
+    FileDialogs dialogs{defaults};
+
+    Visit project(const QString& name = "", const Look& look = [](auto&) {})
+    {
+        return visited([&] { return dialogs.chooseProject("Choose."); }, name, look);
+    }
+    Visit folder(const std::string& first, const QString& name = "", const Look& look = [](auto&) {})
+    {
+        return visited([&] { return dialogs.chooseFolder("Export", "Choose.", first); }, name, look);
+    }
 };
 
 /// The item in the folder that is shown, once it is there.
@@ -80,47 +86,27 @@ QModelIndex itemNamed(const QAbstractItemView& list, const QString& name)
 
 TEST(FileDialogs, TakeABundleWholeAndRememberTheFolder)
 {
-    const ScratchFolder scratch;
-    const std::string folder = scratch.file("projects");
-    const std::string bundle = folder + "/Concert.fcpxmld";
+    Choosers choosers;
+    const std::string folder = choosers.scratch.file("projects"), bundle = folder + "/Concert.fcpxmld";
     std::filesystem::create_directories(bundle);
     std::ofstream(bundle + "/Info.fcpxml") << document();
     std::ofstream(folder + "/Plain.fcpxml") << document();
-    MemoryDefaults defaults;
-    FileDialogs dialogs(defaults);
-    {
-        Person person(qt(bundle));
-        EXPECT_EQ(dialogs.chooseProject("Choose."), bundle) << "by its Open button, not looked into";
-        EXPECT_EQ(person.openedAt, QDir::homePath());
-    }
-    {
-        Person person("");
-        EXPECT_EQ(dialogs.chooseProject("Choose."), std::nullopt);
-        EXPECT_EQ(person.openedAt, QDir::homePath()) << "none was loaded";
-    }
-    dialogs.rememberProject(bundle + "/");
-    {
-        Person person("Plain.fcpxml");
-        EXPECT_EQ(dialogs.chooseProject("Choose."), folder + "/Plain.fcpxml");
-        EXPECT_EQ(utf8(person.openedAt), folder) << "beside the last project that was loaded";
-    }
-    {
-        Person person(qt(bundle + "/Info.fcpxml"));
-        EXPECT_EQ(dialogs.chooseProject("Choose."), bundle) << "who chooses the XML inside means the bundle";
-    }
-    Person person("");
-    EXPECT_EQ(dialogs.chooseProject("Choose."), std::nullopt);
+    EXPECT_EQ(choosers.project(qt(bundle)).chosen, bundle) << "by its Open button, not looked into";
+    EXPECT_EQ(choosers.project().openedAt, QDir::homePath()) << "none was loaded";
+    choosers.dialogs.rememberProject(bundle + "/");
+    const Visit plain = choosers.project("Plain.fcpxml");
+    EXPECT_EQ(plain.chosen, folder + "/Plain.fcpxml");
+    EXPECT_EQ(utf8(plain.openedAt), folder) << "beside the last project that was loaded";
+    EXPECT_EQ(choosers.project(qt(bundle + "/Info.fcpxml")).chosen, bundle) << "who chooses the XML inside means it";
 }
 
 TEST(FileDialogs, ChooseABundleByADoubleClickAndByReturnAndGoIntoOtherFolders)
 {
-    const ScratchFolder scratch;
-    std::filesystem::create_directories(scratch.file("projects/Concert.fcpxmld"));
-    MemoryDefaults defaults;
-    FileDialogs dialogs(defaults);
-    dialogs.rememberProject(scratch.file("any.fcpxml"));
+    Choosers choosers;
+    std::filesystem::create_directories(choosers.scratch.file("projects/Concert.fcpxmld"));
+    choosers.dialogs.rememberProject(choosers.scratch.file("any.fcpxml"));
     for (const auto mode : {QFileDialog::List, QFileDialog::Detail}) {
-        const auto look = [mode](QFileDialog& dialog) {
+        const Visit visit = choosers.project("", [mode](QFileDialog& dialog) {
             dialog.setViewMode(mode);
             auto* list = dialog.findChild<QAbstractItemView*>(mode == QFileDialog::List ? "listView" : "treeView");
             for (const char* folder : {"projects", "Concert.fcpxmld"}) {
@@ -134,23 +120,20 @@ TEST(FileDialogs, ChooseABundleByADoubleClickAndByReturnAndGoIntoOtherFolders)
                     QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
                 }
             }
-        };
-        Person person("", look);
-        EXPECT_EQ(dialogs.chooseProject("Choose."), scratch.file("projects/Concert.fcpxmld"));
+        });
+        EXPECT_EQ(visit.chosen, choosers.scratch.file("projects/Concert.fcpxmld"));
     }
 }
 
 TEST(FileDialogs, ShowDatesAndTheUsualPlacesAndLeaveThePlacesOfOtherProgramsAlone)
 {
-    const ScratchFolder scratch;
-    std::filesystem::create_directory(scratch.file("Downloads"));
-    const QUrl downloads = QUrl::fromLocalFile(qt(scratch.file("Downloads")));
+    Choosers choosers;
+    std::filesystem::create_directory(choosers.scratch.file("Downloads"));
+    const QUrl downloads = QUrl::fromLocalFile(qt(choosers.scratch.file("Downloads")));
     const QByteArray home = qgetenv("HOME");
-    qputenv("HOME", QByteArray::fromStdString(scratch.file(".")));
-    MemoryDefaults defaults;
-    FileDialogs dialogs(defaults);
+    qputenv("HOME", QByteArray::fromStdString(choosers.scratch.file(".")));
     ProjectFileDialog(nullptr).setViewMode(QFileDialog::List); // as another program may have left it
-    const auto look = [&downloads](QFileDialog& dialog) {
+    choosers.project("", [&downloads](QFileDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Import Final Cut XML");
         EXPECT_TRUE(dialog.sidebarUrls().contains(downloads));
         EXPECT_EQ(dialog.viewMode(), QFileDialog::Detail);
@@ -159,11 +142,7 @@ TEST(FileDialogs, ShowDatesAndTheUsualPlacesAndLeaveThePlacesOfOtherProgramsAlon
         const int dates = list->model()->columnCount() - 1;
         EXPECT_GE(list->columnWidth(dates), static_cast<const QAbstractItemView*>(list)->sizeHintForColumn(dates));
         EXPECT_LE(list->columnViewportPosition(dates) + list->columnWidth(dates), list->viewport()->width());
-    };
-    {
-        Person person("", look);
-        EXPECT_EQ(dialogs.chooseProject("Choose."), std::nullopt);
-    }
+    });
     EXPECT_FALSE(ProjectFileDialog(nullptr).sidebarUrls().contains(downloads));
     qputenv("HOME", home);
     for (const char* mount : {"/media/anna/STICK", "/run/media/anna/STICK", "/mnt/share", "/srv/recordings"})
@@ -174,36 +153,25 @@ TEST(FileDialogs, ShowDatesAndTheUsualPlacesAndLeaveThePlacesOfOtherProgramsAlon
 
 TEST(FileDialogs, ProposeTheFolderBesideTheSourceForTheFirstExportOnly)
 {
-    const ScratchFolder scratch;
-    for (const char* name : {"source", "exports"})
-        std::filesystem::create_directory(scratch.file(name));
-    MemoryDefaults defaults;
-    FileDialogs dialogs(defaults);
-    {
-        Person person(qt(scratch.file("exports")));
-        EXPECT_EQ(dialogs.chooseFolder("Export", "Choose.", scratch.file("source")), scratch.file("exports"));
-        EXPECT_EQ(utf8(person.openedAt), scratch.file("source"));
-        EXPECT_EQ(person.button, "Export");
-    }
-    for (const bool exported : {false, true}) {
-        if (exported)
-            dialogs.rememberFolder(scratch.file("exports"));
-        Person person("");
-        EXPECT_EQ(dialogs.chooseFolder("Export", "Choose.", scratch.file("source")), std::nullopt);
-        EXPECT_EQ(utf8(person.openedAt), scratch.file(exported ? "exports" : "source")) << "where one succeeded";
-    }
+    Choosers choosers;
+    const std::string source = choosers.scratch.file("source"), exports = choosers.scratch.file("exports");
+    for (const std::string& folder : {source, exports})
+        std::filesystem::create_directory(folder);
+    const Visit first = choosers.folder(source, qt(exports));
+    EXPECT_EQ(first.chosen, exports);
+    EXPECT_EQ(first.button, "Export");
+    EXPECT_EQ(utf8(choosers.folder(source).openedAt), source) << "nothing was exported";
+    choosers.dialogs.rememberFolder(exports);
+    EXPECT_EQ(utf8(choosers.folder(source).openedAt), exports);
 }
 
 TEST(FileDialogs, OpenNoFileToShowItAndDrawNamesWithMarks)
 {
-    const ScratchFolder scratch;
-    const std::string folder = scratch.file("<b>folder");
+    Choosers choosers;
+    const std::string folder = choosers.scratch.file("<b>folder");
     std::filesystem::create_directories(folder + "/\u202Ex\ny");
-    for (const char* name : {"page.fcpxml", "unknown", "picture.png"})
+    for (const char* name : {"shown.fcpxml", "shown", "shown.png"}) // the privacy test sees that none is opened
         std::ofstream(folder + "/" + name) << "<html>";
-    MemoryDefaults defaults;
-    FileDialogs dialogs(defaults);
-    OpenedFiles opened(folder);
     const auto look = [](QFileDialog& dialog) {
         auto* list = dialog.findChild<QListView*>("listView");
         QVariant name;
@@ -227,14 +195,11 @@ TEST(FileDialogs, OpenNoFileToShowItAndDrawNamesWithMarks)
     const auto before = std::filesystem::current_path();
     for (const std::string& start : {before.string(), folder}) { // where the chooser begins before it is told
         std::filesystem::current_path(start);
-        Person exporter("", look);
-        EXPECT_EQ(dialogs.chooseFolder("Export", "Choose.", folder), std::nullopt);
-        defaults.values["Corvane.window.lastImportFolder"] = folder;
-        Person importer("", look);
-        EXPECT_EQ(dialogs.chooseProject("Choose."), std::nullopt);
+        choosers.folder(folder, "", look);
+        choosers.defaults.values["Corvane.window.lastImportFolder"] = folder;
+        choosers.project("", look);
     }
     std::filesystem::current_path(before);
-    EXPECT_EQ(opened.names(), "");
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
+#include <QTableView>
 #include <QTest>
 #include <memory>
 #include <string>
@@ -86,6 +87,15 @@ public:
         return nullptr;
     }
 
+    bool shows(const QString& text) { return withText<QLabel>(text) != nullptr; }
+    QTableView* table(const QString& name)
+    {
+        for (QTableView* each : window_->findChildren<QTableView*>()) {
+            if (each->accessibleName() == name)
+                return each;
+        }
+        return nullptr;
+    }
     void click(const QString& text)
     {
         auto* button = withText<>(text);
