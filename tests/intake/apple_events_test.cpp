@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 
 namespace corvane {
 namespace {
@@ -175,18 +174,9 @@ TEST(ShareReceiver, RefusesEveryRequestThatIsNotExactlyRight)
         EXPECT_TRUE(get(receiver, other) == notFound && get(receiver, property("pnam", other)) == notFound);
 }
 
-TEST(ShareReceiver, MakesAFolderOrTellsWhyNot)
+TEST(ShareReceiver, TellsWhyThereIsNoFolder)
 {
     const test::ScratchFolder scratch;
-    ::setenv("HOME", scratch.path().c_str(), 1);
-    for (const auto& [data, folder] : {std::pair(scratch.file("data/"), "data"), {"relative", ".local/share"}}) {
-        ::setenv("XDG_DATA_HOME", data.c_str(), 1);
-        FinalCutShareReceiver receiver;
-        make(receiver);
-        const auto& [id, asset] = *receiver.assets().begin();
-        EXPECT_EQ(asset.folder, scratch.file(std::string(folder) + "/Corvane/Incoming/" + id));
-        EXPECT_TRUE(std::filesystem::is_directory(asset.folder));
-    }
     NoHome noHome;
     FinalCutShareReceiver homeless(std::nullopt, randomIdentifiers(), noHome);
     EXPECT_EQ(make(homeless), D::text("-10000 There is no home."));
