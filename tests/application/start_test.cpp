@@ -52,11 +52,3 @@ TEST(Start, ShowsTheWindowBeforeTheProjectThatWasGivenIsRead)
 
 } // namespace
 } // namespace corvane
-
-int main(int argc, char** argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    testing::InitGoogleTest(&argc, argv);
-    QApplication application(argc, argv);
-    return RUN_ALL_TESTS();
-}
