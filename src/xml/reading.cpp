@@ -3,7 +3,7 @@
 #include "base/error.h"
 #include "xml/library_text.h"
 #include "xml/limits.h"
-#include "xml/refusals.h"
+#include "xml/parser_complaints.h"
 #include "xml/text_elements.h"
 
 #include <libxml/SAX2.h>

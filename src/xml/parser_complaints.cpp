@@ -1,4 +1,4 @@
-#include "xml/refusals.h"
+#include "xml/parser_complaints.h"
 
 #include <libxml/xmlerror.h>
 
