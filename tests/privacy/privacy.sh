@@ -45,7 +45,7 @@ complain() {
 trace() {
     local name=$1
     shift
-    strace -f -qq -s 300 -e trace=%file,%network,ftruncate -o "$home/$name.trace" "$@" >"$home/$name.out" 2>&1 || true
+    strace -f --seccomp-bpf -qq -s 300 -e trace=%file,%network,ftruncate -o "$home/$name.trace" "$@" >"$home/$name.out" 2>&1 || true
 }
 
 session=$home/.local/share/Corvane/session-v1.json
