@@ -197,7 +197,7 @@ Work revisions(std::size_t count)
         std::string file;
         for (const std::string_view part : encoder.encode(project.settings, history))
             file += part;
-        validateSession(decodeSession(std::move(file)), project.engine);
+        validateSession(decodeSession(file), project.engine);
     };
 }
 

@@ -8,7 +8,7 @@
 std::string runFuzzInput(std::string_view bytes)
 {
     using namespace corvane;
-    const SavedEditSession session = decodeSession(std::string(bytes));
+    const SavedEditSession session = decodeSession(bytes);
     if (holdsGeneratedEdits(bytes) != !session.history.items.empty())
         return "what holds edits is told without reading all";
     SessionEncoder encoder;

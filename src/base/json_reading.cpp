@@ -107,15 +107,14 @@ std::string_view JsonValue::textView() const
     const auto* value = std::get_if<JsonText>(&tree_.nodes[node_].value);
     if (value == nullptr)
         refuse("is not a text.");
-    return tree_.text(*value);
+    return std::string_view(tree_.texts).substr(value->start, value->length);
 }
 
-std::size_t JsonValue::itemCount() const
+std::size_t JsonValue::itemsEnd() const
 {
-    const auto* list = std::get_if<JsonList>(&tree_.nodes[node_].value);
-    if (list == nullptr)
+    if (!std::holds_alternative<JsonList>(tree_.nodes[node_].value))
         refuse("is not a list.");
-    return list->count;
+    return nodeAfter(node_);
 }
 
 std::size_t JsonValue::membersEnd() const
@@ -164,19 +163,14 @@ std::string JsonValue::place() const
     return before.empty() ? name : before + "." + name;
 }
 
-JsonDocument::JsonDocument(std::unique_ptr<const JsonTree> tree) : tree_(std::move(tree)) {}
-JsonDocument::JsonDocument(JsonDocument&&) noexcept = default;
-JsonDocument& JsonDocument::operator=(JsonDocument&&) noexcept = default;
-JsonDocument::~JsonDocument() = default;
-
 bool JsonDocument::holdsMore() const
 {
     return !std::ranges::all_of(tree_->asked, std::identity());
 }
 
-JsonDocument parseJson(std::string bytes, std::string_view subject)
+JsonDocument parseJson(std::string_view bytes, std::string_view subject)
 {
-    return JsonDocument(parseJsonTree(std::move(bytes), subject));
+    return JsonDocument(parseJsonTree(bytes, subject));
 }
 
 } // namespace corvane

@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 /// Strict reading of JSON written by this program, an earlier version or anyone else. What does not match is refused
@@ -63,12 +64,11 @@ public:
     template <class Read>
     [[nodiscard]] auto list(const Read& read) const -> std::vector<Made<Read>>
     {
-        const std::size_t count = itemCount();
+        const std::size_t end = itemsEnd();
         std::vector<Made<Read>> items;
-        items.reserve(count);
-        std::size_t node = node_ + 1;
-        for (std::size_t position = 0; position < count; ++position, node = nodeAfter(node))
-            items.push_back(std::invoke(read, JsonValue(*this, node, position)));
+        for (std::size_t node = node_ + 1; node < end; node = nodeAfter(node))
+            items.push_back(std::invoke(read, JsonValue(*this, node, items.size())));
+        items.shrink_to_fit();
         return items;
     }
 
@@ -94,7 +94,7 @@ private:
     JsonValue(const JsonValue& parent, std::size_t node, std::size_t position = none);
 
     [[nodiscard]] std::string_view textView() const;
-    [[nodiscard]] std::size_t itemCount() const;
+    [[nodiscard]] std::size_t itemsEnd() const;
     [[nodiscard]] std::size_t membersEnd() const;
     [[nodiscard]] std::size_t find(std::string_view name, Null null) const;
     [[nodiscard]] std::size_t nodeAfter(std::size_t node) const;
@@ -110,10 +110,6 @@ private:
 /// A parsed document.
 class JsonDocument {
 public:
-    JsonDocument(JsonDocument&&) noexcept;
-    JsonDocument& operator=(JsonDocument&&) noexcept;
-    ~JsonDocument();
-
     [[nodiscard]] JsonValue root() const& { return JsonValue(*tree_); }
     [[nodiscard]] JsonValue root() const&& = delete;
 
@@ -121,15 +117,15 @@ public:
     [[nodiscard]] bool holdsMore() const;
 
 private:
-    friend JsonDocument parseJson(std::string bytes, std::string_view subject);
-    explicit JsonDocument(std::unique_ptr<const JsonTree> tree);
+    friend JsonDocument parseJson(std::string_view bytes, std::string_view subject);
+    explicit JsonDocument(std::shared_ptr<const JsonTree> tree) : tree_(std::move(tree)) {}
 
-    std::unique_ptr<const JsonTree> tree_;
+    std::shared_ptr<const JsonTree> tree_;
 };
 
-/// Parses a whole document, which it keeps; `subject` begins every complaint about it. Fails with PlatformError where
+/// Parses a whole document; `subject` begins every complaint about it. Fails with PlatformError where
 /// it is no JSON or larger than 2 GB, numbers do not fit into 64 bits, or lists and objects stand in each other more
 /// than 256 deep.
-[[nodiscard]] JsonDocument parseJson(std::string bytes, std::string_view subject = "The data");
+[[nodiscard]] JsonDocument parseJson(std::string_view bytes, std::string_view subject = "The data");
 
 } // namespace corvane

@@ -7,9 +7,9 @@
 
 #include <algorithm>
 #include <functional>
-#include <iterator>
 #include <limits>
 #include <map>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -17,46 +17,20 @@ namespace corvane {
 
 namespace {
 
-/// Reads on at a position that others see too: what an event is about ends where the library has just read.
-class SharedPosition {
-public:
-    using iterator_category = std::input_iterator_tag;
-    using value_type = char;
-    using difference_type = std::ptrdiff_t;
-    using pointer = const char*;
-    using reference = const char&;
-
-    explicit SharedPosition(const char*& at) : at_(&at) {}
-
-    reference operator*() const { return **at_; }
-    SharedPosition& operator++()
-    {
-        ++*at_;
-        return *this;
-    }
-    bool operator==(const SharedPosition& other) const { return *at_ == *other.at_; }
-    bool operator!=(const SharedPosition& other) const { return *at_ != *other.at_; }
-
-private:
-    const char** at_;
-};
-
-/// Makes the flat row of values from the events of nlohmann's parser, whose names these functions have. The values of
-/// texts and numbers are taken from the document itself where that is possible.
+/// Makes the flat row of values from the events of nlohmann's parser, whose names these functions have.
 class TreeBuilder {
 public:
-    explicit TreeBuilder(JsonTree& tree)
-        : tree_(tree), at_(tree.bytes.data()), end_(tree.bytes.data() + tree.bytes.size())
-    {
-    }
+    TreeBuilder(JsonTree& tree, std::string_view bytes) : tree_(tree), bytes_(bytes) {}
 
     void build()
     {
-        if (tree_.bytes.size() > longest / 2) // so that escaped texts, which are shorter as they are meant, fit as well
-            throw PlatformError(tree_.subject + " cannot be read: it is larger than 2 GB.");
-        nlohmann::json::sax_parse(SharedPosition(at_), SharedPosition(end_), this);
-        if (consumed().ends_with('\0')) // the library takes it for the end of the document
-            fail(consumed().size() - 1, "something follows the end of the data");
+        constexpr std::size_t largest = std::numeric_limits<std::uint32_t>::max() / 2;
+        if (bytes_.size() > largest) // a document has neither more values nor more text than bytes
+            fail("it is larger than 2 GB");
+        tree_.texts.reserve(bytes_.size()); // what is never written to takes no memory
+        nlohmann::json::sax_parse(bytes_.begin(), bytes_.end(), this);
+        if (const std::size_t zero = bytes_.find('\0'); zero != std::string_view::npos)
+            fail("something follows the end of the data", zero); // the library takes it for the end
     }
 
     bool null() { return add(std::monostate()); }
@@ -69,28 +43,21 @@ public:
     }
 
     /// Also a whole number beyond 64 bits. The library's value comes from strtod, which looks at the user's locale and
-    /// takes numbers that are too small for zero; even its text has the user's decimal sign.
-    bool number_float(double /*value*/, const std::string& text)
+    /// takes numbers that are too small for zero; even the text has the user's decimal sign.
+    bool number_float(double /*value*/, std::string text)
     {
-        std::string_view read = consumed();
-        if (!isDigit(read.back())) // a number ends where something else was seen, or at the end of the document
-            read.remove_suffix(1);
-        const auto number = readNumber(read.substr(read.size() - text.size()));
+        if (const std::size_t sign = text.find_first_not_of("+-0123456789Ee"); sign != std::string::npos)
+            text[sign] = '.';
+        const auto number = readNumber(text);
         if (!number)
-            fail(read.size(), numberRefused);
+            fail(numberRefused);
         return add(*number);
     }
 
-    /// Most texts have no escapes and stand in the document as they are meant, before their closing quote.
-    bool string(const std::string& text)
+    bool string(std::string_view text)
     {
-        const std::string_view read = consumed().substr(0, consumed().size() - 1);
-        const std::string_view written = read.substr(read.size() - std::min(read.size(), text.size()));
-        if (written == text)
-            return add(JsonText{narrow(read.size() - text.size()), narrow(text.size())});
-        const JsonText meant = {narrow(tree_.bytes.size() + tree_.unescaped.size()), narrow(text.size())};
-        tree_.unescaped += text;
-        return add(meant);
+        tree_.texts += text;
+        return add(JsonText{narrow(tree_.texts.size() - text.size()), narrow(text.size())});
     }
 
     bool binary(const nlohmann::json::binary_t& /*value*/) { return false; } // has no form as text
@@ -100,13 +67,11 @@ public:
     bool end_object() { return close(); }
     bool end_array() { return close(); }
 
-    bool key(const std::string& text)
+    bool key(std::string& text)
     {
-        auto known = names_.find(text);
-        if (known == names_.end()) {
-            known = names_.emplace(text, narrow(tree_.names.size())).first;
-            tree_.names.push_back(text);
-        }
+        const auto [known, isNew] = names_.try_emplace(text, narrow(tree_.names.size()));
+        if (isNew)
+            tree_.names.push_back(std::move(text));
         name_ = known->second;
         return true;
     }
@@ -114,18 +79,14 @@ public:
     template <class Exception>
     bool parse_error(std::size_t position, const std::string& /*token*/, const Exception& error)
     {
-        fail(position - 1, ownWords(error.what()));
+        fail(ownWords(error.what()), position - 1);
         return false; // for compilers that look for it
     }
 
 private:
     static constexpr std::string_view numberRefused = "a number does not fit into 64 bits";
 
-    /// No place and no length is beyond it: a document has no more values than bytes.
-    static constexpr std::size_t longest = std::numeric_limits<std::uint32_t>::max();
     static std::uint32_t narrow(std::size_t place) { return static_cast<std::uint32_t>(place); }
-
-    static bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
     /// What the library expected and found: its name, the position and the last bytes, which may be many megabytes,
     /// are left out of its message.
@@ -137,24 +98,21 @@ private:
         return message.substr(0, message.find("; last read: ")).substr(words + 3);
     }
 
-    [[noreturn]] void fail(std::size_t position, std::string_view complaint) const
+    [[noreturn]] void fail(std::string_view complaint, std::optional<std::size_t> position = std::nullopt) const
     {
-        const std::string_view before = std::string_view(tree_.bytes).substr(0, position);
-        const std::size_t column = before.size() - (before.rfind('\n') + 1); // npos + 1 is 0
-        throw PlatformError(
-            tree_.subject + " cannot be read: line " + std::to_string(std::ranges::count(before, '\n') + 1) +
-            ", column " + std::to_string(column + 1) + ": " + std::string(complaint) + ".");
+        std::string place;
+        if (position) {
+            const std::string_view before = bytes_.substr(0, *position);
+            const std::size_t column = before.size() - (before.rfind('\n') + 1); // npos + 1 is 0
+            place = "line " + std::to_string(std::ranges::count(before, '\n') + 1) + ", column " +
+                    std::to_string(column + 1) + ": ";
+        }
+        throw PlatformError(tree_.subject + " cannot be read: " + place + std::string(complaint) + ".");
     }
-
-    [[nodiscard]] std::string_view consumed() const { return {tree_.bytes.data(), at_}; }
 
     template <class Value>
     bool add(Value value)
     {
-        if (!open_.empty()) {
-            if (auto* list = std::get_if<JsonList>(&tree_.nodes[open_.back()].value))
-                ++list->count;
-        }
         tree_.nodes.push_back({value, narrow(tree_.nodes.size() + 1), name_});
         return true;
     }
@@ -164,10 +122,9 @@ private:
     {
         constexpr std::size_t deepest = 256;
         if (open_.size() == deepest)
-            fail(consumed().size() - 1, "lists and objects are nested too deeply");
-        add(value);
-        open_.push_back(tree_.nodes.size() - 1);
-        return true;
+            fail("lists and objects are nested too deeply");
+        open_.push_back(tree_.nodes.size());
+        return add(value);
     }
 
     bool close()
@@ -178,8 +135,7 @@ private:
     }
 
     JsonTree& tree_;
-    const char* at_;
-    const char* end_;
+    std::string_view bytes_;
     std::map<std::string, std::uint32_t, std::less<>> names_; ///< their places in the tree
     std::uint32_t name_ = 0;                                  ///< of the member that comes next
     std::vector<std::size_t> open_;                           ///< lists and objects that have not ended yet
@@ -187,19 +143,11 @@ private:
 
 } // namespace
 
-std::string_view JsonTree::text(JsonText place) const
+std::shared_ptr<const JsonTree> parseJsonTree(std::string_view bytes, std::string_view subject)
 {
-    if (place.start < bytes.size())
-        return std::string_view(bytes).substr(place.start, place.length);
-    return std::string_view(unescaped).substr(place.start - bytes.size(), place.length);
-}
-
-std::unique_ptr<const JsonTree> parseJsonTree(std::string bytes, std::string_view subject)
-{
-    auto tree = std::make_unique<JsonTree>();
+    auto tree = std::make_shared<JsonTree>();
     tree->subject = subject;
-    tree->bytes = std::move(bytes);
-    TreeBuilder(*tree).build();
+    TreeBuilder(*tree, bytes).build();
     tree->asked.resize(tree->nodes.size());
     return tree;
 }

@@ -71,7 +71,7 @@ CorvaneManual::Section readSection(const JsonValue& section)
 
 CorvaneManual decodeManual(std::string_view bytes)
 {
-    const JsonDocument document = parseJson(std::string(bytes), "The manual");
+    const JsonDocument document = parseJson(bytes, "The manual");
     const JsonValue manual = document.root();
     std::set<std::string> ids;
     const auto readUnique = [&ids](const JsonValue& section) {

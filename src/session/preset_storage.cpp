@@ -107,7 +107,7 @@ struct StoredPresets {
 StoredPresets storedPresets(std::string_view bytes)
 {
     try {
-        const JsonDocument document = parseJson(std::string(bytes), "The list of presets");
+        const JsonDocument document = parseJson(bytes, "The list of presets");
         std::vector<EditPreset> presets = document.root().list(readPreset);
         return {std::move(presets), document.holdsMore()};
     } catch (const PlatformError& failure) {

@@ -55,7 +55,7 @@ void validateCuts(const CutEngine& engine, const std::vector<Cut>& cuts)
 std::optional<SavedEditSession> decoded(std::string_view bytes)
 {
     try {
-        return decodeSession(std::string(bytes));
+        return decodeSession(bytes);
     } catch (const PlatformError&) {
         return std::nullopt;
     }
@@ -63,9 +63,9 @@ std::optional<SavedEditSession> decoded(std::string_view bytes)
 
 } // namespace
 
-SavedEditSession decodeSession(std::string bytes)
+SavedEditSession decodeSession(std::string_view bytes)
 {
-    const JsonDocument document = parseJson(std::move(bytes), "The session");
+    const JsonDocument document = parseJson(bytes, "The session");
     const JsonValue root = document.root();
     SavedEditSession session = {
         root.member("version").integer(), root.member("sourceXML").bytes(), readSettings(root.member("settings")),

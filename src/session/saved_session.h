@@ -19,8 +19,8 @@ struct SavedEditSession {
     bool holdsMore = false; ///< the file has members that this program does not know and would not write
 };
 
-/// Throws PlatformError if the bytes are not a session file. Does not validate the values.
-[[nodiscard]] SavedEditSession decodeSession(std::string bytes);
+/// Fails with PlatformError where the bytes are no session file, whatever they say.
+[[nodiscard]] SavedEditSession decodeSession(std::string_view bytes);
 
 /// True for a session file with at least one revision; false for anything else.
 [[nodiscard]] bool holdsGeneratedEdits(std::string_view bytes);

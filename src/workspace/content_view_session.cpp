@@ -63,7 +63,7 @@ void ContentView::restoreSession()
 ContentView::StoredSession ContentView::readSession(std::string bytes) const
 {
     const auto sign = services_.busy("Restoring the session…");
-    SavedEditSession session = decodeSession(std::move(bytes));
+    SavedEditSession session = decodeSession(std::exchange(bytes, {})); // which go before the project is read
     auto [imported, engine] = loadProject(session.sourceXML);
     validateSession(session, engine);
     const EditSettings& settings = session.settings;
