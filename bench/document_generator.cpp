@@ -37,7 +37,7 @@ std::string assetName(std::size_t asset)
 /// Writes one document. The parts have target sizes in bytes, which determine their contents.
 class Generator {
 public:
-    explicit Generator(std::size_t bytes) : bytes_(bytes)
+    Generator(std::size_t bytes, Gaps gaps) : bytes_(bytes), gaps_(gaps)
     {
         for (std::string& id : angleIds_)
             id = numbers_.base64(22);
@@ -124,7 +124,7 @@ private:
         const std::size_t assetsOfAngle = (assets_ - angle + importAngles - 1) / importAngles;
         Frames offset = 0;
         for (std::size_t clip = 0; document_.size() < end; ++clip) {
-            if (clip % 20 == 19) {
+            if (gaps_ == Gaps::some && clip % 20 == 19) {
                 const Frames gap = numbers_.between(15, 300);
                 document_.element(
                     "gap", {{"name", "Gap"}, {"offset", time(offset)}, {"start", "3600s"}, {"duration", time(gap)}});
@@ -204,6 +204,7 @@ private:
     }
 
     std::size_t bytes_;
+    Gaps gaps_;
     RepeatableNumbers numbers_{1};
     std::array<std::string, importAngles> angleIds_;
     std::size_t assets_ = 0;
@@ -213,9 +214,9 @@ private:
 
 } // namespace
 
-std::string importDocument(std::size_t bytes)
+std::string importDocument(std::size_t bytes, Gaps gaps)
 {
-    return Generator(bytes).run();
+    return Generator(bytes, gaps).run();
 }
 
 } // namespace corvane::bench

@@ -193,9 +193,8 @@ Work revisions(std::size_t count)
             {}, {}, project.settings, generateFromSettings(project.imported, project.engine, project.settings)}));
     return [project = std::move(project), history = std::move(history)] {
         SessionEncoder encoder;
-        encoder.setSource("");
         std::string file;
-        for (const std::string_view part : encoder.encode(project.settings, history))
+        for (const std::string_view part : encoder.encode("", project.settings, history))
             file += part;
         validateSession(decodeSession(file), project.engine);
     };

@@ -6,6 +6,7 @@
 #include "bench/import_jobs.h"
 #include "bench/measurements.h"
 #include "bench/session_jobs.h"
+#include "bench/shown_window.h"
 #include "bench/target_table.h"
 #include "bench/window_jobs.h"
 

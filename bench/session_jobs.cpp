@@ -97,8 +97,7 @@ void measureMemory(benchmark::State& state, const SessionSize& size)
         settleHeap();
         const double read = bytesInUse();
         SessionEncoder encoder;
-        encoder.setSource("");
-        benchmark::DoNotOptimize(encoder.encode({}, history).size());
+        benchmark::DoNotOptimize(encoder.encode("", {}, history).size());
         settleHeap();
         state.counters[recordsFigure] = read - before;
         state.counters[keptFigure] = bytesInUse() - read;

@@ -1,5 +1,6 @@
 #include "bench/session_window.h"
 
+#include "base/base64.h"
 #include "bench/edit_document.h"
 #include "bench/repeatable_numbers.h"
 #include "import/project_loading.h"
@@ -69,8 +70,8 @@ std::string storedSession(const SessionSize& size)
     makeFolders(folder);
     const LargeSession session = largeSession(size);
     SessionEncoder encoder;
-    encoder.setSource(session.sourceXML);
-    replaceFile(pathIn(folder, "session-v1.json"), encoder.encode(session.settings, session.history));
+    const std::string document = base64Encoded(session.sourceXML);
+    replaceFile(pathIn(folder, "session-v1.json"), encoder.encode(document, session.settings, session.history));
     return folder;
 }
 
@@ -86,6 +87,7 @@ SessionWindow::SessionWindow(const std::string& folder)
           .inbox = inbox_,
           .mainThread = [](const std::function<void()>& work) { work(); }})
 {
+    dialogs_.folder = folder;
 }
 
 void SessionWindow::appear()

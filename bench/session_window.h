@@ -31,7 +31,7 @@ inline constexpr SessionSize usual = {500, 100, 1'000'000};
 /// A folder of its own with the stored session.
 [[nodiscard]] std::string storedSession(const SessionSize& size);
 
-/// A window on the sessions in one folder, with a user who never answers.
+/// A window on the sessions in one folder, with a user who exports into it and answers nothing else.
 class SessionWindow {
 public:
     explicit SessionWindow(const std::string& folder);
@@ -50,17 +50,18 @@ public:
 private:
     void requireNoComplaint() const;
 
-    struct NoAnswers : Dialogs {
+    struct Answers : Dialogs {
+        std::string folder;
         std::optional<std::string> chooseProject(const std::string&) override { return std::nullopt; }
         std::optional<std::string> chooseFolder(const std::string&, const std::string&, const std::string&) override
         {
-            return std::nullopt;
+            return folder;
         }
         void rememberProject(const std::string&) override {}
         void rememberFolder(const std::string&) override {}
     };
 
-    NoAnswers dialogs_;
+    Answers dialogs_;
     FileUserDefaults defaults_;
     SessionStore sessions_;
     NoBundledApplications services_;

@@ -3,15 +3,12 @@
 #include "bench/edit_document.h"
 #include "bench/fresh_process.h"
 #include "bench/session_window.h"
+#include "bench/shown_window.h"
 #include "bench/stopwatch.h"
 #include "platform/files.h"
-#include "workspace/window/main_window.h"
-#include "workspace/window/theme.h"
 
-#include <QApplication>
 #include <algorithm>
 #include <filesystem>
-#include <memory>
 #include <stdexcept>
 
 namespace corvane::bench {
@@ -22,57 +19,6 @@ constexpr const char* startName = "start to first window";
 constexpr const char* tickName = "slider tick, 500 cuts x 100";
 constexpr const char* showName = "generate and show 5,000 cuts";
 constexpr const char* lateFigure = "p95";
-
-std::unique_ptr<QApplication>& toolkit()
-{
-    static std::unique_ptr<QApplication> application;
-    return application;
-}
-
-/// Once, without a display.
-void startToolkit()
-{
-    if (toolkit())
-        return;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int count = 1;
-    static std::string name = "corvane_bench";
-    static char* arguments = name.data();
-    toolkit() = std::make_unique<QApplication>(count, &arguments);
-    theme::apply(*toolkit());
-}
-
-/// The main window over a controller on a folder.
-class ShownWindow {
-public:
-    explicit ShownWindow(const std::string& folder)
-        : session_(folder),
-          resources_({CORVANE_RESOURCES}),
-          window_(
-              {session_.view(),
-               session_.inbox(),
-               session_.defaults(),
-               resources_,
-               updater_,
-               busy_,
-               [](const std::string&) {},
-               {}})
-    {
-        window_.show();
-    }
-
-    SessionWindow& session() { return session_; }
-
-    /// Until everything that was asked for is on screen.
-    static void paint() { QCoreApplication::processEvents(); }
-
-private:
-    SessionWindow session_;
-    ResourceFolders resources_;
-    NoUpdater updater_;
-    BusySignLabel busy_;
-    MainWindow window_;
-};
 
 void measureStart(benchmark::State& state)
 {
@@ -132,11 +78,6 @@ void measureShow(benchmark::State& state)
 }
 
 } // namespace
-
-void endToolkit()
-{
-    toolkit().reset();
-}
 
 void registerWindowJobs()
 {

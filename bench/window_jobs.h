@@ -9,8 +9,6 @@
 namespace corvane::bench {
 
 void registerWindowJobs();
-/// To be called after the jobs: the toolkit does not bear to end with the program's statics.
-void endToolkit();
 [[nodiscard]] std::vector<TargetRow> windowTargets(const Measurements& measurements);
 
 } // namespace corvane::bench

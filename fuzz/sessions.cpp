@@ -12,9 +12,8 @@ std::string runFuzzInput(std::string_view bytes)
     if (holdsGeneratedEdits(bytes) != !session.history.items.empty())
         return "what holds edits is told without reading all";
     SessionEncoder encoder;
-    encoder.setSource(session.sourceXML);
     std::string saved;
-    for (const std::string_view part : encoder.encode(session.settings, session.history))
+    for (const std::string_view part : encoder.encode(session.encodedXML, session.settings, session.history))
         saved += part;
     const SavedEditSession again = decodeSession(saved);
     if (again.sourceXML != session.sourceXML || again.settings != session.settings ||

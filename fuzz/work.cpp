@@ -30,7 +30,7 @@ struct QuickFiles : FileCalls {
 
 /// What a restart must restore.
 struct Kept {
-    std::string sourceXML;
+    std::string encodedXML;
     EditSettings settings;
     std::vector<EditRevision> revisions;
     std::int64_t index = -1;
@@ -92,7 +92,7 @@ private:
     Kept shown()
     {
         const WorkspaceState& state = window_.state();
-        Kept kept = {state.loaded->sourceXML, state.settings, {}, state.history.index};
+        Kept kept = {state.loaded->encodedXML, state.settings, {}, state.history.index};
         for (const SharedRevision& revision : state.history.items)
             kept.revisions.push_back(*revision);
         return kept;

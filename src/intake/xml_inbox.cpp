@@ -39,6 +39,11 @@ void XMLInbox::setXMLData(std::optional<std::string> bytes)
     notify();
 }
 
+std::string XMLInbox::takeXMLData()
+{
+    return std::exchange(xmlData_, std::nullopt).value();
+}
+
 void XMLInbox::setImportError(std::optional<std::string> text)
 {
     importError_ = std::move(text);

@@ -49,6 +49,8 @@ public:
     /// The XML of a project that was dragged from Final Cut.
     [[nodiscard]] const std::optional<std::string>& xmlData() const { return xmlData_; }
     void setXMLData(std::optional<std::string> bytes);
+    /// The bytes that must be there. They are gone from here; to set the property back tells the observers.
+    [[nodiscard]] std::string takeXMLData();
 
     /// A message to show instead of loading.
     [[nodiscard]] const std::optional<std::string>& importError() const { return importError_; }

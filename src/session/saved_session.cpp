@@ -68,8 +68,8 @@ SavedEditSession decodeSession(std::string_view bytes)
     const JsonDocument document = parseJson(bytes, "The session");
     const JsonValue root = document.root();
     SavedEditSession session = {
-        root.member("version").integer(), root.member("sourceXML").bytes(), readSettings(root.member("settings")),
-        readHistory(root.member("history"))};
+        root.member("version").integer(), root.member("sourceXML").bytes(), root.member("sourceXML").text(),
+        readSettings(root.member("settings")), readHistory(root.member("history"))};
     session.holdsMore = document.holdsMore();
     return session;
 }

@@ -14,6 +14,7 @@ namespace corvane {
 struct SavedEditSession {
     std::int64_t version = 1;
     std::string sourceXML;
+    std::string encodedXML; ///< the same in Base64, as a save writes it again
     EditSettings settings;
     EditHistory history;
     bool holdsMore = false; ///< the file has members that this program does not know and would not write

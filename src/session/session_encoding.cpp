@@ -1,6 +1,5 @@
 #include "session/session_encoding.h"
 
-#include "base/base64.h"
 #include "base/error.h"
 #include "engine/setting_fields.h"
 
@@ -108,13 +107,8 @@ std::string encodedRevision(const EditRevision& revision)
     return text;
 }
 
-void SessionEncoder::setSource(std::string_view sourceXML)
-{
-    beginning_ = "{\"version\":1,\"sourceXML\":\"" + base64Encoded(sourceXML) + "\",\"settings\":";
-    revisions_.clear();
-}
-
-std::vector<std::string_view> SessionEncoder::encode(const EditSettings& settings, const EditHistory& history)
+std::vector<std::string_view> SessionEncoder::encode(
+    std::string_view encodedXML, const EditSettings& settings, const EditHistory& history)
 {
     revisions_.resize(std::min(revisions_.size(), history.items.size()));
     for (std::size_t n = 0; n < history.items.size(); ++n) {
@@ -123,12 +117,12 @@ std::vector<std::string_view> SessionEncoder::encode(const EditSettings& setting
         if (revisions_[n].revision != history.items[n])
             revisions_[n] = {history.items[n], encodedRevision(*history.items[n])};
     }
-    settings_ = encodedSettings(settings) + ",\"history\":{\"items\":[";
+    settings_ = "\",\"settings\":" + encodedSettings(settings) + ",\"history\":{\"items\":[";
     ending_ = "],\"index\":" + std::to_string(history.index) + "}}";
 
-    std::vector<std::string_view> parts = {beginning_, settings_};
+    std::vector<std::string_view> parts = {"{\"version\":1,\"sourceXML\":\"", encodedXML, settings_};
     for (const KeptRevision& kept : revisions_) {
-        if (parts.size() > 2)
+        if (parts.size() > 3)
             parts.emplace_back(",");
         parts.emplace_back(kept.text);
     }

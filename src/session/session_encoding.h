@@ -13,15 +13,14 @@ namespace corvane {
 [[nodiscard]] std::string encodedSettings(const EditSettings& settings);
 [[nodiscard]] std::string encodedRevision(const EditRevision& revision);
 
-/// Encodes the session file of one project. Every change of a setting is saved, but the document and the revisions
-/// never change. So their encoded forms are made once and kept, and a file consists of these parts one after the other.
+/// Makes session files, again and again. A save follows every change of a setting, and no revision ever changes: their
+/// encoded forms are made once and kept, and a file is the parts one after the other.
 class SessionEncoder {
 public:
-    /// Discards the encoded parts and sets another project's document.
-    void setSource(std::string_view sourceXML);
-
-    /// The parts of the file, which are valid until the next call of encode or setSource.
-    [[nodiscard]] std::vector<std::string_view> encode(const EditSettings& settings, const EditHistory& history);
+    /// The parts of the file; `encodedXML` is the project's document in Base64. They stay valid until the next call,
+    /// and as long as `encodedXML` does.
+    [[nodiscard]] std::vector<std::string_view> encode(
+        std::string_view encodedXML, const EditSettings& settings, const EditHistory& history);
 
 private:
     struct KeptRevision {
@@ -29,8 +28,7 @@ private:
         std::string text;
     };
 
-    std::string beginning_;               ///< everything before the settings: version and document
-    std::vector<KeptRevision> revisions_; ///< of the history that was last saved, in its order
+    std::vector<KeptRevision> revisions_; ///< of the history that was saved last, in its order
     std::string settings_;
     std::string ending_;
 };

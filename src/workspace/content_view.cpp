@@ -3,6 +3,7 @@
 #include "analysis/names.h"
 #include "base/error.h"
 #include "engine/generation_inputs.h"
+#include "platform/memory.h"
 
 #include <algorithm>
 #include <memory>
@@ -49,15 +50,19 @@ void ContentView::edit(const std::function<void(WorkspaceState&)>& change)
         change(state_);
         return;
     }
+    bool hasFreedProject = false;
     try {
         WorkspaceState before = state_;
         changeAndSave(change, before);
         notify(before);
+        hasFreedProject = before.loaded && before.loaded != state_.loaded;
     } catch (const std::bad_alloc& failure) {
         const WorkspaceState before = state_;
         fail(failureText(failure, "do this"));
         notify(before);
     }
+    if (hasFreedProject)
+        giveBackFreeMemory();
     while (!notifying_ && !waitingEdits_.empty()) {
         const auto next = std::move(waitingEdits_.front());
         waitingEdits_.pop_front();

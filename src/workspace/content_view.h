@@ -28,9 +28,10 @@
 
 namespace corvane {
 
-/// A loaded project: its document exactly as it was read, and what the import made of it.
+/// A loaded project: its document exactly as it was read, in Base64 as sessions hold it, and what the import made of
+/// it.
 struct LoadedDocument {
-    std::string sourceXML;
+    std::string encodedXML;
     ImportedProject imported;
     CutEngine engine;
 };
@@ -246,7 +247,6 @@ private:
     WorkspaceState state_;
     PresetLibrary presets_;
     SessionEncoder encoder_;
-    std::shared_ptr<const LoadedDocument> encodedDocument_; ///< that encoder_ has
     std::deque<std::string> alerts_;
     std::size_t alertsNoticed_ = 0;
     std::size_t lastAlertStandsFor_ = 1; ///< how many messages the last alert stands for

@@ -1,3 +1,4 @@
+#include "base/base64.h"
 #include "base/error.h"
 #include "import/project_loading.h"
 #include "intake/project_file.h"
@@ -5,6 +6,7 @@
 #include "workspace/content_view.h"
 
 #include <exception>
+#include <memory>
 
 namespace corvane {
 
@@ -21,7 +23,8 @@ void ContentView::importXML(const std::string& data)
         try {
             auto [imported, engine] = loadProject(data);
             settings = startingSettings(imported, engine, state.settings);
-            loaded = std::make_shared<LoadedDocument>(LoadedDocument{data, std::move(imported), std::move(engine)});
+            loaded = std::make_shared<LoadedDocument>(
+                LoadedDocument{base64Encoded(data), std::move(imported), std::move(engine)});
         } catch (const std::exception& failure) {
             fail(failureText(failure, "import this project"));
             return;
@@ -98,7 +101,8 @@ void ContentView::react()
     }
     while (!waiting_ && (inbox.xmlData() || inbox.url())) {
         whileWaiting([this, &inbox] {
-            if (const auto data = inbox.xmlData()) {
+            if (inbox.xmlData()) {
+                const auto data = std::make_shared<const std::string>(inbox.takeXMLData());
                 edit([this, data](WorkspaceState& state) {
                     state.didRestore = true;
                     importXML(*data);

@@ -69,7 +69,7 @@ ContentView::StoredSession ContentView::readSession(std::string bytes) const
     const EditSettings& settings = session.settings;
     return {
         std::make_shared<LoadedDocument>(
-            LoadedDocument{std::move(session.sourceXML), std::move(imported), std::move(engine)}),
+            LoadedDocument{std::move(session.encodedXML), std::move(imported), std::move(engine)}),
         settings,
         std::move(session.history),
         session.holdsMore,
@@ -90,14 +90,9 @@ void ContentView::show(StoredSession session) noexcept
     state_.status = std::move(session.status);
 }
 
-/// The encoder keeps the document of the last save, which is another one after an import.
 std::vector<std::string_view> ContentView::encodedSession()
 {
-    if (encodedDocument_ != state_.loaded) {
-        encoder_.setSource(state_.loaded->sourceXML);
-        encodedDocument_ = state_.loaded;
-    }
-    return encoder_.encode(state_.settings, state_.history);
+    return encoder_.encode(state_.loaded->encodedXML, state_.settings, state_.history);
 }
 
 void ContentView::show(std::shared_ptr<const LoadedDocument> loaded) noexcept
