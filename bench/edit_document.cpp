@@ -34,14 +34,14 @@ std::string fileName(std::size_t angle, Frames file)
 
 class Generator {
 public:
-    explicit Generator(std::size_t pieces)
+    explicit Generator(std::size_t clips)
     {
         for (std::string& id : angleIds_)
             id = numbers_.base64(22);
         const IdentifierSource identifiers = randomIdentifiers();
-        for (std::size_t piece = 0; piece < pieces; ++piece) {
+        for (std::size_t clip = 0; clip < clips; ++clip) {
             const Frames duration = numbers_.between(100, 250);
-            cuts_.push_back({identifiers(), angleIds_.at(piece * 3 % cameras), length_, duration});
+            cuts_.push_back({identifiers(), angleIds_.at(clip * 3 % cameras), length_, duration});
             length_ += duration;
         }
         files_ = (sourceStart + length_) / fileFrames + 1;
@@ -211,9 +211,9 @@ private:
 
 } // namespace
 
-EditDocument editDocument(std::size_t pieces)
+EditDocument editDocument(std::size_t clips)
 {
-    return Generator(pieces).run();
+    return Generator(clips).run();
 }
 
 } // namespace corvane::bench

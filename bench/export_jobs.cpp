@@ -15,15 +15,15 @@ namespace corvane::bench {
 namespace {
 
 constexpr const char* serialiseFigure = "serialise";
-constexpr const char* perPieceFigure = "a piece";
-constexpr const char* perPieceOfFewFigure = "a piece at 5,000"; ///< measured in turns with the job itself
+constexpr const char* perClipFigure = "a clip";
+constexpr const char* perClipOfFewFigure = "a clip at 5,000"; ///< measured in turns with the job itself
 
 struct Size {
     const char* name;
-    std::size_t pieces;
+    std::size_t clips;
 };
 constexpr std::array<Size, 3> sizes = {
-    Size{"export 5,000 pieces", 5'000}, Size{"export 10,000 pieces", 10'000}, Size{"export 20,000 pieces", 20'000}};
+    Size{"export 5,000 clips", 5'000}, Size{"export 10,000 clips", 10'000}, Size{"export 20,000 clips", 20'000}};
 
 /// The finished document of the first export, to be serialised. What the two write must be alike in size, or they are
 /// not comparable.
@@ -37,12 +37,12 @@ BareDocument finishedDocument(const std::string& written)
 }
 
 /// Export and serialising take turns, so that whatever slows the machine slows both.
-void measureExport(benchmark::State& state, std::size_t pieces)
+void measureExport(benchmark::State& state, std::size_t clips)
 {
-    const EditDocument source = editDocument(pieces);
+    const EditDocument source = editDocument(clips);
     const CutEngine engine = buildEngine(source.bytes);
     const BareDocument finished = finishedDocument(roughEditXML(engine, source.cuts));
-    const EditDocument few = editDocument(sizes.front().pieces);
+    const EditDocument few = editDocument(sizes.front().clips);
     const CutEngine engineOfFew = buildEngine(few.bytes);
     double exported = 0;
     double exportedFew = 0;
@@ -66,8 +66,8 @@ void measureExport(benchmark::State& state, std::size_t pieces)
     }
     const auto iterations = static_cast<double>(state.iterations());
     state.counters[serialiseFigure] = serialised / iterations;
-    state.counters[perPieceOfFewFigure] = exportedFew / iterations / static_cast<double>(few.cuts.size());
-    state.counters[perPieceFigure] = exported / iterations / static_cast<double>(pieces);
+    state.counters[perClipOfFewFigure] = exportedFew / iterations / static_cast<double>(few.cuts.size());
+    state.counters[perClipFigure] = exported / iterations / static_cast<double>(clips);
 }
 
 } // namespace
@@ -75,20 +75,20 @@ void measureExport(benchmark::State& state, std::size_t pieces)
 void registerExportJobs()
 {
     for (const Size& size : sizes) {
-        benchmark::RegisterBenchmark(size.name, measureExport, size.pieces)->UseManualTime()->Repetitions(repetitions);
+        benchmark::RegisterBenchmark(size.name, measureExport, size.clips)->UseManualTime()->Repetitions(repetitions);
     }
 }
 
 std::vector<TargetRow> exportTargets(const Measurements& measurements)
 {
     const char* first = sizes.front().name;
-    // Work that grew with the square would take 4 times as long a piece; what outgrows the caches takes a third longer.
+    // Work that grew with the square would take 4 times as long a clip; what outgrows the caches takes a third longer.
     constexpr double mostGrowth = 1.5;
     const auto growth = [&](const Size& size) {
-        const auto many = measurements.median(size.name, perPieceFigure);
-        const auto few = measurements.median(size.name, perPieceOfFewFigure);
+        const auto many = measurements.median(size.name, perClipFigure);
+        const auto few = measurements.median(size.name, perClipOfFewFigure);
         return ratioRow(
-            std::string(size.name) + ", time a piece", quotient(many, few), mostGrowth,
+            std::string(size.name) + ", time a clip", quotient(many, few), mostGrowth,
             quotientText(many, few) + " at 5,000");
     };
     const auto whole = measurements.median(first);

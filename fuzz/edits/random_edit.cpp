@@ -134,10 +134,10 @@ RandomEdit makeRandomEdit(ByteDraws& draws)
         }
         const std::string audio = draws.anyOf(angles);
         GenerationSources sources;
-        sources.draws = [&draws] { return draws.uniform(); };
+        sources.randomNumbers = [&draws] { return draws.uniform(); };
         const std::vector<Cut> cuts = generateCuts(engine, inputs, sources);
         const std::string written = roughEditXML(engine, cuts, audio);
-        made.pieces = cuts.size();
+        made.clips = cuts.size();
         made.broken = brokenWrittenPromise(source, written, cuts, audio);
         if (made.broken.empty())
             made.broken = brokenReimport(engine, written, cuts);

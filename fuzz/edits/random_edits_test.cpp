@@ -23,8 +23,8 @@ TEST(RandomEdits, GoFromDocumentToWrittenEditAndBack)
         test::ByteDraws draws(bytes);
         const test::RandomEdit edit = test::makeRandomEdit(draws);
         ASSERT_EQ(edit.broken, "") << "seed " << seed << ", document " << number;
-        written += edit.pieces > 0 ? 1U : 0U;
-        cut += edit.pieces > 1 ? 1U : 0U;
+        written += edit.clips > 0 ? 1U : 0U;
+        cut += edit.clips > 1 ? 1U : 0U;
     }
     std::cout << documentCount << " documents from seed " << seed << ": " << written << " written, " << cut
               << " of them cut\n";

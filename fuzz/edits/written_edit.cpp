@@ -39,7 +39,7 @@ std::string textOf(xml::Element element)
     return text;
 }
 
-struct Piece {
+struct Clip {
     xml::Element element;
     Ticks from, to; ///< source time
 };
@@ -49,25 +49,25 @@ bool isRanged(xml::Element annotation)
     return annotation.named("keyword") || annotation.named("rating") || annotation.named("analysis-marker");
 }
 
-/// Each named item, with the pieces that contain it.
-std::multimap<std::string, std::pair<const Piece*, xml::Element>> namedThings(const std::vector<Piece>& pieces)
+/// Each named item, with the clips that contain it.
+std::multimap<std::string, std::pair<const Clip*, xml::Element>> namedThings(const std::vector<Clip>& clips)
 {
-    std::multimap<std::string, std::pair<const Piece*, xml::Element>> things;
-    for (const Piece& piece : pieces) {
-        for (const xml::Element child : piece.element.children()) {
+    std::multimap<std::string, std::pair<const Clip*, xml::Element>> things;
+    for (const Clip& clip : clips) {
+        for (const xml::Element child : clip.element.children()) {
             if (const auto name = child.attribute("name"))
-                things.emplace(*name, std::pair(&piece, child));
+                things.emplace(*name, std::pair(&clip, child));
         }
     }
     return things;
 }
 
-/// Checks that the titles and annotations of the source's clip are where they were, in the pieces that play there, and
+/// Checks that the titles and annotations of the source's clip are where they were, in the clips that play there, and
 /// nowhere else.
-std::string brokenSharing(xml::Element original, Ticks frame, const std::vector<Piece>& pieces)
+std::string brokenSharing(xml::Element original, Ticks frame, const std::vector<Clip>& clips)
 {
-    auto things = namedThings(pieces);
-    const Ticks first = pieces.front().from;
+    auto things = namedThings(clips);
+    const Ticks first = clips.front().from;
     for (const xml::Element child : original.children()) {
         const auto name = child.attribute("name");
         if (!name)
@@ -78,60 +78,60 @@ std::string brokenSharing(xml::Element original, Ticks frame, const std::vector<
             const Ticks offset = std::max(timeOf(child, "offset"), first);
             if (copies != 1 || textOf(begin->second.second) != textOf(child))
                 return "a connected item stands once, unchanged";
-            const Piece& piece = *begin->second.first;
-            if (offset < piece.from || (offset >= piece.to && &piece != &pieces.back()))
-                return "a connected item hangs on the piece that plays at its place";
+            const Clip& clip = *begin->second.first;
+            if (offset < clip.from || (offset >= clip.to && &clip != &clips.back()))
+                return "a connected item hangs on the clip that plays at its place";
         } else if (const Ticks from = timeOf(child, "start", first);
                    isRanged(child) && timeOf(child, "duration", frame) > 0) {
-            const Ticks to = from + timeOf(child, "duration", pieces.back().to - first);
+            const Ticks to = from + timeOf(child, "duration", clips.back().to - first);
             std::multiset<Ticks> painted; // one entry per frame
             for (auto each = begin; each != end; ++each) {
-                const auto& [piece, copy] = each->second;
+                const auto& [clip, copy] = each->second;
                 const Ticks copyFrom = timeOf(copy, "start");
                 const Ticks copyTo = copyFrom + timeOf(copy, "duration");
-                if (copyFrom < piece->from || copyTo > piece->to || copyFrom >= copyTo)
-                    return "a range is trimmed to its piece";
+                if (copyFrom < clip->from || copyTo > clip->to || copyFrom >= copyTo)
+                    return "a range is trimmed to its clip";
                 for (Ticks at = copyFrom; at < copyTo; at += frame)
                     painted.insert(at);
             }
             std::multiset<Ticks> meant;
             for (Ticks at = from; at < to; at += frame) {
-                if (at >= first && at < pieces.back().to)
+                if (at >= first && at < clips.back().to)
                     meant.insert(at);
             }
             if (painted != meant)
                 return "the parts of a range make up the range";
         } else {
-            const bool inside = from >= first && from < pieces.back().to;
+            const bool inside = from >= first && from < clips.back().to;
             if (copies != (inside ? 1 : 0))
                 return "a point stands once, or not at all when it is outside";
             if (inside && (from < begin->second.first->from || from >= begin->second.first->to ||
                            textOf(begin->second.second) != textOf(child)))
-                return "a point stands in the piece that plays there, unchanged";
+                return "a point stands in the clip that plays there, unchanged";
         }
         things.erase(begin, end);
     }
-    return things.empty() ? "" : "nothing is in the pieces that was not in the source";
+    return things.empty() ? "" : "nothing is in the clips that was not in the source";
 }
 
-std::string brokenInside(const std::vector<Piece>& pieces)
+std::string brokenInside(const std::vector<Clip>& clips)
 {
     std::set<std::string_view> shapes;
-    for (const Piece& piece : pieces) {
+    for (const Clip& clip : clips) {
         std::set<std::string_view> shapesHere;
-        for (const xml::Element inside : piece.element.descendants()) {
-            if (inside.named("fadeIn") && &piece != &pieces.front())
+        for (const xml::Element inside : clip.element.descendants()) {
+            if (inside.named("fadeIn") && &clip != &clips.front())
                 return "sound fades in at the beginning only";
-            if (inside.named("fadeOut") && &piece != &pieces.back())
+            if (inside.named("fadeOut") && &clip != &clips.back())
                 return "sound fades out at the end only";
             if (inside.named("tracking-shape") && !shapes.insert(*inside.attribute("id")).second)
                 return "every tracking shape has its own id";
             if (inside.named("tracking-shape"))
                 shapesHere.insert(*inside.attribute("id"));
         }
-        for (const xml::Element inside : piece.element.descendants()) {
+        for (const xml::Element inside : clip.element.descendants()) {
             if (const auto tracked = inside.attribute("tracking"); tracked && !shapesHere.contains(*tracked))
-                return "what tracks a shape follows the copy in its own piece";
+                return "what tracks a shape follows the copy in its own clip";
         }
     }
     return "";
@@ -154,19 +154,19 @@ std::string brokenWrittenPromise(
             return "the sequence is the source's";
     }
 
-    std::vector<Piece> pieces;
+    std::vector<Clip> clips;
     const Ticks sourceStart = timeOf(original, "start");
     Ticks position = timeOf(original, "offset");
     const Ticks toSource = sourceStart - position;
     auto cut = cuts.begin();
     for (const xml::Element element : after.spine.children()) {
         if (!element.named("mc-clip") || cut == cuts.end())
-            return "there is a piece for every cut and nothing else";
+            return "there is a clip for every cut and nothing else";
         const Ticks duration = timeOf(element, "duration");
         if (timeOf(element, "offset") != position || timeOf(element, "start") != position + toSource)
-            return "the pieces follow each other and show the source at its own place";
+            return "the clips follow each other and show the source at its own place";
         if (duration != cut->duration * before.frame || position + toSource - sourceStart != cut->start * before.frame)
-            return "the pieces are the cuts";
+            return "the clips are the cuts";
         std::string sources;
         for (const xml::Element child : element.children()) {
             if (child.named("mc-source"))
@@ -175,15 +175,15 @@ std::string brokenWrittenPromise(
         }
         const std::string sound(audio);
         if (sources != (cut->angle == sound ? sound + " all;" : cut->angle + " video;" + sound + " audio;"))
-            return "a piece shows its cut's angle and plays the audio angle";
-        pieces.push_back({element, position + toSource, position + toSource + duration});
+            return "a clip shows its cut's angle and plays the audio angle";
+        clips.push_back({element, position + toSource, position + toSource + duration});
         position += duration;
         ++cut;
     }
     if (cut != cuts.end() || position != timeOf(original, "offset") + timeOf(original, "duration"))
-        return "the pieces fill the project";
-    const std::string sharing = brokenSharing(original, before.frame, pieces);
-    return sharing.empty() ? brokenInside(pieces) : sharing;
+        return "the clips fill the project";
+    const std::string sharing = brokenSharing(original, before.frame, clips);
+    return sharing.empty() ? brokenInside(clips) : sharing;
 }
 
 } // namespace corvane::test

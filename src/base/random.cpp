@@ -51,7 +51,7 @@ EntropyBuffer& entropy()
 
 } // namespace
 
-UniformDraws secureDraws()
+RandomNumbers secureRandomNumbers()
 {
     return [] {
         std::array<std::byte, sizeof(std::uint64_t)> bytes{};

@@ -38,7 +38,7 @@ Frames saturatedSum(Frames a, Frames b)
 
 Frames lengthOf(const CutEngine& engine, const std::optional<BookendShot>& shot)
 {
-    return shot ? roundedFrames(engine, shot->seconds) : 0;
+    return shot ? bookendLength(engine, shot->seconds) : 0;
 }
 
 std::string gapWarning(const CutEngine& engine, FrameRange gap, std::string_view decimalSign)
@@ -66,6 +66,20 @@ UsageByCamera cameraUsage(const std::vector<Cut>& cuts)
         previous = &cut;
     }
     return usage;
+}
+
+std::vector<CameraShare> cameraShares(
+    const ImportedProject& project, const CutEngine& engine, const std::vector<Cut>& cuts)
+{
+    const UsageByCamera usage = cameraUsage(cuts);
+    std::vector<CameraShare> shares;
+    for (const ImportedAngle& angle : videoAngles(project, engine)) {
+        const auto found = usage.find(angle.id);
+        const CameraUsage used = found == usage.end() ? CameraUsage{} : found->second;
+        const double percent = static_cast<double>(used.frames) / static_cast<double>(engine.length) * 100;
+        shares.push_back({angle, used.frames, used.shots, percent});
+    }
+    return shares;
 }
 
 CoverageReport uncoveredVideoSections(

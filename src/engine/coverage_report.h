@@ -25,6 +25,17 @@ using UsageByCamera = std::map<std::string, CameraUsage, std::less<>>;
 /// Usage by camera; a camera without cuts has no entry. Adjacent cuts of one camera count as one shot.
 [[nodiscard]] UsageByCamera cameraUsage(const std::vector<Cut>& cuts);
 
+/// What a camera has of the whole project.
+struct CameraShare {
+    ImportedAngle angle;
+    Frames frames = 0;
+    std::int64_t shots = 0;
+    double percent = 0;
+};
+/// The usage of each video angle, in project order, also of those without cuts.
+[[nodiscard]] std::vector<CameraShare> cameraShares(
+    const ImportedProject& project, const CutEngine& engine, const std::vector<Cut>& cuts);
+
 /// The footage that generation may use, as ranges in no particular order, or the reason why it cannot be determined.
 struct CoverageReport {
     std::vector<FrameRange> covered;

@@ -92,7 +92,7 @@ private:
         const std::vector<FrameRange>* ranges = nullptr;
         std::size_t range = 0; ///< the first range that ends after the position; only moves forward
         double weight = usualFrequency;
-        Frames wait = 0;
+        Frames returnTime = 0;
         std::optional<Frames> lastShotEnd;
     };
     using CameraList = std::vector<Camera*>;
@@ -104,7 +104,7 @@ private:
         camera.id = id;
         camera.ranges = &engine_.videoRanges(id);
         camera.weight = valueFor(inputs_.frequencies, id, usualFrequency);
-        camera.wait = wholeFrames(std::ceil(engine_.frames(valueFor(inputs_.returnTimes, id, 0))));
+        camera.returnTime = wholeFrames(std::ceil(engine_.frames(valueFor(inputs_.returnTimes, id, 0))));
         cameras_.push_back(camera);
     }
 
@@ -150,7 +150,7 @@ private:
 
     [[nodiscard]] bool isEligible(const Camera& camera) const
     {
-        return isOnScreen(camera) || !camera.lastShotEnd || camera.wait <= position_ - *camera.lastShotEnd;
+        return isOnScreen(camera) || !camera.lastShotEnd || camera.returnTime <= position_ - *camera.lastShotEnd;
     }
 
     void findEligibleCameras()
@@ -186,7 +186,7 @@ private:
         double total = 0;
         for (const Camera* camera : candidates)
             total += camera->weight;
-        double remaining = total * std::clamp(sources_.draws(), 0.0, 1.0);
+        double remaining = total * std::clamp(sources_.randomNumbers(), 0.0, 1.0);
         for (Camera* camera : candidates) {
             remaining -= camera->weight;
             if (remaining < 0)
@@ -198,11 +198,11 @@ private:
     [[nodiscard]] Frames drawLength(bool mainCamera)
     {
         const ShotLengths& lengths = mainCamera ? mainLengths_ : otherLengths_;
-        const double nominal = std::round((0.75 + 0.5 * sources_.draws()) * lengths.nominal);
+        const double nominal = std::round((0.75 + 0.5 * sources_.randomNumbers()) * lengths.nominal);
         Frames length = std::max<Frames>(1, wholeFrames(nominal)); // drawn even if a range replaces it
         if (lengths.ranged)
             length = drawLengthInRange(lengths);
-        if (mainCamera && inputs_.doubleMain && sources_.draws() < 0.25)
+        if (mainCamera && inputs_.doubleMain && sources_.randomNumbers() < 0.25)
             length *= 2;
         return length;
     }
@@ -211,7 +211,7 @@ private:
     {
         if (lengths.longest < lengths.shortest)
             throw FinalCutImportError::invalid("The shot range must contain at least one full frame.");
-        const double spread = std::pow(std::clamp(sources_.draws(), 0.0, 1.0), lengths.exponent);
+        const double spread = std::pow(std::clamp(sources_.randomNumbers(), 0.0, 1.0), lengths.exponent);
         const auto width = static_cast<double>(lengths.longest - lengths.shortest);
         return lengths.shortest + wholeFrames(std::round(spread * width));
     }

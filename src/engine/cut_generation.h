@@ -30,7 +30,7 @@ struct GenerationInputs {
 
 /// What generating needs from outside the engine.
 struct GenerationSources {
-    UniformDraws draws = secureDraws();
+    RandomNumbers randomNumbers = secureRandomNumbers();
     IdentifierSource identifiers = randomIdentifiers();
 };
 

@@ -80,7 +80,7 @@ Frames bookendFrames(const CutEngine& engine, const std::optional<BookendShot>& 
         return 0;
     require(
         limits::bookendLength.hold(shot->seconds), "Opening and closing lengths must be between 1 and 120 seconds.");
-    return roundedFrames(engine, shot->seconds);
+    return bookendLength(engine, shot->seconds);
 }
 
 std::vector<FixedCameraSection> validateFixedSections(
@@ -113,6 +113,18 @@ bool hasFootage(const CutEngine& engine, std::string_view camera, Frames start, 
     return after != ranges.begin() && std::prev(after)->holds(start, end);
 }
 
+std::optional<CutListFault> cutListFault(const CutEngine& engine, const std::vector<Cut>& cuts)
+{
+    Frames position = 0;
+    for (const Cut& cut : cuts) {
+        if (cut.start != position || cut.duration <= 0 || cut.duration > engine.length - position ||
+            !hasFootage(engine, cut.angle, cut.start, cut.start + cut.duration))
+            return CutListFault::invalidCut;
+        position += cut.duration;
+    }
+    return position == engine.length ? std::nullopt : std::optional(CutListFault::incomplete);
+}
+
 Frames wholeFrames(double frames)
 {
     constexpr double farBeyondAnyProject = 1e15;
@@ -121,7 +133,12 @@ Frames wholeFrames(double frames)
 
 Frames roundedFrames(const CutEngine& engine, double seconds)
 {
-    return std::max<Frames>(1, wholeFrames(std::round(engine.frames(seconds))));
+    return wholeFrames(std::round(engine.frames(seconds)));
+}
+
+Frames bookendLength(const CutEngine& engine, double seconds)
+{
+    return std::max<Frames>(1, roundedFrames(engine, seconds));
 }
 
 } // namespace corvane

@@ -34,10 +34,22 @@ struct EditFrame {
 /// True if a single range of the camera's footage contains all of [start, end).
 [[nodiscard]] bool hasFootage(const CutEngine& engine, std::string_view camera, Frames start, Frames end);
 
+/// What is wrong with a list of cuts, at the first place where something is.
+enum class CutListFault {
+    invalidCut, ///< a cut does not begin where the one before ended, lasts no frame, leaves the project, or has no
+                ///< footage
+    incomplete, ///< the last cut ends before the project does
+};
+/// None for a list that shows the whole project without a gap, each cut with footage throughout.
+[[nodiscard]] std::optional<CutListFault> cutListFault(const CutEngine& engine, const std::vector<Cut>& cuts);
+
 /// Converts a whole double to a frame count. Values far beyond any project are clamped; NaN becomes 0.
 [[nodiscard]] Frames wholeFrames(double frames);
 
-/// Seconds in frames, rounded to the nearest frame (halves away from zero), and at least 1.
+/// Seconds in frames, rounded to the nearest frame (halves away from zero).
 [[nodiscard]] Frames roundedFrames(const CutEngine& engine, double seconds);
+
+/// How long an opening or closing shot of so many seconds is: rounded, and at least 1 frame.
+[[nodiscard]] Frames bookendLength(const CutEngine& engine, double seconds);
 
 } // namespace corvane

@@ -1,7 +1,7 @@
 #include "export/carry_over.h"
 
-#include "export/piece_annotations.h"
-#include "export/piece_parts.h"
+#include "export/clip_annotations.h"
+#include "export/clip_parts.h"
 #include "import/source_document.h"
 
 #include <algorithm>

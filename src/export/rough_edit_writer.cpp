@@ -3,8 +3,8 @@
 #include "base/numbers.h"
 #include "engine/coverage_report.h"
 #include "engine/validation.h"
-#include "export/piece_annotations.h"
-#include "export/piece_parts.h"
+#include "export/clip_annotations.h"
+#include "export/clip_parts.h"
 #include "export/source_times.h"
 #include "export/written_size.h"
 #include "import/final_cut_import_error.h"
@@ -29,15 +29,10 @@ void checkCuts(const CutEngine& engine, const std::vector<Cut>& cuts)
 {
     if (cuts.empty())
         refuse("Generate a rough edit first.");
-    Frames position = 0;
-    for (const Cut& cut : cuts) {
-        Frames end = 0;
-        if (cut.start != position || cut.duration <= 0 || __builtin_add_overflow(cut.start, cut.duration, &end) ||
-            !hasFootage(engine, cut.angle, cut.start, end))
-            refuse("The cut list contains invalid timing or unavailable footage.");
-        position = end;
-    }
-    if (position != engine.length)
+    const auto fault = cutListFault(engine, cuts);
+    if (fault == CutListFault::invalidCut)
+        refuse("The cut list contains invalid timing or unavailable footage.");
+    if (fault == CutListFault::incomplete)
         refuse("The cut list does not cover the entire project.");
 }
 
@@ -76,7 +71,7 @@ ProjectText projectText(const SourceDocument& source)
     if (!newSpine)
         refuse("The project has no timeline to export.");
     // A placeholder that cannot occur in the document.
-    const std::string place = "pieces-" + randomIdentifiers()().digits();
+    const std::string place = "clips-" + randomIdentifiers()().digits();
     project.appendInstruction(*newSpine, place);
     std::string text;
     xml::writeElement(text, project.root(), 1);
@@ -85,25 +80,25 @@ ProjectText projectText(const SourceDocument& source)
     return {text.substr(0, at), text.substr(at + mark.size())};
 }
 
-void appendPieces(
+void appendClips(
     std::string& out, const CutEngine& engine, const std::vector<Cut>& cuts, std::string_view audioAngle,
     const IdentifierSource& identifiers)
 {
     constexpr std::string_view indent = "\n        ";
-    constexpr std::size_t timesOfPiece = 200; // in bytes, roughly
+    constexpr std::size_t timesOfClip = 200; // in bytes, roughly
     const auto appendTime = [&](Frames frames) {
         appendTimeString(out, frames, engine.frameNumerator, engine.frameDenominator);
     };
     WrittenSize size(cuts.size());
     size.addOnce(out.size());
-    PieceParts parts(engine, audioAngle, identifiers);
+    ClipParts parts(engine, audioAngle, identifiers);
     parts.addTo(size, cuts);
-    const PieceAnnotations annotations(engine, cuts, size);
+    const ClipAnnotations annotations(engine, cuts, size);
     size.check();
-    out.reserve(size.bytes() + cuts.size() * timesOfPiece);
-    for (std::size_t piece = 0; piece < cuts.size(); ++piece) {
-        const Cut& cut = cuts[piece];
-        if (piece > 0)
+    out.reserve(size.bytes() + cuts.size() * timesOfClip);
+    for (std::size_t clip = 0; clip < cuts.size(); ++clip) {
+        const Cut& cut = cuts[clip];
+        if (clip > 0)
             out += indent;
         out += parts.openTag();
         out += " offset=\"";
@@ -114,7 +109,7 @@ void appendPieces(
         appendTime(cut.duration);
         out += "\">";
         parts.appendSources(out, cut.angle, {cut.start == 0, cut.start + cut.duration == engine.length});
-        annotations.append(out, piece);
+        annotations.append(out, clip);
         parts.appendTrailing(out);
         out += indent;
         out += parts.closeTag();
@@ -144,7 +139,7 @@ std::string roughEditXML(
     std::string out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + xml::openTag(root.root()) + ">\n  ";
     xml::writeElement(out, head.resources, 1);
     out += "\n  " + project.before;
-    appendPieces(out, engine, cuts, audio, identifiers);
+    appendClips(out, engine, cuts, audio, identifiers);
     out += project.after + "\n</fcpxml>\n";
     return out;
 }

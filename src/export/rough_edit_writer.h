@@ -12,8 +12,8 @@
 namespace corvane {
 
 /// The rough edit as a new FCPXML document: the source's resources and its project under a new name, with the multicam
-/// clip split into one piece per cut. Each piece shows its cut's angle and plays the audio angle, which is the engine's
-/// audioID if none is given. Markers, keywords and connected items go to the pieces that they touch.
+/// clip split into one clip per cut. Each clip shows its cut's angle and plays the audio angle, which is the engine's
+/// audioID if none is given. Markers, keywords and connected items go to the clips that they touch.
 ///
 /// Refuses an audio angle that is not continuous, a cut list that does not cover the project without gaps and with
 /// footage, a fade of the audio angle that is longer than the first or last cut, and annotation times that cannot be

@@ -5,9 +5,6 @@
 #include "engine/generation_inputs.h"
 #include "timecode/timecode.h"
 
-#include <map>
-#include <string_view>
-
 namespace corvane {
 
 namespace {
@@ -18,8 +15,6 @@ public:
     Record(const ImportedProject& project, const CutEngine& engine, const EditRevision& revision)
         : project_(project), engine_(engine), revision_(revision), settings_(revision.settings)
     {
-        for (const ImportedAngle& angle : project.angles)
-            names_.emplace(angle.id, angle.name);
     }
 
     std::string head()
@@ -43,10 +38,10 @@ private:
     void line(const std::string& text = "") { text_ += text + "\n"; }
 
     /// The name of the first angle with this id, or the id itself.
-    [[nodiscard]] std::string name(std::string_view angle) const
+    [[nodiscard]] std::string name(const std::string& id) const
     {
-        const auto found = names_.find(angle);
-        return std::string(found == names_.end() ? angle : found->second);
+        const ImportedAngle* angle = angleWithID(project_.angles, id);
+        return angle == nullptr ? id : angle->name;
     }
 
     void addProject()
@@ -113,15 +108,11 @@ private:
 
     void addUsage()
     {
-        const UsageByCamera usage = cameraUsage(revision_.cuts);
         line("Actual camera usage:");
-        for (const ImportedAngle& angle : videoAngles(project_, engine_)) {
-            const auto found = usage.find(angle.id);
-            const CameraUsage used = found == usage.end() ? CameraUsage{} : found->second;
-            const double share = static_cast<double>(used.frames) / static_cast<double>(engine_.length) * 100;
+        for (const CameraShare& share : cameraShares(project_, engine_, revision_.cuts)) {
             line(
-                angle.name + ": " + fixed(engine_.seconds(used.frames), 2) + " seconds, " + fixed(share, 1) + "%, " +
-                std::to_string(used.shots) + " shots");
+                share.angle.name + ": " + fixed(engine_.seconds(share.frames), 2) + " seconds, " +
+                fixed(share.percent, 1) + "%, " + std::to_string(share.shots) + " shots");
         }
         line();
     }
@@ -139,7 +130,6 @@ private:
     const CutEngine& engine_;
     const EditRevision& revision_;
     const EditSettings& settings_;
-    std::map<std::string_view, std::string_view> names_; ///< angle names by id
     std::string text_;
 };
 

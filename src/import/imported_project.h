@@ -1,8 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace corvane {
@@ -17,6 +19,13 @@ struct ImportedAngle {
     std::optional<double> firstRecording; ///< the smallest clip offset as written, in seconds; none without clips
     bool operator==(const ImportedAngle&) const = default;
 };
+
+/// The angle with this id; none where there is no such angle.
+[[nodiscard]] inline const ImportedAngle* angleWithID(const std::vector<ImportedAngle>& angles, std::string_view id)
+{
+    const auto found = std::ranges::find(angles, id, &ImportedAngle::id);
+    return found == angles.end() ? nullptr : &*found;
+}
 
 /// The summary of an imported document for the window. It does not refer to the document.
 struct ImportedProject {

@@ -35,7 +35,7 @@ bool isBookend(const std::optional<PresetBookend>& bookend)
 
 bool isValid(const EditPreset& preset)
 {
-    const auto validWait = [](const PresetReturnTime& row) {
+    const auto validReturnTime = [](const PresetReturnTime& row) {
         return !isBlank(row.angleName) && limits::returnTime.hold(row.seconds);
     };
     const auto validWeight = [](const PresetFrequency& row) {
@@ -43,7 +43,7 @@ bool isValid(const EditPreset& preset)
     };
     return !isBlank(preset.name) && limits::mainShare.hold(preset.mainShare) &&
            limits::averageShot.hold(preset.averageShot) &&
-           (!preset.returnTimes || std::ranges::all_of(*preset.returnTimes, validWait)) &&
+           (!preset.returnTimes || std::ranges::all_of(*preset.returnTimes, validReturnTime)) &&
            (!preset.frequencies || std::ranges::all_of(*preset.frequencies, validWeight)) &&
            isBookend(preset.opening) && isBookend(preset.closing) && isRange(preset.mainMinimum, preset.mainMaximum) &&
            isRange(preset.otherMinimum, preset.otherMaximum);

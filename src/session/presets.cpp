@@ -67,8 +67,8 @@ std::vector<ImportedAngle> audioAngles(const ImportedProject& project, const Cut
 
 std::string nameOf(const std::vector<ImportedAngle>& angles, std::string_view id)
 {
-    const auto found = std::ranges::find(angles, id, &ImportedAngle::id);
-    return found == angles.end() ? "" : found->name;
+    const ImportedAngle* angle = angleWithID(angles, id);
+    return angle == nullptr ? "" : angle->name;
 }
 
 struct CameraChoice {
@@ -148,9 +148,9 @@ EditPreset makePreset(
     preset.returnTimes.emplace();
     preset.frequencies.emplace();
     for (const ImportedAngle& angle : video) {
-        const auto wait = settings.returnTimes.find(angle.id);
-        if (wait != settings.returnTimes.end())
-            preset.returnTimes->push_back({angle.name, wait->second});
+        const auto returnTime = settings.returnTimes.find(angle.id);
+        if (returnTime != settings.returnTimes.end())
+            preset.returnTimes->push_back({angle.name, returnTime->second});
         const auto weight = settings.frequencies.find(angle.id);
         preset.frequencies->push_back(
             {angle.name, weight == settings.frequencies.end() ? usualFrequency : weight->second});

@@ -40,15 +40,9 @@ void validateRecord(const CutEngine& engine, const EditSettings& settings)
 
 void validateCuts(const CutEngine& engine, const std::vector<Cut>& cuts)
 {
-    Frames position = 0;
-    for (const Cut& cut : cuts) {
-        require(
-            cut.start == position && cut.duration > 0 && cut.duration <= engine.length - position &&
-                hasFootage(engine, cut.angle, cut.start, cut.start + cut.duration),
-            "The saved edit history contains invalid cuts.");
-        position += cut.duration;
-    }
-    require(position == engine.length, "The saved edit history has an incomplete timeline.");
+    const auto fault = cutListFault(engine, cuts);
+    require(fault != CutListFault::invalidCut, "The saved edit history contains invalid cuts.");
+    require(fault != CutListFault::incomplete, "The saved edit history has an incomplete timeline.");
 }
 
 /// None if the bytes are not a session file.

@@ -66,14 +66,14 @@ void SessionStore::write(std::span<const std::string_view> parts)
     own_ = stampOf(path);
 }
 
-std::string SessionStore::previousFileURL() const
+std::string SessionStore::previousFilePath() const
 {
     return pathIn(folder_(), "session-v1 (previous).json");
 }
 
 void SessionStore::writePrevious(std::span<const std::string_view> parts)
 {
-    const std::string path = previousFileURL();
+    const std::string path = previousFilePath();
     refuseUnreadable(path, parts);
     if (stampOf(path) && !storedFile(path, isKnownThroughout))
         (void)keepAside(path, largestSession, calls_);
@@ -89,7 +89,7 @@ void SessionStore::keepAsPrevious(std::string_view bytes)
 void SessionStore::changePlaces(std::string_view bytes)
 {
     const std::string path = sessionFileURL();
-    const std::string previous = previousFileURL();
+    const std::string previous = previousFilePath();
     const std::string copy = keepAside(path, largestSession, calls_);
     try {
         replaceFile(path, {&bytes, 1}, calls_);

@@ -40,7 +40,7 @@ public:
     void write(std::span<const std::string_view> parts);
 
     /// The path of the session that an import replaced, "session-v1 (previous).json". Only the latest one is kept.
-    [[nodiscard]] std::string previousFileURL() const;
+    [[nodiscard]] std::string previousFilePath() const;
     void writePrevious(std::span<const std::string_view> parts); ///< fails like write()
     /// Keeps the stored file, from which `bytes` were read, as the previous session.
     void keepAsPrevious(std::string_view bytes);

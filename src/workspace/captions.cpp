@@ -273,15 +273,11 @@ std::vector<UsageRow> usageRows(const ContentView& view)
     std::vector<UsageRow> rows;
     if (view.state().cuts().empty())
         return rows;
-    const CutEngine& engine = view.state().loaded->engine;
-    const UsageByCamera usage = cameraUsage(view.state().cuts());
-    for (const ImportedAngle& angle : view.videoAngles()) {
-        const auto found = usage.find(angle.id);
-        const CameraUsage used = found == usage.end() ? CameraUsage{} : found->second;
-        const double share = static_cast<double>(used.frames) / static_cast<double>(engine.length) * 100;
+    const LoadedDocument& loaded = *view.state().loaded;
+    for (const CameraShare& share : cameraShares(loaded.imported, loaded.engine, view.state().cuts())) {
         rows.push_back(
-            {angle.id, view.angleLabel(angle.id), fixed(engine.seconds(used.frames), 2) + " sec", fixed(share, 1) + "%",
-             share, used.shots});
+            {share.angle.id, view.angleLabel(share.angle.id), fixed(loaded.engine.seconds(share.frames), 2) + " sec",
+             fixed(share.percent, 1) + "%", share.percent, share.shots});
     }
     return rows;
 }

@@ -182,8 +182,7 @@ void ContentView::dismissError()
 void ContentView::selectMainCamera(const std::string& id)
 {
     edit([this, id](WorkspaceState& state) {
-        const auto angles = videoAngles();
-        if (std::ranges::find(angles, state.settings.mainCamera, &ImportedAngle::id) != angles.end())
+        if (angleWithID(videoAngles(), state.settings.mainCamera) != nullptr)
             state.settings.otherCameras.insert(state.settings.mainCamera);
         state.settings.otherCameras.erase(id);
         state.settings.mainCamera = id;

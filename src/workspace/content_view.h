@@ -96,7 +96,7 @@ struct WorkspaceServicesInUse {
     WorkspaceServices& services;
     XMLInbox& inbox;
     MainThread mainThread;
-    UniformDraws draws = secureDraws();
+    RandomNumbers randomNumbers = secureRandomNumbers();
     IdentifierSource identifiers = randomIdentifiers();
     std::function<Timestamp()> now = Timestamp::now;
     FileCalls& files = FileCalls::system();

@@ -14,7 +14,8 @@ void ContentView::generateRoughEdit()
         std::vector<Cut> cuts;
         try {
             cuts = generateFromSettings(
-                state.loaded->imported, state.loaded->engine, state.settings, {services_.draws, services_.identifiers});
+                state.loaded->imported, state.loaded->engine, state.settings,
+                {services_.randomNumbers, services_.identifiers});
         } catch (const std::exception& failure) {
             fail(failureText(failure, "make a rough edit"));
             return;

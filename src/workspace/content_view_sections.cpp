@@ -1,18 +1,13 @@
+#include "engine/validation.h"
 #include "import/final_cut_import_error.h"
 #include "timecode/timecode.h"
 #include "workspace/content_view.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace corvane {
 
 namespace {
-
-Frames roundedToFrames(const CutEngine& engine, double seconds)
-{
-    return static_cast<Frames>(std::round(engine.frames(seconds)));
-}
 
 /// None if the text is not a timecode of the project.
 std::optional<Frames> typedFrame(const CutEngine& engine, const std::string& text)
@@ -33,17 +28,17 @@ void ContentView::addSection()
             return;
         const CutEngine& engine = state.loaded->engine;
         EditSettings& settings = state.settings;
-        Frames start = settings.openingEnabled ? roundedToFrames(engine, settings.openingSeconds) : 0;
+        Frames start = settings.openingEnabled ? roundedFrames(engine, settings.openingSeconds) : 0;
         if (!settings.sections.empty())
             start = std::max(start, typedFrame(engine, settings.sections.back().end).value_or(start));
         const Frames latestEnd =
-            engine.length - (settings.closingEnabled ? roundedToFrames(engine, settings.closingSeconds) : 0);
+            engine.length - (settings.closingEnabled ? roundedFrames(engine, settings.closingSeconds) : 0);
         if (start >= latestEnd) {
             fail("There is no room for another section after the existing sections and opening or closing shots.");
             return;
         }
         constexpr double usualLength = 30; // seconds
-        const Frames end = std::min(start + roundedToFrames(engine, usualLength), latestEnd);
+        const Frames end = std::min(start + roundedFrames(engine, usualLength), latestEnd);
         settings.sections.push_back(
             {services_.identifiers(), "", settings.mainCamera, timecodeLabel(engine, start),
              timecodeLabel(engine, end)});

@@ -146,7 +146,7 @@ std::optional<std::string> ContentView::keepUnkeptSession()
 void ContentView::lookForPreviousSession()
 {
     try {
-        state_.canReopen = unkeptSession_ || somethingNamed(services_.sessions.previousFileURL());
+        state_.canReopen = unkeptSession_ || somethingNamed(services_.sessions.previousFilePath());
     } catch (const std::exception&) {
         state_.canReopen = false;
     }
@@ -156,13 +156,13 @@ void ContentView::reopenPreviousSession()
 {
     edit([this](WorkspaceState& state) {
         try {
-            if (!unkeptSession_ && !somethingNamed(services_.sessions.previousFileURL())) {
+            if (!unkeptSession_ && !somethingNamed(services_.sessions.previousFilePath())) {
                 state.canReopen = false;
                 fail("There is no previous project to reopen.");
                 return;
             }
             const std::string bytes =
-                unkeptSession_ ? *unkeptSession_ : readFile(services_.sessions.previousFileURL(), largestSession);
+                unkeptSession_ ? *unkeptSession_ : readFile(services_.sessions.previousFilePath(), largestSession);
             StoredSession session = readSession(bytes);
             if (state.loaded) {
                 services_.sessions.write(encodedSession());

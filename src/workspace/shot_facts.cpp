@@ -19,9 +19,9 @@ EditMarks editMarks(const ContentView& view)
     const CutEngine& engine = view.state().loaded->engine;
     const EditSettings& settings = revision->settings;
     if (settings.openingEnabled)
-        marks.opening = FrameRange{0, std::min(roundedFrames(engine, settings.openingSeconds), engine.length)};
+        marks.opening = FrameRange{0, std::min(bookendLength(engine, settings.openingSeconds), engine.length)};
     if (settings.closingEnabled) {
-        const Frames frames = std::min(roundedFrames(engine, settings.closingSeconds), engine.length);
+        const Frames frames = std::min(bookendLength(engine, settings.closingSeconds), engine.length);
         marks.closing = FrameRange{engine.length - frames, engine.length};
     }
     try {

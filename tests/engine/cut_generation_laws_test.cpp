@@ -174,7 +174,7 @@ TEST(GenerationLaws, EveryCutListOfManyRandomEditsKeepsEveryPromise)
         const auto& [engine, inputs, freeStart, freeEnd] = given;
         const bool withOnes = chance.oneIn(10); // no true draw is 1; it takes the last candidate
         GenerationSources sources;
-        sources.draws = [&] { return withOnes && chance.oneIn(8) ? 1.0 : chance.uniform(); };
+        sources.randomNumbers = [&] { return withOnes && chance.oneIn(8) ? 1.0 : chance.uniform(); };
         auto cameras = inputs.otherCameras;
         cameras.push_back(inputs.mainCamera);
         const auto report =

@@ -29,7 +29,7 @@ struct Drag : Pasteboard {
         return {std::views::keys(entries).begin(), std::views::keys(entries).end()};
     }
     [[nodiscard]] Text data(const std::string& type) const override { return entries.at(type); }
-    [[nodiscard]] Texts fileURLs() const override { return files; }
+    [[nodiscard]] Texts filePaths() const override { return files; }
 };
 
 TEST(ReadProjectFile, ReadsFilesAndBundlesWithinItsAccess)

@@ -54,7 +54,7 @@ private:
     {
         std::size_t used = 0;
         GenerationSources sources;
-        sources.draws = [&] { return number(request_.at("draws").at(used++ % request_.at("draws").size())); };
+        sources.randomNumbers = [&] { return number(request_.at("draws").at(used++ % request_.at("draws").size())); };
         sources.identifiers = countedIdentifiers();
         Json answer = attempt([&]() -> Json {
             const std::vector<Cut> cuts = generation(sources);

@@ -33,7 +33,7 @@ StoryStage::StoryStage(const Json& story)
             throw PlatformError("The application-support folder is not there.");
         return path("Corvane");
     };
-    account.draws = [this] { return draws_[drawsUsed++ % draws_.size()]; };
+    account.randomNumbers = [this] { return draws_[drawsUsed++ % draws_.size()]; };
     account.quit();
     account.start();
 }

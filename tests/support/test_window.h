@@ -85,7 +85,7 @@ public:
     XMLInbox inbox;
     FileCalls* sessionCalls = &FileCalls::system();
     std::function<std::string()> sessionFolder = [this] { return folder.file("Corvane"); };
-    UniformDraws draws = [this] { return std::uniform_real_distribution<double>(0, 1)(random_); };
+    RandomNumbers randomNumbers = [this] { return std::uniform_real_distribution<double>(0, 1)(random_); };
 
     TestWindow()
     {
@@ -105,7 +105,7 @@ public:
             .services = finalCut,
             .inbox = inbox,
             .mainThread = [](const std::function<void()>& work) { work(); },
-            .draws = draws});
+            .randomNumbers = randomNumbers});
     }
     void quit() { view_.reset(); }
     void restart()

@@ -28,7 +28,7 @@ public:
     /// None for a type that is not offered. Throws NoPasteboardAnswer.
     [[nodiscard]] virtual std::optional<std::string> data(const std::string& type) const = 0;
     /// The paths of all items that are files, in order; other locations are skipped. Throws NoPasteboardAnswer.
-    [[nodiscard]] virtual std::vector<std::string> fileURLs() const = 0;
+    [[nodiscard]] virtual std::vector<std::string> filePaths() const = 0;
 };
 
 } // namespace corvane

@@ -69,7 +69,7 @@ bool deliver(const Pasteboard& pasteboard, XMLInbox& inbox)
         inbox.setXMLData(std::move(data));
         return true;
     }
-    const std::vector<std::string> files = pasteboard.fileURLs();
+    const std::vector<std::string> files = pasteboard.filePaths();
     if (files.size() == 1 && projectFileKind(files.front())) {
         inbox.setURL(files.front());
         return true;

@@ -61,7 +61,7 @@ std::optional<std::string> MimePasteboard::data(const std::string& type) const
     return answers_.at(type);
 }
 
-std::vector<std::string> MimePasteboard::fileURLs() const
+std::vector<std::string> MimePasteboard::filePaths() const
 {
     std::vector<std::string> paths;
     for (const QUrl& url : urls()) {

@@ -16,7 +16,7 @@ public:
 
     [[nodiscard]] std::vector<std::string> types() const override;
     [[nodiscard]] std::optional<std::string> data(const std::string& type) const override;
-    [[nodiscard]] std::vector<std::string> fileURLs() const override;
+    [[nodiscard]] std::vector<std::string> filePaths() const override;
 
     /// All locations: paths for files, and complete URLs for anything else. Throws NoPasteboardAnswer.
     [[nodiscard]] std::vector<std::string> locations() const;

@@ -16,7 +16,7 @@ namespace corvane {
 
 namespace {
 
-constexpr StepRange waitSeconds = stepsWithin(limits::returnTime, 10);
+constexpr StepRange returnTimeSteps = stepsWithin(limits::returnTime, 10);
 constexpr StepRange frequencies = stepsWithin(limits::frequency, 1);
 
 template <class Map>
@@ -51,7 +51,7 @@ CamerasPanel::CamerasPanel(ContentView& view, QWidget* parent)
     : Panel(tr("Cameras and audio"), view, parent),
       main_(new Picker(this)),
       audio_(new Picker(this)),
-      mainWait_(new Stepper(utf8(tr("Wait before returning to main camera")), waitSeconds, this)),
+      mainReturnTime_(new Stepper(utf8(tr("Wait before returning to main camera")), returnTimeSteps, this)),
       cameraRows_(new QVBoxLayout),
       frequencyRows_(new QVBoxLayout),
       tooFew_(nullptr),
@@ -62,7 +62,7 @@ CamerasPanel::CamerasPanel(ContentView& view, QWidget* parent)
     choices->addRow(labelFor(*main_, tr("&Main camera"), this), main_);
     choices->addRow(labelFor(*audio_, tr("Co&ntinuous audio"), this), audio_);
     column().addLayout(choices);
-    column().addWidget(mainWait_);
+    column().addWidget(mainReturnTime_);
     addHeading(tr("Additional cameras"));
     cameraRows_->setSpacing(0);
     column().addLayout(cameraRows_);
@@ -91,7 +91,7 @@ CamerasPanel::CamerasPanel(ContentView& view, QWidget* parent)
     connect(audio_, &Picker::picked, this, [this](const std::string& id) {
         edit([id](EditSettings& settings) { settings.audio = id; });
     });
-    connect(mainWait_, &Stepper::chosen, this, [this](double seconds) {
+    connect(mainReturnTime_, &Stepper::chosen, this, [this](double seconds) {
         edit([seconds](EditSettings& settings) { settings.returnTimes[settings.mainCamera] = seconds; });
     });
 }
@@ -111,7 +111,7 @@ void CamerasPanel::refresh(const Changes& changes)
     for (const AudioChoice& choice : audioChoices(view_))
         sounds.push_back({choice.id, choice.label});
     audio_->show(sounds, settings().audio);
-    mainWait_->show(valueOr(settings().returnTimes, settings().mainCamera, 0));
+    mainReturnTime_->show(valueOr(settings().returnTimes, settings().mainCamera, 0));
     const auto percents = frequencyPercents(view_);
     const bool matter = frequenciesMatter(view_);
     for (const Camera& camera : cameras_)
@@ -144,11 +144,11 @@ void CamerasPanel::addCamera(const ImportedAngle& angle)
     camera.included->setIcon(marks_.chip(angle.id));
     setTip(*camera.included, std::vector{label});
     camera.included->setTelling(marks_.of(angle.id).telling);
-    camera.wait = new Stepper(utf8(tr("Wait before returning to this camera")), waitSeconds, camera.holder);
-    camera.wait->box().setAccessibleDescription(qt(label));
+    camera.returnTime = new Stepper(utf8(tr("Wait before returning to this camera")), returnTimeSteps, camera.holder);
+    camera.returnTime->box().setAccessibleDescription(qt(label));
     rows->addWidget(camera.included);
-    rows->addWidget(camera.wait);
-    keepPlace(*camera.wait);
+    rows->addWidget(camera.returnTime);
+    keepPlace(*camera.returnTime);
     cameraRows_->addWidget(camera.holder);
     addFrequency(camera, label);
 
@@ -156,7 +156,7 @@ void CamerasPanel::addCamera(const ImportedAngle& angle)
     connect(camera.included, &QCheckBox::toggled, this, [this, id](bool on) {
         view_.setCameraIncluded(id, on ? ContentView::Inclusion::included : ContentView::Inclusion::excluded);
     });
-    connect(camera.wait, &Stepper::chosen, this, [this, id](double seconds) {
+    connect(camera.returnTime, &Stepper::chosen, this, [this, id](double seconds) {
         edit([id, seconds](EditSettings& settings) { settings.returnTimes[id] = seconds; });
     });
     connect(camera.frequency, &StepSlider::chosen, this, [this, id](int weight) {
@@ -207,8 +207,8 @@ void CamerasPanel::showCamera(const Camera& camera, const std::map<std::string, 
         const QSignalBlocker blocker(camera.included);
         camera.included->setChecked(included);
     }
-    camera.wait->setVisible(included);
-    camera.wait->show(valueOr(settings().returnTimes, camera.id, 0));
+    camera.returnTime->setVisible(included);
+    camera.returnTime->show(valueOr(settings().returnTimes, camera.id, 0));
     camera.frequencyHolder->setVisible(included && frequenciesMatter);
     const double weight = valueOr(settings().frequencies, camera.id, usualFrequency);
     camera.weight->setText(weightText(weight));

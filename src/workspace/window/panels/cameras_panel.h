@@ -28,7 +28,7 @@ private:
         std::string id;
         QWidget* holder;
         ElidedCheckBox* included;
-        Stepper* wait;
+        Stepper* returnTime;
         QWidget* frequencyHolder;
         QLabel* weight;
         StepSlider* frequency;
@@ -44,7 +44,7 @@ private:
     CameraMarks marks_;
     Picker* main_;
     Picker* audio_;
-    Stepper* mainWait_;
+    Stepper* mainReturnTime_;
     QVBoxLayout* cameraRows_;
     QVBoxLayout* frequencyRows_;
     QLabel* tooFew_;

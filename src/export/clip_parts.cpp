@@ -1,4 +1,4 @@
-#include "export/piece_parts.h"
+#include "export/clip_parts.h"
 
 #include "import/project_import.h"
 #include "import/source_document.h"
@@ -21,13 +21,13 @@ bool isTrailing(std::string_view name)
     return name == "filter-audio" || name == "metadata";
 }
 
-std::size_t endsIndex(PieceEnds ends)
+std::size_t endsIndex(ClipEnds ends)
 {
     return (ends.first ? 1U : 0U) + (ends.last ? 2U : 0U);
 }
 
-/// Removes from an adjust-volume the fades at those ends of the project that the piece does not touch.
-void removeFades(xml::Tree& tree, xml::Element volume, PieceEnds ends)
+/// Removes from an adjust-volume the fades at those ends of the project that the clip does not touch.
+void removeFades(xml::Tree& tree, xml::Element volume, ClipEnds ends)
 {
     std::vector<xml::Element> fades;
     for (const xml::Element element : volume.descendants()) {
@@ -80,7 +80,7 @@ std::map<std::string, std::size_t, std::less<>> renewTrackingIds(xml::Tree& tree
     return newIds;
 }
 
-std::string settingText(xml::Element setting, PieceEnds ends)
+std::string settingText(xml::Element setting, ClipEnds ends)
 {
     if (!setting.named("adjust-volume"))
         return partText(setting);
@@ -109,7 +109,7 @@ bool isCarriedOver(std::string_view elementName)
     return elementName == "mc-source" || isClipSetting(elementName) || isTrailing(elementName);
 }
 
-PieceParts::PieceParts(const CutEngine& engine, std::string_view audioAngle, IdentifierSource identifiers)
+ClipParts::ClipParts(const CutEngine& engine, std::string_view audioAngle, IdentifierSource identifiers)
     : original_(engine.source->original), audioAngle_(audioAngle), identifiers_(std::move(identifiers))
 {
     openTag_ = xml::openTag(original_, {"srcEnable", "offset", "start", "duration"}) + " srcEnable=\"all\"";
@@ -123,16 +123,16 @@ PieceParts::PieceParts(const CutEngine& engine, std::string_view audioAngle, Ide
     }
 }
 
-void PieceParts::addTo(WrittenSize& size, const std::vector<Cut>& cuts) const
+void ClipParts::addTo(WrittenSize& size, const std::vector<Cut>& cuts) const
 {
     size.add(original_.name(), openTag_.size() + closeTag_.size(), cuts.size());
     for (const xml::Element child : original_.children()) {
         if (isTrailing(child.plainName()) || isClipSetting(child.plainName()))
             size.add(child.name(), settingText(child, {}).size(), cuts.size());
     }
-    std::map<std::string_view, std::size_t> pieces; // of each angle
+    std::map<std::string_view, std::size_t> clips; // of each angle
     for (const Cut& cut : cuts)
-        ++pieces[cut.angle];
+        ++clips[cut.angle];
     const auto addSource = [&](std::string_view angle, Mode mode, std::size_t times) {
         if (times == 0)
             return;
@@ -140,12 +140,12 @@ void PieceParts::addTo(WrittenSize& size, const std::vector<Cut>& cuts) const
         for (const xml::Element child : source.root().children())
             size.add(child.name(), partText(child).size(), times);
     };
-    for (const auto& [angle, count] : pieces)
+    for (const auto& [angle, count] : clips)
         addSource(angle, angle == audioAngle_ ? Mode::all : Mode::video, count);
-    addSource(audioAngle_, Mode::audio, cuts.size() - pieces[audioAngle_]);
+    addSource(audioAngle_, Mode::audio, cuts.size() - clips[audioAngle_]);
 }
 
-void PieceParts::appendSources(std::string& out, const std::string& angle, PieceEnds ends)
+void ClipParts::appendSources(std::string& out, const std::string& angle, ClipEnds ends)
 {
     out += settings(ends);
     if (angle == audioAngle_) {
@@ -156,7 +156,7 @@ void PieceParts::appendSources(std::string& out, const std::string& angle, Piece
     append(out, angleSource(audioAngle_, Mode::audio, ends));
 }
 
-const std::string& PieceParts::settings(PieceEnds ends)
+const std::string& ClipParts::settings(ClipEnds ends)
 {
     auto& known = settings_[endsIndex(ends)];
     if (known)
@@ -170,7 +170,7 @@ const std::string& PieceParts::settings(PieceEnds ends)
     return *known;
 }
 
-const PieceParts::Template& PieceParts::angleSource(const std::string& angle, Mode mode, PieceEnds ends)
+const ClipParts::Template& ClipParts::angleSource(const std::string& angle, Mode mode, ClipEnds ends)
 {
     const std::pair key(angle, static_cast<int>(mode) * 4 + static_cast<int>(endsIndex(ends)));
     const auto found = sources_.find(key);
@@ -178,7 +178,7 @@ const PieceParts::Template& PieceParts::angleSource(const std::string& angle, Mo
                                    : sources_.emplace(key, makeAngleSource(angle, mode, ends)).first->second;
 }
 
-xml::Tree PieceParts::angleTree(std::string_view angle, Mode mode, PieceEnds ends) const
+xml::Tree ClipParts::angleTree(std::string_view angle, Mode mode, ClipEnds ends) const
 {
     xml::Tree source("mc-source");
     const xml::Element root = source.root();
@@ -213,7 +213,7 @@ xml::Tree PieceParts::angleTree(std::string_view angle, Mode mode, PieceEnds end
     return source;
 }
 
-PieceParts::Template PieceParts::makeAngleSource(std::string_view angle, Mode mode, PieceEnds ends) const
+ClipParts::Template ClipParts::makeAngleSource(std::string_view angle, Mode mode, ClipEnds ends) const
 {
     xml::Tree source = angleTree(angle, mode, ends);
     const auto ids = renewTrackingIds(source, identifiers_);
@@ -229,7 +229,7 @@ PieceParts::Template PieceParts::makeAngleSource(std::string_view angle, Mode mo
     return part;
 }
 
-void PieceParts::append(std::string& out, const Template& part) const
+void ClipParts::append(std::string& out, const Template& part) const
 {
     const std::size_t start = out.size() + partIndent.size();
     appendPart(out, part.text);

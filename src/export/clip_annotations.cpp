@@ -1,6 +1,6 @@
-#include "export/piece_annotations.h"
+#include "export/clip_annotations.h"
 
-#include "export/piece_parts.h"
+#include "export/clip_parts.h"
 #include "export/source_times.h"
 #include "import/source_document.h"
 #include "import/time_values.h"
@@ -18,40 +18,40 @@ bool isSharedOut(std::string_view elementName)
     return isConnectedItem(elementName) || isAnnotation(elementName);
 }
 
-PieceAnnotations::PieceAnnotations(const CutEngine& engine, const std::vector<Cut>& cuts, WrittenSize& size)
-    : engine_(engine), cuts_(cuts), size_(size), pieces_(cuts.size())
+ClipAnnotations::ClipAnnotations(const CutEngine& engine, const std::vector<Cut>& cuts, WrittenSize& size)
+    : engine_(engine), cuts_(cuts), size_(size), clips_(cuts.size())
 {
     byId_.resize(cuts.size());
     std::iota(byId_.begin(), byId_.end(), std::size_t{0});
-    std::ranges::sort(byId_, {}, [&](std::size_t piece) { return cuts[piece].id; });
+    std::ranges::sort(byId_, {}, [&](std::size_t clip) { return cuts[clip].id; });
     addConnectedItems();
     addAnnotations();
 }
 
-void PieceAnnotations::append(std::string& out, std::size_t piece) const
+void ClipAnnotations::append(std::string& out, std::size_t clip) const
 {
     const auto appendTime = [&](Frames frames) {
         appendTimeString(out, frames, engine_.frameNumerator, engine_.frameDenominator);
     };
-    const Frames pieceStart = engine_.sourceStart + cuts_[piece].start;
-    for (const std::uint32_t number : pieces_[piece]) {
+    const Frames clipStart = engine_.sourceStart + cuts_[clip].start;
+    for (const std::uint32_t number : clips_[clip]) {
         const Text& text = texts_[number];
         if (!text.range) {
             appendPart(out, text.whole);
             continue;
         }
-        const Frames start = std::max(text.range->start, pieceStart);
+        const Frames start = std::max(text.range->start, clipStart);
         appendPart(out, text.openTag);
         out += " start=\"";
         appendTime(start);
         out += "\" duration=\"";
-        appendTime(std::min(text.range->end, pieceStart + cuts_[piece].duration) - start);
+        appendTime(std::min(text.range->end, clipStart + cuts_[clip].duration) - start);
         out += '"';
         out += text.rest;
     }
 }
 
-void PieceAnnotations::addConnectedItems()
+void ClipAnnotations::addConnectedItems()
 {
     for (const xml::Element item : engine_.source->original.children()) {
         if (!isConnectedItem(item.plainName()))
@@ -60,7 +60,7 @@ void PieceAnnotations::addConnectedItems()
     }
 }
 
-void PieceAnnotations::addAnnotations()
+void ClipAnnotations::addAnnotations()
 {
     for (const xml::Element annotation : engine_.source->original.children()) {
         if (!isAnnotation(annotation.plainName()))
@@ -73,7 +73,7 @@ void PieceAnnotations::addAnnotations()
     }
 }
 
-PieceAnnotations::Text PieceAnnotations::rangeText(xml::Element annotation, FrameRange range)
+ClipAnnotations::Text ClipAnnotations::rangeText(xml::Element annotation, FrameRange range)
 {
     std::string openTag = xml::openTag(annotation, {"start", "duration"});
     if (xml::isEmpty(annotation))
@@ -83,54 +83,54 @@ PieceAnnotations::Text PieceAnnotations::rangeText(xml::Element annotation, Fram
 }
 
 /// Once the project is too large, items are only counted, so that they take no memory.
-template <class Pieces>
-void PieceAnnotations::place(xml::Element item, Text text, const Pieces& pieces)
+template <class Clips>
+void ClipAnnotations::place(xml::Element item, Text text, const Clips& clips)
 {
     constexpr std::size_t leastTimes = std::string_view(R"( start="0/1s" duration="1/1s")").size();
     const std::size_t bytes = text.whole.size() + text.openTag.size() + text.rest.size();
-    size_.add(item.name(), bytes + (text.range ? leastTimes : 0), std::ranges::size(pieces));
+    size_.add(item.name(), bytes + (text.range ? leastTimes : 0), std::ranges::size(clips));
     if (size_.isTooLarge())
         return;
     texts_.push_back(std::move(text));
-    for (const std::size_t piece : pieces)
-        pieces_[piece].push_back(static_cast<std::uint32_t>(texts_.size() - 1));
+    for (const std::size_t clip : clips)
+        clips_[clip].push_back(static_cast<std::uint32_t>(texts_.size() - 1));
 }
 
-void PieceAnnotations::placeConnectedItem(xml::Element item, double offset)
+void ClipAnnotations::placeConnectedItem(xml::Element item, double offset)
 {
     constexpr double tolerance = 0.00000001;
     const double fromStart = offset - engine_.seconds(engine_.sourceStart);
     const auto after = std::ranges::partition_point(
         cuts_, [&](const Cut& cut) { return engine_.seconds(cut.start) <= fromStart + tolerance; });
     const Cut& owner = after == cuts_.begin() ? cuts_.front() : *std::prev(after);
-    // The owner is identified by its id, so if ids are repeated every piece with that id gets the item.
+    // The owner is identified by its id, so if ids are repeated every clip with that id gets the item.
     place(item, {partText(item), {}, {}, {}}, std::ranges::equal_range(byId_, owner.id, {}, [this](std::size_t each) {
               return cuts_[each].id;
           }));
 }
 
-void PieceAnnotations::placeRange(xml::Element annotation, FrameRange range)
+void ClipAnnotations::placeRange(xml::Element annotation, FrameRange range)
 {
-    const std::size_t first = pieceAt(range.start);
+    const std::size_t first = clipAt(range.start);
     const auto after = std::ranges::partition_point(
         cuts_, [&](const Cut& cut) { return engine_.sourceStart + cut.start < range.end; });
     const std::size_t end = std::max(first, static_cast<std::size_t>(after - cuts_.begin()));
     place(annotation, rangeText(annotation, range), std::views::iota(first, end));
 }
 
-void PieceAnnotations::placePoint(xml::Element annotation, Frames at)
+void ClipAnnotations::placePoint(xml::Element annotation, Frames at)
 {
-    const std::size_t piece = pieceAt(at);
-    if (piece < cuts_.size() && engine_.sourceStart + cuts_[piece].start <= at)
-        place(annotation, {partText(annotation), {}, {}, {}}, std::views::single(piece));
+    const std::size_t clip = clipAt(at);
+    if (clip < cuts_.size() && engine_.sourceStart + cuts_[clip].start <= at)
+        place(annotation, {partText(annotation), {}, {}, {}}, std::views::single(clip));
 }
 
-/// The first piece that ends after the source frame; the number of pieces if there is none.
-std::size_t PieceAnnotations::pieceAt(Frames sourceFrame) const
+/// The first clip that ends after the source frame; the number of clips if there is none.
+std::size_t ClipAnnotations::clipAt(Frames sourceFrame) const
 {
-    const auto piece = std::ranges::partition_point(
+    const auto clip = std::ranges::partition_point(
         cuts_, [&](const Cut& cut) { return engine_.sourceStart + cut.start + cut.duration <= sourceFrame; });
-    return static_cast<std::size_t>(piece - cuts_.begin());
+    return static_cast<std::size_t>(clip - cuts_.begin());
 }
 
 } // namespace corvane

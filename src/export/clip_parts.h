@@ -17,36 +17,36 @@
 
 namespace corvane {
 
-/// Appends `text` on a line of its own, indented like the contents of a piece.
+/// Appends `text` on a line of its own, indented like the contents of a clip.
 void appendPart(std::string& out, std::string_view text);
 
-/// The element with its contents, as text inside a piece.
+/// The element with its contents, as text inside a clip.
 [[nodiscard]] std::string partText(xml::Element element);
 
-/// True for the children of the multicam clip that the pieces carry over or, for mc-source, build anew.
+/// True for the children of the multicam clip that the clips carry over or, for mc-source, build anew.
 [[nodiscard]] bool isCarriedOver(std::string_view elementName);
 
-/// Whether a piece is at the start or end of the project; only there it keeps the audio fade of that end.
-struct PieceEnds {
+/// Whether a clip is at the start or end of the project; only there it keeps the audio fade of that end.
+struct ClipEnds {
     bool first = false;
     bool last = false;
 };
 
-/// The parts that all pieces have in common. Each is built and converted to text once, and then only copied. Only
+/// The parts that all clips have in common. Each is built and converted to text once, and then only copied. Only
 /// tracking ids are new in every copy, because an id may occur only once in a document.
-class PieceParts {
+class ClipParts {
 public:
-    PieceParts(const CutEngine& engine, std::string_view audioAngle, IdentifierSource identifiers);
+    ClipParts(const CutEngine& engine, std::string_view audioAngle, IdentifierSource identifiers);
 
-    /// Adds to `size` what the pieces of these cuts repeat, except the fades of the first and the last piece.
+    /// Adds to `size` what the clips of these cuts repeat, except the fades of the first and the last clip.
     void addTo(WrittenSize& size, const std::vector<Cut>& cuts) const;
 
     /// The start tag without its times and its ">".
     [[nodiscard]] const std::string& openTag() const { return openTag_; }
     [[nodiscard]] const std::string& closeTag() const { return closeTag_; }
 
-    /// Appends the clip settings and the angle sources of a piece that shows `angle`.
-    void appendSources(std::string& out, const std::string& angle, PieceEnds ends);
+    /// Appends the clip settings and the angle sources of a clip that shows `angle`.
+    void appendSources(std::string& out, const std::string& angle, ClipEnds ends);
     /// Appends what follows everything else.
     void appendTrailing(std::string& out) const { out += trailing_; }
 
@@ -60,10 +60,10 @@ private:
         std::size_t ids = 0;
     };
 
-    [[nodiscard]] const std::string& settings(PieceEnds ends);
-    [[nodiscard]] const Template& angleSource(const std::string& angle, Mode mode, PieceEnds ends);
-    [[nodiscard]] xml::Tree angleTree(std::string_view angle, Mode mode, PieceEnds ends) const;
-    [[nodiscard]] Template makeAngleSource(std::string_view angle, Mode mode, PieceEnds ends) const;
+    [[nodiscard]] const std::string& settings(ClipEnds ends);
+    [[nodiscard]] const Template& angleSource(const std::string& angle, Mode mode, ClipEnds ends);
+    [[nodiscard]] xml::Tree angleTree(std::string_view angle, Mode mode, ClipEnds ends) const;
+    [[nodiscard]] Template makeAngleSource(std::string_view angle, Mode mode, ClipEnds ends) const;
     void append(std::string& out, const Template& part) const;
 
     xml::Element original_;
