@@ -9,14 +9,10 @@
 
 namespace corvane::xml {
 
-namespace {
-
 bool hasPrefix(const xmlNs* space)
 {
     return space != nullptr && space->prefix != nullptr;
 }
-
-} // namespace
 
 std::string Element::name() const
 {

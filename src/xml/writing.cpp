@@ -54,14 +54,9 @@ void appendEscaped(std::string& out, std::string_view text, Place place)
     out.append(text, written);
 }
 
-bool isPrefixed(const xmlNs* space)
-{
-    return space != nullptr && space->prefix != nullptr;
-}
-
 void appendName(std::string& out, const xmlNs* space, const xmlChar* name)
 {
-    if (isPrefixed(space)) {
+    if (hasPrefix(space)) {
         out += view(space->prefix);
         out += ':';
     }
@@ -94,7 +89,7 @@ void appendStartTag(std::string& out, const xmlNode& element, std::initializer_l
     for (const xmlNs* space = element.nsDef; space != nullptr; space = space->next)
         appendNamespace(out, *space);
     for (const xmlAttr* attribute = element.properties; attribute != nullptr; attribute = attribute->next) {
-        if (isPrefixed(attribute->ns) || std::ranges::find(without, view(attribute->name)) == without.end())
+        if (hasPrefix(attribute->ns) || std::ranges::find(without, view(attribute->name)) == without.end())
             appendAttribute(out, *attribute);
     }
 }
@@ -107,7 +102,7 @@ bool isBlankText(const xmlNode& node)
 bool keepsSpace(const xmlNode& element)
 {
     for (const xmlAttr* attribute = element.properties; attribute != nullptr; attribute = attribute->next) {
-        if (isPrefixed(attribute->ns) && view(attribute->ns->prefix) == "xml" && view(attribute->name) == "space")
+        if (hasPrefix(attribute->ns) && view(attribute->ns->prefix) == "xml" && view(attribute->name) == "space")
             return attribute->children != nullptr && view(attribute->children->content) == "preserve";
     }
     return false;
@@ -123,7 +118,7 @@ bool holdsText(const xmlNode& element)
             return true;
         onlyText = onlyText && isText;
     }
-    return onlyText || (!isPrefixed(element.ns) && isTextElement(view(element.name))) || keepsSpace(element);
+    return onlyText || (!hasPrefix(element.ns) && isTextElement(view(element.name))) || keepsSpace(element);
 }
 
 struct TooLarge {};
