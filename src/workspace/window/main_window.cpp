@@ -195,8 +195,8 @@ QWidget* MainWindow::makeSettings()
     column->setContentsMargins(0, 0, 6, 0);
     column->setSpacing(10);
     addPanel(new PresetsPanel(services_.view, settings), *column);
-    addPanel(new CoveragePanel(services_.view, settings), *column);
-    addPanel(new CamerasPanel(services_.view, settings), *column);
+    addPanel(new CoveragePanel(services_.view, marks_, settings), *column);
+    addPanel(new CamerasPanel(services_.view, marks_, settings), *column);
     addPanel(new PacingPanel(services_.view, settings), *column);
     addPanel(new BookendsPanel(services_.view, settings), *column);
     addPanel(new SectionsPanel(services_.view, settings), *column);
@@ -207,8 +207,8 @@ QWidget* MainWindow::makeSettings()
 
 QWidget* MainWindow::makeResult()
 {
-    auto* cuts = new CutPanel(services_.view);
-    auto* usage = new UsagePanel(services_.view);
+    auto* cuts = new CutPanel(services_.view, marks_);
+    auto* usage = new UsagePanel(services_.view, marks_);
     panels_.insert(panels_.end(), {cuts, usage});
     resultSplit_ = new ResultSplit(cuts, usage, this);
     keepReadingOrder(*resultSplit_);
@@ -239,6 +239,8 @@ void MainWindow::refresh(const Changes& changes)
     const auto has = [&changes](Changed what) { return changes.test(static_cast<std::size_t>(what)); };
     const WorkspaceState& state = services_.view.state();
     const bool first = state.loaded && split_ == nullptr;
+    if (first || has(Changed::loaded))
+        marks_ = CameraMarks(services_.view);
     if (first)
         showLoadedPage();
     auto* typedIn = has(Changed::loaded) ? qobject_cast<StepBox*>(focusWidget()) : nullptr;

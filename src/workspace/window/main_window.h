@@ -8,6 +8,7 @@
 #include "workspace/window/about_window.h"
 #include "workspace/window/alert_boxes.h"
 #include "workspace/window/busy_sign.h"
+#include "workspace/window/camera_marks.h"
 #include "workspace/window/controls/elided_label.h"
 #include "workspace/window/controls/panel.h"
 #include "workspace/window/help_window.h"
@@ -78,6 +79,7 @@ private:
     void keepPlace();
 
     MainWindowServices services_;
+    CameraMarks marks_; ///< of the project that is shown
     CorvaneHelpWindow helpWindow_;
     CorvaneAboutWindow aboutWindow_;
     Menus* menus_ = nullptr;

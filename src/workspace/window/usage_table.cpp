@@ -10,12 +10,14 @@
 
 namespace corvane {
 
-UsageTableModel::UsageTableModel(const ContentView& view, QObject* parent) : QAbstractTableModel(parent), view_(view) {}
+UsageTableModel::UsageTableModel(const ContentView& view, const CameraMarks& marks, QObject* parent)
+    : QAbstractTableModel(parent), view_(view), marks_(marks)
+{
+}
 
 void UsageTableModel::show()
 {
     beginResetModel();
-    marks_ = CameraMarks(view_);
     rows_ = usageRows(view_);
     if (const SharedRevision& revision = view_.state().preview) {
         mainCamera_ = revision->settings.mainCamera;

@@ -17,7 +17,7 @@ public:
     /// The data for drawing the share's bar: percent, the camera's colour and, if there is one, the target.
     enum Role { percentRole = Qt::UserRole, colorRole, targetRole };
 
-    explicit UsageTableModel(const ContentView& view, QObject* parent = nullptr);
+    UsageTableModel(const ContentView& view, const CameraMarks& marks, QObject* parent = nullptr);
 
     /// Replaces the table's contents with the usage of the controller's cut list.
     void show();
@@ -31,7 +31,7 @@ private:
     [[nodiscard]] static QString text(const UsageRow& row, int column);
 
     const ContentView& view_;
-    CameraMarks marks_;
+    const CameraMarks& marks_;
     std::vector<UsageRow> rows_;
     std::string mainCamera_;
     double target_ = 0;

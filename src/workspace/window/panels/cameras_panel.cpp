@@ -47,8 +47,9 @@ QVBoxLayout* linesIn(QWidget& holder)
 
 } // namespace
 
-CamerasPanel::CamerasPanel(ContentView& view, QWidget* parent)
+CamerasPanel::CamerasPanel(ContentView& view, const CameraMarks& marks, QWidget* parent)
     : Panel(tr("Cameras and audio"), view, parent),
+      marks_(marks),
       main_(new Picker(this)),
       audio_(new Picker(this)),
       mainReturnTime_(new Stepper(utf8(tr("Wait before returning to main camera")), returnTimeSteps, this)),
@@ -122,7 +123,6 @@ void CamerasPanel::refresh(const Changes& changes)
 
 void CamerasPanel::build()
 {
-    marks_ = CameraMarks(view_);
     for (const Camera& camera : cameras_) {
         delete camera.holder;
         delete camera.frequencyHolder;

@@ -19,7 +19,8 @@ namespace corvane {
 class CamerasPanel : public Panel {
     Q_OBJECT
 public:
-    explicit CamerasPanel(ContentView& view, QWidget* parent = nullptr);
+    /// `marks` are those of the project that is shown.
+    CamerasPanel(ContentView& view, const CameraMarks& marks, QWidget* parent = nullptr);
     void refresh(const Changes& changes) override;
 
 private:
@@ -41,7 +42,7 @@ private:
     /// `percents` is the result of frequencyPercents.
     void showCamera(const Camera& camera, const std::map<std::string, int>& percents, bool frequenciesMatter);
 
-    CameraMarks marks_;
+    const CameraMarks& marks_;
     Picker* main_;
     Picker* audio_;
     Stepper* mainReturnTime_;

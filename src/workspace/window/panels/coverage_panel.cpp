@@ -10,8 +10,9 @@
 
 namespace corvane {
 
-CoveragePanel::CoveragePanel(ContentView& view, QWidget* parent)
+CoveragePanel::CoveragePanel(ContentView& view, const CameraMarks& marks, QWidget* parent)
     : Panel(tr("Recording coverage"), view, parent),
+      marks_(marks),
       grid_(nullptr),
       rowsHolder_(new QWidget(this)),
       gapsText_(helpLabel({}, this)),
@@ -45,7 +46,6 @@ void CoveragePanel::refresh(const Changes& changes)
 
 void CoveragePanel::build()
 {
-    marks_ = CameraMarks(view_);
     videoRows_.clear();
     delete rowsHolder_->layout();
     qDeleteAll(rowsHolder_->findChildren<QWidget*>(Qt::FindDirectChildrenOnly));

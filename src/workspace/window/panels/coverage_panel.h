@@ -15,7 +15,8 @@ namespace corvane {
 class CoveragePanel : public Panel {
     Q_OBJECT
 public:
-    explicit CoveragePanel(ContentView& view, QWidget* parent = nullptr);
+    /// `marks` are those of the project that is shown.
+    CoveragePanel(ContentView& view, const CameraMarks& marks, QWidget* parent = nullptr);
     void refresh(const Changes& changes) override;
 
 protected:
@@ -34,7 +35,7 @@ private:
     void showGaps();
     void shareWidth();
 
-    CameraMarks marks_;
+    const CameraMarks& marks_;
     QGridLayout* grid_;
     QWidget* rowsHolder_;
     std::vector<Row> videoRows_;

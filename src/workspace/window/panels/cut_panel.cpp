@@ -36,8 +36,9 @@ protected:
 
 } // namespace
 
-CutPanel::CutPanel(ContentView& view, QWidget* parent)
+CutPanel::CutPanel(ContentView& view, const CameraMarks& marks, QWidget* parent)
     : Panel(tr("Rough edit"), view, parent),
+      marks_(marks),
       pages_(new QStackedWidget(this)),
       empty_(helpLabel(tr("Generate an edit to preview the cuts here."), this)),
       summary_(new ElidedLabel({}, this)),
@@ -182,7 +183,6 @@ void CutPanel::connectAll()
 void CutPanel::refresh(const Changes& changes)
 {
     if (has(changes, Changed::loaded)) {
-        marks_ = CameraMarks(view_);
         chosen_.reset();
         top_ = 0;
         table_->scrollToTop();

@@ -16,7 +16,8 @@ namespace corvane {
 class CutPanel : public Panel {
     Q_OBJECT
 public:
-    explicit CutPanel(ContentView& view, QWidget* parent = nullptr);
+    /// `marks` are those of the project that is shown.
+    CutPanel(ContentView& view, const CameraMarks& marks, QWidget* parent = nullptr);
     void refresh(const Changes& changes) override;
 
 private:
@@ -33,7 +34,7 @@ private:
     void showButtons();
     void showTexts();
 
-    CameraMarks marks_;
+    const CameraMarks& marks_;
     QStackedWidget* pages_; ///< the hint and the edit, so that the height is the same for both
     QLabel* empty_;
     ElidedLabel* summary_;

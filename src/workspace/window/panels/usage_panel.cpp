@@ -9,9 +9,9 @@
 
 namespace corvane {
 
-UsagePanel::UsagePanel(ContentView& view, QWidget* parent)
+UsagePanel::UsagePanel(ContentView& view, const CameraMarks& marks, QWidget* parent)
     : Panel(tr("Actual camera usage"), view, parent),
-      model_(new UsageTableModel(view, this)),
+      model_(new UsageTableModel(view, marks, this)),
       table_(new QTableView(this))
 {
     table_->setModel(model_);

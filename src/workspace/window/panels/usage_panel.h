@@ -11,7 +11,8 @@ namespace corvane {
 class UsagePanel : public Panel {
     Q_OBJECT
 public:
-    explicit UsagePanel(ContentView& view, QWidget* parent = nullptr);
+    /// `marks` are those of the project that is shown.
+    UsagePanel(ContentView& view, const CameraMarks& marks, QWidget* parent = nullptr);
     void refresh(const Changes& changes) override;
     /// High enough for all cameras, up to eight.
     [[nodiscard]] QSize sizeHint() const override;

@@ -11,6 +11,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <map>
+#include <utility>
 
 namespace corvane {
 
@@ -38,8 +40,16 @@ void CutStrip::show(const CameraMarks& marks)
     selected_ = -1;
     markers_ = view_.state().loaded ? clipMarkers(view_.state().loaded->engine) : std::vector<ClipMarker>();
     cameras_.clear();
+    std::map<std::string_view, std::size_t> laneOfCamera;
     for (const ImportedAngle& angle : view_.videoAngles())
         cameras_.push_back(angle.id);
+    for (std::size_t lane = 0; lane < cameras_.size(); ++lane)
+        laneOfCamera.emplace(cameras_[lane], lane);
+    cutLanes_.clear();
+    for (const Cut& cut : view_.state().cuts()) {
+        const auto lane = laneOfCamera.find(cut.angle);
+        cutLanes_.push_back(lane == laneOfCamera.end() ? cameras_.size() : lane->second);
+    }
     const int lanes = std::max(1, static_cast<int>(cameras_.size()));
     setFixedHeight(axisHeight(markers_) + lanes * (lanes > roomyLanes ? narrowestLane : widestLane));
     const auto& cuts = view_.state().cuts();
@@ -142,16 +152,17 @@ void CutStrip::paintCuts(QPainter& painter) const
 {
     const QRectF all = lanes();
     const TimeScale scale(view_.state().loaded->engine.length, all.left(), all.width());
-    for (const std::string& camera : cameras_) {
-        const QRectF lane = laneOf(camera).adjusted(0, 1, 0, -1);
-        const QColor color = marks_.of(camera).color;
-        for (const Cut& cut : view_.state().cuts()) {
-            if (cut.angle != camera)
-                continue;
-            const double left = scale.x(cut.start);
-            const double right = scale.x(cut.start + cut.duration);
-            painter.fillRect(QRectF(left, lane.top(), std::max(1.0, right - left - 0.5), lane.height()), color);
-        }
+    std::vector<std::pair<QRectF, QColor>> lanes;
+    for (const std::string& camera : cameras_)
+        lanes.emplace_back(laneOf(camera).adjusted(0, 1, 0, -1), marks_.of(camera).color);
+    for (std::size_t position = 0; position < cutLanes_.size(); ++position) {
+        if (cutLanes_[position] == lanes.size())
+            continue;
+        const Cut& cut = view_.state().cuts()[position];
+        const auto& [lane, color] = lanes[cutLanes_[position]];
+        const double left = scale.x(cut.start);
+        const double right = scale.x(cut.start + cut.duration);
+        painter.fillRect(QRectF(left, lane.top(), std::max(1.0, right - left - 0.5), lane.height()), color);
     }
 }
 

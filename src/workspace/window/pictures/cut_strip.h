@@ -49,7 +49,8 @@ private:
     EditMarks asked_;
     std::vector<ClipMarker> markers_;
     std::vector<std::size_t> short_;
-    std::vector<std::string> cameras_; ///< one lane each, from the top
+    std::vector<std::string> cameras_;  ///< one lane each, from the top
+    std::vector<std::size_t> cutLanes_; ///< of each cut; beyond the last for an unknown camera
     int selected_ = -1;
 };
 
