@@ -50,13 +50,9 @@ ExportFiles writeExportFiles(
     });
     ExportFiles files{pathIn(folder, names.xml), pathIn(folder, names.settings)};
     writeNewFile(files.xmlURL, xmlBytes, calls);
-    try {
-        writeNewFile(files.settingsURL, recordText, calls);
-    } catch (const std::exception& error) {
+    if (const auto failure = failureOf("write it", [&] { writeNewFile(files.settingsURL, recordText, calls); }))
         throw FinalCutImportError::invalid(
-            "The XML was saved as " + names.xml +
-            ", but the settings record could not be saved: " + failureText(error, "write it"));
-    }
+            "The XML was saved as " + names.xml + ", but the settings record could not be saved: " + *failure);
     return files;
 }
 

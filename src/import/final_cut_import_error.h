@@ -1,13 +1,14 @@
 #pragma once
 
-#include <stdexcept>
+#include "base/error.h"
+
 #include <string>
 
 namespace corvane {
 
 /// A refusal: Corvane does not accept something in a document, in typed text or in the settings. what() is the complete
 /// sentence for the user, without a prefix or a code.
-class FinalCutImportError : public std::runtime_error {
+class FinalCutImportError : public Refusal {
 public:
     [[nodiscard]] static FinalCutImportError invalid(const std::string& message)
     {
@@ -15,7 +16,7 @@ public:
     }
 
 private:
-    using std::runtime_error::runtime_error;
+    using Refusal::Refusal;
 };
 
 } // namespace corvane

@@ -1,5 +1,7 @@
 #include "session/preset_library.h"
 
+#include "base/error.h"
+
 #include <algorithm>
 
 namespace corvane {
@@ -11,21 +13,22 @@ PresetLibrary::PresetLibrary(UserDefaults& defaults) : defaults_(defaults)
 
 void PresetLibrary::read()
 {
-    try {
+    auto failure = failureOf("read the presets", [&] {
         std::string bytes = defaults_.value(key);
-        if (failure_ != nullptr || bytes != bytes_)
+        if (failure_ || bytes != bytes_)
             take(std::move(bytes));
-    } catch (const std::exception&) {
-        failure_ = std::current_exception();
-        presets_.clear();
-    }
+    });
+    if (!failure)
+        return;
+    failure_ = std::move(failure);
+    presets_.clear();
 }
 
 void PresetLibrary::take(std::string bytes)
 {
     presets_ = decodePresets(bytes);
     bytes_ = std::move(bytes);
-    failure_ = nullptr;
+    failure_.reset();
 }
 
 std::optional<EditPreset> PresetLibrary::preset(std::string_view id) const
@@ -38,8 +41,8 @@ std::optional<EditPreset> PresetLibrary::preset(std::string_view id) const
 std::vector<EditPreset> PresetLibrary::current()
 {
     read();
-    if (failure_ != nullptr)
-        std::rethrow_exception(failure_);
+    if (failure_)
+        throw PlatformError(*failure_);
     return presets_;
 }
 
@@ -53,7 +56,7 @@ void PresetLibrary::store(std::vector<EditPreset> presets)
     defaults_.setValue(key, bytes);
     presets_ = std::move(readBack);
     bytes_ = std::move(bytes);
-    failure_ = nullptr;
+    failure_.reset();
 }
 
 std::string PresetLibrary::startNew()

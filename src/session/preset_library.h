@@ -3,7 +3,6 @@
 #include "platform/user_defaults.h"
 #include "session/presets.h"
 
-#include <exception>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,7 +20,7 @@ public:
     void read();
     /// The presets as last read; empty if they could not be read.
     [[nodiscard]] const std::vector<EditPreset>& presets() const { return presets_; }
-    [[nodiscard]] bool canBeRead() const { return failure_ == nullptr; }
+    [[nodiscard]] bool canBeRead() const { return !failure_; }
     [[nodiscard]] std::optional<EditPreset> preset(std::string_view id) const;
 
     /// The list as it is stored now, to be changed. Fails like decodePresets.
@@ -40,7 +39,7 @@ private:
     UserDefaults& defaults_;
     std::string bytes_; ///< the stored bytes that gave presets_ or failure_
     std::vector<EditPreset> presets_;
-    std::exception_ptr failure_;
+    std::optional<std::string> failure_; ///< why the list could not be read
 };
 
 } // namespace corvane

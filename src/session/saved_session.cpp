@@ -9,7 +9,6 @@
 #include "session/record_reading.h"
 
 #include <algorithm>
-#include <exception>
 #include <optional>
 
 namespace corvane {
@@ -88,7 +87,7 @@ bool restoresThroughout(std::string_view bytes)
     try {
         validateSession(*session, buildEngine(session->sourceXML));
         return true;
-    } catch (const std::exception&) {
+    } catch (const Refusal&) {
         return false;
     }
 }

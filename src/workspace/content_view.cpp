@@ -56,9 +56,9 @@ void ContentView::edit(const std::function<void(WorkspaceState&)>& change)
         changeAndSave(change, before);
         notify(before);
         hasFreedProject = before.loaded && before.loaded != state_.loaded;
-    } catch (const std::bad_alloc& failure) {
+    } catch (const std::bad_alloc&) {
         const WorkspaceState before = state_;
-        fail(failureText(failure, "do this"));
+        fail(notEnoughMemory("do this"));
         notify(before);
     }
     if (hasFreedProject)

@@ -5,7 +5,6 @@
 #include "export/settings_record.h"
 #include "workspace/content_view.h"
 
-#include <exception>
 #include <filesystem>
 #include <memory>
 #include <string_view>
@@ -32,7 +31,7 @@ void ContentView::exportRoughEdit()
         return;
     // Everything that will be written is built before asking for a folder, so that nothing that happens meanwhile
     // changes it.
-    try {
+    const auto failure = failureOf("export the project", [&] {
         const auto xml = std::make_shared<const std::string>(
             roughEditXML(loaded->engine, revision->cuts, revision->settings.audio, services_.identifiers));
         const std::string record = settingsRecordText(loaded->imported, loaded->engine, *revision);
@@ -45,12 +44,11 @@ void ContentView::exportRoughEdit()
             if (folder)
                 exportTo(*folder, xml, record, loaded->imported.name);
         });
-    } catch (const std::exception& failure) {
-        const std::string message = failureText(failure, "export the project");
-        edit([this, message](WorkspaceState&) { fail(message); });
-        return;
-    }
-    react();
+    });
+    if (failure)
+        edit([this, failure](WorkspaceState&) { fail(*failure); });
+    else
+        react();
 }
 
 void ContentView::exportTo(
@@ -59,7 +57,7 @@ void ContentView::exportTo(
 {
     edit([this, folder, xml, record, projectName](WorkspaceState& state) {
         const SecurityScopedAccess access(services_.scope, folder);
-        try {
+        const auto failure = failureOf("export the project", [&] {
             const ExportFiles files = writeExportFiles(folder, *xml, record, projectName, services_.files);
             state.status = "Saved " + std::string(lastComponent(files.xmlURL)) + " and " +
                            std::string(lastComponent(files.settingsURL)) + ". Opening Final Cut Pro…";
@@ -72,9 +70,9 @@ void ContentView::exportTo(
                     if (!alive.expired()) // the window may have closed meanwhile
                         exportFinished(error, xmlURL);
                 });
-        } catch (const std::exception& failure) {
-            fail(failureText(failure, "export the project"));
-        }
+        });
+        if (failure)
+            fail(*failure);
     });
 }
 

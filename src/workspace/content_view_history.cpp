@@ -2,8 +2,6 @@
 #include "engine/generation_inputs.h"
 #include "workspace/content_view.h"
 
-#include <exception>
-
 namespace corvane {
 
 void ContentView::generateRoughEdit()
@@ -12,12 +10,13 @@ void ContentView::generateRoughEdit()
         if (!state.loaded)
             return;
         std::vector<Cut> cuts;
-        try {
+        const auto failure = failureOf("make a rough edit", [&] {
             cuts = generateFromSettings(
                 state.loaded->imported, state.loaded->engine, state.settings,
                 {services_.randomNumbers, services_.identifiers});
-        } catch (const std::exception& failure) {
-            fail(failureText(failure, "make a rough edit"));
+        });
+        if (failure) {
+            fail(*failure);
             return;
         }
         state.preview = std::make_shared<const EditRevision>(

@@ -5,7 +5,6 @@
 #include "session/starting_settings.h"
 #include "workspace/content_view.h"
 
-#include <exception>
 #include <memory>
 
 namespace corvane {
@@ -20,13 +19,14 @@ void ContentView::importXML(const std::string& data)
         const auto sign = services_.busy("Reading the project…");
         std::shared_ptr<LoadedDocument> loaded;
         EditSettings settings;
-        try {
+        const auto failure = failureOf("import this project", [&] {
             auto [imported, engine] = loadProject(data);
             settings = startingSettings(imported, engine, state.settings);
             loaded = std::make_shared<LoadedDocument>(
                 LoadedDocument{base64Encoded(data), std::move(imported), std::move(engine)});
-        } catch (const std::exception& failure) {
-            fail(failureText(failure, "import this project"));
+        });
+        if (failure) {
+            fail(*failure);
             return;
         }
         keepReplacedSession();

@@ -3,7 +3,6 @@
 #include "workspace/content_view.h"
 
 #include <algorithm>
-#include <exception>
 
 namespace corvane {
 
@@ -29,7 +28,7 @@ void ContentView::beginSavePreset()
 void ContentView::savePreset(PresetSave kind)
 {
     edit([this, kind](WorkspaceState& state) {
-        try {
+        const auto failure = failureOf("change the presets", [&] {
             std::vector<EditPreset> presets = presetsOrCloseSheet();
             const auto chosen = chosenPreset();
             const bool update = kind == PresetSave::update;
@@ -52,9 +51,9 @@ void ContentView::savePreset(PresetSave kind)
             state.chosenPreset = id.text();
             state.presetNotice = "Saved " + name + ".";
             state.showSavePreset = false;
-        } catch (const std::exception& failure) {
-            fail(failureText(failure, "change the presets"));
-        }
+        });
+        if (failure)
+            fail(*failure);
     });
 }
 
@@ -100,16 +99,16 @@ void ContentView::deletePreset()
         const auto chosen = chosenPreset();
         if (!chosen)
             return;
-        try {
+        const auto failure = failureOf("change the presets", [&] {
             std::vector<EditPreset> presets = currentPresets();
             std::erase_if(presets, [&](const EditPreset& other) { return other.id == chosen->id; });
             storePresets(std::move(presets));
             state.chosenPreset.clear();
             state.undoable = *chosen;
             state.presetNotice = "Deleted " + chosen->name + ". Your current editing settings are unchanged.";
-        } catch (const std::exception& failure) {
-            fail(failureText(failure, "change the presets"));
-        }
+        });
+        if (failure)
+            fail(*failure);
     });
 }
 
@@ -127,13 +126,13 @@ void ContentView::startNewPresetList()
         readPresets();
         if (presets_.canBeRead())
             return;
-        try {
+        const auto failure = failureOf("change the presets", [&] {
             const std::string kept = presets_.startNew();
             state.chosenPreset.clear();
             state.presetNotice = "Started a new list. The old one has been kept in the file " + kept + ".";
-        } catch (const std::exception& failure) {
-            fail(failureText(failure, "change the presets"));
-        }
+        });
+        if (failure)
+            fail(*failure);
     });
 }
 

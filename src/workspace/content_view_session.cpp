@@ -3,8 +3,6 @@
 #include "session/saved_session.h"
 #include "workspace/content_view.h"
 
-#include <exception>
-#include <new>
 #include <utility>
 
 namespace corvane {
@@ -46,7 +44,7 @@ void ContentView::windowAppeared()
 
 void ContentView::restoreSession()
 {
-    try {
+    const auto failure = failureOf("restore the session", [&] {
         auto bytes = services_.sessions.read();
         if (!bytes)
             return;
@@ -54,9 +52,10 @@ void ContentView::restoreSession()
         if (!session.holdsMore)
             services_.sessions.accept();
         show(std::move(session));
-    } catch (const std::exception& failure) {
+    });
+    if (failure) {
         storedSessionRefused_ = true;
-        fail(notRestored + failureText(failure, "restore the session"));
+        fail(notRestored + *failure);
     }
 }
 
@@ -107,7 +106,7 @@ void ContentView::show(std::shared_ptr<const LoadedDocument> loaded) noexcept
 void ContentView::keepReplacedSession()
 {
     const bool hasEdits = state_.loaded && !state_.history.items.empty();
-    try {
+    const auto failure = failureOf("write it", [&] {
         if (hasEdits) {
             services_.sessions.writePrevious(encodedSession());
         } else if (!state_.loaded && !storedSessionRefused_) {
@@ -115,16 +114,13 @@ void ContentView::keepReplacedSession()
             if (bytes && holdsGeneratedEdits(*bytes))
                 services_.sessions.keepAsPrevious(*bytes);
         }
-    } catch (const std::exception& failure) {
-        keepingFailed_ = previousNotKept + failureText(failure, "write it");
-        try {
-            if (hasEdits)
-                services_.sessions.write(encodedSession());
-        } catch (const std::exception&) { // then it is the disk
-            unkeptSession_ = joined(encodedSession());
-        }
-        services_.sessions.disown();
-    }
+    });
+    if (!failure)
+        return;
+    keepingFailed_ = previousNotKept + *failure;
+    if (hasEdits && failureOf("write it", [&] { services_.sessions.write(encodedSession()); })) // then it is the disk
+        unkeptSession_ = joined(encodedSession());
+    services_.sessions.disown();
 }
 
 /// Tries again to keep the replaced session. Returns the message if that fails; none if nothing is left to keep.
@@ -132,35 +128,31 @@ std::optional<std::string> ContentView::keepUnkeptSession()
 {
     if (!unkeptSession_)
         return std::nullopt;
-    try {
+    const auto failure = failureOf("write it", [&] {
         const std::string_view part = *unkeptSession_;
         services_.sessions.writePrevious({&part, 1});
         unkeptSession_.reset();
-        return std::nullopt;
-    } catch (const std::exception& failure) {
-        return previousNotKept + failureText(failure, "write it");
-    }
+    });
+    return failure ? std::optional(previousNotKept + *failure) : std::nullopt;
 }
 
 /// Not called at every change, because only imports and reopening create or remove a previous session.
 void ContentView::lookForPreviousSession()
 {
-    try {
+    state_.canReopen = false;
+    (void)failureOf("look for it", [&] {
         state_.canReopen = unkeptSession_ || somethingNamed(services_.sessions.previousFilePath());
-    } catch (const std::exception&) {
-        state_.canReopen = false;
-    }
+    });
 }
 
 void ContentView::reopenPreviousSession()
 {
     edit([this](WorkspaceState& state) {
-        try {
-            if (!unkeptSession_ && !somethingNamed(services_.sessions.previousFilePath())) {
-                state.canReopen = false;
-                fail("There is no previous project to reopen.");
+        bool isThere = false;
+        const auto failure = failureOf("restore the session", [&] {
+            isThere = unkeptSession_ || somethingNamed(services_.sessions.previousFilePath());
+            if (!isThere)
                 return;
-            }
             const std::string bytes =
                 unkeptSession_ ? *unkeptSession_ : readFile(services_.sessions.previousFilePath(), largestSession);
             StoredSession session = readSession(bytes);
@@ -170,8 +162,14 @@ void ContentView::reopenPreviousSession()
             }
             unkeptSession_.reset();
             show(std::move(session));
-        } catch (const std::exception& failure) {
-            fail(notRestored + failureText(failure, "restore the session"));
+        });
+        if (failure) {
+            fail(notRestored + *failure);
+            return;
+        }
+        if (!isThere) {
+            state.canReopen = false;
+            fail("There is no previous project to reopen.");
             return;
         }
         lookForPreviousSession();
@@ -197,14 +195,12 @@ void ContentView::saveSession()
     if (!state_.loaded)
         return;
     const std::optional<std::string> notKept = std::exchange(keepingFailed_, std::nullopt);
-    try {
+    const auto failure = failureOf("save the session", [&] {
         services_.sessions.write(encodedSession());
         state_.sessionSaveError = notKept ? notKept : keepUnkeptSession();
-    } catch (const std::exception& failure) {
-        state_.sessionSaveError = std::string(sessionNotSaved) + failureText(failure, "save the session");
-        if (notKept)
-            *state_.sessionSaveError += " " + *notKept;
-    }
+    });
+    if (failure)
+        state_.sessionSaveError = std::string(sessionNotSaved) + *failure + (notKept ? " " + *notKept : "");
 }
 
 } // namespace corvane

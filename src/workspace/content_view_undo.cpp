@@ -2,7 +2,6 @@
 #include "workspace/content_view.h"
 
 #include <algorithm>
-#include <exception>
 #include <utility>
 
 namespace corvane {
@@ -32,7 +31,7 @@ void ContentView::bringBack(const RemovedSection& removed)
 /// Stores the preset again. If that fails, it can be tried again.
 void ContentView::bringBack(const EditPreset& deleted)
 {
-    try {
+    const auto failure = failureOf("change the presets", [&] {
         std::vector<EditPreset> presets = currentPresets();
         if (std::ranges::any_of(presets, [&](const EditPreset& other) { return sameName(other.name, deleted.name); })) {
             fail("A preset with that name already exists. Choose it and use Update, or save with another name.");
@@ -43,10 +42,11 @@ void ContentView::bringBack(const EditPreset& deleted)
         storePresets(std::move(presets));
         state_.chosenPreset = deleted.id.text();
         state_.presetNotice = "Saved " + deleted.name + ".";
-    } catch (const std::exception& failure) {
-        fail(failureText(failure, "change the presets"));
-        state_.undoable = deleted;
-    }
+    });
+    if (!failure)
+        return;
+    fail(*failure);
+    state_.undoable = deleted;
 }
 
 } // namespace corvane

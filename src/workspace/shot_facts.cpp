@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "engine/generation_inputs.h"
 #include "engine/validation.h"
+#include "import/final_cut_import_error.h"
 #include "timecode/timecode.h"
 
 #include <algorithm>
@@ -26,7 +27,7 @@ EditMarks editMarks(const ContentView& view)
     }
     try {
         marks.sections = fixedSections(engine, settings.sections);
-    } catch (const std::exception&) {
+    } catch (const FinalCutImportError&) {
         marks.sections.clear(); // a stored session may contain sections that were never validated
     }
     return marks;

@@ -1,5 +1,6 @@
 #include "workspace/window/help_window.h"
 
+#include "base/error.h"
 #include "help/help_texts.h"
 #include "help/product.h"
 #include "help/topic_page.h"
@@ -65,11 +66,10 @@ QString pageHTML(const CorvaneManual::Section& section)
 
 LoadedManual loadedManual(const Resources& resources)
 {
-    try {
-        return loadManual(resources);
-    } catch (const std::exception& failure) {
-        return failure.what();
-    }
+    LoadedManual loaded;
+    if (const auto failure = failureOf("open the manual", [&] { loaded = loadManual(resources); }))
+        loaded = *failure;
+    return loaded;
 }
 
 CorvaneHelpView::CorvaneHelpView(
