@@ -36,6 +36,7 @@ void coupleBounds(double& minimum, double& maximum, double minimumBefore)
 ContentView::ContentView(WorkspaceServicesInUse services)
     : services_(std::move(services)),
       presets_(services_.defaults),
+      keeper_(services_.sessions, [this] { return services_.busy("Restoring the session…"); }),
       inboxSubscription_(services_.inbox.observe([this] { react(); }))
 {
 }

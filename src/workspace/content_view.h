@@ -12,8 +12,7 @@
 #include "platform/workspace_services.h"
 #include "session/edit_history.h"
 #include "session/preset_library.h"
-#include "session/session_encoding.h"
-#include "session/session_store.h"
+#include "session/session_keeper.h"
 
 #include <bitset>
 #include <deque>
@@ -28,14 +27,6 @@
 
 namespace corvane {
 
-/// A loaded project: its document exactly as it was read, in Base64 as sessions hold it, and what the import made of
-/// it.
-struct LoadedDocument {
-    std::string encodedXML;
-    ImportedProject imported;
-    CutEngine engine;
-};
-
 /// A fixed section that was removed from this place in the list.
 struct RemovedSection {
     std::size_t position = 0;
@@ -45,9 +36,6 @@ struct RemovedSection {
 
 /// What Undo can bring back: the last section or preset that was removed, or nothing.
 using Undoable = std::variant<std::monostate, RemovedSection, EditPreset>;
-
-/// The beginning of `sessionSaveError` while the session on screen is not saved.
-constexpr std::string_view sessionNotSaved = "Session could not be saved: ";
 
 /// Everything that the window shows. Anyone may read it; it is changed only inside ContentView::edit.
 struct WorkspaceState {
@@ -199,7 +187,7 @@ private:
 
     void react();
     void show(std::shared_ptr<const LoadedDocument> loaded) noexcept;
-    [[nodiscard]] std::vector<std::string_view> encodedSession();
+    [[nodiscard]] SessionKeeper::OnScreen onScreen() const;
     /// Runs a dialog or handles a delivery. Deliveries that arrive meanwhile wait.
     template <class Work>
     auto whileWaiting(const Work& work)
@@ -216,20 +204,15 @@ private:
     }
 
     void saveSession();
-    [[nodiscard]] std::optional<std::string> keepUnkeptSession();
     void restoreSession();
+    /// A session and all else that showing it takes.
     struct StoredSession {
-        std::shared_ptr<const LoadedDocument> loaded;
-        EditSettings settings;
-        EditHistory history;
-        bool holdsMore = false; ///< the file contains more than a save would write
+        SessionKeeper::Restored session;
         EditSettings restoredSettings;
         std::string status;
     };
-    /// Reads and validates a session without showing it.
-    [[nodiscard]] StoredSession readSession(std::string bytes) const;
-    void show(StoredSession session) noexcept;
-    void keepReplacedSession();
+    [[nodiscard]] static StoredSession forScreen(SessionKeeper::Restored session);
+    void show(StoredSession stored) noexcept;
     void lookForPreviousSession();
 
     [[nodiscard]] std::vector<EditPreset> currentPresets();
@@ -246,15 +229,12 @@ private:
     WorkspaceServicesInUse services_;
     WorkspaceState state_;
     PresetLibrary presets_;
-    SessionEncoder encoder_;
+    SessionKeeper keeper_;
     std::deque<std::string> alerts_;
     std::size_t alertsNoticed_ = 0;
     std::size_t lastAlertStandsFor_ = 1; ///< how many messages the last alert stands for
     int editDepth_ = 0;
     bool saveWanted_ = false;
-    bool storedSessionRefused_ = false;        ///< the stored file could not be restored
-    std::optional<std::string> unkeptSession_; ///< a replaced session with edits that could not be written to any file
-    std::optional<std::string> keepingFailed_; ///< why a replaced session could not be kept, for the line about saving
     bool notifying_ = false;
     bool waiting_ = false; ///< a dialog is open or a delivery is being handled: other deliveries wait
     std::deque<std::function<void(WorkspaceState&)>> waitingEdits_;

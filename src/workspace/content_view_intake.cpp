@@ -29,7 +29,7 @@ void ContentView::importXML(const std::string& data)
             fail(*failure);
             return;
         }
-        keepReplacedSession();
+        keeper_.keepReplaced(onScreen());
         show(std::move(loaded));
         state.history = {};
         state.chosenPreset.clear();
