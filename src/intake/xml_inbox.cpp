@@ -4,23 +4,6 @@
 
 namespace corvane {
 
-XMLInboxSubscription& XMLInboxSubscription::operator=(XMLInboxSubscription&& other) noexcept
-{
-    if (this != &other) {
-        end();
-        observer_ = std::move(other.observer_);
-    }
-    return *this;
-}
-
-void XMLInboxSubscription::end()
-{
-    if (!observer_)
-        return;
-    observer_->ended = true; // a running notice keeps the observer alive
-    observer_.reset();
-}
-
 XMLInbox& XMLInbox::shared()
 {
     static XMLInbox inbox;
@@ -30,13 +13,13 @@ XMLInbox& XMLInbox::shared()
 void XMLInbox::setURL(std::optional<std::string> location)
 {
     url_ = std::move(location);
-    notify();
+    observers_.notify();
 }
 
 void XMLInbox::setXMLData(std::optional<std::string> bytes)
 {
     xmlData_ = std::move(bytes);
-    notify();
+    observers_.notify();
 }
 
 std::string XMLInbox::takeXMLData()
@@ -47,26 +30,7 @@ std::string XMLInbox::takeXMLData()
 void XMLInbox::setImportError(std::optional<std::string> text)
 {
     importError_ = std::move(text);
-    notify();
-}
-
-XMLInboxSubscription XMLInbox::observe(std::function<void()> notice)
-{
-    std::erase_if(observers_, [](const auto& observer) { return observer.expired(); });
-    auto observer = std::make_shared<XMLInboxSubscription::Observer>();
-    observer->notice = std::move(notice);
-    observers_.push_back(observer);
-    return XMLInboxSubscription(std::move(observer));
-}
-
-void XMLInbox::notify()
-{
-    const auto observers = observers_; // notices may change the list
-    for (const auto& weak : observers) {
-        const auto observer = weak.lock();
-        if (observer && !observer->ended)
-            observer->notice();
-    }
+    observers_.notify();
 }
 
 } // namespace corvane

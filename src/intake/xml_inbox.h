@@ -1,37 +1,15 @@
 #pragma once
 
-#include <functional>
-#include <memory>
+#include "base/observers.h"
+
 #include <optional>
 #include <string>
-#include <vector>
+#include <utility>
 
 namespace corvane {
 
-/// An observer's subscription. Notices stop after end() or when this object is destroyed. May outlive the inbox.
-class XMLInboxSubscription {
-public:
-    XMLInboxSubscription() = default;
-    XMLInboxSubscription(XMLInboxSubscription&&) noexcept = default;
-    XMLInboxSubscription& operator=(XMLInboxSubscription&& other) noexcept;
-    ~XMLInboxSubscription() { end(); }
-
-    /// No notice reaches the observer after this, not even one that is already being delivered.
-    void end();
-
-private:
-    friend class XMLInbox;
-    struct Observer {
-        std::function<void()> notice;
-        bool ended = false;
-    };
-    explicit XMLInboxSubscription(std::shared_ptr<Observer> observer) : observer_(std::move(observer)) {}
-
-    std::shared_ptr<Observer> observer_;
-};
-
-/// Where projects arrive from outside the window: drags, shares and opened files are put here, and the workspace takes
-/// them out and empties the property. Main thread only.
+/// Where projects arrive from outside the window: drags, shares and opened files are put here, the workspace takes
+/// them them out and empties the property. Main thread only.
 class XMLInbox {
 public:
     XMLInbox() = default;
@@ -58,15 +36,13 @@ public:
 
     /// Calls `notice` after each assignment, even one that changes nothing, but not for earlier assignments. A notice
     /// may assign (which notifies at once), end subscriptions and observe.
-    [[nodiscard]] XMLInboxSubscription observe(std::function<void()> notice);
+    [[nodiscard]] Subscription observe(Observers<>::Notice notice) { return observers_.observe(std::move(notice)); }
 
 private:
-    void notify();
-
     std::optional<std::string> url_;
     std::optional<std::string> xmlData_;
     std::optional<std::string> importError_;
-    std::vector<std::weak_ptr<XMLInboxSubscription::Observer>> observers_;
+    Observers<> observers_;
 };
 
 } // namespace corvane

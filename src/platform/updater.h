@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/observers.h"
+
 #include <functional>
 #include <utility>
 
@@ -16,7 +18,7 @@ public:
     [[nodiscard]] virtual bool canCheckForUpdates() const = 0;
     virtual void checkForUpdates() = 0;
     /// Calls `notice` after each change of canCheckForUpdates.
-    virtual void observe(std::function<void()> notice) = 0;
+    [[nodiscard]] virtual Subscription observe(Observers<>::Notice notice) = 0;
 };
 
 /// On this system, programs are updated with the system, so this updater never checks.
@@ -24,7 +26,7 @@ class NoUpdater : public Updater {
 public:
     [[nodiscard]] bool canCheckForUpdates() const override { return false; }
     void checkForUpdates() override {}
-    void observe(std::function<void()>) override {}
+    [[nodiscard]] Subscription observe(Observers<>::Notice) override { return {}; }
 };
 
 /// Follows the updater's canCheckForUpdates, so that a command can be enabled and disabled with it.
@@ -33,7 +35,7 @@ public:
     explicit CorvaneUpdateState(Updater& updater, std::function<void()> changed) : changed_(std::move(changed))
     {
         canCheckForUpdates = updater.canCheckForUpdates();
-        updater.observe([this, &updater] {
+        subscription_ = updater.observe([this, &updater] {
             canCheckForUpdates = updater.canCheckForUpdates();
             changed_();
         });
@@ -43,6 +45,7 @@ public:
 
 private:
     std::function<void()> changed_;
+    Subscription subscription_;
 };
 
 } // namespace corvane

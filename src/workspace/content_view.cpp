@@ -136,24 +136,9 @@ void ContentView::notify(const WorkspaceState& before)
     alertsNoticed_ = alerts_.size();
     if (changes.none())
         return;
-    const auto observers = observers_; // a copy, because observers may stop observing while they are notified
     notifying_ = true;
     const std::unique_ptr<bool, void (*)(bool*)> whenDone(&notifying_, [](bool* notifying) { *notifying = false; });
-    for (const auto& [token, observer] : observers) {
-        if (observers_.contains(token))
-            observer(changes);
-    }
-}
-
-int ContentView::observe(Observer observer)
-{
-    observers_.emplace(nextObserver_, std::move(observer));
-    return nextObserver_++;
-}
-
-void ContentView::stopObserving(int token)
-{
-    observers_.erase(token);
+    observers_.notify(changes);
 }
 
 void ContentView::fail(const std::string& message)

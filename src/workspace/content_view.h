@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/observers.h"
 #include "base/timestamp.h"
 #include "engine/cut_generation.h"
 #include "engine/edit_settings.h"
@@ -109,10 +110,11 @@ public:
     /// instead of throwing. An edit made inside a notice is postponed until the notice ends.
     void edit(const std::function<void(WorkspaceState&)>& change);
 
-    using Observer = std::function<void(const Changes&)>;
-    /// Calls `observer` after each edit that changed something, until stopObserving is called with the returned token.
-    int observe(Observer observer);
-    void stopObserving(int token);
+    /// Calls `notice` after each edit that changed something, with what changed.
+    [[nodiscard]] Subscription observe(Observers<Changes>::Notice notice)
+    {
+        return observers_.observe(std::move(notice));
+    }
 
     // The start, projects and files
     /// Call this if a project was given at the start and will be opened later: the stored session is then not restored.
@@ -238,10 +240,9 @@ private:
     bool notifying_ = false;
     bool waiting_ = false; ///< a dialog is open or a delivery is being handled: other deliveries wait
     std::deque<std::function<void(WorkspaceState&)>> waitingEdits_;
-    std::map<int, Observer> observers_;
-    int nextObserver_ = 0;
-    XMLInboxSubscription inboxSubscription_;
-    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true); ///< for reports that may arrive too late
+    Observers<Changes> observers_;
+    Subscription inboxSubscription_;
+    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true); ///< reports look whether it still is
 };
 
 } // namespace corvane

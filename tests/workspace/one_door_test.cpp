@@ -28,7 +28,7 @@ TEST(OneDoor, GivesOneNoticeAndOneSaveForEachOperation)
     window.sessionCalls = &calls;
     window.start();
     std::vector<Changes> notices;
-    window.view().observe([&](const Changes& changes) { notices.push_back(changes); });
+    const auto subscription = window.view().observe([&](const Changes& changes) { notices.push_back(changes); });
     const std::pair<const char*, std::function<void(ContentView&)>> operations[] = {
         {"import", [](auto& view) { view.importXML(document()); }},
         {"generate", [](auto& view) { view.generateRoughEdit(); }},
@@ -58,7 +58,7 @@ TEST(OneDoor, LetsEditsOfObserversWaitTheirTurn)
     TestWindow window;
     window.view().importXML(document());
     std::vector<double> seen, order;
-    const int token = window.view().observe([&](const Changes&) {
+    auto subscription = window.view().observe([&](const Changes&) {
         const double told = window.state().settings.mainShare;
         seen.push_back(told);
         if (told < 30) {
@@ -70,7 +70,7 @@ TEST(OneDoor, LetsEditsOfObserversWaitTheirTurn)
     window.set([](auto& edit) { edit.mainShare = 20; });
     EXPECT_EQ(seen, (std::vector<double>{20, 25, 30}));
     EXPECT_EQ(order, (std::vector<double>{20, 25}));
-    window.view().stopObserving(token);
+    subscription.end();
     const auto failing = [](auto& edit) { edit.mainShare = 90, throw PlatformError("no"); };
     EXPECT_THROW(window.set(failing), PlatformError);
     EXPECT_EQ(window.state().settings.mainShare, 30) << "what throws has changed nothing";

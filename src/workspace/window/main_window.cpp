@@ -100,11 +100,6 @@ MainWindow::MainWindow(MainWindowServices services)
     refresh(Changes().set());
 }
 
-MainWindow::~MainWindow()
-{
-    services_.view.stopObserving(observation_);
-}
-
 QWidget* MainWindow::makeHeader()
 {
     auto* header = new QWidget(this);

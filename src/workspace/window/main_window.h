@@ -46,7 +46,6 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
     explicit MainWindow(MainWindowServices services);
-    ~MainWindow() override;
 
     /// For alerts that do not come from the controller.
     Alerts& alerts() { return *alerts_; }
@@ -96,7 +95,7 @@ private:
     QDialog* helpSheet_ = nullptr;
     QDialog* aboutSheet_ = nullptr;
     std::vector<Panel*> panels_;
-    int observation_ = 0;
+    Subscription observation_;
 };
 
 } // namespace corvane
