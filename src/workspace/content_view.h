@@ -116,15 +116,23 @@ public:
         return observers_.observe(std::move(notice));
     }
 
+    // No operation throws, but for `edit`: what is refused, and what fails, is told in an alert, and has changed
+    // nothing but that. Inside a notice each waits its turn.
+
     // The start, projects and files
     /// Call this if a project was given at the start and will be opened later: the stored session is then not restored.
     void expectProject();
+    /// Takes in what has arrived already, else restores the stored session; only the first call restores.
     void windowAppeared();
+    /// Loads a project from its document. Refuses what is no project of one uncut multicam clip with two video angles.
     void importXML(const std::string& data);
+    /// The same for a file or bundle at a path. Refuses other kinds of files, and what cannot be read.
     void openProjectFile(const std::string& location);
     /// Takes the drop and returns true if it is a single project file, which may still turn out to be unreadable.
     bool handleDroppedFiles(const std::vector<std::string>& locations);
+    /// Asks for a file and opens it; does nothing while a dialog is open, or when none is chosen.
     void chooseProjectFile();
+    /// Shows the previous session, and keeps the one on screen in its place. Refuses where there is none.
     void reopenPreviousSession();
     /// Tries again to save what could not be saved.
     void saveAgain();
@@ -137,43 +145,70 @@ public:
     // Messages. Alerts that have not been seen wait behind the first, each text once and up to a limit; `error` is the
     // latest one alone.
     [[nodiscard]] const std::deque<std::string>& alerts() const { return alerts_; }
+    /// The first alert was seen; does nothing when there is none.
     void dismissError();
 
-    // Settings
+    // Settings. They take what they are given: a generation refuses cameras and numbers that do not fit.
+
+    /// The camera that was the main one is included from now on, where it is a video angle.
     void selectMainCamera(const std::string& id);
     enum class Inclusion { included, excluded };
+    /// Takes any id; only those of other video angles have an effect.
     void setCameraIncluded(const std::string& id, Inclusion inclusion);
     /// Sets one of the four bounds to `seconds`; the other bound of its pair follows.
     void setBound(double EditSettings::* bound, double seconds);
+    /// Adds a fixed section of 30 seconds behind the last one; does nothing without a project. Refuses where there is
+    /// no room.
     void addSection();
+    /// Does nothing for a position that is none.
     void removeSection(std::size_t position);
     /// Brings back the section or preset that was removed last.
     void undo();
 
     // The history
+
+    /// Draws an edit and shows it, in place of those that come after the current one; does nothing without a project.
+    /// Refuses what validateInputs and generateCuts refuse.
     void generateRoughEdit();
+    /// Shows the edit at this position and puts its settings on screen; does nothing for a position that is none.
     void restoreRevision(std::int64_t position);
+    /// The edit before the one on screen, or the current one where settings have changed since; nothing before the
+    /// first.
     void stepBack();
+    /// The next edit; nothing after the last.
     void stepForward();
 
-    // Presets
+    // Presets. What refuses leaves the stored list as it is.
+
     [[nodiscard]] const PresetLibrary& presets() const { return presets_; }
+    /// None while none is chosen, and when it is gone.
     [[nodiscard]] std::optional<EditPreset> chosenPreset() const { return presets_.preset(state_.chosenPreset); }
     /// Call this if another process has changed the stored list.
     void readPresets();
+    /// Opens the save sheet.
     void beginSavePreset();
     enum class PresetSave { asNew, update };
+    /// Stores the setup on screen: under the name in the save sheet, or as the chosen preset. Does nothing for a blank
+    /// name or without a chosen one. Refuses a name that is used already, and a list that cannot be read or written.
     void savePreset(PresetSave kind);
+    /// Puts a preset on screen, as far as its cameras are found; every preset does.
     void applyPreset(const EditPreset& preset);
+    /// Deletes the chosen preset; does nothing without one. Refuses as savePreset does.
     void deletePreset();
     /// Keeps an unreadable list aside and begins an empty one; does nothing if the list can be read.
     void startNewPresetList();
 
     // The export
+
+    /// Asks for a folder, writes the edit on screen and its record there, and hands it to Final Cut. Does nothing while
+    /// a dialog is open, and unless the cut list on screen is the current edit's. Refuses what roughEditXML refuses.
     void exportRoughEdit();
 
     // Derived values
+
+    /// The angles with video, in project order; none without a project.
     [[nodiscard]] std::vector<ImportedAngle> videoAngles() const;
+    /// The ids of the included other cameras, in project order; none without a project.
     [[nodiscard]] std::vector<std::string> includedOtherCameras() const;
     /// The angle's name with its camera names, if any, in brackets; the id itself if the angle is unknown.
     [[nodiscard]] std::string angleLabel(std::string_view id) const;
