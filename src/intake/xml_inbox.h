@@ -9,7 +9,7 @@
 namespace corvane {
 
 /// Where projects arrive from outside the window: drags, shares and opened files are put here, the workspace takes
-/// them them out and empties the property. Main thread only.
+/// them out and empties the property. Main thread only.
 class XMLInbox {
 public:
     XMLInbox() = default;

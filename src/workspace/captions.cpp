@@ -61,25 +61,6 @@ WorkspaceStage stage(const ContentView& view)
     return view.state().cuts().empty() ? WorkspaceStage::loaded : WorkspaceStage::preview;
 }
 
-Enabling enabling(const ContentView& view)
-{
-    const WorkspaceState& state = view.state();
-    const EditHistory& history = state.history;
-    const bool camerasChosen = !view.includedOtherCameras().empty() && !state.settings.audio.empty();
-    const bool presetChosen = view.chosenPreset().has_value();
-    Enabling enabled;
-    enabled.generate = camerasChosen;
-    enabled.exportEdit = !state.cuts().empty();
-    enabled.back = history.has(history.index) && (state.cuts().empty() || history.index > 0);
-    enabled.forward = history.index + 1 < static_cast<std::int64_t>(history.items.size());
-    enabled.apply = presetChosen;
-    enabled.saveAs = camerasChosen;
-    enabled.update = presetChosen && camerasChosen;
-    enabled.deletePreset = presetChosen;
-    enabled.save = !trimmed(state.presetName).empty();
-    return enabled;
-}
-
 std::string primaryButtonText(const ContentView& view)
 {
     return view.state().cuts().empty() ? "Generate rough edit" : "Shuffle rough edit";
@@ -149,31 +130,6 @@ std::string videoGapsText(const ContentView& view)
     if (!gaps)
         return "";
     return gaps->empty() ? wholeProjectCovered : std::to_string(gaps->size()) + " uncovered video section(s)";
-}
-
-Hints hints(const ContentView& view)
-{
-    const Enabling enabled = enabling(view);
-    const WorkspaceState& state = view.state();
-    Hints hints;
-    if (!enabled.generate) {
-        hints.generate =
-            view.includedOtherCameras().empty() ? "Include another camera." : "Choose the continuous audio.";
-    }
-    if (!enabled.exportEdit)
-        hints.exportEdit = "Generate an edit first.";
-    if (!enabled.back)
-        hints.back = state.history.items.empty() ? "There is no edit yet." : "This is the first edit.";
-    if (!enabled.forward)
-        hints.forward = state.history.items.empty() ? "There is no edit yet." : "This is the last edit.";
-    if (!enabled.apply)
-        hints.apply = "Choose a preset first.";
-    hints.deletePreset = hints.apply;
-    hints.saveAs = hints.generate;
-    hints.update = hints.apply ? hints.apply : hints.generate;
-    if (!enabled.save)
-        hints.save = "Type a name first.";
-    return hints;
 }
 
 std::string projectLine(const ContentView& view, std::string_view decimalSign)

@@ -18,21 +18,7 @@ namespace corvane {
 enum class WorkspaceStage { empty, loaded, preview };
 [[nodiscard]] WorkspaceStage stage(const ContentView& view);
 
-/// Which buttons are enabled.
-struct Enabling {
-    bool generate = false;
-    bool exportEdit = false;
-    bool back = false;
-    bool forward = false;
-    bool apply = false;
-    bool saveAs = false;
-    bool update = false;
-    bool deletePreset = false;
-    bool save = false; ///< in the save sheet
-};
-[[nodiscard]] Enabling enabling(const ContentView& view);
-
-/// "Generate rough edit", or "Shuffle rough edit" if there is a cut list.
+/// "Generate rough edit", or "Shuffle rough edit" beside a cut list.
 [[nodiscard]] std::string primaryButtonText(const ContentView& view);
 /// "Edit 2 of 3"; none if the cut list is empty.
 [[nodiscard]] std::optional<std::string> positionCaption(const ContentView& view);
@@ -50,21 +36,7 @@ struct Enabling {
 /// "2 uncovered video section(s)", or the text for no gaps.
 [[nodiscard]] std::string videoGapsText(const ContentView& view);
 
-/// Why each button is disabled; none for buttons that are enabled.
-struct Hints {
-    std::optional<std::string> generate;
-    std::optional<std::string> exportEdit;
-    std::optional<std::string> back;
-    std::optional<std::string> forward;
-    std::optional<std::string> apply;
-    std::optional<std::string> saveAs;
-    std::optional<std::string> update;
-    std::optional<std::string> deletePreset;
-    std::optional<std::string> save; ///< in the save sheet
-};
-[[nodiscard]] Hints hints(const ContentView& view);
-
-/// The loaded project's name, rate and length in one line; empty without a project.
+/// Name, rate and length of the loaded project in a line; empty without one.
 [[nodiscard]] std::string projectLine(const ContentView& view, std::string_view decimalSign = ".");
 /// "00:00:40:00 · 29.97 fps": the loaded project's length and rate; empty without a project.
 [[nodiscard]] std::string projectFacts(const ContentView& view, std::string_view decimalSign = ".");

@@ -2,6 +2,7 @@
 #include "replay/story_stage.h"
 #include "session/presets.h"
 #include "workspace/captions.h"
+#include "workspace/commands.h"
 
 namespace corvane::replay {
 
@@ -51,7 +52,7 @@ Json fields(StoryStage& stage)
 
 Json derived(const ContentView& window)
 {
-    const Enabling enabled = enabling(window);
+    const auto enabled = [&window](Command command) { return !whyNot(command, {window}); };
     Json angles = Json::array();
     for (const ImportedAngle& angle : window.videoAngles())
         angles.push_back(angle.id);
@@ -69,15 +70,15 @@ Json derived(const ContentView& window)
         {"primaryButton", primaryButtonText(window)},
         {"includeCaption", asksForAnotherCamera(window)},
         {"enabled",
-         {{"generate", enabled.generate},
-          {"export", enabled.exportEdit},
-          {"back", enabled.back},
-          {"forward", enabled.forward},
-          {"apply", enabled.apply},
-          {"saveAs", enabled.saveAs},
-          {"update", enabled.update},
-          {"delete", enabled.deletePreset},
-          {"save", enabled.save}}},
+         {{"generate", enabled(Command::generate)},
+          {"export", enabled(Command::exportEdit)},
+          {"back", enabled(Command::back)},
+          {"forward", enabled(Command::forward)},
+          {"apply", enabled(Command::applyPreset)},
+          {"saveAs", enabled(Command::savePresetAs)},
+          {"update", enabled(Command::updatePreset)},
+          {"delete", enabled(Command::deletePreset)},
+          {"save", enabled(Command::savePreset)}}},
         {"position", orNull(positionCaption(window))},
         {"summary", orNull(summaryLine(window))},
         {"warning",

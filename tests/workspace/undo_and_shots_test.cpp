@@ -2,6 +2,7 @@
 #include "support/documents.h"
 #include "support/test_window.h"
 #include "workspace/captions.h"
+#include "workspace/commands.h"
 #include "workspace/shot_facts.h"
 
 #include <gtest/gtest.h>
@@ -84,15 +85,16 @@ TEST(Hints, SayWhyAButtonCannotBePressedAndWhichEditsTheNextOneReplaces)
     TestWindow window;
     ContentView& view = window.view();
     view.importXML(document());
-    EXPECT_EQ(hints(view).generate, std::nullopt);
-    EXPECT_EQ(hints(view).back, "There is no edit yet.");
+    EXPECT_EQ(whyNot(Command::generate, {view}), std::nullopt);
+    EXPECT_EQ(whyNot(Command::back, {view}), "There is no edit yet.");
+    EXPECT_EQ(whyNot(Command::updatePreset, {view}), "Choose a preset first.");
     view.beginSavePreset();
-    EXPECT_EQ(hints(view).save, "Type a name first.");
+    EXPECT_EQ(whyNot(Command::savePreset, {view}), "Type a name first.");
     view.setCameraIncluded("B", ContentView::Inclusion::excluded);
-    EXPECT_EQ(hints(view).generate, "Include another camera.");
+    EXPECT_EQ(whyNot(Command::generate, {view}), "Include another camera.");
     view.setCameraIncluded("B", ContentView::Inclusion::included);
     window.set([](auto& settings) { settings.audio.clear(); });
-    EXPECT_EQ(hints(view).generate, "Choose the continuous audio.");
+    EXPECT_EQ(whyNot(Command::generate, {view}), "Choose the continuous audio.");
     window.set([](auto& settings) { settings.audio = "A"; });
     for (int edit = 0; edit < 5; ++edit)
         view.generateRoughEdit();

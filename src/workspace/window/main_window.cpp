@@ -75,6 +75,7 @@ MainWindow::MainWindow(MainWindowServices services)
       aboutWindow_(services_.bundle, [this] { helpWindow_.show(); })
 {
     setWindowTitle("Corvane");
+    commands_ = new CommandActions(services_.view, services_.updater, this);
     setAcceptDrops(true);
     resize(firstWindowSize());
     auto* page = new QWidget(this);
@@ -89,12 +90,12 @@ MainWindow::MainWindow(MainWindowServices services)
     column->addWidget(footer);
     setCentralWidget(page);
     dropOutline_ = new DropOutline(this);
-    menus_ = new Menus(
-        services_.view, services_.updater,
+    makeMenus(
+        *commands_, services_.view, services_.updater,
         {[this] { helpWindow_.show(); }, [this] { aboutWindow_.show(); }, services_.reveal}, *this);
     alerts_ = new AlertBoxes(services_.view, *this);
     quitQuestion_ = new QuitQuestion(services_.view, *this);
-    savePreset_ = new SavePresetSheet(services_.view, this);
+    savePreset_ = new SavePresetSheet(services_.view, commands_->of(Command::savePreset), this);
     restorePlace();
     observation_ = services_.view.observe([this](const Changes& changes) { refresh(changes); });
     refresh(Changes().set());
@@ -108,8 +109,9 @@ QWidget* MainWindow::makeHeader()
     auto* icon = new QLabel(header);
     icon->setPixmap(theme::icon().pixmap(QSize(36, 36), devicePixelRatioF()));
     row->addWidget(icon);
-    auto* open = new QPushButton(tr("&Import Final Cut XML…"), header);
+    auto* open = new QPushButton(header);
     open->setProperty("role", "primary");
+    followAction(*open, commands_->of(Command::importProject));
     row->addWidget(open);
     projectName_ = new ElidedLabel({}, header);
     projectFacts_ = new QLabel(header);
@@ -127,7 +129,6 @@ QWidget* MainWindow::makeHeader()
     setTip(*about, tr("About Corvane, donations and feedback"));
     row->addWidget(help);
     row->addWidget(about);
-    connect(open, &QPushButton::clicked, this, [this] { services_.view.chooseProjectFile(); });
     connect(help, &QPushButton::clicked, this, [this] {
         services_.view.edit([](WorkspaceState& state) { state.showingHelp = true; });
     });
@@ -189,7 +190,7 @@ QWidget* MainWindow::makeSettings()
     auto* column = new QVBoxLayout(settings);
     column->setContentsMargins(0, 0, 6, 0);
     column->setSpacing(10);
-    addPanel(new PresetsPanel(services_.view, settings), *column);
+    addPanel(new PresetsPanel(services_.view, *commands_, settings), *column);
     addPanel(new CoveragePanel(services_.view, marks_, settings), *column);
     addPanel(new CamerasPanel(services_.view, marks_, settings), *column);
     addPanel(new PacingPanel(services_.view, settings), *column);
@@ -202,7 +203,7 @@ QWidget* MainWindow::makeSettings()
 
 QWidget* MainWindow::makeResult()
 {
-    auto* cuts = new CutPanel(services_.view, marks_);
+    auto* cuts = new CutPanel(services_.view, marks_, *commands_);
     auto* usage = new UsagePanel(services_.view, marks_);
     panels_.insert(panels_.end(), {cuts, usage});
     resultSplit_ = new ResultSplit(cuts, usage, this);
@@ -243,7 +244,7 @@ void MainWindow::refresh(const Changes& changes)
         typedIn->forgetTyping(); // it was meant for the previous project
     for (Panel* panel : panels_)
         panel->refresh(first ? Changes().set() : changes);
-    menus_->refresh();
+    commands_->refresh();
     if (has(Changed::loaded))
         showProject();
     if (has(Changed::loaded) || has(Changed::settings))

@@ -81,7 +81,7 @@ private:
     CameraMarks marks_; ///< of the project that is shown
     CorvaneHelpWindow helpWindow_;
     CorvaneAboutWindow aboutWindow_;
-    Menus* menus_ = nullptr;
+    CommandActions* commands_ = nullptr;
     AlertBoxes* alerts_ = nullptr;
     QuitQuestion* quitQuestion_ = nullptr;
     SavePresetSheet* savePreset_ = nullptr;

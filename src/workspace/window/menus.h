@@ -2,10 +2,9 @@
 
 #include "platform/updater.h"
 #include "workspace/content_view.h"
+#include "workspace/window/command_actions.h"
 
-#include <QAction>
 #include <QMainWindow>
-#include <QObject>
 #include <functional>
 #include <string>
 
@@ -18,32 +17,9 @@ struct MenuActions {
     std::function<void(const std::string& path)> reveal; ///< shows a file in its folder
 };
 
-/// The menu bar of the main window. Its commands follow the controller's state.
-class Menus : public QObject {
-    Q_OBJECT
-public:
-    Menus(ContentView& view, Updater& updater, MenuActions actions, QMainWindow& window);
-
-    void refresh();
-
-private:
-    void makeFileMenu(QMainWindow& window);
-    void makeEditMenu(QMainWindow& window);
-    void makeHelpMenu(QMainWindow& window, Updater& updater);
-    void copyCutList() const;
-
-    ContentView& view_;
-    MenuActions actions_;
-    CorvaneUpdateState updates_;
-    QAction* reopen_ = nullptr;
-    QAction* export_ = nullptr;
-    QAction* showLastExport_ = nullptr;
-    QAction* undo_ = nullptr;
-    QAction* copyCuts_ = nullptr;
-    QAction* generate_ = nullptr;
-    QAction* back_ = nullptr;
-    QAction* forward_ = nullptr;
-    QAction* checkForUpdates_ = nullptr;
-};
+/// Makes the menu bar of the main window, and has the commands that are not the controller's do what they do.
+void makeMenus(
+    const CommandActions& commands, const ContentView& view, Updater& updater, const MenuActions& actions,
+    QMainWindow& window);
 
 } // namespace corvane

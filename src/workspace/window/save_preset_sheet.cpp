@@ -1,8 +1,7 @@
 #include "workspace/window/save_preset_sheet.h"
 
-#include "workspace/captions.h"
+#include "workspace/window/command_actions.h"
 #include "workspace/window/qt_text.h"
-#include "workspace/window/tooltips.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -11,8 +10,8 @@
 
 namespace corvane {
 
-SavePresetSheet::SavePresetSheet(ContentView& view, QWidget* parent)
-    : QDialog(parent), view_(view), name_(new QLineEdit(this)), save_(new QPushButton(tr("&Save"), this))
+SavePresetSheet::SavePresetSheet(ContentView& view, QAction& save, QWidget* parent)
+    : QDialog(parent), view_(view), name_(new QLineEdit(this)), save_(new QPushButton(this))
 {
     setWindowTitle(tr("Save preset"));
     setWindowModality(Qt::WindowModal);
@@ -34,7 +33,7 @@ SavePresetSheet::SavePresetSheet(ContentView& view, QWidget* parent)
     buttons->addWidget(save_);
     column->addLayout(buttons);
     connect(cancel, &QPushButton::clicked, this, &SavePresetSheet::reject);
-    connect(save_, &QPushButton::clicked, this, [this] { view_.savePreset(ContentView::PresetSave::asNew); });
+    followAction(*save_, save);
     connect(name_, &QLineEdit::textChanged, this, [this](const QString& text) { // typed or set by assistive technology
         view_.edit([name = utf8(text)](WorkspaceState& state) { state.presetName = name; });
     });
@@ -47,8 +46,6 @@ void SavePresetSheet::refresh()
         const QSignalBlocker blocker(name_);
         name_->setText(qt(state.presetName));
     }
-    save_->setEnabled(enabling(view_).save);
-    setTip(*save_, qt(hints(view_).save.value_or("")));
     if (state.showSavePreset == isVisible())
         return;
     if (state.showSavePreset) {

@@ -2,6 +2,7 @@
 
 #include "workspace/content_view.h"
 
+#include <QAction>
 #include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
@@ -12,7 +13,8 @@ namespace corvane {
 class SavePresetSheet : public QDialog {
     Q_OBJECT
 public:
-    SavePresetSheet(ContentView& view, QWidget* parent);
+    /// `save` is the command of the sheet.
+    SavePresetSheet(ContentView& view, QAction& save, QWidget* parent);
 
     /// Shows what changed. If another project is loaded, the sheet stays open with the typed name.
     void refresh();

@@ -36,7 +36,7 @@ protected:
 
 } // namespace
 
-CutPanel::CutPanel(ContentView& view, const CameraMarks& marks, QWidget* parent)
+CutPanel::CutPanel(ContentView& view, const CameraMarks& marks, const CommandActions& commands, QWidget* parent)
     : Panel(tr("Rough edit"), view, parent),
       marks_(marks),
       pages_(new QStackedWidget(this)),
@@ -47,16 +47,20 @@ CutPanel::CutPanel(ContentView& view, const CameraMarks& marks, QWidget* parent)
       model_(new CutTableModel(view, this)),
       table_(new QTableView(this)),
       generate_(new QPushButton(this)),
-      back_(new QPushButton(tr("&Back"), this)),
-      forward_(new QPushButton(tr("For&ward"), this)),
+      back_(new QPushButton(this)),
+      forward_(new QPushButton(this)),
       position_(new QLabel(this)),
-      export_(new QPushButton(tr("E&xport to Final Cut…"), this)),
+      export_(new QPushButton(this)),
       anotherCamera_(helpLabel(tr("Include another camera."), this)),
       carryOver_(new ElidedLabel({}, this)),
       status_(new QLabel(this)),
       saveError_(new QLabel(this))
 {
     arrange();
+    followAction(*generate_, commands.of(Command::generate));
+    followAction(*back_, commands.of(Command::back));
+    followAction(*forward_, commands.of(Command::forward));
+    followAction(*export_, commands.of(Command::exportEdit));
     connectAll();
 }
 
@@ -163,10 +167,6 @@ void CutPanel::arrangeMessages()
 
 void CutPanel::connectAll()
 {
-    connect(generate_, &QPushButton::clicked, this, [this] { view_.generateRoughEdit(); });
-    connect(back_, &QPushButton::clicked, this, [this] { view_.stepBack(); });
-    connect(forward_, &QPushButton::clicked, this, [this] { view_.stepForward(); });
-    connect(export_, &QPushButton::clicked, this, [this] { view_.exportRoughEdit(); });
     connect(shortShots_, &QPushButton::clicked, this, [this] { goToNextShortShot(); });
     connect(strip_, &CutStrip::picked, this, [this](int position, Frames frame) {
         choose(position, frame);
@@ -193,7 +193,6 @@ void CutPanel::refresh(const Changes& changes)
     }
     if (has(changes, Changed::loaded) || has(changes, Changed::cuts))
         showCuts();
-    showButtons();
     showTexts();
 }
 
@@ -248,24 +247,6 @@ void CutPanel::choose(int position, Frames frame)
 {
     table_->selectRow(position);
     chosen_ = frame; // anywhere within the shot
-}
-
-void CutPanel::showButtons()
-{
-    const Enabling enabled = enabling(view_);
-    const Hints why = hints(view_);
-    const auto show = [](QPushButton& button, bool on, const std::optional<std::string>& hint,
-                         const std::string& help = "") {
-        button.setEnabled(on);
-        setTip(button, qt(hint.value_or(help)));
-    };
-    QString primary = qt(primaryButtonText(view_));
-    primary.insert(primary.indexOf('g', 0, Qt::CaseInsensitive), '&'); // so that both texts have the same shortcut
-    generate_->setText(primary);
-    show(*generate_, enabled.generate, why.generate, replacedEdits(view_).value_or(""));
-    show(*back_, enabled.back, why.back, "Return to the previous rough edit and its settings");
-    show(*forward_, enabled.forward, why.forward, "Restore the next rough edit and its settings");
-    show(*export_, enabled.exportEdit, why.exportEdit);
 }
 
 void CutPanel::showTexts()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "workspace/window/camera_marks.h"
+#include "workspace/window/command_actions.h"
 #include "workspace/window/controls/elided_label.h"
 #include "workspace/window/controls/panel.h"
 #include "workspace/window/cut_table_model.h"
@@ -17,7 +18,7 @@ class CutPanel : public Panel {
     Q_OBJECT
 public:
     /// `marks` are those of the project that is shown.
-    CutPanel(ContentView& view, const CameraMarks& marks, QWidget* parent = nullptr);
+    CutPanel(ContentView& view, const CameraMarks& marks, const CommandActions& commands, QWidget* parent = nullptr);
     void refresh(const Changes& changes) override;
 
 private:
@@ -31,7 +32,6 @@ private:
     void choose(int position, Frames frame);
     void showShortShots();
     void goToNextShortShot();
-    void showButtons();
     void showTexts();
 
     const CameraMarks& marks_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "workspace/window/command_actions.h"
 #include "workspace/window/controls/panel.h"
 #include "workspace/window/controls/picker.h"
 
@@ -11,16 +12,14 @@ namespace corvane {
 class PresetsPanel : public Panel {
     Q_OBJECT
 public:
-    explicit PresetsPanel(ContentView& view, QWidget* parent = nullptr);
+    PresetsPanel(ContentView& view, const CommandActions& commands, QWidget* parent = nullptr);
     void refresh(const Changes& changes) override;
 
 private:
+    QPushButton* makeButton(QAction& action);
+
     Picker* picker_;
-    QPushButton* apply_;
-    QPushButton* saveAs_;
-    QPushButton* update_;
-    QPushButton* delete_;
-    QPushButton* startNewList_; ///< shown only if the list cannot be read
+    QPushButton* startNewList_; ///< there only while the list cannot be read
     QLabel* notice_;
 };
 

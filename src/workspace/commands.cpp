@@ -1,0 +1,130 @@
+#include "workspace/commands.h"
+
+#include "base/text.h"
+#include "workspace/captions.h"
+
+#include <array>
+
+namespace corvane {
+
+namespace {
+
+using Now = const CommandConditions&;
+using Reason = std::optional<std::string>;
+
+Reason unless(bool condition, const char* reason)
+{
+    return condition ? std::nullopt : Reason(reason);
+}
+
+Reason none(Now /*now*/)
+{
+    return std::nullopt;
+}
+
+Reason whyNoCuts(Now now)
+{
+    return unless(!now.view.state().cuts().empty(), "Generate an edit first.");
+}
+
+Reason whyNoGeneration(Now now)
+{
+    if (!now.view.state().loaded)
+        return "Import a project first.";
+    if (now.view.includedOtherCameras().empty())
+        return "Include another camera.";
+    return unless(!now.view.state().settings.audio.empty(), "Choose the continuous audio.");
+}
+
+Reason whyNotBack(Now now)
+{
+    const EditHistory& history = now.view.state().history;
+    if (history.items.empty())
+        return "There is no edit yet.";
+    const bool isEarlier = history.has(history.index) && (now.view.state().cuts().empty() || history.index > 0);
+    return unless(isEarlier, "This is the first edit.");
+}
+
+Reason whyNotForward(Now now)
+{
+    const EditHistory& history = now.view.state().history;
+    if (history.items.empty())
+        return "There is no edit yet.";
+    return unless(history.has(history.index + 1), "This is the last edit.");
+}
+
+Reason whyNoPreset(Now now)
+{
+    return unless(now.view.chosenPreset().has_value(), "Choose a preset first.");
+}
+
+constexpr std::array<CommandEntry, static_cast<std::size_t>(Command::count)> table = {{
+    {"Import Final Cut XML…", 'i', "Ctrl+O", "", none, [](ContentView& view) { view.chooseProjectFile(); }},
+    {"Reopen Previous Project", 'r', "", "",
+     [](Now now) { return unless(now.view.state().canReopen, "There is no previous project to reopen."); },
+     [](ContentView& view) { view.reopenPreviousSession(); }},
+    {"Export to Final Cut…", 'x', "Ctrl+E", "", whyNoCuts, [](ContentView& view) { view.exportRoughEdit(); }},
+    {"Show Last Export", 's', "", "",
+     [](Now now) { return unless(now.view.state().lastExport.has_value(), "Nothing has been exported yet."); }},
+    {"Close", 'c', "Ctrl+W", "", none},
+    {"Quit", 'q', "Ctrl+Q", "", none},
+    {"Undo", 'u', "Ctrl+Z", "",
+     [](Now now) { return unless(undoText(now.view).has_value(), "There is nothing to undo."); },
+     [](ContentView& view) { view.undo(); }},
+    {"Copy Cut List", 'c', "Ctrl+Shift+C", "", whyNoCuts},
+    {"Generate rough edit", 'g', "Ctrl+G", "", whyNoGeneration, [](ContentView& view) { view.generateRoughEdit(); }},
+    {"Back", 'b', "Ctrl+[", "Return to the previous rough edit and its settings", whyNotBack,
+     [](ContentView& view) { view.stepBack(); }},
+    {"Forward", 'w', "Ctrl+]", "Restore the next rough edit and its settings", whyNotForward,
+     [](ContentView& view) { view.stepForward(); }},
+    {"Corvane Help", 'h', "F1; Ctrl+?", "", none},
+    {"About Corvane", 'a', "", "", none},
+    {"Check for Updates…", 'u', "", "",
+     [](Now now) { return unless(now.canCheckForUpdates, "Corvane is updated together with your other programs."); }},
+    {"Apply", 'a', "", "", whyNoPreset,
+     [](ContentView& view) {
+         if (const auto preset = view.chosenPreset())
+             view.applyPreset(*preset);
+     }},
+    {"Save as…", 'v', "", "", whyNoGeneration, [](ContentView& view) { view.beginSavePreset(); }},
+    {"Update", 'u', "", "", [](Now now) { return now.view.chosenPreset() ? whyNoGeneration(now) : whyNoPreset(now); },
+     [](ContentView& view) { view.savePreset(ContentView::PresetSave::update); }},
+    {"Delete", 'l', "", "", whyNoPreset, [](ContentView& view) { view.deletePreset(); }},
+    {"Save", 's', "", "",
+     [](Now now) { return unless(!trimmed(now.view.state().presetName).empty(), "Type a name first."); },
+     [](ContentView& view) { view.savePreset(ContentView::PresetSave::asNew); }},
+}};
+
+} // namespace
+
+const CommandEntry& entry(Command command)
+{
+    return table.at(static_cast<std::size_t>(command));
+}
+
+std::optional<std::string> whyNot(Command command, const CommandConditions& now)
+{
+    return entry(command).whyNot(now);
+}
+
+std::string commandText(Command command, const ContentView& view)
+{
+    if (command == Command::generate)
+        return primaryButtonText(view);
+    if (command == Command::undo)
+        return undoText(view).value_or(std::string(entry(command).text));
+    return std::string(entry(command).text);
+}
+
+std::string commandTip(Command command, const CommandConditions& now)
+{
+    const auto reason = whyNot(command, now);
+    std::string tip(entry(command).help);
+    if (command == Command::generate && !reason)
+        tip = replacedEdits(now.view).value_or("");
+    if (reason)
+        tip += (tip.empty() ? "" : "\n") + *reason;
+    return tip;
+}
+
+} // namespace corvane

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "workspace/content_view.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// The commands of the window: what is written on them, their keys, and why one cannot run at the moment. Menus and
+/// buttons are made of these.
+namespace corvane {
+
+enum class Command {
+    importProject,
+    reopenPrevious,
+    exportEdit,
+    showLastExport,
+    close,
+    quit,
+    undo,
+    copyCutList,
+    generate,
+    back,
+    forward,
+    showHelp,
+    showAbout,
+    checkForUpdates,
+    applyPreset,
+    savePresetAs,
+    updatePreset,
+    deletePreset,
+    savePreset, ///< in the save sheet
+    count
+};
+constexpr auto commandCount = static_cast<std::size_t>(Command::count);
+
+/// What decides whether commands can run.
+struct CommandConditions {
+    const ContentView& view;
+    bool canCheckForUpdates = false;
+};
+
+struct CommandEntry {
+    std::string_view text;
+    char key = 0;               ///< the letter of the text that chooses it, in either case
+    std::string_view shortcuts; ///< "Ctrl+O", parted by "; "
+    std::string_view help;      ///< what it does, where its text does not say it all
+    /// Why it cannot run; none when it can.
+    std::optional<std::string> (*whyNot)(const CommandConditions& now);
+    /// What the controller does; none for commands of the window itself.
+    void (*run)(ContentView& view) = nullptr;
+};
+[[nodiscard]] const CommandEntry& entry(Command command);
+
+/// Why the command cannot run; none when it can.
+[[nodiscard]] std::optional<std::string> whyNot(Command command, const CommandConditions& now);
+/// What is written on it now: "Generate rough edit", or "Shuffle rough edit" beside a cut list.
+[[nodiscard]] std::string commandText(Command command, const ContentView& view);
+/// What it says to whoever points at it: what it does and, on a line of its own, why it cannot run.
+[[nodiscard]] std::string commandTip(Command command, const CommandConditions& now);
+
+} // namespace corvane
