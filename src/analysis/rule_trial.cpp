@@ -20,7 +20,7 @@ namespace corvane {
 namespace {
 
 /// A fast generator that is good enough for trials; edits never use it.
-UniformDraws quickDraws()
+RandomNumbers quickRandomNumbers()
 {
     std::array<std::uint64_t, 1> seed{};
     fillWithRandomBytes(std::as_writable_bytes(std::span(seed)));
@@ -107,7 +107,7 @@ std::map<std::string, double, std::less<>> targetShares(
 
 RuleTrial tryRules(
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings, const TrialLimits& limits,
-    UniformDraws draws)
+    RandomNumbers draws)
 {
     RuleTrial trial;
     GenerationInputs inputs;
@@ -119,7 +119,7 @@ RuleTrial tryRules(
         trial.refusal = refusal.what();
         return trial;
     }
-    const GenerationSources sources = {draws ? std::move(draws) : quickDraws(), [] { return Identifier(); }};
+    const GenerationSources sources = {draws ? std::move(draws) : quickRandomNumbers(), [] { return Identifier(); }};
     Figures figures(engine);
     const auto end = std::chrono::steady_clock::now() + limits.time;
     do {

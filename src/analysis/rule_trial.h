@@ -57,7 +57,7 @@ struct TrialLimits {
 /// trial's own generator.
 [[nodiscard]] RuleTrial tryRules(
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings,
-    const TrialLimits& limits = {}, UniformDraws draws = {});
+    const TrialLimits& limits = {}, RandomNumbers draws = {});
 
 /// "1000 tries: 48 cuts (44 to 53), shots from 1.2 to 50 seconds, none under a second." and how many were refused, and
 /// why.

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <exception>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -54,11 +53,8 @@ ExitStatus runAndReport(
     const CommandSyntax& syntax, const CommandLine& line, const std::function<ExitStatus(const CommandLine&)>& run)
 {
     ExitStatus status = ExitStatus::failed;
-    try {
-        status = run(line);
-    } catch (const std::exception& failure) {
-        std::cerr << syntax.name << ": " << shownText(failureText(failure, "do this")) << "\n";
-    }
+    if (const auto failure = failureOf("do this", [&] { status = run(line); }))
+        std::cerr << syntax.name << ": " << shownText(*failure) << "\n";
     if (!std::cout.flush()) {
         std::cerr << syntax.name << ": The report could not be written to standard output.\n";
         return ExitStatus::failed;

@@ -1,4 +1,5 @@
 // corvane-check: says whether projects can be cut, before anyone opens them.
+#include "base/error.h"
 #include "tools/command_line.h"
 #include "tools/json_report.h"
 #include "tools/text_report.h"
@@ -37,16 +38,15 @@ bool checkFile(const std::string& path, bool json)
     facts.path = path;
     std::optional<LoadedFile> file;
     std::optional<ProjectCheck> check;
-    try {
+    facts.refusal = failureOf("check a project", [&] {
         facts.file = &file.emplace(loadFile(path));
         facts.check = &check.emplace(checkProject(file->project, file->engine, file->settings));
+    });
+    if (!facts.refusal)
         facts.refusal = verdict(*file, *check);
-    } catch (const std::runtime_error& refusal) {
-        facts.refusal = refusal.what();
-    }
     if (json) {
         std::cout << jsonReport(facts) << "\n";
-    } else if (file) {
+    } else if (check) {
         printProject(std::cout, *file);
         printCheck(std::cout, *file, *check);
         std::cout << (facts.refusal ? "\n" : "\nIt can be cut over its whole length.\n\n");

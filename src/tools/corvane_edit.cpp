@@ -1,4 +1,5 @@
 // corvane-edit: an exported project in, a rough edit out, without the window.
+#include "base/error.h"
 #include "platform/user_defaults.h"
 #include "session/preset_library.h"
 #include "tools/command_line.h"
@@ -64,12 +65,9 @@ ExitStatus run(const CommandLine& line)
 {
     Progress progress;
     progress.facts.path = line.operands[0];
-    try {
-        makeEdit(line, progress);
-    } catch (const std::runtime_error& refusal) {
-        progress.facts.refusal = refusal.what();
-        complain(syntax, shownPath(line.operands[0]), refusal.what());
-    }
+    progress.facts.refusal = failureOf("make an edit", [&] { makeEdit(line, progress); });
+    if (progress.facts.refusal)
+        complain(syntax, shownPath(line.operands[0]), *progress.facts.refusal);
     if (line.json)
         std::cout << jsonReport(progress.facts) << "\n";
     return progress.facts.refusal ? ExitStatus::failed : ExitStatus::done;

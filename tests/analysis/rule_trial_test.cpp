@@ -16,7 +16,7 @@ namespace {
 
 using namespace test;
 
-UniformDraws repeatable()
+RandomNumbers repeatable()
 {
     return [random = std::mt19937_64(7)]() mutable { return static_cast<double>(random() >> 11U) * 0x1p-53; };
 }

@@ -83,7 +83,7 @@ NotedEdit drawn(const RandomEdit& edit, const std::function<double(std::size_t)>
 {
     NotedEdit noted;
     GenerationSources sources;
-    sources.draws = [&] { return noted.draws.emplace_back(draw(noted.draws.size())); };
+    sources.randomNumbers = [&] { return noted.draws.emplace_back(draw(noted.draws.size())); };
     sources.identifiers = [&] { return noted.counts.push_back(noted.draws.size()), Identifier(); };
     noted.cuts = generateCuts(edit.engine, generationInputs(edit.project, edit.engine, edit.settings), sources);
     return noted;

@@ -73,7 +73,7 @@ TEST(Randomness, IsOfThisKindAndUniform)
         EXPECT_TRUE(identifier.text()[14] == '4' && std::string("89AB").find(identifier.text()[19]) < 4);
         EXPECT_TRUE(seen.insert(identifier).second);
     }
-    const UniformDraws draws = secureDraws();
+    const RandomNumbers draws = secureRandomNumbers();
     double sum = 0;
     bool fine = false;
     constexpr int count = 100'000;

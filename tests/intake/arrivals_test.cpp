@@ -104,13 +104,13 @@ TEST(Inbox, TellsEveryAssignmentWhateverItsObserversDo)
     XMLInbox inbox;
     std::string log;
     Subscription second, late;
-    const auto first = inbox->observe([&] {
-        log += "a" + inbox->url().value_or("");
-        if (inbox->url() == "1")
-            inbox->setURL({});
-        else if (inbox->url() == "2")
-            late = inbox->observe([&] { log += "c"; });
-        else if (inbox->url() == "4")
+    const auto first = inbox.observe([&] {
+        log += "a" + inbox.url().value_or("");
+        if (inbox.url() == "1")
+            inbox.setURL({});
+        else if (inbox.url() == "2")
+            late = inbox.observe([&] { log += "c"; });
+        else if (inbox.url() == "4")
             second.end();
     });
     second = inbox.observe([&] { log += "b"; });
