@@ -110,7 +110,7 @@ TEST(Inbox, TellsEveryAssignmentWhateverItsObserversDo)
             inbox.setURL({});
         else if (inbox.url() == "2")
             late = inbox.observe([&] { log += "c"; });
-        else if (inbox.url() == "4")
+        else if (inbox.url() == "3")
             second.end();
     });
     second = inbox.observe([&] { log += "b"; });

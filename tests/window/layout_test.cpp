@@ -137,9 +137,10 @@ TEST(Layout, EveryAltKeyMeansOneThing)
     }
     std::map<QString, QString> keys;
     for (const QString& text : texts) {
-        if (const QString key = QKeySequence::mnemonic(text).toString(); !key.isEmpty())
+        if (const QString key = QKeySequence::mnemonic(text).toString(); !key.isEmpty()) {
             EXPECT_TRUE(keys.emplace(key, text).second)
                 << utf8(key) << ": " << utf8(text) << " and " << utf8(keys[key]);
+        }
     }
     EXPECT_GT(keys.size(), 12U);
 }
