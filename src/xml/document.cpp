@@ -37,7 +37,8 @@ std::optional<std::string_view> Element::attribute(std::string_view name) const
 void Element::readAttributes(
     std::span<const std::string_view> names, std::span<std::optional<std::string_view>> values) const
 {
-    for (const xmlAttr* attribute = node_->properties; attribute != nullptr; attribute = attribute->next) {
+    std::size_t left = names.size(); // none comes twice
+    for (const xmlAttr* attribute = node_->properties; attribute != nullptr && left > 0; attribute = attribute->next) {
         if (hasPrefix(attribute->ns))
             continue;
         const std::string_view attributeName = view(attribute->name);
@@ -48,6 +49,7 @@ void Element::readAttributes(
         const xmlNode* text = attribute->children;
         values[static_cast<std::size_t>(asked - names.begin())] =
             text == nullptr ? std::string_view() : view(text->content);
+        --left;
     }
 }
 
