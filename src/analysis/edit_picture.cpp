@@ -34,13 +34,13 @@ p{margin:.2em 0}.quiet{color:#625d57}
 color:#161616;margin-right:.35em}
 table{border-collapse:collapse;width:100%;font-variant-numeric:tabular-nums}
 th,td{text-align:left;vertical-align:top;padding:.25em .6em .25em 0;border-bottom:1px solid #e7e4df}
-th{color:#625d57;font-weight:600}.number{text-align:right}
+th{color:#625d57;font-weight:600}.number{text-align:right}.number,.time{white-space:nowrap}
 td.bar-cell{width:30%}thead{display:table-header-group}tr{break-inside:avoid}
 ul{margin:.3em 0;padding-left:1.2em}
 @media(max-width:600px){body{padding:10px}.lane{grid-template-columns:1fr;gap:.1em}.middle{display:none}
 .shots thead{display:none}.shots tr{display:grid;grid-template-columns:auto 1fr auto;gap:0 .7em;padding:.35em 0;
 border-bottom:1px solid #e7e4df}.shots td{border:0;padding:0}.shots td.why{grid-column:1/-1;color:#4a4640}
-td.bar-cell,th.bar-cell{display:none}}
+.bar-cell,.aside{display:none}th,td{padding-right:.5em}}
 @page{size:A4;margin:14mm}
 @media print{body{padding:0;font-size:10pt;max-width:none}}
 )css";
@@ -193,7 +193,7 @@ private:
         const UsageByCamera usage = cameraUsage(revision_.cuts);
         const auto targets = targetShares(project_, engine_, revision_.settings);
         out_ += "<h2>Screen time</h2>\n<table><thead><tr><th>Camera</th><th class=\"number\">Share</th><th "
-                "class=\"number\">Target</th><th class=\"bar-cell\"></th><th class=\"number\">Seconds</th><th "
+                "class=\"number\">Target</th><th class=\"bar-cell\"></th><th class=\"number aside\">Seconds</th><th "
                 "class=\"number\">Shots</th></tr></thead><tbody>\n";
         for (std::size_t i = 0; i < cameras_.size(); ++i) {
             const auto found = usage.find(cameras_[i].id);
@@ -207,7 +207,7 @@ private:
                     "viewBox=\"0 0 100 20\" preserveAspectRatio=\"none\"><rect width=\"" +
                     fixed(share, 1) + "\" height=\"20\" fill=\"" + colorAt(i) + "\"/>" +
                     (hasTarget ? "<rect x=\"" + fixed(target->second, 1) + "\" width=\".8\" height=\"20\"/>" : "") +
-                    "</svg></td><td class=\"number\">" + fixed(engine_.seconds(used.frames), 2) +
+                    "</svg></td><td class=\"number aside\">" + fixed(engine_.seconds(used.frames), 2) +
                     "</td><td class=\"number\">" + std::to_string(used.shots) + "</td></tr>\n";
         }
         out_ += "</tbody></table>\n";
@@ -220,7 +220,7 @@ private:
                 "class=\"number\">Seconds</th><th>Why</th></tr></thead><tbody>\n";
         for (std::size_t i = 0; i < revision_.cuts.size(); ++i) {
             const Cut& cut = revision_.cuts[i];
-            out_ += "<tr><td>" + timecodeLabel(engine_, cut.start) + "</td><td>" + label(cut.angle) +
+            out_ += "<tr><td class=\"time\">" + timecodeLabel(engine_, cut.start) + "</td><td>" + label(cut.angle) +
                     "</td><td class=\"number\">" + shortNumber(engine_.seconds(cut.duration), decimalSign_) +
                     "</td><td class=\"why\">" + escaped(reasons.begins(i)) + " " + escaped(reasons.ends(i)) +
                     "</td></tr>\n";

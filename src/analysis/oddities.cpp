@@ -2,7 +2,6 @@
 
 #include "analysis/names.h"
 #include "engine/generation_inputs.h"
-#include "import/clip_attributes.h"
 #include "import/source_document.h"
 #include "import/time_values.h"
 
@@ -18,7 +17,7 @@ namespace corvane {
 
 namespace {
 
-/// Numbers the recordings with video, which are files or compound clips. Two assets may refer to the same file.
+/// What shows a picture: a file, or a compound clip. Two assets may be the same file.
 class Recordings {
 public:
     explicit Recordings(xml::Element resources)
@@ -26,47 +25,45 @@ public:
         std::map<std::string_view, int> files;
         for (const xml::Element child : resources.children()) {
             const bool isAsset = child.named("asset");
-            const auto id = child.attribute("id");
-            if (!id || !(isAsset || child.named("media")) || (isAsset && child.attribute("hasVideo") != "1"))
+            if (!isAsset && !child.named("media"))
                 continue;
-            const std::string_view file = isAsset ? fileOf(child) : std::string_view();
+            constexpr std::array<std::string_view, 4> attributes = {"id", "hasVideo", "name", "src"};
+            const auto [id, hasVideo, name, src] = child.attributes(attributes);
+            if (!id || (isAsset && hasVideo != "1"))
+                continue;
+            const std::string_view file = isAsset ? fileOf(child).value_or(src.value_or("")) : std::string_view();
             const int next = static_cast<int>(names_.size());
             const int number = file.empty() ? next : files.emplace(file, next).first->second;
             numbers_.emplace(*id, number);
-            names_.push_back(child.attribute("name").value_or(*id));
+            names_.push_back(name.value_or(*id));
         }
     }
 
-    /// None for a clip without video.
-    [[nodiscard]] std::optional<int> number(xml::Element clip) const
+    /// None for what shows no picture.
+    [[nodiscard]] std::optional<int> number(std::optional<std::string_view> reference) const
     {
-        const bool shows = clip.named("asset-clip") || clip.named("video") || clip.named("ref-clip");
-        if (!shows)
-            return std::nullopt;
-        const ClipAttributes attributes(clip);
-        const bool hidden = attributes.disabled || attributes.srcEnable == "audio" || attributes.srcEnable == "none";
-        const auto found = hidden || !attributes.ref ? numbers_.end() : numbers_.find(*attributes.ref);
+        const auto found = reference ? numbers_.find(*reference) : numbers_.end();
         return found == numbers_.end() ? std::nullopt : std::optional(found->second);
     }
 
     [[nodiscard]] std::string name(int number) const { return std::string(names_[static_cast<std::size_t>(number)]); }
 
 private:
-    static std::string_view fileOf(xml::Element asset)
+    static std::optional<std::string_view> fileOf(xml::Element asset)
     {
         for (const xml::Element child : asset.children()) {
             const auto file = child.named("media-rep") ? child.attribute("src") : std::nullopt;
             if (file && !file->empty())
-                return *file;
+                return file;
         }
-        return asset.attribute("src").value_or("");
+        return std::nullopt;
     }
 
     std::map<std::string_view, int> numbers_; ///< by id
     std::vector<std::string_view> names_;     ///< by number
 };
 
-/// One use of a recording in an angle, in seconds of the multicam.
+/// A recording in an angle, seconds of the multicam.
 struct Use {
     int recording = 0;
     std::size_t angle = 0;
@@ -74,30 +71,95 @@ struct Use {
     double end = 0;
 };
 
-/// Adds a clip in an angle, with everything in it, from its offset on. A clip without a duration is skipped.
-void addUses(std::vector<Use>& uses, const Recordings& recordings, xml::Element clip, std::size_t angle)
+bool holdsPicture(std::string_view kind)
 {
-    const ClipAttributes attributes(clip);
-    if (attributes.disabled || !attributes.duration)
-        return;
-    const double start = parseSeconds(attributes.offset.value_or("0s")); // which the import has already read
-    const Use use = {0, angle, start, start + parseSeconds(attributes.duration)};
-    const auto add = [&](xml::Element element) {
-        if (const auto number = recordings.number(element))
-            uses.push_back({*number, use.angle, use.start, use.end});
-    };
-    add(clip);
-    for (const xml::Element below : clip.descendants())
-        add(below);
+    return kind == "asset-clip" || kind == "video" || kind == "ref-clip";
 }
 
-/// The sets of angles that show the same recording at the same time, each with the first such recording.
-std::map<std::set<std::size_t>, int> sharedRecordings(std::vector<Use> uses)
+bool holdsClips(std::string_view kind)
+{
+    return holdsPicture(kind) || kind == "clip" || kind == "sync-clip" || kind == "spine";
+}
+
+/// The recordings to which more than one angle refers: most projects have none, and need no closer look.
+class SharedRecordings {
+public:
+    SharedRecordings(const Recordings& recordings, const std::vector<xml::Element>& angles) : recordings_(recordings)
+    {
+        for (std::size_t angle = 0; angle < angles.size(); ++angle) {
+            for (const xml::Element clip : angles[angle].children())
+                visit(clip, angle);
+        }
+    }
+
+    [[nodiscard]] bool any() const { return !shared_.empty(); }
+    [[nodiscard]] bool hold(int recording) const { return shared_.contains(recording); }
+
+private:
+    void visit(xml::Element element, std::size_t angle)
+    {
+        const std::string_view kind = element.plainName();
+        if (!holdsClips(kind))
+            return;
+        const auto number = holdsPicture(kind) ? recordings_.number(element.attribute("ref")) : std::nullopt;
+        if (number && firstAngles_.emplace(*number, angle).first->second != angle)
+            shared_.insert(*number);
+        for (const xml::Element child : element.children())
+            visit(child, angle);
+    }
+
+    const Recordings& recordings_;
+    std::map<int, std::size_t> firstAngles_;
+    std::set<int> shared_;
+};
+
+/// The uses of shared recordings in an angle. A clip, and whatever it holds, is there from its offset on; one without
+/// a duration is left out.
+class UsesOfAngle {
+public:
+    UsesOfAngle(std::vector<Use>& uses, const Recordings& recordings, const SharedRecordings& shared, std::size_t angle)
+        : uses_(uses), recordings_(recordings), shared_(shared), use_{0, angle, 0, 0}
+    {
+    }
+
+    void add(xml::Element clip) { visit(clip, 0); }
+
+private:
+    void visit(xml::Element element, int depth)
+    {
+        const std::string_view kind = element.plainName();
+        if (!holdsClips(kind))
+            return;
+        constexpr std::array<std::string_view, 5> names = {"ref", "offset", "duration", "srcEnable", "enabled"};
+        const auto [ref, offset, duration, mode, enabled] = element.attributes(names);
+        if (enabled == "0" || mode == "audio" || mode == "none" || (depth == 0 && !duration))
+            return;
+        if (depth == 0) {
+            use_.start = parseSeconds(offset.value_or("0s")); // the import has read both
+            use_.end = use_.start + parseSeconds(duration);
+        }
+        const auto number = holdsPicture(kind) ? recordings_.number(ref) : std::nullopt;
+        if (number && shared_.hold(*number)) {
+            use_.recording = *number;
+            uses_.push_back(use_);
+        }
+        for (const xml::Element child : element.children())
+            visit(child, depth + 1);
+    }
+
+    std::vector<Use>& uses_;
+    const Recordings& recordings_;
+    const SharedRecordings& shared_;
+    Use use_;
+};
+
+/// The angles that show a recording while another does, by the recording that tells it first.
+std::map<std::set<std::size_t>, int> shownTogether(std::vector<Use> uses)
 {
     std::ranges::sort(uses, {}, [](const Use& use) { return std::pair(use.recording, use.start); });
     std::map<int, std::set<std::size_t>> shared;
-    const Use* last = nullptr;  // of the earlier uses, the one that ends last
-    const Use* other = nullptr; // the same, but in another angle
+    const Use* last = nullptr;  // of those before, the one that ends last
+    const Use* other = nullptr; // the same among the other angles
     for (const Use& use : uses) {
         if (last == nullptr || last->recording != use.recording) {
             last = &use;
@@ -123,19 +185,25 @@ std::map<std::set<std::size_t>, int> sharedRecordings(std::vector<Use> uses)
 void addSameRecordings(std::vector<std::string>& sentences, const ImportedProject& project, const CutEngine& engine)
 {
     const Recordings recordings(*engine.source->document.root()->firstChild("resources"));
-    std::vector<Use> uses;
+    std::vector<xml::Element> angles;
     std::vector<std::string> names;
     for (const xml::Element angle : engine.source->multicam.children()) {
         const std::string_view id = angle.attribute("angleID").value_or("");
         if (!angle.named("mc-angle") || engine.videoRanges(id).empty())
             continue;
-        for (const xml::Element clip : angle.children())
-            addUses(uses, recordings, clip, names.size());
+        angles.push_back(angle);
         names.push_back(angleName(project, id));
     }
-    for (const auto& [angles, recording] : sharedRecordings(std::move(uses))) {
+    const SharedRecordings shared(recordings, angles);
+    std::vector<Use> uses;
+    for (std::size_t angle = 0; shared.any() && angle < angles.size(); ++angle) {
+        UsesOfAngle found(uses, recordings, shared, angle);
+        for (const xml::Element clip : angles[angle].children())
+            found.add(clip);
+    }
+    for (const auto& [together, recording] : shownTogether(std::move(uses))) {
         std::vector<std::string> of;
-        for (const std::size_t angle : angles)
+        for (const std::size_t angle : together)
             of.push_back(names[angle]);
         sentences.push_back(
             joinedNames(of) + " hold the same recording, " + recordings.name(recording) +
@@ -143,7 +211,7 @@ void addSameRecordings(std::vector<std::string>& sentences, const ImportedProjec
     }
 }
 
-/// The name of a video effect or adjustment that is enabled; none for anything else.
+/// The name of a picture effect or adjustment that is on; none for anything else.
 std::optional<std::string> effectName(xml::Element element)
 {
     using Adjustment = std::pair<std::string_view, std::string_view>;
@@ -170,9 +238,11 @@ void addEffectsOnOneAngle(std::vector<std::string>& sentences, const ImportedPro
 {
     std::map<std::string_view, std::vector<std::string>> effects; // by angle
     for (const xml::Element source : engine.source->original.children()) {
+        if (!source.named("mc-source"))
+            continue;
         const std::string_view angle = source.attribute("angleID").value_or("");
         const auto mode = source.attribute("srcEnable").value_or("all");
-        if (!source.named("mc-source") || engine.videoRanges(angle).empty() || (mode != "all" && mode != "video"))
+        if (engine.videoRanges(angle).empty() || (mode != "all" && mode != "video"))
             continue;
         for (const xml::Element child : source.children()) {
             if (auto name = effectName(child))

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <map>
 #include <random>
@@ -122,7 +123,10 @@ RuleTrial tryRules(
     const GenerationSources sources = {draws ? std::move(draws) : quickRandomNumbers(), [] { return Identifier(); }};
     Figures figures(engine);
     const auto end = std::chrono::steady_clock::now() + limits.time;
+    std::chrono::steady_clock::duration slowest{}; // another one would still have to fit
+    auto now = std::chrono::steady_clock::now();
     do {
+        const auto begun = now;
         ++trial.tries;
         try {
             figures.add(generateCuts(engine, inputs, sources), trial);
@@ -130,7 +134,9 @@ RuleTrial tryRules(
             if (++trial.refused == 1)
                 trial.firstRefusal = refusal.what();
         }
-    } while (trial.tries < limits.tries && std::chrono::steady_clock::now() < end);
+        now = std::chrono::steady_clock::now();
+        slowest = std::max(slowest, now - begun);
+    } while (trial.tries < limits.tries && now + slowest < end);
     figures.finish(trial, project, settings);
     return trial;
 }
@@ -144,7 +150,7 @@ std::string trialSummary(const RuleTrial& trial, std::string_view decimalSign)
     const std::size_t edits = trial.tries - trial.refused;
     const auto number = [&](double value) { return shortNumber(value, decimalSign); };
     if (edits > 0) {
-        text += ": " + number(trial.cuts.median) + " cuts (" + number(trial.cuts.lowest) + " to " +
+        text += ": " + number(std::round(trial.cuts.median)) + " cuts (" + number(trial.cuts.lowest) + " to " +
                 number(trial.cuts.highest) + "), shots of " + number(trial.shortest) + " to " + number(trial.longest) +
                 " seconds";
         text += trial.mostShortShots == 0

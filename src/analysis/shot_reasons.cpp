@@ -62,8 +62,7 @@ std::optional<std::string> shotEndReason(
     }
     if (marks.closing && marks.closing->start == end)
         return "The closing shot begins.";
-    const auto& ranges = engine.videoRanges(cut.angle);
-    if (std::ranges::find(ranges, end, &FrameRange::end) != ranges.end())
+    if (std::ranges::binary_search(engine.videoRanges(cut.angle), end, {}, &FrameRange::end))
         return "The camera's footage ends.";
     return std::nullopt;
 }
@@ -72,27 +71,33 @@ ShotReasons::ShotReasons(
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings, const std::vector<Cut>& cuts)
     : engine_(engine), settings_(settings), cuts_(cuts), marks_(editMarks(engine, settings))
 {
-    for (const ImportedAngle& angle : project.angles)
-        names_.emplace(angle.id, angleName(project, angle.id));
     try {
         frame_ = validateInputs(engine, generationInputs(project, engine, settings));
     } catch (const FinalCutImportError&) {
         return;
     }
     const auto add = [&](std::string_view id) {
-        const auto wait = std::ceil(engine.frames(valueFor(settings.returnTimes, id, 0)));
-        cameras_.push_back({id, wholeFrames(wait), {}});
+        Camera camera;
+        camera.id = id;
+        camera.name = angleName(project, id);
+        camera.weighted = camera.name + " (" + shortNumber(valueFor(settings.frequencies, id, usualFrequency)) + ")";
+        camera.wait = wholeFrames(std::ceil(engine.frames(valueFor(settings.returnTimes, id, 0))));
+        camera.footage = &engine.videoRanges(id);
+        cameras_.push_back(std::move(camera));
     };
     add(settings.mainCamera);
     for (const std::string& camera : includedOtherCameras(project, engine, settings))
         add(*settings.otherCameras.find(camera));
-    std::map<std::string_view, std::vector<std::size_t>*> shots;
-    for (Camera& camera : cameras_)
-        shots.emplace(camera.id, &camera.shots);
     for (std::size_t position = 0; position < cuts.size(); ++position) {
-        if (const auto found = shots.find(cuts[position].angle); found != shots.end())
-            found->second->push_back(position);
+        if (const std::size_t camera = cameraOf(position); camera != noCamera)
+            cameras_[camera].shots.push_back(position);
     }
+}
+
+std::size_t ShotReasons::cameraOf(std::size_t position) const
+{
+    const auto found = std::ranges::find(cameras_, cuts_[position].angle, &Camera::id);
+    return found == cameras_.end() ? noCamera : static_cast<std::size_t>(found - cameras_.begin());
 }
 
 std::optional<ShotReasons::Choice> ShotReasons::placed(std::size_t position) const
@@ -124,36 +129,35 @@ ShotReasons::Choice ShotReasons::choice(std::size_t position) const
         return choice;
     if (auto fixed = placed(position))
         return *fixed;
-    const Cut& cut = cuts_[position];
-    const std::string_view onScreen = position == 0 ? std::string_view() : std::string_view(cuts_[position - 1].angle);
-    const std::string_view main = cameras_.front().id;
-    std::vector<std::string_view> eligible;
-    for (const Camera& camera : cameras_) {
-        if (!hasFootage(engine_, camera.id, cut.start, cut.start + 1)) {
-            choice.mainHasFootage = choice.mainHasFootage && camera.id != main;
+    const Frames start = cuts_[position].start;
+    const std::size_t onScreen = position == 0 ? noCamera : cameraOf(position - 1);
+    std::vector<std::size_t> eligible;
+    for (std::size_t i = 0; i < cameras_.size(); ++i) {
+        const Camera& camera = cameras_[i];
+        const auto range = std::ranges::upper_bound(*camera.footage, start, {}, &FrameRange::end);
+        if (range == camera.footage->end() || range->start > start) {
+            choice.mainHasFootage = choice.mainHasFootage && i != 0;
             continue;
         }
-        const auto before = lastShotEnd(camera, position);
-        const bool isBack = !before || camera.wait <= cut.start - *before;
-        if (isBack || (position > 0 && camera.id == onScreen))
-            eligible.push_back(camera.id);
+        const auto before = camera.wait > 0 && i != onScreen ? lastShotEnd(camera, position) : std::nullopt;
+        if (!before || camera.wait <= start - *before)
+            eligible.push_back(i);
         else
-            choice.waiting.push_back({camera.id, *before + camera.wait});
+            choice.waiting.push_back({i, *before + camera.wait});
     }
-    const bool mainIsDue = position == 0 || onScreen != main;
-    if (mainIsDue && !eligible.empty() && eligible.front() == main) {
-        choice.cameras = {main};
+    if (onScreen != 0 && !eligible.empty() && eligible.front() == 0) {
+        choice.cameras = {0};
         choice.kind = Choice::Kind::backToMain;
     } else {
-        const auto isOther = [&](std::string_view id) { return id != main && (position == 0 || id != onScreen); };
-        std::ranges::copy_if(eligible, std::back_inserter(choice.cameras), isOther);
+        std::ranges::copy_if(
+            eligible, std::back_inserter(choice.cameras), [&](std::size_t i) { return i != 0 && i != onScreen; });
         choice.kind = choice.cameras.empty() ? Choice::Kind::stays : Choice::Kind::drawn;
         if (choice.cameras.empty())
             choice.cameras = eligible;
     }
     if (eligible.size() == 1 && choice.waiting.empty())
         choice.kind = Choice::Kind::onlyFootage;
-    if (std::ranges::find(choice.cameras, cut.angle) == choice.cameras.end())
+    if (std::ranges::find(choice.cameras, cameraOf(position)) == choice.cameras.end())
         return {};
     return choice;
 }
@@ -173,11 +177,11 @@ std::string ShotReasons::begins(std::size_t position) const
         return section.empty() ? "Fixed section." : "Fixed section " + section + ".";
     }
     case Choice::Kind::onlyFootage:
-        return "Only " + name(choice.cameras.front()) + " has footage.";
+        return "Only " + cameras_[choice.cameras.front()].name + " has footage.";
     case Choice::Kind::backToMain:
         return position == 0 ? "The edit begins on the main camera." : "Back to the main camera.";
     case Choice::Kind::stays:
-        return "Stays on " + name(choice.cameras.front()) + waits(choice) + ".";
+        return "Stays on " + cameras_[choice.cameras.front()].name + waits(choice) + ".";
     case Choice::Kind::drawn:
         break;
     }
@@ -188,27 +192,18 @@ std::string ShotReasons::ends(std::size_t position) const
 {
     if (auto reason = shotEndReason(engine_, cuts_, marks_, position))
         return *reason;
-    return choice(position).kind == Choice::Kind::none ? "" : "Ends after the length that was drawn.";
-}
-
-std::string ShotReasons::name(std::string_view camera) const
-{
-    const auto found = names_.find(camera);
-    return found == names_.end() ? std::string(camera) : found->second;
+    return frame_ && cameraOf(position) != noCamera ? "Ends after the length that was drawn." : "";
 }
 
 /// "Drawn from Choir (5) and Balcony (8)".
 std::string ShotReasons::weighted(const Choice& choice) const
 {
     if (choice.cameras.size() == 1)
-        return "Only " + name(choice.cameras.front()) + " could follow";
+        return "Only " + cameras_[choice.cameras.front()].name + " could follow";
     std::string text = "Drawn from ";
     for (std::size_t i = 0; i < choice.cameras.size(); ++i) {
         text += i == 0 ? "" : i + 1 == choice.cameras.size() ? " and " : ", ";
-        text += name(choice.cameras[i]);
-        text += " (";
-        text += shortNumber(valueFor(settings_.frequencies, choice.cameras[i], usualFrequency));
-        text += ')';
+        text += cameras_[choice.cameras[i]].weighted;
     }
     return text;
 }
@@ -220,7 +215,7 @@ std::string ShotReasons::waits(const Choice& choice) const
     std::string text = choice.mainHasFootage ? "" : "; the main camera has no footage";
     for (std::size_t i = 0; i < std::min(most, choice.waiting.size()); ++i) {
         text += "; ";
-        text += name(choice.waiting[i].camera);
+        text += cameras_[choice.waiting[i].camera].name;
         text += " waits until ";
         text += timecodeLabel(engine_, choice.waiting[i].until);
     }

@@ -7,7 +7,6 @@
 #include "import/imported_project.h"
 
 #include <cstddef>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -42,13 +41,13 @@ public:
     struct Choice {
         enum class Kind { none, opening, closing, section, onlyFootage, backToMain, drawn, stays };
         struct Waiting {
-            std::string_view camera;
+            std::size_t camera = 0;
             Frames until = 0;
         };
-        Kind kind = Kind::none;                ///< none: these settings cannot have led to the shot
-        std::size_t section = 0;               ///< index in the settings' list
-        std::vector<std::string_view> cameras; ///< the cameras that could be chosen; empty if the shot was fixed
-        std::vector<Waiting> waiting;          ///< cameras with footage that must still wait
+        Kind kind = Kind::none;           ///< none: these settings cannot have led to the shot
+        std::size_t section = 0;          ///< index in the settings' list
+        std::vector<std::size_t> cameras; ///< the cameras that could be chosen; empty if the shot was fixed
+        std::vector<Waiting> waiting;     ///< cameras with footage that must still wait
         bool mainHasFootage = true;
     };
     [[nodiscard]] Choice choice(std::size_t position) const;
@@ -61,12 +60,16 @@ public:
 private:
     struct Camera {
         std::string_view id;
+        std::string name;
+        std::string weighted; ///< "Choir (5)"
         Frames wait = 0;
-        std::vector<std::size_t> shots; ///< the cuts on this camera
+        const std::vector<FrameRange>* footage = nullptr;
+        std::vector<std::size_t> shots; ///< the cuts on it
     };
+    static constexpr std::size_t noCamera = static_cast<std::size_t>(-1);
     [[nodiscard]] std::optional<Choice> placed(std::size_t position) const;
     [[nodiscard]] std::optional<Frames> lastShotEnd(const Camera& camera, std::size_t position) const;
-    [[nodiscard]] std::string name(std::string_view camera) const;
+    [[nodiscard]] std::size_t cameraOf(std::size_t position) const;
     [[nodiscard]] std::string weighted(const Choice& choice) const;
     [[nodiscard]] std::string waits(const Choice& choice) const;
 
@@ -76,7 +79,6 @@ private:
     EditMarks marks_;
     std::optional<EditFrame> frame_; ///< none if no edit can be generated with the settings
     std::vector<Camera> cameras_;    ///< the main camera first
-    std::map<std::string, std::string, std::less<>> names_;
 };
 
 } // namespace corvane

@@ -59,7 +59,7 @@ TEST(UsableRanges, AreWhatAPersonWouldFindFrameByFrame)
         settings.audio = project->imported.angles[number % project->imported.angles.size()].id;
         settings.otherCameras = {*std::next(
             settings.otherCameras.begin(), static_cast<std::ptrdiff_t>(number % settings.otherCameras.size()))};
-        settings.openingEnabled = number % 3 == 0 && engine.frames(1) < static_cast<double>(engine.length);
+        settings.openingEnabled = number % 3 == 0 && static_cast<double>(engine.length) > engine.frames(2);
         settings.openingSeconds = 1;
         std::map<std::string, std::vector<PaintedFrame>> painted;
         for (const ImportedAngle& angle : project->imported.angles)
