@@ -59,6 +59,11 @@ private:
         }
         void rememberProject(const std::string&) override {}
         void rememberFolder(const std::string&) override {}
+        std::optional<std::string> chooseNewFile(const std::string&, const std::string&, const std::string&) override
+        {
+            return std::nullopt;
+        }
+        void rememberNewFile(const std::string&) override {}
     };
 
     Answers dialogs_;

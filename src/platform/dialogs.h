@@ -24,6 +24,12 @@ public:
         const std::string& prompt, const std::string& message, const std::string& firstFolder) = 0;
     /// Call this after files were written to the chosen folder: the next dialog for a folder starts there.
     virtual void rememberFolder(const std::string& folder) = 0;
+    /// The path of a file to be made, which may be taken. `name` is suggested; the choice begins where the last such
+    /// file was saved.
+    [[nodiscard]] virtual std::optional<std::string> chooseNewFile(
+        const std::string& title, const std::string& message, const std::string& name) = 0;
+    /// A file was saved here: the next choice of a new one begins beside it.
+    virtual void rememberNewFile(const std::string& path) = 0;
 };
 
 } // namespace corvane

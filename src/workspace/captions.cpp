@@ -324,6 +324,13 @@ std::string markersInWords(const CutEngine& engine, const std::vector<ClipMarker
     });
 }
 
+std::string usableInWords(const CutEngine& engine, const UsableRanges& usable)
+{
+    if (usable.wholeProject)
+        return "The whole project can be cut.";
+    return usable.offered.empty() ? "Nothing can be cut." : rangesInWords(engine, "Usable: ", usable.offered);
+}
+
 std::string gapsInWords(const CutEngine& engine, const std::vector<FrameRange>& gaps)
 {
     return gaps.empty() ? wholeProjectCovered : rangesInWords(engine, "Gaps: ", gaps);

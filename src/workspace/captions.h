@@ -1,5 +1,6 @@
 #pragma once
 
+#include "analysis/usable_ranges.h"
 #include "import/clip_markers.h"
 #include "import/imported_project.h"
 #include "workspace/content_view.h"
@@ -103,7 +104,9 @@ struct AudioChoice {
 [[nodiscard]] std::string footageInWords(const CutEngine& engine, const std::vector<FrameRange>& ranges);
 /// "Markers: Sermon at 00:10:00:00, Communion at 00:31:20:10."; empty if there are none.
 [[nodiscard]] std::string markersInWords(const CutEngine& engine, const std::vector<ClipMarker>& markers);
-/// "Gaps: 00:00:30:00 to 00:00:40:00.", or the text for no gaps.
+/// "Usable: 00:00:10:00 to 00:00:30:00.", or that all of it is.
+[[nodiscard]] std::string usableInWords(const CutEngine& engine, const UsableRanges& usable);
+/// "Gaps: 00:00:30:00 to 00:00:40:00.", or that there is none.
 [[nodiscard]] std::string gapsInWords(const CutEngine& engine, const std::vector<FrameRange>& gaps);
 
 } // namespace corvane

@@ -14,13 +14,16 @@ namespace corvane {
 enum class Command {
     importProject,
     reopenPrevious,
+    checkProject,
     exportEdit,
     showLastExport,
+    savePicture,
     close,
     quit,
     undo,
     copyCutList,
     generate,
+    tryRules,
     back,
     forward,
     showHelp,
@@ -44,20 +47,20 @@ struct CommandConditions {
 struct CommandEntry {
     std::string_view text;
     char key = 0;               ///< the letter of the text that chooses it, in either case
-    std::string_view shortcuts; ///< "Ctrl+O", parted by "; "
-    std::string_view help;      ///< what it does, where its text does not say it all
-    /// Why it cannot run; none when it can.
+    std::string_view shortcuts; ///< "Ctrl+O", separated by "; "
+    std::string_view help;      ///< what it does, if its text does not say enough
+    /// Why it cannot run; none if it can.
     std::optional<std::string> (*whyNot)(const CommandConditions& now);
     /// What the controller does; none for commands of the window itself.
     void (*run)(ContentView& view) = nullptr;
 };
 [[nodiscard]] const CommandEntry& entry(Command command);
 
-/// Why the command cannot run; none when it can.
+/// Why the command cannot run; none if it can.
 [[nodiscard]] std::optional<std::string> whyNot(Command command, const CommandConditions& now);
-/// What is written on it now: "Generate rough edit", or "Shuffle rough edit" beside a cut list.
+/// What is written on it now: "Generate rough edit", or "Shuffle rough edit" if there is a cut list.
 [[nodiscard]] std::string commandText(Command command, const ContentView& view);
-/// What it says to whoever points at it: what it does and, on a line of its own, why it cannot run.
+/// Its tooltip: what it does and, on a line of its own, why it cannot run.
 [[nodiscard]] std::string commandTip(Command command, const CommandConditions& now);
 
 } // namespace corvane

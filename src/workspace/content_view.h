@@ -203,6 +203,8 @@ public:
     /// Asks for a folder, writes the edit on screen and its record there, and hands it to Final Cut. Does nothing while
     /// a dialog is open, and unless the cut list on screen is the current edit's. Refuses what roughEditXML refuses.
     void exportRoughEdit();
+    /// Saves the picture of the edit on screen as a new file. `decimalSign` is the user's.
+    void savePicture(const std::string& decimalSign = ".");
 
     // Derived values
 

@@ -1,4 +1,6 @@
+#include "analysis/edit_picture.h"
 #include "base/error.h"
+#include "base/text.h"
 #include "export/export_files.h"
 #include "export/hand_off.h"
 #include "export/rough_edit_writer.h"
@@ -19,6 +21,20 @@ std::string folderBeside(std::string_view location)
     while (location.size() > 1 && location.back() == '/')
         location.remove_suffix(1);
     return std::filesystem::path(location).parent_path().string();
+}
+
+/// "Sermon Corvane.html", after the same rules as an export's names.
+std::string pictureName(const std::string& projectName)
+{
+    constexpr std::size_t longestName = 255;
+    const std::string name = exportNames(projectName, longestName, [](const std::string&) { return false; }).xml;
+    return std::filesystem::path(name).replace_extension(".html").string();
+}
+
+std::string withPageExtension(const std::string& path)
+{
+    const std::string extension = lowerCased(std::filesystem::path(path).extension().string());
+    return extension == ".html" || extension == ".htm" ? path : path + ".html";
 }
 
 } // namespace
@@ -49,6 +65,38 @@ void ContentView::exportRoughEdit()
         edit([this, failure](WorkspaceState&) { fail(*failure); });
     else
         react();
+}
+
+void ContentView::savePicture(const std::string& decimalSign)
+{
+    const SharedRevision revision = state_.preview;
+    const std::shared_ptr<const LoadedDocument> loaded = state_.loaded;
+    if (waiting_ || !loaded || !revision)
+        return;
+    try {
+        const std::string page = editPicture(loaded->imported, loaded->engine, *revision, decimalSign);
+        whileWaiting([&] {
+            const auto chosen = services_.dialogs.chooseNewFile(
+                "Save Picture of Edit", "The picture is a page that any browser shows and prints.",
+                pictureName(loaded->imported.name));
+            if (!chosen)
+                return;
+            const std::string path = withPageExtension(*chosen);
+            const SecurityScopedAccess access(services_.scope, path);
+            if (somethingNamed(path))
+                throw PlatformError(
+                    "There is already a file named " + std::string(lastComponent(path)) +
+                    " in this folder. Choose another name: the picture never replaces a file.");
+            writeNewFile(path, page, services_.files);
+            services_.dialogs.rememberNewFile(path);
+            edit([&path](WorkspaceState& state) { state.status = "Saved " + std::string(lastComponent(path)) + "."; });
+        });
+    } catch (const std::exception& failure) {
+        const std::string message = failureText(failure, "save the picture");
+        edit([this, message](WorkspaceState&) { fail(message); });
+        return;
+    }
+    react();
 }
 
 void ContentView::exportTo(

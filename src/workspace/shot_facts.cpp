@@ -13,49 +13,37 @@ namespace corvane {
 
 EditMarks editMarks(const ContentView& view)
 {
-    EditMarks marks;
     const SharedRevision& revision = view.state().preview;
-    if (!revision || !view.state().loaded)
-        return marks;
-    const CutEngine& engine = view.state().loaded->engine;
-    const EditSettings& settings = revision->settings;
-    if (settings.openingEnabled)
-        marks.opening = FrameRange{0, std::min(bookendLength(engine, settings.openingSeconds), engine.length)};
-    if (settings.closingEnabled) {
-        const Frames frames = std::min(bookendLength(engine, settings.closingSeconds), engine.length);
-        marks.closing = FrameRange{engine.length - frames, engine.length};
-    }
-    try {
-        marks.sections = fixedSections(engine, settings.sections);
-    } catch (const FinalCutImportError&) {
-        marks.sections.clear(); // a stored session may contain sections that were never validated
-    }
-    return marks;
+    return revision && view.state().loaded ? editMarks(view.state().loaded->engine, revision->settings) : EditMarks();
 }
 
 std::optional<std::string> shotEndReason(const ContentView& view, const EditMarks& marks, std::size_t position)
 {
-    const Cut& cut = view.state().cuts()[position];
-    const CutEngine& engine = view.state().loaded->engine;
-    const Frames end = cut.start + cut.duration;
-    if (end == engine.length)
-        return "Ends with the project.";
-    if (marks.opening && marks.opening->end == end)
-        return "The opening shot ends.";
-    for (const FixedCameraSection& section : marks.sections) {
-        if (section.end == end && section.angle == cut.angle)
-            return "The fixed section ends.";
-    }
-    for (const FixedCameraSection& section : marks.sections) {
-        if (section.start == end)
-            return "A fixed section begins.";
-    }
-    if (marks.closing && marks.closing->start == end)
-        return "The closing shot begins.";
-    const auto& ranges = engine.videoRanges(cut.angle);
-    if (std::ranges::find(ranges, end, &FrameRange::end) != ranges.end())
-        return "The camera's footage ends.";
-    return std::nullopt;
+    return shotEndReason(view.state().loaded->engine, view.state().cuts(), marks, position);
+}
+
+EditReasons::EditReasons(const ContentView& view) : loaded_(view.state().loaded), revision_(view.state().preview)
+{
+    if (loaded_ && revision_)
+        reasons_ = std::make_shared<const ShotReasons>(
+            loaded_->imported, loaded_->engine, revision_->settings, revision_->cuts);
+}
+
+std::string EditReasons::begins(std::size_t position) const
+{
+    return reasons_ ? reasons_->begins(position) : "";
+}
+
+std::string EditReasons::ends(std::size_t position) const
+{
+    return reasons_ ? reasons_->ends(position) : "";
+}
+
+std::string EditReasons::line(std::size_t position) const
+{
+    const std::string begin = begins(position);
+    const std::string end = ends(position);
+    return begin + (begin.empty() || end.empty() ? "" : " ") + end;
 }
 
 std::vector<std::size_t> shortShots(const ContentView& view, const EditMarks& marks)
@@ -117,6 +105,10 @@ std::string cutListText(const ContentView& view, std::string_view decimalSign)
         text += startLabel(view, cut) + '\t' + withVisibleControls(view.angleLabel(cut.angle)) + '\t' +
                 durationLabel(view, cut, decimalSign) + '\n';
     }
+    text += "\nWhy each shot begins on its camera and where it ends\n";
+    const EditReasons reasons(view);
+    for (std::size_t i = 0; i < view.state().cuts().size(); ++i)
+        text += startLabel(view, view.state().cuts()[i]) + '\t' + withVisibleControls(reasons.line(i)) + '\n';
     return text;
 }
 

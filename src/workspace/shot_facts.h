@@ -1,8 +1,10 @@
 #pragma once
 
+#include "analysis/shot_reasons.h"
 #include "workspace/content_view.h"
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,24 +13,34 @@
 /// Facts about the shots in the cut list on screen, derived from the revision that it belongs to.
 namespace corvane {
 
-/// The ranges of the edit that the user fixed rather than left to chance. Half-open, in project frames.
-struct EditMarks {
-    std::optional<FrameRange> opening;
-    std::optional<FrameRange> closing;
-    std::vector<FixedCameraSection> sections; ///< in list order
-};
-
-/// Empty if the cut list is empty.
+/// Empty while the cut list is.
 [[nodiscard]] EditMarks editMarks(const ContentView& view);
 
-/// Why a shot ends where it does, as a sentence, if a reason is known: the end of the project, a fixed section, opening
-/// or closing shot that begins or ends there, or the end of the camera's footage. `position` must be the index of a
-/// cut.
+/// As the sentence of the cut list on screen; `position` is one of the cuts.
 [[nodiscard]] std::optional<std::string> shotEndReason(
     const ContentView& view, const EditMarks& marks, std::size_t position);
 
-/// The indices, in order, of the shots that are shorter than the minimum with which their edit was made. Opening,
-/// closing and fixed shots have the length that the user asked for and are never among them.
+/// Why the shots of the cut list on screen begin on their cameras and end where they do. It stays what it is when
+/// another edit is shown, and has no reasons while there is none.
+class EditReasons {
+public:
+    EditReasons() = default;
+    explicit EditReasons(const ContentView& view);
+
+    /// Of the cut at this position; empty where it cannot be told.
+    [[nodiscard]] std::string begins(std::size_t position) const;
+    [[nodiscard]] std::string ends(std::size_t position) const;
+    /// Both in a line.
+    [[nodiscard]] std::string line(std::size_t position) const;
+
+private:
+    std::shared_ptr<const LoadedDocument> loaded_;
+    SharedRevision revision_;
+    std::shared_ptr<const ShotReasons> reasons_;
+};
+
+/// The drawn shots that are shorter than the minimum that their edit was made with, by position and in order. Opening,
+/// closing and fixed shots are as long as they were asked to be and never among them.
 [[nodiscard]] std::vector<std::size_t> shortShots(const ContentView& view, const EditMarks& marks);
 /// "2 shots are shorter than your minimum"; empty if there are none.
 [[nodiscard]] std::string shortShotsText(std::size_t count);

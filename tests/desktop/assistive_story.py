@@ -96,12 +96,28 @@ def cut_rows():
             for row in range(Atspi.Table.get_n_rows(table))]
 
 
+def check_and_try():
+    expect(lambda: seen("Usable", "image", "icon", "graphic").get_description() == "The whole project can be cut.",
+           "the row Usable says what can be cut")
+    press(process, "Check project…")
+    sheet = seen("What can be cut, and what an export will refuse", *FIELD)
+    expect(lambda: text(sheet).startswith("The whole project can be cut"), "the check is read")
+    press(process, "Close")
+    press(process, "Try these rules")
+    table = seen("Share in the tries", "table")
+    expect(lambda: [Atspi.Table.get_accessible_at(table, row, 1).get_name() for row in
+                    range(Atspi.Table.get_n_rows(table))] == ["70.0%", "15.0%", "15.0%"], "targets stand beside the shares")
+
+
 try:
     read_help_and_about()
     import_project()
+    check_and_try()
     change_settings()
     expect(lambda: seen("Apply", *BUTTON).get_description() == "Choose a preset first.", "a disabled button says why")
     press(process, "Generate rough edit")
+    row = Atspi.Table.get_accessible_at(seen("Cuts", "table"), 0, 0)
+    expect(lambda: row.get_description().startswith("The edit begins on the main camera. "), "a row says why it is there")
     press(process, "Shuffle rough edit")
     seen("Edit 2 of 2", *LABEL)
     second = cut_rows()

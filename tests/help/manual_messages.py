@@ -11,6 +11,7 @@ import sys
 
 # Files whose texts are no messages, and why.
 OTHER_FILES = {
+    "analysis/edit_picture.cpp": "what stands on the page of an edit",
     "export/settings_record.cpp": "the lines of the record that an export writes",
     "help/product.cpp": "the line with the version",
     "help/product.h": "what the About window says of the product",

@@ -14,7 +14,9 @@ struct AnsweringDialogs : Dialogs {
     std::optional<std::string> answer;
     std::function<void()> meanwhile = [] {};
     int asked = 0;
-    std::string firstFolder; ///< proposed for the last export
+    std::string firstFolder;   ///< proposed for the last export
+    std::string suggestedName; ///< for the last new file
+    std::vector<std::string> saved;
     std::vector<std::string> remembered;
     std::vector<std::string> projects; ///< that were loaded
 
@@ -25,6 +27,13 @@ struct AnsweringDialogs : Dialogs {
         return reply();
     }
     void rememberProject(const std::string& location) override { projects.push_back(location); }
+    std::optional<std::string> chooseNewFile(
+        const std::string& /*title*/, const std::string& /*message*/, const std::string& name) override
+    {
+        suggestedName = name;
+        return reply();
+    }
+    void rememberNewFile(const std::string& path) override { saved.push_back(path); }
     void rememberFolder(const std::string& folder) override { remembered.push_back(folder); }
     std::optional<std::string> reply()
     {

@@ -1,4 +1,6 @@
 #include "gui.h"
+#include "support/opened_files.h"
+#include "workspace/window/panels/cut_panel.h"
 
 #include <gtest/gtest.h>
 
@@ -155,7 +157,7 @@ TEST(HostileNames, AreNeitherMarkupNorTurnOrBreakALineWhereverTheyStand)
     });
     gui.view().savePreset(ContentView::PresetSave::asNew);
     gui.view().generateRoughEdit();
-    auto* cuts = gui.window().findChild<QTableView*>();
+    auto* cuts = gui.window().findChild<CutPanel*>()->findChild<QTableView*>();
     cuts->setCurrentIndex(cuts->model()->index(0, 1));
     QTest::keyClick(cuts, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(utf8(QApplication::clipboard()->text()), gui.view().angleLabel(gui.state().cuts()[0].angle));

@@ -16,8 +16,8 @@ void CutTableModel::show(const CameraMarks& marks)
 {
     beginResetModel();
     shown_ = view_.state().preview;
-    asked_ = editMarks(view_);
-    short_ = shortShots(view_, asked_);
+    short_ = shortShots(view_, editMarks(view_));
+    reasons_ = EditReasons(view_);
     looks_.clear();
     for (const ImportedAngle& angle : view_.videoAngles()) {
         const std::string label = view_.angleLabel(angle.id);
@@ -49,8 +49,10 @@ QVariant CutTableModel::data(const QModelIndex& index, int role) const
         return lookOf(cut).spoken;
     if (role == Qt::ForegroundRole && index.column() == duration && isShort(index.row()))
         return QBrush(theme::shortShot);
-    if (role == Qt::AccessibleDescriptionRole && isShort(index.row()))
-        return qt(shortShotText);
+    if (role == Qt::AccessibleDescriptionRole)
+        return qt(
+            reasons_.line(static_cast<std::size_t>(index.row())) +
+            (isShort(index.row()) ? " " + std::string(shortShotText) : ""));
     if (role == Qt::TextAlignmentRole && index.column() == duration)
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
     if (role == Qt::DecorationRole && index.column() == camera)
@@ -78,10 +80,8 @@ QString CutTableModel::text(const Cut& cut, int column) const
 QString CutTableModel::facts(std::size_t row) const
 {
     QString label = text(shown_->cuts[row], camera);
-    if (view_.state().preview != shown_)
-        return label;
-    if (const auto reason = shotEndReason(view_, asked_, row))
-        label += "\n" + qt(*reason);
+    if (const std::string reasons = reasons_.line(row); !reasons.empty())
+        label += "\n" + shown(reasons);
     if (isShort(static_cast<int>(row)))
         label += "\n" + qt(shortShotText);
     return label;

@@ -44,7 +44,7 @@ private:
 
     const ContentView& view_;
     SharedRevision shown_;
-    EditMarks asked_;
+    EditReasons reasons_;
     std::vector<std::size_t> short_;
     std::map<std::string, Look, std::less<>> looks_;
 };

@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QScreen>
 #include <QSplitter>
+#include <QStandardPaths>
 #include <QStyledItemDelegate>
 #include <QTreeView>
 
@@ -25,6 +26,7 @@ namespace {
 
 const std::string importFolderKey = "Corvane.window.lastImportFolder";
 const std::string exportFolderKey = "Corvane.window.lastExportFolder";
+const std::string pictureFolderKey = "Corvane.window.lastPictureFolder";
 
 bool isBundle(const QFileInfo& file)
 {
@@ -161,6 +163,27 @@ void FileDialogs::rememberProject(const std::string& location)
 void FileDialogs::rememberFolder(const std::string& folder)
 {
     remember(exportFolderKey, QFile::decodeName(folder.c_str()));
+}
+
+/// Nothing is ever replaced, so the chooser does not ask whether to.
+std::optional<std::string> FileDialogs::chooseNewFile(
+    const std::string& title, const std::string& message, const std::string& name)
+{
+    QFileDialog dialog(parent_);
+    prepare(dialog);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setDirectory(lastFolder(
+        pictureFolderKey,
+        QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)).toStdString()));
+    dialog.selectFile(QFile::decodeName(name.c_str()));
+    return ask(dialog, qt(title), message);
+}
+
+void FileDialogs::rememberNewFile(const std::string& path)
+{
+    remember(pictureFolderKey, QFileInfo(QFile::decodeName(path.c_str())).absolutePath());
 }
 
 void FileDialogs::prepare(QFileDialog& dialog)

@@ -25,6 +25,9 @@ public:
         const std::string& prompt, const std::string& message, const std::string& firstFolder) override;
     void rememberProject(const std::string& location) override;
     void rememberFolder(const std::string& folder) override;
+    [[nodiscard]] std::optional<std::string> chooseNewFile(
+        const std::string& title, const std::string& message, const std::string& name) override;
+    void rememberNewFile(const std::string& path) override;
 
 private:
     void prepare(QFileDialog& dialog);

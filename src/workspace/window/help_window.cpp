@@ -205,6 +205,15 @@ void CorvaneHelpView::search(const QString& query)
     showTopics();
 }
 
+void CorvaneHelpView::showTopic(const QString& id)
+{
+    if (list_ == nullptr)
+        return;
+    query_->clear();
+    state_.selectedID = utf8(id);
+    showTopics();
+}
+
 void CorvaneHelpView::showTopics()
 {
     const HelpTopicList topics = listTopics(std::get<CorvaneManual>(manual_), state_);
@@ -229,7 +238,7 @@ void CorvaneHelpView::showPage(const HelpTopicList& topics)
     shown_ = topics.shown;
 }
 
-void CorvaneHelpWindow::show()
+void CorvaneHelpWindow::show(const QString& topic)
 {
     if (!window_) {
         window_ = std::make_unique<QWidget>();
@@ -241,14 +250,16 @@ void CorvaneHelpWindow::show()
         auto* column = new QVBoxLayout(window_.get());
         column->setContentsMargins(8, 8, 8, 8);
         QWidget* window = window_.get();
-        column->addWidget(
-            new CorvaneHelpView(loadedManual(resources_), places_, [window] { window->close(); }, window));
+        view_ = new CorvaneHelpView(loadedManual(resources_), places_, [window] { window->close(); }, window);
+        column->addWidget(view_);
         auto* shortcut = new QShortcut(QKeySequence(QKeySequence::Close), window);
         QObject::connect(shortcut, &QShortcut::activated, window, &QWidget::close);
         auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), window);
         QObject::connect(escape, &QShortcut::activated, window, &QWidget::close);
         centreOnScreen(*window);
     }
+    if (!topic.isEmpty())
+        view_->showTopic(topic);
     bringToFront(*window_);
 }
 

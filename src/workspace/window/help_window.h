@@ -31,6 +31,9 @@ public:
     CorvaneHelpView(
         LoadedManual manual, UserDefaults& places, const std::function<void()>& close, QWidget* parent = nullptr);
 
+    /// Ends the search and shows the topic with this id, if there is one.
+    void showTopic(const QString& id);
+
 protected:
     void hideEvent(QHideEvent* event) override;
 
@@ -61,13 +64,14 @@ public:
     /// Both arguments must outlive the window.
     CorvaneHelpWindow(const Resources& resources, UserDefaults& places) : resources_(resources), places_(places) {}
 
-    /// Shows the window in front of the others.
-    void show();
+    /// Shows the window in front of the others; at a topic, when one is named.
+    void show(const QString& topic = {});
 
 private:
     const Resources& resources_;
     UserDefaults& places_;
     std::unique_ptr<QWidget> window_;
+    CorvaneHelpView* view_ = nullptr;
 };
 
 /// Brings a window to the front and gives it the keyboard.

@@ -10,7 +10,6 @@
 #include "workspace/window/panels/cameras_panel.h"
 #include "workspace/window/panels/coverage_panel.h"
 #include "workspace/window/panels/cut_panel.h"
-#include "workspace/window/panels/pacing_panel.h"
 #include "workspace/window/panels/presets_panel.h"
 #include "workspace/window/panels/sections_panel.h"
 #include "workspace/window/panels/usage_panel.h"
@@ -92,7 +91,9 @@ MainWindow::MainWindow(MainWindowServices services)
     dropOutline_ = new DropOutline(this);
     makeMenus(
         *commands_, services_.view, services_.updater,
-        {[this] { helpWindow_.show(); }, [this] { aboutWindow_.show(); }, services_.reveal}, *this);
+        {[this] { helpWindow_.show(); }, [this] { aboutWindow_.show(); }, services_.reveal, [this] { checkProject(); },
+         [this] { tryRules(); }},
+        *this);
     alerts_ = new AlertBoxes(services_.view, *this);
     quitQuestion_ = new QuitQuestion(services_.view, *this);
     savePreset_ = new SavePresetSheet(services_.view, commands_->of(Command::savePreset), this);
@@ -191,9 +192,12 @@ QWidget* MainWindow::makeSettings()
     column->setContentsMargins(0, 0, 6, 0);
     column->setSpacing(10);
     addPanel(new PresetsPanel(services_.view, *commands_, settings), *column);
-    addPanel(new CoveragePanel(services_.view, marks_, settings), *column);
+    auto* coverage = new CoveragePanel(services_.view, marks_, settings);
+    connect(coverage, &CoveragePanel::checkWanted, this, [this] { checkProject(); });
+    addPanel(coverage, *column);
     addPanel(new CamerasPanel(services_.view, marks_, settings), *column);
-    addPanel(new PacingPanel(services_.view, settings), *column);
+    pacing_ = new PacingPanel(services_.view, *commands_, settings);
+    addPanel(pacing_, *column);
     addPanel(new BookendsPanel(services_.view, settings), *column);
     addPanel(new SectionsPanel(services_.view, settings), *column);
     column->addStretch(1);
@@ -206,6 +210,7 @@ QWidget* MainWindow::makeResult()
     auto* cuts = new CutPanel(services_.view, marks_, *commands_);
     auto* usage = new UsagePanel(services_.view, marks_);
     panels_.insert(panels_.end(), {cuts, usage});
+    connect(cuts, &Panel::helpWanted, this, [this](const QString& topic) { helpWindow_.show(topic); });
     resultSplit_ = new ResultSplit(cuts, usage, this);
     keepReadingOrder(*resultSplit_);
     return new ResultArea(resultSplit_, this);
@@ -215,6 +220,21 @@ void MainWindow::addPanel(Panel* panel, QLayout& column)
 {
     column.addWidget(panel);
     panels_.push_back(panel);
+    connect(panel, &Panel::helpWanted, this, [this](const QString& topic) { helpWindow_.show(topic); });
+}
+
+/// Made when it is first asked for, as the page of a project.
+void MainWindow::checkProject()
+{
+    if (check_ == nullptr)
+        check_ = new CheckSheet(services_.view, this);
+    check_->present();
+}
+
+void MainWindow::tryRules()
+{
+    if (pacing_ != nullptr)
+        pacing_->tryRules();
 }
 
 QDialog* MainWindow::makeSheet(const QString& title, bool WorkspaceState::* showing, QWidget* content)

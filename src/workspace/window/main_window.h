@@ -8,11 +8,12 @@
 #include "workspace/window/about_window.h"
 #include "workspace/window/alert_boxes.h"
 #include "workspace/window/busy_sign.h"
-#include "workspace/window/camera_marks.h"
+#include "workspace/window/check_sheet.h"
 #include "workspace/window/controls/elided_label.h"
 #include "workspace/window/controls/panel.h"
 #include "workspace/window/help_window.h"
 #include "workspace/window/menus.h"
+#include "workspace/window/panels/pacing_panel.h"
 #include "workspace/window/quit_question.h"
 #include "workspace/window/result_split.h"
 #include "workspace/window/save_preset_sheet.h"
@@ -66,6 +67,8 @@ private:
     QWidget* makeSettings();
     QWidget* makeResult();
     void addPanel(Panel* panel, QLayout& column);
+    void checkProject();
+    void tryRules();
     /// A dialog over this window that is open while a field of the controller's state is true.
     QDialog* makeSheet(const QString& title, bool WorkspaceState::* showing, QWidget* content);
 
@@ -85,6 +88,8 @@ private:
     AlertBoxes* alerts_ = nullptr;
     QuitQuestion* quitQuestion_ = nullptr;
     SavePresetSheet* savePreset_ = nullptr;
+    CheckSheet* check_ = nullptr;
+    PacingPanel* pacing_ = nullptr;
     ElidedLabel* projectName_ = nullptr;
     QLabel* projectFacts_ = nullptr;
     QStackedWidget* pages_ = nullptr;

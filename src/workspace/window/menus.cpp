@@ -32,15 +32,19 @@ void addMenu(
 } // namespace
 
 void makeMenus(
-    const CommandActions& commands, const ContentView& view, Updater& updater, const MenuActions& actions,
+    const CommandActions& commands, ContentView& view, Updater& updater, const MenuActions& actions,
     QMainWindow& window)
 {
     using enum Command;
     constexpr auto line = std::nullopt;
     addMenu(
-        QMainWindow::tr("&File"), {importProject, reopenPrevious, line, exportEdit, showLastExport, line, close, quit},
+        QMainWindow::tr("&File"),
+        {importProject, reopenPrevious, Command::checkProject, line, exportEdit, showLastExport, savePicture, line,
+         close, quit},
         commands, window);
-    addMenu(QMainWindow::tr("&Edit"), {undo, line, copyCutList, line, generate, back, forward}, commands, window);
+    addMenu(
+        QMainWindow::tr("&Edit"), {undo, line, copyCutList, line, generate, Command::tryRules, back, forward}, commands,
+        window);
     addMenu(QMainWindow::tr("&Help"), {showHelp, line, showAbout, checkForUpdates}, commands, window);
     commands.of(quit).setMenuRole(QAction::QuitRole);
     commands.of(showAbout).setMenuRole(QAction::AboutRole);
@@ -55,6 +59,9 @@ void makeMenus(
     });
     onTriggered(
         copyCutList, [&view] { QGuiApplication::clipboard()->setText(qt(cutListText(view, theme::decimalSign()))); });
+    onTriggered(savePicture, [&view] { view.savePicture(theme::decimalSign()); });
+    onTriggered(Command::checkProject, actions.checkProject);
+    onTriggered(Command::tryRules, actions.tryRules);
     onTriggered(close, [&window] { window.close(); });
     onTriggered(quit, [&window] { window.close(); });
     onTriggered(showHelp, actions.showHelp);

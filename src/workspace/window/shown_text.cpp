@@ -70,6 +70,18 @@ void showMessage(QLabel& label, std::string_view message)
     setSpokenName(label, withoutMiddle(message));
 }
 
+void showMessages(QLabel& label, const std::vector<std::string>& messages)
+{
+    QStringList drawn;
+    std::string spoken;
+    for (const std::string& message : messages) {
+        drawn << withBreaks(shown(message));
+        spoken += (spoken.empty() ? "" : "\n") + withoutMiddle(message);
+    }
+    draw(label, drawn.join("\n"));
+    setSpokenName(label, spoken);
+}
+
 QString withBreaks(const QString& text)
 {
     constexpr qsizetype longest = 60; // longer than any word that people would copy from a message

@@ -7,6 +7,7 @@
 #include <QString>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// Puts texts from outside on widgets. Invisible characters are drawn as marks, nothing is interpreted as markup or as
 /// a shortcut, and assistive technology gets the text unchanged.
@@ -20,7 +21,10 @@ void showText(QAbstractButton& button, std::string_view text);
 /// than are drawn.
 void showMessage(QLabel& label, std::string_view message);
 
-/// The text with line break opportunities (U+200B) inside words that are too long for a line.
+/// Sentences on a line each.
+void showMessages(QLabel& label, const std::vector<std::string>& messages);
+
+/// The text with places where a line may end (U+200B) inside words that are too long for one.
 [[nodiscard]] QString withBreaks(const QString& text);
 
 /// Sets the name that assistive technology reads for a widget that draws something else.

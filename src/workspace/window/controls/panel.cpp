@@ -2,6 +2,7 @@
 
 #include "workspace/window/tooltips.h"
 
+#include <QKeyEvent>
 #include <QResizeEvent>
 #include <algorithm>
 
@@ -34,6 +35,25 @@ void Panel::resizeEvent(QResizeEvent* event)
     QFrame::resizeEvent(event);
     if (event->oldSize().width() != event->size().width())
         updateGeometry();
+}
+
+/// Before the key of the menu, which opens the manual where it was left.
+bool Panel::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && !helpTopic_.isEmpty()) {
+        const auto* key = dynamic_cast<QKeyEvent*>(event);
+        if (key != nullptr && key->key() == Qt::Key_F1 && key->modifiers() == Qt::NoModifier)
+            event->accept();
+    }
+    return QFrame::event(event);
+}
+
+void Panel::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_F1 && !helpTopic_.isEmpty())
+        emit helpWanted(helpTopic_);
+    else
+        QFrame::keyPressEvent(event);
 }
 
 void Panel::edit(const std::function<void(EditSettings&)>& change)

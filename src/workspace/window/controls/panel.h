@@ -21,10 +21,18 @@ public:
     /// High enough for the texts wrapped at the panel's current width, because this is all that a splitter considers.
     [[nodiscard]] QSize minimumSizeHint() const override;
 
-    /// Shows the panel's shortcut in the tooltip of its title.
+    /// F1 anywhere in the panel asks for this topic of the manual.
+    void setHelpTopic(const QString& topic) { helpTopic_ = topic; }
+
+    /// The tip of the title names the key that goes to the panel.
     void showKey(const QKeySequence& key);
 
+signals:
+    void helpWanted(const QString& topic);
+
 protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
     [[nodiscard]] static bool has(const Changes& changes, Changed what)
@@ -45,6 +53,7 @@ protected:
 private:
     QVBoxLayout* column_;
     QLabel* title_;
+    QString helpTopic_;
 };
 
 /// An explanatory paragraph, in the colour for explanations.

@@ -1,10 +1,10 @@
 #include "workspace/window/panels/coverage_panel.h"
 
 #include "workspace/captions.h"
-#include "workspace/window/controls/kept_lines.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/shown_text.h"
 #include "workspace/window/theme.h"
+#include "workspace/window/tooltips.h"
 
 #include <QHBoxLayout>
 
@@ -16,19 +16,30 @@ CoveragePanel::CoveragePanel(ContentView& view, const CameraMarks& marks, QWidge
       grid_(nullptr),
       rowsHolder_(new QWidget(this)),
       gapsText_(helpLabel({}, this)),
+      usableText_(helpLabel({}, this)),
       missing_(new ElidedLabel({}, this)),
-      warning_(helpLabel({}, this))
+      warning_(helpLabel({}, this)),
+      notes_(helpLabel({}, this)),
+      notesPlace_(new KeptLines(3, this))
 {
     setFocusPolicy(Qt::TabFocus); // a single stop, because nothing in it can be changed
     addHelp(tr("Coloured sections have footage. Empty sections are gaps. All bars use the same project timecode."));
     column().addWidget(rowsHolder_);
     missing_->setProperty("role", "help");
     warning_->setProperty("role", "warning");
-    auto* place = new KeptLines(4, this);
-    place->add(*gapsText_);
-    place->add(*warning_);
+    notes_->setProperty("role", "warning");
+    auto* place = new KeptLines(5, this);
+    for (QLabel* text : {gapsText_, usableText_, warning_})
+        place->add(*text);
     column().addWidget(place);
+    notesPlace_->add(*notes_);
+    column().addWidget(notesPlace_);
     column().addWidget(missing_);
+    auto* check = new QPushButton(tr("Check project…"), this);
+    setTip(*check, tr("What can be cut, where to blade, and what an export will refuse"));
+    column().addWidget(check, 0, Qt::AlignLeft);
+    connect(check, &QPushButton::clicked, this, &CoveragePanel::checkWanted);
+    setHelpTopic("recording-coverage");
 }
 
 void CoveragePanel::refresh(const Changes& changes)
@@ -39,6 +50,7 @@ void CoveragePanel::refresh(const Changes& changes)
         return;
     showUse();
     showGaps();
+    showCheck();
     const auto warning = setupWarning(view_, theme::decimalSign());
     showMessage(*warning_, warning.value_or(""));
     warning_->setVisible(warning.has_value());
@@ -74,6 +86,8 @@ void CoveragePanel::build()
     audio_ = addRow("");
     gaps_ = addRow("");
     gaps_.label->setText(tr("Selected video gaps"));
+    usable_ = addRow("");
+    usable_.label->setText(tr("Usable"));
     const auto& missing = loaded->imported.missingLocations;
     std::string line = utf8(tr("Media without a location: "));
     for (const std::string& name : missing)
@@ -146,6 +160,22 @@ void CoveragePanel::showGaps()
         {engine.length, stretches, theme::orange, {}, gaps ? qt(gapsInWords(engine, stretches)) : QString()});
     gapsText_->setText(qt(videoGapsText(view_)));
     gapsText_->setVisible(gaps.has_value());
+}
+
+/// Notes come and go with the audio angle and the bookends, in a place that the project keeps for them.
+void CoveragePanel::showCheck()
+{
+    const CutEngine& engine = view_.state().loaded->engine;
+    checked_.refresh(view_, theme::decimalSign());
+    const auto& usable = checked_.check().usable;
+    const std::vector<FrameRange> stretches = usable ? usable->offered : std::vector<FrameRange>();
+    usable_.bar->show(
+        {engine.length, stretches, theme::usable, {}, usable ? qt(usableInWords(engine, *usable)) : QString()});
+    const std::string text = checked_.usableText();
+    showMessage(*usableText_, text);
+    usableText_->setVisible(!text.empty());
+    showMessages(*notes_, checked_.notes());
+    notesPlace_->setVisible(checked_.mayHaveNotes());
 }
 
 } // namespace corvane

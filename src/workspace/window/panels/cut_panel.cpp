@@ -62,6 +62,7 @@ CutPanel::CutPanel(ContentView& view, const CameraMarks& marks, const CommandAct
     followAction(*forward_, commands.of(Command::forward));
     followAction(*export_, commands.of(Command::exportEdit));
     connectAll();
+    setHelpTopic("cut-list");
 }
 
 void CutPanel::arrange()

@@ -36,6 +36,7 @@ void CutStrip::show(const CameraMarks& marks)
 {
     marks_ = marks;
     asked_ = editMarks(view_);
+    reasons_ = EditReasons(view_);
     short_ = shortShots(view_, asked_);
     selected_ = -1;
     markers_ = view_.state().loaded ? clipMarkers(view_.state().loaded->engine) : std::vector<ClipMarker>();
@@ -109,8 +110,8 @@ QString CutStrip::facts(std::size_t position) const
     const Cut& cut = view_.state().cuts()[position];
     QString text = qt(startLabel(view_, cut)) + "\n" + shown(view_.angleLabel(cut.angle)) + "\n" +
                    tr("%1 sec").arg(qt(durationLabel(view_, cut, theme::decimalSign())));
-    if (const auto reason = shotEndReason(view_, asked_, position))
-        text += "\n" + qt(*reason);
+    if (const std::string reasons = reasons_.line(position); !reasons.empty())
+        text += "\n" + shown(reasons);
     if (std::ranges::binary_search(short_, position))
         text += "\n" + qt(shortShotText);
     return text;

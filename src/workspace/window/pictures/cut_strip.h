@@ -47,6 +47,7 @@ private:
     const ContentView& view_;
     CameraMarks marks_;
     EditMarks asked_;
+    EditReasons reasons_;
     std::vector<ClipMarker> markers_;
     std::vector<std::size_t> short_;
     std::vector<std::string> cameras_;  ///< one lane each, from the top

@@ -1,0 +1,149 @@
+#include "gui.h"
+#include "workspace/check_facts.h"
+#include "workspace/shot_facts.h"
+#include "workspace/window/panels/coverage_panel.h"
+#include "workspace/window/panels/pacing_panel.h"
+
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QTableView>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace corvane {
+namespace {
+
+using namespace test;
+
+/// Sound from 5 s on or of the camera, a keyword between two frames, a fade.
+std::string troubled()
+{
+    Parts parts;
+    parts.angles = angle("A&amp;B", clip("0s", "40s")) + angle("C", clip("0s", "40s", "v")) +
+                   angle("Late", clip("5s", "35s", "a"));
+    parts.inClip = R"(<mc-source angleID="Late" srcEnable="audio"/>
+<mc-source angleID="A&amp;B" srcEnable="video"><adjust-volume><param><fadeIn duration="12s"/></param></adjust-volume></mc-source>
+<keyword start="251/50s" duration="1s" value="&lt;b&gt;"/>)";
+    return document(parts);
+}
+
+QString said(QWidget& window)
+{
+    QString all;
+    for (const QLabel* label : window.findChildren<QLabel*>())
+        all += label->isVisibleTo(&window) ? label->text() + "\n" : QString();
+    return all;
+}
+
+TEST(RecordingCoverage, SaysWhatCanBeCutAndWhatAnExportWillRefuse)
+{
+    Gui gui(troubled());
+    auto* panel = gui.window().findChild<CoveragePanel*>();
+    EXPECT_TRUE(
+        said(*panel).contains("Usable: 1 range, 88 % of the project; 00:00:05:00 to 00:00:40:00. With the audio "
+                              "of A&B (Camera 1): 100 %."));
+    EXPECT_TRUE(said(*panel).contains("Keyword '<b>' at 00:00:05:00 is not on a frame boundary"));
+    EXPECT_EQ(gui.labelled<QWidget>("Usable")->accessibleDescription(), "Usable: 00:00:05:00 to 00:00:40:00.");
+    const QPoint before = gui.withText<>("Check project…")->mapTo(&gui.window(), QPoint());
+    gui.view().edit([](WorkspaceState& state) { state.settings.audio = "A&B"; });
+    Gui::settle();
+    EXPECT_FALSE(said(*panel).contains("Usable: 1"));
+    EXPECT_TRUE(said(*panel).contains("A fade of 12 s on A&B (Camera 1) needs an opening of at least 12 s."));
+    EXPECT_EQ(gui.withText<>("Check project…")->mapTo(&gui.window(), QPoint()), before) << "the window holds still";
+    EXPECT_EQ(gui.state().status + gui.state().error.value_or(""), "") << "nothing of it is a message";
+}
+
+TEST(CheckSheet, IsReachedByKeyAndCopiesAsText)
+{
+    Gui gui(troubled());
+    QTest::keyClick(&gui.window(), Qt::Key_K, Qt::ControlModifier);
+    Gui::settle();
+    auto* sheet = QApplication::activeModalWidget();
+    ASSERT_NE(sheet, nullptr);
+    auto* text = sheet->findChild<QPlainTextEdit*>();
+    EXPECT_TRUE(text->toPlainText().contains("00:00:05:00\t00:00:40:00\t00:00:35:00\n"));
+    QTest::mouseClick(gui.withText<>("Copy", sheet), Qt::LeftButton);
+    EXPECT_EQ(utf8(QGuiApplication::clipboard()->text()), projectCheckText(gui.view()));
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    EXPECT_FALSE(sheet->isVisible());
+}
+
+TEST(TryRules, ShowsSharesUntilASettingChangesAndKeepsNothing)
+{
+    Gui gui(threeCameras);
+    auto* panel = gui.window().findChild<PacingPanel*>();
+    auto* table = panel->findChild<QTableView*>();
+    const QSize size = panel->size();
+    const auto history = gui.state().history.items.size();
+    QTest::keyClick(&gui.window(), Qt::Key_T, Qt::ControlModifier);
+    Gui::settle();
+    ASSERT_EQ(table->model()->rowCount(), 3);
+    EXPECT_EQ(table->model()->index(0, 1).data().toString(), "70.0%");
+    EXPECT_TRUE(said(*panel).contains(" tries: "));
+    EXPECT_EQ(gui.state().history.items.size(), history);
+    EXPECT_EQ(panel->size(), size);
+    gui.view().setBound(&EditSettings::mainMinimum, 3);
+    Gui::settle();
+    EXPECT_EQ(table->model()->rowCount(), 0);
+    EXPECT_FALSE(said(*panel).contains(" tries: "));
+    EXPECT_EQ(panel->size(), size);
+    gui.view().edit([](WorkspaceState& state) { state.settings.otherCameras.clear(); });
+    Gui::settle();
+    EXPECT_FALSE(gui.withText<>("Try these rules")->isEnabled());
+}
+
+TEST(Reasons, AreInTheTableTheCopyAndTheStrip)
+{
+    Gui gui(threeCameras);
+    gui.click("Generate rough edit");
+    QAbstractItemModel* cuts = nullptr;
+    for (auto* table : gui.window().findChildren<QTableView*>())
+        cuts = table->accessibleName() == "Cuts" ? table->model() : cuts;
+    const QString first = cuts->index(0, 0).data(Qt::AccessibleDescriptionRole).toString();
+    EXPECT_TRUE(first.startsWith("The edit begins on the main camera. ")) << utf8(first);
+    EXPECT_TRUE(cuts->index(0, 1).data(Qt::ToolTipRole).toString().contains("The edit begins on the main camera."));
+    EXPECT_EQ(cuts->columnCount(), 3);
+    EXPECT_NE(cutListText(gui.view()).find("\n00:00:00:00\tThe edit begins on the main camera. "), std::string::npos);
+}
+
+TEST(PictureOfTheEdit, IsSavedAsANewFileAndNeverOverOne)
+{
+    Gui gui(replaced(threeCameras, "name=\"A\"", "name=\"&lt;script&gt;\""));
+    gui.click("Generate rough edit");
+    gui.account.dialogs.answer = gui.account.folder.file("picture");
+    gui.view().savePicture();
+    EXPECT_EQ(gui.account.dialogs.suggestedName, "Concert Corvane.html");
+    std::ifstream file(gui.account.folder.file("picture.html"));
+    const std::string page((std::istreambuf_iterator<char>(file)), {});
+    EXPECT_NE(page.find("&lt;script&gt;"), std::string::npos);
+    for (const char* never : {"<script", "http://", "https://", "src=", "@import", "url("})
+        EXPECT_EQ(page.find(never), std::string::npos) << never;
+    gui.view().savePicture();
+    EXPECT_TRUE(gui.state().error.value_or("").starts_with("There is already a file named picture.html"));
+    EXPECT_EQ(gui.account.dialogs.saved, std::vector<std::string>{gui.account.folder.file("picture.html")});
+    if (QMessageBox* box = gui.alert())
+        QTest::keyClick(box, Qt::Key_Return);
+}
+
+TEST(Help, OpensAtThePanelsTopic)
+{
+    Gui gui(threeCameras);
+    auto* panel = gui.window().findChild<PacingPanel*>();
+    gui.window().activateWindow();
+    gui.withText<>("Try these rules")->setFocus();
+    QTest::keyClick(gui.withText<>("Try these rules"), Qt::Key_F1);
+    Gui::settle();
+    EXPECT_TRUE(panel->isVisible());
+    QWidget* help = nullptr;
+    for (QWidget* each : QApplication::topLevelWidgets())
+        help = each->objectName() == "helpWindow" && each->isVisible() ? each : help;
+    ASSERT_NE(help, nullptr);
+    EXPECT_EQ(help->findChild<QListWidget*>()->currentItem()->text(), "Camera balance and pacing");
+}
+
+} // namespace
+} // namespace corvane
