@@ -1,5 +1,6 @@
 // Measures every job that has a target and prints one table of what was measured beside what must be reached. A target
 // that is missed is told in the table alone; only a job that fails ends the program with an error.
+#include "bench/analysis_jobs.h"
 #include "bench/conditions.h"
 #include "bench/export_jobs.h"
 #include "bench/generation_jobs.h"
@@ -34,6 +35,7 @@ int main(int count, char** arguments)
     try {
         registerImportJobs();
         registerGenerationJobs();
+        registerAnalysisJobs();
         registerExportJobs();
         registerSessionJobs();
         registerWindowJobs();
@@ -42,6 +44,7 @@ int main(int count, char** arguments)
         std::vector<TargetRow> rows;
         append(rows, importTargets(measurements));
         append(rows, generationTargets(measurements));
+        append(rows, analysisTargets(measurements));
         append(rows, exportTargets(measurements));
         append(rows, sessionTargets(measurements));
         append(rows, windowTargets(measurements));
