@@ -71,14 +71,15 @@ struct Use {
     double end = 0;
 };
 
-bool holdsPicture(std::string_view kind)
+/// What is connected to these is not what the angle holds.
+bool isRecording(std::string_view kind)
 {
     return kind == "asset-clip" || kind == "video" || kind == "ref-clip";
 }
 
 bool holdsClips(std::string_view kind)
 {
-    return holdsPicture(kind) || kind == "clip" || kind == "sync-clip" || kind == "spine";
+    return kind == "clip" || kind == "sync-clip" || kind == "spine";
 }
 
 /// The recordings to which more than one angle refers: most projects have none, and need no closer look.
@@ -99,12 +100,10 @@ private:
     void visit(xml::Element element, std::size_t angle)
     {
         const std::string_view kind = element.plainName();
-        if (!holdsClips(kind))
-            return;
-        const auto number = holdsPicture(kind) ? recordings_.number(element.attribute("ref")) : std::nullopt;
+        const auto number = isRecording(kind) ? recordings_.number(element.attribute("ref")) : std::nullopt;
         if (number && firstAngles_.emplace(*number, angle).first->second != angle)
             shared_.insert(*number);
-        for (const xml::Element child : element.children())
+        for (const xml::Element child : holdsClips(kind) ? element.children() : xml::ElementRange())
             visit(child, angle);
     }
 
@@ -128,7 +127,7 @@ private:
     void visit(xml::Element element, int depth)
     {
         const std::string_view kind = element.plainName();
-        if (!holdsClips(kind))
+        if (!isRecording(kind) && !holdsClips(kind))
             return;
         constexpr std::array<std::string_view, 5> names = {"ref", "offset", "duration", "srcEnable", "enabled"};
         const auto [ref, offset, duration, mode, enabled] = element.attributes(names);
@@ -138,12 +137,12 @@ private:
             use_.start = parseSeconds(offset.value_or("0s")); // the import has read both
             use_.end = use_.start + parseSeconds(duration);
         }
-        const auto number = holdsPicture(kind) ? recordings_.number(ref) : std::nullopt;
+        const auto number = isRecording(kind) ? recordings_.number(ref) : std::nullopt;
         if (number && shared_.hold(*number)) {
             use_.recording = *number;
             uses_.push_back(use_);
         }
-        for (const xml::Element child : element.children())
+        for (const xml::Element child : holdsClips(kind) ? element.children() : xml::ElementRange())
             visit(child, depth + 1);
     }
 
