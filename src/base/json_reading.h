@@ -123,9 +123,8 @@ private:
     std::shared_ptr<const JsonTree> tree_;
 };
 
-/// Parses a whole document; `subject` begins every complaint about it. Fails with PlatformError where
-/// it is no JSON or larger than 2 GB, numbers do not fit into 64 bits, or lists and objects stand in each other more
-/// than 256 deep.
+/// Parses a whole document; `subject` begins every error message about it. Throws PlatformError if it is not JSON or is
+/// larger than 2 GB, if a number does not fit into 64 bits, or if lists and objects are nested more than 256 deep.
 [[nodiscard]] JsonDocument parseJson(std::string_view bytes, std::string_view subject = "The data");
 
 } // namespace corvane

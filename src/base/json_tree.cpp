@@ -17,7 +17,7 @@ namespace corvane {
 
 namespace {
 
-/// Makes the flat row of values from the events of nlohmann's parser, whose names these functions have.
+/// Builds the flat array of values from the events of nlohmann's parser, after which these functions are named.
 class TreeBuilder {
 public:
     TreeBuilder(JsonTree& tree, std::string_view bytes) : tree_(tree), bytes_(bytes) {}
@@ -25,12 +25,12 @@ public:
     void build()
     {
         constexpr std::size_t largest = std::numeric_limits<std::uint32_t>::max() / 2;
-        if (bytes_.size() > largest) // a document has neither more values nor more text than bytes
+        if (bytes_.size() > largest) // a document has no more values and no more text than bytes
             fail("it is larger than 2 GB");
-        tree_.texts.reserve(bytes_.size()); // what is never written to takes no memory
+        tree_.texts.reserve(bytes_.size()); // pages that are never written take no memory
         nlohmann::json::sax_parse(bytes_.begin(), bytes_.end(), this);
         if (const std::size_t zero = bytes_.find('\0'); zero != std::string_view::npos)
-            fail("something follows the end of the data", zero); // the library takes it for the end
+            fail("something follows the end of the data", zero); // the library takes a zero byte for the end
     }
 
     bool null() { return add(std::monostate()); }
@@ -42,8 +42,8 @@ public:
                                                   : add(static_cast<double>(value));
     }
 
-    /// Also a whole number beyond 64 bits. The library's value comes from strtod, which looks at the user's locale and
-    /// takes numbers that are too small for zero; even the text has the user's decimal sign.
+    /// Also called for whole numbers beyond 64 bits. The library's value comes from strtod, which uses the user's
+    /// locale and turns numbers that are too small into zero; even the text has the user's decimal sign.
     bool number_float(double /*value*/, std::string text)
     {
         if (const std::size_t sign = text.find_first_not_of("+-0123456789Ee"); sign != std::string::npos)
@@ -60,7 +60,7 @@ public:
         return add(JsonText{narrow(tree_.texts.size() - text.size()), narrow(text.size())});
     }
 
-    bool binary(const nlohmann::json::binary_t& /*value*/) { return false; } // has no form as text
+    bool binary(const nlohmann::json::binary_t& /*value*/) { return false; } // JSON text has no binary values
 
     bool start_object(std::size_t /*count*/) { return open(JsonObject()); }
     bool start_array(std::size_t /*count*/) { return open(JsonList()); }
@@ -80,7 +80,7 @@ public:
     bool parse_error(std::size_t position, const std::string& /*token*/, const Exception& error)
     {
         fail(ownWords(error.what()), position - 1);
-        return false; // for compilers that look for it
+        return false; // for compilers that expect a return
     }
 
 private:
@@ -88,12 +88,12 @@ private:
 
     static std::uint32_t narrow(std::size_t place) { return static_cast<std::uint32_t>(place); }
 
-    /// What the library expected and found: its name, the position and the last bytes, which may be many megabytes,
-    /// are left out of its message.
+    /// What the library expected and found: its message without its name, the position and the last bytes, which may be
+    /// many megabytes long.
     static std::string_view ownWords(std::string_view message)
     {
         const std::size_t words = message.find(" - ");
-        if (words == std::string_view::npos) // the one message of another form is about a number
+        if (words == std::string_view::npos) // the only message with another form is about a number
             return numberRefused;
         return message.substr(0, message.find("; last read: ")).substr(words + 3);
     }
@@ -136,9 +136,9 @@ private:
 
     JsonTree& tree_;
     std::string_view bytes_;
-    std::map<std::string, std::uint32_t, std::less<>> names_; ///< their places in the tree
-    std::uint32_t name_ = 0;                                  ///< of the member that comes next
-    std::vector<std::size_t> open_;                           ///< lists and objects that have not ended yet
+    std::map<std::string, std::uint32_t, std::less<>> names_; ///< their indices in the tree
+    std::uint32_t name_ = 0;                                  ///< of the next member
+    std::vector<std::size_t> open_;                           ///< lists and objects that are still open
 };
 
 } // namespace

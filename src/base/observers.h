@@ -7,8 +7,7 @@
 
 namespace corvane {
 
-/// Keeps an observer's notices coming; they end with end() or with this object, whichever is first. May outlive what
-/// is observed.
+/// An observer's subscription. Notices stop after end() or when this object is destroyed. May outlive what is observed.
 class Subscription {
 public:
     Subscription() = default;
@@ -23,12 +22,12 @@ public:
     }
     ~Subscription() { end(); }
 
-    /// No notice comes after this, not even the rest of one that is just being given.
+    /// No notice reaches the observer after this, not even one that is already being delivered.
     void end()
     {
         if (!observation_)
             return;
-        observation_->ended = true; // a notice that is just running keeps the observer alive
+        observation_->ended = true; // a running notice keeps the observer alive
         observation_.reset();
     }
 
@@ -43,8 +42,8 @@ private:
     std::shared_ptr<Observation> observation_;
 };
 
-/// Those that are told when something changes, and of what: in the order in which they came. Inside a notice everything
-/// is allowed: to notify, to observe (which counts from the next notice on), to end subscriptions.
+/// Notifies observers of changes, in the order in which they subscribed. A notice may notify, observe (which takes
+/// effect from the next notice on) and end subscriptions.
 template <class... Facts>
 class Observers {
 public:
