@@ -13,12 +13,12 @@ namespace corvane {
 [[nodiscard]] std::string encodedSettings(const EditSettings& settings);
 [[nodiscard]] std::string encodedRevision(const EditRevision& revision);
 
-/// Makes session files, again and again. A save follows every change of a setting, and no revision ever changes: their
-/// encoded forms are made once and kept, and a file is the parts one after the other.
+/// Encodes session files. Every change of a setting is saved, but revisions never change. So their encoded forms are
+/// made once and kept, and a file consists of these parts one after the other.
 class SessionEncoder {
 public:
-    /// The parts of the file; `encodedXML` is the project's document in Base64. They stay valid until the next call,
-    /// and as long as `encodedXML` does.
+    /// The parts of the file; `encodedXML` is the project's document in Base64. They are valid until the next call, and
+    /// as long as `encodedXML` is.
     [[nodiscard]] std::vector<std::string_view> encode(
         std::string_view encodedXML, const EditSettings& settings, const EditHistory& history);
 
@@ -28,7 +28,7 @@ private:
         std::string text;
     };
 
-    std::vector<KeptRevision> revisions_; ///< of the history that was saved last, in its order
+    std::vector<KeptRevision> revisions_; ///< of the history that was last saved, in its order
     std::string settings_;
     std::string ending_;
 };

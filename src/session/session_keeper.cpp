@@ -24,11 +24,11 @@ std::string joined(const std::vector<std::string_view>& parts)
 
 SessionKeeper::SessionKeeper(SessionStore& store, Reading reading) : store_(store), reading_(std::move(reading)) {}
 
-/// Reads and validates. `isWhole` becomes false when the bytes hold more than a save would write.
+/// Reads and validates a session. Sets `isWhole` to false if the bytes contain more than a save would write.
 SessionKeeper::Restored SessionKeeper::read(std::string bytes, bool& isWhole) const
 {
     const auto sign = reading_();
-    SavedEditSession session = decodeSession(std::exchange(bytes, {})); // which go before the project is read
+    SavedEditSession session = decodeSession(std::exchange(bytes, {})); // frees the bytes before the project is read
     auto [imported, engine] = loadProject(session.sourceXML);
     validateSession(session, engine);
     isWhole = !session.holdsMore;
@@ -40,7 +40,7 @@ SessionKeeper::Restored SessionKeeper::read(std::string bytes, bool& isWhole) co
 
 std::optional<SessionKeeper::Restored> SessionKeeper::restore()
 {
-    storedRefused_ = true; // until it has been restored
+    storedRefused_ = true; // until it is restored
     auto bytes = store_.read();
     std::optional<Restored> session;
     if (bytes) {
@@ -90,7 +90,7 @@ void SessionKeeper::keepReplaced(const OnScreen& session)
     store_.disown();
 }
 
-/// What to say where that fails again; none when nothing is left to keep.
+/// Tries again to keep the replaced session. Returns the message if that fails; none if nothing is left to keep.
 std::optional<std::string> SessionKeeper::keepUnkept()
 {
     if (!unkept_)

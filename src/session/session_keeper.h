@@ -15,19 +15,19 @@
 
 namespace corvane {
 
-/// A loaded project: its document exactly as it was read, in Base64 as sessions hold it, and what the import made of
-/// it.
+/// A loaded project: its document exactly as it was read, in Base64 as sessions store it, and the results of the
+/// import.
 struct LoadedDocument {
     std::string encodedXML;
     ImportedProject imported;
     CutEngine engine;
 };
 
-/// How the result of SessionKeeper::save begins while what is on screen is in no file.
+/// The beginning of SessionKeeper::save's result while the session on screen is not saved.
 constexpr std::string_view sessionNotSaved = "Session could not be saved: ";
 
-/// Keeps what a person works on: restored at the start, saved after each change, kept as the previous session when
-/// another project takes its place, and reopened. It has the encoded forms, and whatever could not be written yet.
+/// Keeps the user's work: restores it at the start, saves it after each change, keeps it as the previous session when
+/// another project replaces it, and reopens it. Holds the encoded parts, and whatever could not be written yet.
 class SessionKeeper {
 public:
     /// What is on screen.
@@ -46,31 +46,31 @@ public:
         std::string bytes;
         Restored session;
     };
-    /// Called before a session is read; what it gives lives until that is done.
+    /// Called before a session is read. The result exists until that is finished.
     using Reading = std::function<std::shared_ptr<void>()>;
 
     explicit SessionKeeper(SessionStore& store, Reading reading = [] { return nullptr; });
 
-    /// The stored session; none when there is none. Fails with Refusal, and later imports then take it for nothing that
-    /// they replace.
+    /// The stored session, if there is one. Throws Refusal; then later imports do not treat it as a session that they
+    /// replace.
     [[nodiscard]] std::optional<Restored> restore();
-    /// Saves what is on screen, which must have a project, and what could not be kept before. None when all is in
-    /// files, else what to say about it: "Session could not be saved: …", "The previous session could not be kept: …",
-    /// or both.
+    /// Saves what is on screen, which must include a project, and what could not be kept before. Returns none if
+    /// everything is saved, otherwise the message: "Session could not be saved: …", "The previous session could not be
+    /// kept: …", or both.
     [[nodiscard]] std::optional<std::string> save(const OnScreen& session);
-    /// To be called before another project takes the place: generated edits, on screen or only stored, are kept. What
-    /// fails is told by the next save.
+    /// Call this before another project is shown: keeps a session with edits, whether on screen or only stored. The
+    /// next save reports a failure.
     void keepReplaced(const OnScreen& session);
 
-    /// Whether there is a previous session. Fails with Refusal where that cannot be told.
+    /// True if there is a previous session. Throws Refusal if that cannot be determined.
     [[nodiscard]] bool hasPrevious() const;
-    /// The previous session, which must be there: read, and no file has changed. Fails with Refusal.
+    /// Reads the previous session, which must exist, without changing any file. Throws Refusal.
     [[nodiscard]] Previous readPrevious() const;
-    /// The session of these bytes becomes the stored one, and what is on screen the previous one. Fails with Refusal,
-    /// and then no file has changed places.
+    /// Stores the session in these bytes, and makes the one on screen the previous one. Throws Refusal, and then no
+    /// files have been exchanged.
     void changePlaces(std::string_view previousBytes, const OnScreen& session);
 
-    /// True while a session with edits that was replaced is in no file.
+    /// True while a replaced session with edits is not saved.
     [[nodiscard]] bool holdsUnkept() const { return unkept_.has_value(); }
 
 private:
@@ -81,8 +81,8 @@ private:
     SessionStore& store_;
     Reading reading_;
     SessionEncoder encoder_;
-    bool storedRefused_ = false;        ///< the stored file could not be restored
-    std::optional<std::string> unkept_; ///< with edits, replaced while no file could be written: it is nowhere else
+    bool storedRefused_ = false;               ///< the stored file could not be restored
+    std::optional<std::string> unkept_;        ///< a replaced session with edits that could not be written to any file
     std::optional<std::string> keepingFailed_; ///< why a replaced session could not be kept, for the next save
 };
 
