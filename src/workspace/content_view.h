@@ -116,23 +116,24 @@ public:
         return observers_.observe(std::move(notice));
     }
 
-    // No operation throws, but for `edit`: what is refused, and what fails, is told in an alert, and has changed
-    // nothing but that. Inside a notice each waits its turn.
+    // Only `edit` throws. If any other operation is refused or fails, it shows an alert and changes nothing else.
+    // Operations called inside a notice are postponed until the notice ends.
 
     // The start, projects and files
     /// Call this if a project was given at the start and will be opened later: the stored session is then not restored.
     void expectProject();
-    /// Takes in what has arrived already, else restores the stored session; only the first call restores.
+    /// Handles what has already arrived, or else restores the stored session. Only the first call restores.
     void windowAppeared();
-    /// Loads a project from its document. Refuses what is no project of one uncut multicam clip with two video angles.
+    /// Loads a project from its document. Refuses anything but a project of one uncut multicam clip with two video
+    /// angles.
     void importXML(const std::string& data);
-    /// The same for a file or bundle at a path. Refuses other kinds of files, and what cannot be read.
+    /// The same for a file or bundle. Refuses other kinds of files, and files that cannot be read.
     void openProjectFile(const std::string& location);
     /// Takes the drop and returns true if it is a single project file, which may still turn out to be unreadable.
     bool handleDroppedFiles(const std::vector<std::string>& locations);
-    /// Asks for a file and opens it; does nothing while a dialog is open, or when none is chosen.
+    /// Asks for a file and opens it. Does nothing while a dialog is open, or if no file is chosen.
     void chooseProjectFile();
-    /// Shows the previous session, and keeps the one on screen in its place. Refuses where there is none.
+    /// Shows the previous session, and keeps the one on screen as the previous one. Refuses if there is none.
     void reopenPreviousSession();
     /// Tries again to save what could not be saved.
     void saveAgain();
@@ -145,63 +146,63 @@ public:
     // Messages. Alerts that have not been seen wait behind the first, each text once and up to a limit; `error` is the
     // latest one alone.
     [[nodiscard]] const std::deque<std::string>& alerts() const { return alerts_; }
-    /// The first alert was seen; does nothing when there is none.
+    /// Removes the first alert; does nothing if there is none.
     void dismissError();
 
-    // Settings. They take what they are given: a generation refuses cameras and numbers that do not fit.
+    // Settings. Any value is accepted here; generating refuses invalid cameras and numbers.
 
-    /// The camera that was the main one is included from now on, where it is a video angle.
+    /// The previous main camera becomes an included camera if it is a video angle.
     void selectMainCamera(const std::string& id);
     enum class Inclusion { included, excluded };
-    /// Takes any id; only those of other video angles have an effect.
+    /// Accepts any id; only those of other video angles have an effect.
     void setCameraIncluded(const std::string& id, Inclusion inclusion);
     /// Sets one of the four bounds to `seconds`; the other bound of its pair follows.
     void setBound(double EditSettings::* bound, double seconds);
-    /// Adds a fixed section of 30 seconds behind the last one; does nothing without a project. Refuses where there is
-    /// no room.
+    /// Adds a fixed section of 30 seconds after the last one. Does nothing without a project. Refuses if there is no
+    /// room.
     void addSection();
-    /// Does nothing for a position that is none.
+    /// Does nothing if the position is out of range.
     void removeSection(std::size_t position);
     /// Brings back the section or preset that was removed last.
     void undo();
 
     // The history
 
-    /// Draws an edit and shows it, in place of those that come after the current one; does nothing without a project.
-    /// Refuses what validateInputs and generateCuts refuse.
+    /// Generates and shows an edit, which replaces those after the current one. Does nothing without a project. Refuses
+    /// what validateInputs and generateCuts refuse.
     void generateRoughEdit();
-    /// Shows the edit at this position and puts its settings on screen; does nothing for a position that is none.
+    /// Shows the edit at this position and its settings. Does nothing if the position is out of range.
     void restoreRevision(std::int64_t position);
-    /// The edit before the one on screen, or the current one where settings have changed since; nothing before the
-    /// first.
+    /// Shows the previous edit, or the current one if settings have changed since. Does nothing at the first edit.
     void stepBack();
-    /// The next edit; nothing after the last.
+    /// Shows the next edit. Does nothing at the last one.
     void stepForward();
 
-    // Presets. What refuses leaves the stored list as it is.
+    // Presets. An operation that is refused leaves the stored list unchanged.
 
     [[nodiscard]] const PresetLibrary& presets() const { return presets_; }
-    /// None while none is chosen, and when it is gone.
+    /// None if no preset is chosen, or if it no longer exists.
     [[nodiscard]] std::optional<EditPreset> chosenPreset() const { return presets_.preset(state_.chosenPreset); }
     /// Call this if another process has changed the stored list.
     void readPresets();
     /// Opens the save sheet.
     void beginSavePreset();
     enum class PresetSave { asNew, update };
-    /// Stores the setup on screen: under the name in the save sheet, or as the chosen preset. Does nothing for a blank
-    /// name or without a chosen one. Refuses a name that is used already, and a list that cannot be read or written.
+    /// Saves the setup on screen, under the name in the save sheet or in the chosen preset. Does nothing for a blank
+    /// name or without a chosen preset. Refuses a name that is already used, and a list that cannot be read or written.
     void savePreset(PresetSave kind);
-    /// Puts a preset on screen, as far as its cameras are found; every preset does.
+    /// Applies a preset, as far as its cameras are found. Accepts any preset.
     void applyPreset(const EditPreset& preset);
-    /// Deletes the chosen preset; does nothing without one. Refuses as savePreset does.
+    /// Deletes the chosen preset; does nothing without one. Refuses a list that cannot be read or written.
     void deletePreset();
     /// Keeps an unreadable list aside and begins an empty one; does nothing if the list can be read.
     void startNewPresetList();
 
     // The export
 
-    /// Asks for a folder, writes the edit on screen and its record there, and hands it to Final Cut. Does nothing while
-    /// a dialog is open, and unless the cut list on screen is the current edit's. Refuses what roughEditXML refuses.
+    /// Asks for a folder, writes the edit on screen and its record there, and passes it to Final Cut. Does nothing
+    /// while a dialog is open, or if the cut list on screen is not the current edit's. Refuses what roughEditXML
+    /// refuses.
     void exportRoughEdit();
     /// Saves the picture of the edit on screen as a new file. `decimalSign` is the user's.
     void savePicture(const std::string& decimalSign = ".");
@@ -244,7 +245,7 @@ private:
 
     void saveSession();
     void restoreSession();
-    /// A session and all else that showing it takes.
+    /// A session, with everything else that is needed to show it.
     struct StoredSession {
         SessionKeeper::Restored session;
         EditSettings restoredSettings;
@@ -279,7 +280,7 @@ private:
     std::deque<std::function<void(WorkspaceState&)>> waitingEdits_;
     Observers<Changes> observers_;
     Subscription inboxSubscription_;
-    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true); ///< reports look whether it still is
+    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true); ///< for reports that may arrive too late
 };
 
 } // namespace corvane
