@@ -18,7 +18,7 @@ namespace corvane {
 
 namespace {
 
-/// Readable at the width of a phone, where a row of the table becomes a block, and on A4.
+/// Readable on A4 and on a phone, where each row of the table becomes a block.
 constexpr std::string_view style = R"css(
 :root{color-scheme:light}
 body{font:15px/1.45 system-ui,-apple-system,"Segoe UI",Roboto,"Noto Sans",sans-serif;color:#1d1b19;background:#fff;
@@ -72,7 +72,7 @@ std::string escaped(std::string_view text)
     return out;
 }
 
-/// From the seventeenth camera on the colours come again, darker, as in the window.
+/// From the seventeenth camera on, the colours repeat, darker, as in the window.
 std::string colorAt(std::size_t position)
 {
     const std::uint32_t color = cameraColors.at(position % cameraColors.size());
@@ -130,7 +130,7 @@ private:
                "</span>" + escaped(angleLabel(project_, camera));
     }
 
-    /// What is narrower than a pixel is drawn one wide.
+    /// Ranges narrower than a pixel are drawn one pixel wide.
     void addRange(const FrameRange& range, const std::string& attributes)
     {
         const Frames least = std::max<Frames>(1, engine_.length / 1000);
@@ -232,7 +232,7 @@ private:
     {
         const std::string record = settingsHeadText(project_, engine_, revision_);
         out_ += "<h2>Settings</h2>\n<ul>\n";
-        std::size_t line = record.find('\n') + 1; // the title is not for this page
+        std::size_t line = record.find('\n') + 1; // this page does not show the title
         for (std::size_t end = record.find('\n', line); end != std::string::npos; end = record.find('\n', line)) {
             if (end > line)
                 out_ += "<li>" + escaped(std::string_view(record).substr(line, end - line)) + "</li>\n";

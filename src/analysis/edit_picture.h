@@ -9,9 +9,9 @@
 
 namespace corvane {
 
-/// An edit as one page for people who have no Corvane: its cameras' lanes over their footage, what was asked for, the
-/// share of each camera beside its target, each shot with its reasons, and the settings. HTML with the drawing inside;
-/// it runs nothing and loads nothing, and names stand in it as text.
+/// An edit as one page for people without Corvane: one lane per camera with its footage, the fixed shots, each camera's
+/// share beside its target, each shot with its reasons, and the settings. HTML with an embedded drawing; it runs no
+/// scripts and loads nothing, and names are escaped.
 [[nodiscard]] std::string editPicture(
     const ImportedProject& project, const CutEngine& engine, const EditRevision& revision,
     std::string_view decimalSign = ".");

@@ -14,7 +14,7 @@
 
 namespace corvane {
 
-/// True for the elements that are distributed among the pieces: connected items and annotations.
+/// True for the elements that are distributed among the clips: connected items and annotations.
 [[nodiscard]] bool isSharedOut(std::string_view elementName);
 
 /// Distributes the connected items, markers, keywords and ratings of the multicam clip among the clips. A connected

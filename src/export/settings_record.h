@@ -13,7 +13,7 @@ namespace corvane {
 [[nodiscard]] std::string settingsRecordText(
     const ImportedProject& project, const CutEngine& engine, const EditRevision& revision);
 
-/// The same without usage and cuts.
+/// The same text without usage and cuts.
 [[nodiscard]] std::string settingsHeadText(
     const ImportedProject& project, const CutEngine& engine, const EditRevision& revision);
 

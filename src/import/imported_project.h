@@ -20,7 +20,7 @@ struct ImportedAngle {
     bool operator==(const ImportedAngle&) const = default;
 };
 
-/// The angle with this id; none where there is no such angle.
+/// The angle with this id; null if there is none.
 [[nodiscard]] inline const ImportedAngle* angleWithID(const std::vector<ImportedAngle>& angles, std::string_view id)
 {
     const auto found = std::ranges::find(angles, id, &ImportedAngle::id);

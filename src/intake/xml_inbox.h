@@ -8,7 +8,7 @@
 
 namespace corvane {
 
-/// Where projects arrive from outside the window: drags, shares and opened files are put here, the workspace takes
+/// Where projects arrive from outside the window: drags, shares and opened files are put here, and the workspace takes
 /// them out and empties the property. Main thread only.
 class XMLInbox {
 public:
@@ -27,7 +27,7 @@ public:
     /// The XML of a project that was dragged from Final Cut.
     [[nodiscard]] const std::optional<std::string>& xmlData() const { return xmlData_; }
     void setXMLData(std::optional<std::string> bytes);
-    /// The bytes that must be there. They are gone from here; to set the property back tells the observers.
+    /// Moves the XML, which must exist, out of the inbox. Emptying the property afterwards notifies the observers.
     [[nodiscard]] std::string takeXMLData();
 
     /// A message to show instead of loading.

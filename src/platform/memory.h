@@ -2,7 +2,7 @@
 
 namespace corvane {
 
-/// Gives the system back what was freed and is only kept for later: for when something large has gone.
+/// Returns freed memory to the system. Call this after something large was freed.
 void giveBackFreeMemory();
 
 } // namespace corvane

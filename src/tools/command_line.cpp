@@ -41,11 +41,12 @@ std::optional<CommandLine> commandLine(const CommandSyntax& syntax, std::span<ch
     return line;
 }
 
-/// Processes that share their output, as xargs -P starts them, must not mix their reports: each goes out in one piece.
+/// Prints each report in one piece, so that processes that share their output, for example under xargs -P, do not mix
+/// their reports.
 void keepReportsTogether()
 {
     constexpr std::size_t largestReport = std::size_t{16} << 20U;
-    static const std::unique_ptr<char[]> buffer(new char[largestReport]); // the pages in use take memory, no others
+    static const std::unique_ptr<char[]> buffer(new char[largestReport]); // only pages in use take memory
     std::setvbuf(stdout, buffer.get(), _IOFBF, largestReport);
 }
 

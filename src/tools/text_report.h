@@ -14,7 +14,7 @@ namespace corvane {
 void printProject(std::ostream& out, const LoadedFile& file);
 /// Prints what can be cut, what an export will refuse, and other notes; nothing if there is nothing to say.
 void printCheck(std::ostream& out, const LoadedFile& file, const ProjectCheck& check);
-/// What these settings give when many edits are generated, in a line. Takes up to a fifth of a second.
+/// Prints in one line what these settings give when many edits are generated. Takes up to a fifth of a second.
 void printTrial(std::ostream& out, const LoadedFile& file);
 /// Prints each camera's screen time and share beside its target share.
 void printUsage(std::ostream& out, const LoadedFile& file, const std::vector<Cut>& cuts);
