@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-/// The commands of the window: what is written on them, their keys, and why one cannot run at the moment. Menus and
-/// buttons are made of these.
+/// The window's commands: their texts, their shortcuts, and the reason why a command cannot run at the moment. Menus
+/// and buttons are built from them.
 namespace corvane {
 
 enum class Command {
@@ -38,7 +38,7 @@ enum class Command {
 };
 constexpr auto commandCount = static_cast<std::size_t>(Command::count);
 
-/// What decides whether commands can run.
+/// The conditions that decide whether commands can run.
 struct CommandConditions {
     const ContentView& view;
     bool canCheckForUpdates = false;
@@ -47,11 +47,11 @@ struct CommandConditions {
 struct CommandEntry {
     std::string_view text;
     char key = 0;               ///< the letter of the text that chooses it, in either case
-    std::string_view shortcuts; ///< "Ctrl+O", separated by "; "
+    std::string_view shortcuts; ///< such as "Ctrl+O", separated by "; "
     std::string_view help;      ///< what it does, if its text does not say enough
     /// Why it cannot run; none if it can.
     std::optional<std::string> (*whyNot)(const CommandConditions& now);
-    /// What the controller does; none for commands of the window itself.
+    /// The controller's operation; null for commands of the window itself.
     void (*run)(ContentView& view) = nullptr;
 };
 [[nodiscard]] const CommandEntry& entry(Command command);

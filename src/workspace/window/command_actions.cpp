@@ -9,7 +9,7 @@ namespace corvane {
 
 namespace {
 
-/// With the mark of the letter that chooses it.
+/// The text with the mnemonic marked by "&".
 QString withKey(const std::string& text, char key)
 {
     QString marked = qt(text);

@@ -11,13 +11,13 @@
 
 namespace corvane {
 
-/// The commands as the toolkit has them: one action each, which menus and buttons share. They follow the state.
+/// The commands as actions of the toolkit: one each, which menus and buttons share. They follow the controller's state.
 class CommandActions : public QObject {
     Q_OBJECT
 public:
     CommandActions(ContentView& view, Updater& updater, QObject* parent = nullptr);
 
-    /// What the controller does is connected already. The action's data is its tip.
+    /// Operations of the controller are already connected. The action's data is its tooltip.
     [[nodiscard]] QAction& of(Command command) const { return *actions_[static_cast<std::size_t>(command)]; }
 
     void refresh();
@@ -28,10 +28,10 @@ private:
     CorvaneUpdateState updates_;
 };
 
-/// The button has the text, the state and the tip of the action, and triggers it.
+/// Gives the button the action's text, enabled state and tooltip, and lets it trigger the action.
 void followAction(QPushButton& button, QAction& action);
 
-/// Where the pointer rests on an entry of the menu, its tip is shown, also while the entry cannot be chosen.
+/// Shows the tooltip of a menu entry while the pointer rests on it, even if the entry is disabled.
 void showTips(QMenu& menu);
 
 } // namespace corvane

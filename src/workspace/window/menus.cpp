@@ -14,7 +14,7 @@ namespace corvane {
 
 namespace {
 
-/// A menu of these commands; none is a line between them.
+/// Adds a menu with these commands; none stands for a separator.
 void addMenu(
     const QString& title, std::initializer_list<std::optional<Command>> entries, const CommandActions& commands,
     QMainWindow& window)

@@ -19,7 +19,7 @@ struct MenuActions {
     std::function<void()> tryRules;
 };
 
-/// Makes the menu bar of the main window, and has the commands that are not the controller's do what they do.
+/// Builds the main window's menu bar, and connects the commands that are not operations of the controller.
 void makeMenus(
     const CommandActions& commands, ContentView& view, Updater& updater, const MenuActions& actions,
     QMainWindow& window);
