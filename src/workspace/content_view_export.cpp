@@ -73,7 +73,7 @@ void ContentView::savePicture(const std::string& decimalSign)
     const std::shared_ptr<const LoadedDocument> loaded = state_.loaded;
     if (waiting_ || !loaded || !revision)
         return;
-    try {
+    const auto failure = failureOf("save the picture", [&] {
         const std::string page = editPicture(loaded->imported, loaded->engine, *revision, decimalSign);
         whileWaiting([&] {
             const auto chosen = services_.dialogs.chooseNewFile(
@@ -91,9 +91,9 @@ void ContentView::savePicture(const std::string& decimalSign)
             services_.dialogs.rememberNewFile(path);
             edit([&path](WorkspaceState& state) { state.status = "Saved " + std::string(lastComponent(path)) + "."; });
         });
-    } catch (const std::exception& failure) {
-        const std::string message = failureText(failure, "save the picture");
-        edit([this, message](WorkspaceState&) { fail(message); });
+    });
+    if (failure) {
+        edit([this, &failure](WorkspaceState&) { fail(*failure); });
         return;
     }
     react();

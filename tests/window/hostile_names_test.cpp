@@ -1,5 +1,4 @@
 #include "gui.h"
-#include "support/opened_files.h"
 #include "workspace/window/panels/cut_panel.h"
 
 #include <gtest/gtest.h>
