@@ -118,7 +118,9 @@ std::vector<std::string> fadeAdvice(
         longest = std::max(longest, readSeconds(fade.attribute("duration")).value_or(0));
     });
     const auto advise = [&](double fade, bool enabled, double seconds, const std::string& shot) {
-        const double held = enabled ? engine.seconds(roundedFrames(engine, seconds)) : 0;
+        // Without a bookend the shot is drawn, and rarely shorter than the shorter minimum.
+        const double held = enabled ? engine.seconds(roundedFrames(engine, seconds))
+                                    : std::min(settings.mainMinimum, settings.otherMinimum);
         constexpr double tolerance = 0.00000001; // the same as the export's
         if (fade <= 0 || held + tolerance >= fade)
             return;

@@ -76,7 +76,7 @@ constexpr std::array<CommandEntry, static_cast<std::size_t>(Command::count)> tab
      [](ContentView& view) { view.undo(); }},
     {"Copy Cut List", 'c', "Ctrl+Shift+C", "", whyNoCuts},
     {"Generate rough edit", 'g', "Ctrl+G", "", whyNoGeneration, [](ContentView& view) { view.generateRoughEdit(); }},
-    {"Try these rules", 't', "Ctrl+T", "Generate many edits by these rules and show what they have in common",
+    {"Try these rules", 0, "Ctrl+T", "Generate many edits by these rules and show what they have in common",
      whyNoGeneration},
     {"Back", 'b', "Ctrl+[", "Return to the previous rough edit and its settings", whyNotBack,
      [](ContentView& view) { view.stepBack(); }},

@@ -46,7 +46,7 @@ struct CommandConditions {
 
 struct CommandEntry {
     std::string_view text;
-    char key = 0;               ///< the letter of the text that chooses it, in either case
+    char key = 0;               ///< the letter of the text that chooses it, in either case; 0 for none
     std::string_view shortcuts; ///< such as "Ctrl+O", separated by "; "
     std::string_view help;      ///< what it does, if its text does not say enough
     /// Why it cannot run; none if it can.

@@ -198,7 +198,8 @@ TEST(ProjectCheck, TellsWhatIsWrongWhereAndWhatToDo)
 <title offset="soon" name="Name"/>)";
     parts.angles = angle("A", clip("0s", "40s")) + angle("B", clip("0s", "10s", "v") + clip("10s", "20s"));
     const LoadedProject project = loadProject(document(parts));
-    const EditSettings settings = startingSettings(project.imported, project.engine, {});
+    EditSettings settings = startingSettings(project.imported, project.engine, {});
+    settings.otherMinimum = 2; // shots are drawn that are shorter than the fade
     EXPECT_EQ(
         checkText(project.imported, project.engine, settings, checkProject(project.imported, project.engine, settings)),
         "Title 'Name' has no readable offset (soon); the export will refuse it. Move or remove it in Final Cut and "

@@ -13,7 +13,7 @@ namespace {
 QString withKey(const std::string& text, char key)
 {
     QString marked = qt(text);
-    return marked.insert(marked.indexOf(key, 0, Qt::CaseInsensitive), '&');
+    return key == 0 ? marked : marked.insert(marked.indexOf(key, 0, Qt::CaseInsensitive), '&');
 }
 
 class MenuTips : public QObject {
