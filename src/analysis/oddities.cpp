@@ -200,7 +200,8 @@ void addSameRecordings(std::vector<std::string>& sentences, const ImportedProjec
         for (const xml::Element clip : angles[angle].children())
             found.add(clip);
     }
-    for (const auto& [together, recording] : shownTogether(std::move(uses))) {
+    const auto sharers = shownTogether(std::move(uses));
+    for (const auto& [together, recording] : sharers) {
         std::vector<std::string> of;
         for (const std::size_t angle : together)
             of.push_back(names[angle]);

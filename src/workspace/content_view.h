@@ -252,7 +252,7 @@ private:
         std::string status;
     };
     [[nodiscard]] static StoredSession forScreen(SessionKeeper::Restored session);
-    void show(StoredSession stored) noexcept;
+    void show(StoredSession&& stored) noexcept;
     void lookForPreviousSession();
 
     [[nodiscard]] std::vector<EditPreset> currentPresets();

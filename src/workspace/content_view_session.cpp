@@ -50,7 +50,7 @@ ContentView::StoredSession ContentView::forScreen(SessionKeeper::Restored sessio
 }
 
 /// The files may already have been exchanged, so this must not fail.
-void ContentView::show(StoredSession stored) noexcept
+void ContentView::show(StoredSession&& stored) noexcept
 {
     auto& [session, restoredSettings, status] = stored;
     show(std::move(session.loaded));
