@@ -11,7 +11,7 @@ namespace corvane {
 void giveBackFreeMemory()
 {
 #ifdef __GLIBC__
-    ::malloc_trim(0);
+    (void)::malloc_trim(0);
 #endif
 }
 

@@ -47,7 +47,7 @@ void keepReportsTogether()
 {
     constexpr std::size_t largestReport = std::size_t{16} << 20U;
     static const std::unique_ptr<char[]> buffer(new char[largestReport]); // only pages in use take memory
-    std::setvbuf(stdout, buffer.get(), _IOFBF, largestReport);
+    (void)std::setvbuf(stdout, buffer.get(), _IOFBF, largestReport);
 }
 
 ExitStatus runAndReport(

@@ -50,7 +50,7 @@ bool isTooLarge(const ParserComplaint& complaint, std::string_view document)
 /// The name that an error is about, as written in the document or as much of it as the parser reports.
 std::string nameIn(const ParserComplaint& complaint)
 {
-    const std::string name(complaint.name);
+    std::string name(complaint.name);
     switch (complaint.code) {
     case XML_NS_ERR_UNDEFINED_NAMESPACE:
         return name + ":" + std::string(complaint.after);
