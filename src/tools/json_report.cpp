@@ -112,25 +112,29 @@ void addEdit(Json& report, const LoadedFile& file, const std::vector<Cut>& cuts)
     report["notCarriedOver"] = {{"elements", left.leftOut}, {"tracking", left.lostTracking}};
 }
 
+void addFile(Json& report, const LoadedFile& file, const ProjectFacts& facts)
+{
+    report["project"] = projectFacts(file);
+    report["angles"] = angleFacts(file);
+    if (facts.check != nullptr) {
+        if (facts.check->usable)
+            report["usable"] = usableFacts(file, *facts.check->usable);
+        report["exportRefuses"] = facts.check->refusals;
+        report["advice"] = facts.check->advice;
+        report["odd"] = facts.check->oddities;
+    }
+    if (facts.cuts != nullptr)
+        addEdit(report, file, *facts.cuts);
+}
+
 } // namespace
 
 std::string jsonReport(const ProjectFacts& facts)
 {
     Json report = {{"form", reportForm}, {"path", facts.path}};
     report["refusal"] = facts.refusal ? Json(*facts.refusal) : Json();
-    if (facts.file != nullptr) {
-        report["project"] = projectFacts(*facts.file);
-        report["angles"] = angleFacts(*facts.file);
-    }
-    if (facts.check != nullptr) {
-        if (facts.check->usable)
-            report["usable"] = usableFacts(*facts.file, *facts.check->usable);
-        report["exportRefuses"] = facts.check->refusals;
-        report["advice"] = facts.check->advice;
-        report["odd"] = facts.check->oddities;
-    }
-    if (facts.cuts != nullptr)
-        addEdit(report, *facts.file, *facts.cuts);
+    if (facts.file != nullptr)
+        addFile(report, *facts.file, facts);
     if (facts.files)
         report["files"] = {{"project", facts.files->xmlURL}, {"record", facts.files->settingsURL}};
     return report.dump(-1, ' ', false, Json::error_handler_t::replace);
