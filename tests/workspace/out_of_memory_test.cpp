@@ -26,6 +26,14 @@ void* operator new(std::size_t size)
 {
     return allocated(size);
 }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    try {
+        return allocated(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
 void operator delete(void* memory) noexcept
 {
     std::free(memory);
