@@ -18,7 +18,8 @@ void CheckedProject::refresh(const ContentView& view, std::string_view decimalSi
         check_ = {};
         return;
     }
-    const auto& [source, project, engine] = *loaded_;
+    const ImportedProject& project = loaded_->imported;
+    const CutEngine& engine = loaded_->engine;
     check_.usable = usableRanges(project, engine, settings_);
     check_.otherAudio.clear();
     if (check_.usable && !check_.usable->wholeProject)
@@ -29,10 +30,10 @@ void CheckedProject::refresh(const ContentView& view, std::string_view decimalSi
         check_.refusals = announcedRefusals(project, engine, settings_.audio);
     check_.advice = fadeAdvice(project, engine, settings_, decimalSign);
     if (isOther)
-        mayHaveNotes_ = !checkNotes(check_).empty() ||
-                        std::ranges::any_of(project.angles, [&engine = engine](const ImportedAngle& angle) {
-                            return hasAudioFades(engine, angle.id);
-                        });
+        mayHaveNotes_ =
+            !checkNotes(check_).empty() || std::ranges::any_of(project.angles, [&engine](const ImportedAngle& angle) {
+                return hasAudioFades(engine, angle.id);
+            });
 }
 
 std::string CheckedProject::usableText() const
