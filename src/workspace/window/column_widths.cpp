@@ -1,5 +1,7 @@
 #include "workspace/window/column_widths.h"
 
+#include "workspace/window/shown_text.h"
+
 #include <QEvent>
 #include <QHeaderView>
 #include <QStyle>
@@ -27,6 +29,19 @@ protected:
 };
 
 } // namespace
+
+void arrangeForReading(QTableView& table)
+{
+    copyAsSpoken(table);
+    table.setSelectionMode(QAbstractItemView::NoSelection);
+    table.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table.setTabKeyNavigation(false);
+    table.setWordWrap(false);
+    table.setShowGrid(false);
+    table.verticalHeader()->hide();
+    table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table.verticalHeader()->setDefaultSectionSize(std::max(20, table.fontMetrics().height() + 4));
+}
 
 ColumnWidths::ColumnWidths(QTableView& table, int names, std::vector<Column> others)
     : QObject(&table), table_(table), names_(names), others_(std::move(others))

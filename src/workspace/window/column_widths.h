@@ -6,6 +6,9 @@
 
 namespace corvane {
 
+/// A table that is read and copied, a line for each camera: nothing in it can be chosen or changed, and Tab passes it.
+void arrangeForReading(QTableView& table);
+
 /// Distributes the width of a table among its columns. The other columns first get what their cells need, then the
 /// column of names gets what it needs, then the others up to their usual width; the column of names gets the rest.
 class ColumnWidths : public QObject {

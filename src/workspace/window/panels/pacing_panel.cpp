@@ -77,15 +77,7 @@ void PacingPanel::arrangeTrial()
     table_->setModel(model_);
     table_->setItemDelegateForColumn(TrialTableModel::camera, new NameDelegate(table_));
     table_->setAccessibleName(tr("Share in the tries"));
-    copyAsSpoken(*table_);
-    table_->setSelectionMode(QAbstractItemView::NoSelection);
-    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table_->setTabKeyNavigation(false);
-    table_->setWordWrap(false);
-    table_->setShowGrid(false);
-    table_->verticalHeader()->hide();
-    table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table_->verticalHeader()->setDefaultSectionSize(std::max(20, table_->fontMetrics().height() + 4));
+    arrangeForReading(*table_);
     const auto wide = [this](const char* text) { return table_->fontMetrics().horizontalAdvance(text) + 12; };
     new ColumnWidths( // which the table owns
         *table_, TrialTableModel::camera,

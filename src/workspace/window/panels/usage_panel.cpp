@@ -18,15 +18,7 @@ UsagePanel::UsagePanel(ContentView& view, const CameraMarks& marks, QWidget* par
     table_->setItemDelegateForColumn(UsageTableModel::camera, new NameDelegate(table_));
     table_->setItemDelegateForColumn(UsageTableModel::share, new ShareBarDelegate(table_));
     table_->setAccessibleName(tr("Actual camera usage"));
-    copyAsSpoken(*table_);
-    table_->setSelectionMode(QAbstractItemView::NoSelection);
-    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table_->setTabKeyNavigation(false);
-    table_->setWordWrap(false);
-    table_->setShowGrid(false);
-    table_->verticalHeader()->hide();
-    table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table_->verticalHeader()->setDefaultSectionSize(std::max(20, table_->fontMetrics().height() + 4));
+    arrangeForReading(*table_);
     const auto wide = [this](const char* text) { return table_->fontMetrics().horizontalAdvance(text) + 10; };
     const int number = wide("100.0%");
     new ColumnWidths( // owned by the table
