@@ -21,6 +21,13 @@ std::string quoted(std::string_view name)
     return "“" + std::string(name) + "”";
 }
 
+std::string joinedQuoted(std::vector<std::string> names)
+{
+    for (std::string& name : names)
+        name = quoted(name);
+    return joinedNames(names);
+}
+
 /// True if a fade is too long for its shot, and the length of that shot was chosen at random.
 bool anotherDrawMayFit(const LoadedFile& file, const std::vector<Cut>& cuts)
 {
@@ -46,25 +53,21 @@ EditPreset presetNamed(const std::vector<EditPreset>& saved, std::string_view na
         std::ranges::find_if(saved, [name](const EditPreset& preset) { return sameName(preset.name, name); });
     if (found != saved.end())
         return *found;
-    std::vector<std::string> names;
-    for (const EditPreset& preset : saved)
-        names.push_back(quoted(preset.name));
+    std::vector<std::string> names(saved.size());
+    std::ranges::transform(saved, names.begin(), &EditPreset::name);
     throw PlatformError(
         "There is no saved preset " + quoted(name) + ". " +
-        (names.empty() ? "None has been saved in the window yet." : "Saved are " + joinedNames(names) + "."));
+        (names.empty() ? "None has been saved in the window yet." : "Saved are " + joinedQuoted(names) + "."));
 }
 
 void applyWholePreset(const EditPreset& preset, LoadedFile& file)
 {
     const auto missing = camerasNotIdentified(preset, file.project, file.engine);
-    if (!missing.empty()) {
-        std::vector<std::string> names;
-        for (const std::string& name : missing)
-            names.push_back(quoted(name));
+    if (!missing.empty())
         throw PlatformError(
-            "The preset " + quoted(preset.name) + " cannot be used here: " + joinedNames(names) +
-            (names.size() == 1 ? " must be the name of just one angle." : " must each be the name of just one angle."));
-    }
+            "The preset " + quoted(preset.name) + " cannot be used here: " + joinedQuoted(missing) +
+            (missing.size() == 1 ? " must be the name of just one angle."
+                                 : " must each be the name of just one angle."));
     AppliedPreset applied = appliedPreset(preset, file.project, file.engine, file.settings);
     if (!applied.tookCameras)
         throw PlatformError(
