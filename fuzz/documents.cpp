@@ -1,5 +1,5 @@
 // The input is a document: it is read into the summary and the engine, and written as a single cut, which this
-// program's parser and another one read.
+// program's parser and, if it reads the input, another one read.
 
 #include "export/carry_over.h"
 #include "export/rough_edit_writer.h"
@@ -16,7 +16,7 @@
 
 namespace {
 
-bool otherParserReads([[maybe_unused]] const std::string& document)
+bool otherParserReads([[maybe_unused]] std::string_view document)
 {
 #ifdef CORVANE_EXPAT
     const std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser(XML_ParserCreate(nullptr), XML_ParserFree);
@@ -45,6 +45,8 @@ std::string runFuzzInput(std::string_view bytes)
         }
     }
     (void)carryOver(loaded.engine);
+    // libxml2 allows characters in names that expat, which follows an older edition of XML 1.0, refuses.
+    const bool eitherParserReads = otherParserReads(bytes);
     int written = 0;
     for (const auto& angle : loaded.imported.angles) {
         constexpr int most = 10; // because each writes the whole document
@@ -56,7 +58,7 @@ std::string runFuzzInput(std::string_view bytes)
             ++written;
             if (loadProject(bytesWritten).engine.length != loaded.engine.length)
                 return "a project of one cut is read again as long as it was";
-            if (!otherParserReads(bytesWritten))
+            if (eitherParserReads && !otherParserReads(bytesWritten))
                 return "another parser reads what was written";
         } catch (const FinalCutImportError&) { // not covered, not continuous …
             continue;
