@@ -1,11 +1,10 @@
 #include "base/error.h"
+#include "base/json_writing.h"
 #include "base/text.h"
 #include "engine/setting_limits.h"
 #include "import/final_cut_import_error.h"
 #include "session/presets.h"
 #include "session/record_reading.h"
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <cmath>
@@ -13,8 +12,6 @@
 namespace corvane {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 bool isBlank(std::string_view text)
 {
@@ -59,44 +56,52 @@ bool allDistinct(const std::vector<EditPreset>& presets)
 }
 
 template <class Row>
-Json rowJson(const std::vector<Row>& rows, const char* key, double Row::* member)
+void writeRows(
+    JsonWriter& json, std::string_view name, const std::optional<std::vector<Row>>& rows, std::string_view numberName,
+    double Row::* number)
 {
-    Json list = Json::array();
-    for (const Row& row : rows)
-        list.push_back({{"angleName", row.angleName}, {key, row.*member}});
-    return list;
+    if (!rows)
+        return;
+    json.key(name);
+    json.list([&] {
+        for (const Row& row : *rows) {
+            json.object([&] {
+                json.member("angleName", row.angleName);
+                json.member(numberName, row.*number);
+            });
+        }
+    });
 }
 
-Json presetJson(const EditPreset& preset)
+void writeBookend(JsonWriter& json, std::string_view name, const std::optional<PresetBookend>& bookend)
 {
-    Json object = {
-        {"id", preset.id.text()},
-        {"name", preset.name},
-        {"mainShare", preset.mainShare},
-        {"averageShot", preset.averageShot},
-        {"doubleMain", preset.doubleMain},
-        {"mainAngleName", preset.mainAngleName},
-        {"otherAngleNames", preset.otherAngleNames},
-        {"audioAngleName", preset.audioAngleName}};
-    if (preset.returnTimes)
-        object["returnTimes"] = rowJson(*preset.returnTimes, "seconds", &PresetReturnTime::seconds);
-    if (preset.frequencies)
-        object["frequencies"] = rowJson(*preset.frequencies, "weight", &PresetFrequency::weight);
-    const auto addBookend = [&](const char* key, const std::optional<PresetBookend>& bookend) {
-        if (bookend)
-            object[key] = {{"angleName", bookend->angleName}, {"seconds", bookend->seconds}};
-    };
-    addBookend("opening", preset.opening);
-    addBookend("closing", preset.closing);
-    const auto addNumber = [&](const char* key, const std::optional<double>& number) {
-        if (number)
-            object[key] = *number;
-    };
-    addNumber("mainMinimum", preset.mainMinimum);
-    addNumber("mainMaximum", preset.mainMaximum);
-    addNumber("otherMinimum", preset.otherMinimum);
-    addNumber("otherMaximum", preset.otherMaximum);
-    return object;
+    if (!bookend)
+        return;
+    json.key(name);
+    json.object([&] {
+        json.member("angleName", bookend->angleName);
+        json.member("seconds", bookend->seconds);
+    });
+}
+
+void writeMembers(JsonWriter& json, const EditPreset& preset)
+{
+    json.member("id", preset.id.text());
+    json.member("name", preset.name);
+    json.member("mainShare", preset.mainShare);
+    json.member("averageShot", preset.averageShot);
+    json.member("doubleMain", preset.doubleMain);
+    json.member("mainAngleName", preset.mainAngleName);
+    json.member("otherAngleNames", preset.otherAngleNames);
+    json.member("audioAngleName", preset.audioAngleName);
+    writeRows(json, "returnTimes", preset.returnTimes, "seconds", &PresetReturnTime::seconds);
+    writeRows(json, "frequencies", preset.frequencies, "weight", &PresetFrequency::weight);
+    writeBookend(json, "opening", preset.opening);
+    writeBookend(json, "closing", preset.closing);
+    json.member("mainMinimum", preset.mainMinimum);
+    json.member("mainMaximum", preset.mainMaximum);
+    json.member("otherMinimum", preset.otherMinimum);
+    json.member("otherMaximum", preset.otherMaximum);
 }
 
 struct StoredPresets {
@@ -138,10 +143,12 @@ bool presetsHoldMore(std::string_view bytes)
 
 std::string encodePresets(const std::vector<EditPreset>& presets)
 {
-    Json list = Json::array();
-    for (const EditPreset& preset : presets)
-        list.push_back(presetJson(preset));
-    return list.dump();
+    JsonWriter json;
+    json.list([&] {
+        for (const EditPreset& preset : presets)
+            json.object([&] { writeMembers(json, preset); });
+    });
+    return json.take();
 }
 
 } // namespace corvane

@@ -1,11 +1,8 @@
 #include "session/session_encoding.h"
 
-#include "base/error.h"
+#include "base/json_writing.h"
 #include "engine/setting_fields.h"
 
-#include <nlohmann/json.hpp>
-
-#include <cmath>
 #include <map>
 #include <set>
 
@@ -13,98 +10,87 @@ namespace corvane {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-/// Refuses NaN and infinity: their text is not JSON, and the file could not be read back.
-double finite(double value)
+void write(JsonWriter& json, const auto& value)
 {
-    if (!std::isfinite(value))
-        throw PlatformError("A setting is not a number.");
-    return value;
+    json.value(value);
 }
 
-// Lists and objects are written by hand, because destroying the library's own needs memory, and ends the program if
-// there is none.
-
-std::string json(const auto& value)
+void write(JsonWriter& json, const std::set<std::string>& cameras)
 {
-    return Json(value).dump();
-}
-
-std::string json(double value)
-{
-    return Json(finite(value)).dump();
-}
-
-template <class Values, class Text>
-std::string joined(char open, const Values& values, char close, const Text& text)
-{
-    std::string all(1, open);
-    for (const auto& value : values) {
-        if (all.size() > 1)
-            all += ',';
-        all += text(value);
-    }
-    return all += close;
-}
-
-std::string json(const std::set<std::string>& cameras)
-{
-    return joined('[', cameras, ']', [](const std::string& camera) { return json(camera); });
-}
-
-std::string json(const std::map<std::string, double, std::less<>>& values)
-{
-    return joined('{', values, '}', [](const auto& value) { return json(value.first) + ":" + json(value.second); });
-}
-
-std::string json(const std::vector<SectionDraft>& drafts)
-{
-    return joined('[', drafts, ']', [](const SectionDraft& draft) {
-        return "{\"id\":" + json(draft.id.text()) + ",\"name\":" + json(draft.name) +
-               ",\"camera\":" + json(draft.camera) + ",\"start\":" + json(draft.start) + ",\"end\":" + json(draft.end) +
-               "}";
+    json.list([&] {
+        for (const std::string& camera : cameras)
+            json.value(camera);
     });
 }
 
-/// Cut lists make up most of the file, and numbers and ids need no escaping, so they are written directly.
-void appendCuts(std::string& out, const std::vector<Cut>& cuts)
+void write(JsonWriter& json, const std::map<std::string, double, std::less<>>& values)
 {
-    std::map<std::string_view, std::string> quotedAngles;
-    out += '[';
-    for (const Cut& cut : cuts) {
-        std::string& angle = quotedAngles[cut.angle];
-        if (angle.empty())
-            angle = Json(cut.angle).dump();
-        out += out.back() == '[' ? "{\"id\":\"" : ",{\"id\":\"";
-        out += cut.id.text();
-        out += "\",\"angle\":";
-        out += angle;
-        out += ",\"start\":" + std::to_string(cut.start) + ",\"duration\":" + std::to_string(cut.duration) + "}";
-    }
-    out += ']';
+    json.object([&] {
+        for (const auto& [camera, value] : values)
+            json.member(camera, value);
+    });
+}
+
+void write(JsonWriter& json, const std::vector<SectionDraft>& drafts)
+{
+    json.list([&] {
+        for (const SectionDraft& draft : drafts) {
+            json.object([&] {
+                json.member("id", draft.id.text());
+                json.member("name", draft.name);
+                json.member("camera", draft.camera);
+                json.member("start", draft.start);
+                json.member("end", draft.end);
+            });
+        }
+    });
+}
+
+void write(JsonWriter& json, const EditSettings& settings)
+{
+    json.object([&] {
+        forEachSetting([&](const auto& field) {
+            json.key(field.name);
+            write(json, settings.*field.member);
+        });
+    });
+}
+
+void write(JsonWriter& json, const std::vector<Cut>& cuts)
+{
+    json.list([&] {
+        for (const Cut& cut : cuts) {
+            json.object([&] {
+                json.member("id", cut.id.text());
+                json.member("angle", cut.angle);
+                json.member("start", cut.start);
+                json.member("duration", cut.duration);
+            });
+        }
+    });
 }
 
 } // namespace
 
 std::string encodedSettings(const EditSettings& settings)
 {
-    std::string text;
-    forEachSetting([&](const auto& field) {
-        text += text.empty() ? '{' : ',';
-        text += json(std::string(field.name)) + ":" + json(settings.*field.member);
-    });
-    return text += '}';
+    JsonWriter json;
+    write(json, settings);
+    return json.take();
 }
 
 std::string encodedRevision(const EditRevision& revision)
 {
-    std::string text = "{\"id\":\"" + revision.id.text() +
-                       "\",\"created\":" + Json(finite(revision.created.seconds)).dump() +
-                       ",\"settings\":" + encodedSettings(revision.settings) + ",\"cuts\":";
-    appendCuts(text, revision.cuts);
-    text += '}';
-    return text;
+    JsonWriter json;
+    json.object([&] {
+        json.member("id", revision.id.text());
+        json.member("created", revision.created.seconds);
+        json.key("settings");
+        write(json, revision.settings);
+        json.key("cuts");
+        write(json, revision.cuts);
+    });
+    return json.take();
 }
 
 std::vector<std::string_view> SessionEncoder::encode(

@@ -111,6 +111,13 @@ TEST(OutOfMemory, IsToldWhicheverAllocationFails)
     EXPECT_GT(failAtEachCall([](TestWindow& window) { window.view().importXML(otherProject); }), 100) << "import";
     EXPECT_GT(failAtEachCall([](TestWindow& window) { window.view().generateRoughEdit(); }), 50) << "generate, save";
     EXPECT_GT(failAtEachCall([](TestWindow& window) { window.view().exportRoughEdit(); }), 100) << "export";
+    EXPECT_GT(
+        failAtEachCall([](TestWindow& window) {
+            window.view().edit([](WorkspaceState& state) { state.presetName = "Two cameras and the pulpit"; });
+            window.view().savePreset(ContentView::PresetSave::asNew);
+        }),
+        30)
+        << "save a preset";
 }
 
 TEST(OutOfMemory, LeavesTheStoredSessionThatCannotBeRestored)
