@@ -31,8 +31,9 @@ endif()
 # "strict" builds without this, so that it cannot hide a missing include.
 file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/precompiled/empty.cpp" CONTENT "")
 function(make_precompiled name)
-    cmake_parse_arguments(PARSE_ARGV 1 made "" "" "HEADERS;LIBRARIES")
+    cmake_parse_arguments(PARSE_ARGV 1 made "" "" "HEADERS;OPTIONS;LIBRARIES")
     add_library(${name} OBJECT "${CMAKE_BINARY_DIR}/precompiled/empty.cpp")
+    target_compile_options(${name} PRIVATE ${made_OPTIONS})
     target_link_libraries(${name} PRIVATE corvane_settings ${made_LIBRARIES})
     target_precompile_headers(${name} PRIVATE ${made_HEADERS})
 endfunction()
@@ -43,5 +44,8 @@ make_precompiled(corvane_precompiled HEADERS ${common_headers})
 
 if(CORVANE_WINDOW)
     # The toolkit's headers take longer to parse than any source of ours.
-    make_precompiled(corvane_precompiled_window HEADERS ${common_headers} <QtWidgets> LIBRARIES Qt6::Widgets)
+    make_precompiled(corvane_precompiled_window
+        HEADERS ${common_headers} <QtWidgets>
+        OPTIONS ${CORVANE_TOOLKIT_OPTIONS}
+        LIBRARIES Qt6::Widgets)
 endif()

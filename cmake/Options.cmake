@@ -7,6 +7,7 @@ option(CORVANE_TESTS "The tests (GoogleTest, Python 3, Qt Test)" OFF)
 option(CORVANE_STRESS "The soak programs, and the fuzz targets on their kept inputs, as tests" OFF)
 option(CORVANE_FUZZERS "The fuzz targets as fuzzers (clang)" OFF)
 option(CORVANE_BENCH "The benchmarks (Google Benchmark)" OFF)
+set(CORVANE_TOOLKIT_OPTIONS "" CACHE STRING "More compiler options for sources that use the toolkit, and for the tests")
 set(CORVANE_SANITIZE "" CACHE STRING "Sanitizers for every target, as for -fsanitize=")
 
 if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
