@@ -19,7 +19,7 @@
 
 namespace corvane {
 
-/// Handles what other programs send: Final Cut's share events, and files to open.
+/// Answers Final Cut's share events once the application has launched. Files to open arrive in CorvaneApp::open.
 class CorvaneAppDelegate {
 public:
     /// From now on, the receiver answers the manager's share events.

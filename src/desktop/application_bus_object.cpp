@@ -16,7 +16,7 @@ void ApplicationBusObject::Open(const QStringList& uris, const QVariantMap&)
     open(uris);
 }
 
-/// Does nothing, because the desktop file has no actions.
+/// The desktop file has no actions, so this only activates the window.
 void ApplicationBusObject::ActivateAction(const QString&, const QVariantList&, const QVariantMap&)
 {
     open({});

@@ -60,6 +60,7 @@ private:
 
 /// Handles the request to open documents ('aevt'/'odoc') as the system does for every application: calls `open` with
 /// all paths if the direct object is a file URL or a list of file URLs, and answers any other request with an error.
+/// For a program on macOS, whose system sends such events; on Linux files arrive by other ways.
 void installOpenDocuments(AppleEventManager& manager, std::function<void(const std::vector<std::string>&)> open);
 
 } // namespace corvane
