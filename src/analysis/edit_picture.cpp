@@ -130,7 +130,7 @@ private:
                "</span>" + escaped(angleLabel(project_, camera));
     }
 
-    /// Ranges narrower than a pixel are drawn one pixel wide.
+    /// Draws ranges shorter than a thousandth of the project as long as that, so that they are visible.
     void addRange(const FrameRange& range, const std::string& attributes)
     {
         const Frames least = std::max<Frames>(1, engine_.length / 1000);

@@ -59,7 +59,7 @@ struct TrialLimits {
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings,
     const TrialLimits& limits = {}, RandomNumbers draws = {});
 
-/// "1000 tries: 48 cuts (44 to 53), shots from 1.2 to 50 seconds, none under a second." and how many were refused, and
+/// "1000 tries: 48 cuts (44 to 53), shots of 1.2 to 50 seconds, none under a second." and how many were refused, and
 /// why.
 [[nodiscard]] std::string trialSummary(const RuleTrial& trial, std::string_view decimalSign = ".");
 

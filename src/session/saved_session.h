@@ -20,7 +20,7 @@ struct SavedEditSession {
     bool holdsMore = false; ///< the file has members that this program does not know and would not write
 };
 
-/// Fails with PlatformError where the bytes are no session file, whatever they say.
+/// Throws PlatformError if the bytes are not a session file.
 [[nodiscard]] SavedEditSession decodeSession(std::string_view bytes);
 
 /// True for a session file with at least one revision; false for anything else.

@@ -66,8 +66,9 @@ public:
     [[nodiscard]] bool hasPrevious() const;
     /// Reads the previous session, which must exist, without changing any file. Throws Refusal.
     [[nodiscard]] Previous readPrevious() const;
-    /// Stores the session in these bytes, and makes the one on screen the previous one. Throws Refusal, and then no
-    /// files have been exchanged.
+    /// Stores the session in these bytes, and makes the one on screen the previous one. In an empty window this touches
+    /// no file: the next save stores the session, and the previous file stays. Throws Refusal, and then no files have
+    /// been exchanged.
     void changePlaces(std::string_view previousBytes, const OnScreen& session);
 
     /// True while a replaced session with edits is not saved.

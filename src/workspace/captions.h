@@ -37,7 +37,7 @@ enum class WorkspaceStage { empty, loaded, preview };
 /// "2 uncovered video section(s)", or the text for no gaps.
 [[nodiscard]] std::string videoGapsText(const ContentView& view);
 
-/// Name, rate and length of the loaded project in a line; empty without one.
+/// Name, rate, start and end of the loaded project in a line; empty without one.
 [[nodiscard]] std::string projectLine(const ContentView& view, std::string_view decimalSign = ".");
 /// "00:00:40:00 · 29.97 fps": the loaded project's length and rate; empty without a project.
 [[nodiscard]] std::string projectFacts(const ContentView& view, std::string_view decimalSign = ".");
@@ -83,11 +83,12 @@ inline constexpr std::string_view excludedNote = " (excluded)";
 inline constexpr std::string_view gapsNote = " (has gaps)";
 /// The label of a coverage bar; cameras that are not in use get a note.
 [[nodiscard]] std::string coverageLabel(const ContentView& view, const std::string& camera, bool isInUse);
-/// The angles that can be the continuous audio, with their labels, which have a note if the audio is not continuous.
+/// An angle that can be the continuous audio. Its label has a note if the audio is not continuous.
 struct AudioChoice {
     std::string id;
     std::string label;
 };
+/// In project order.
 [[nodiscard]] std::vector<AudioChoice> audioChoices(const ContentView& view);
 
 /// For each included other camera, its weight as a percentage of all their weights, rounded half away from zero.

@@ -10,7 +10,8 @@
 
 namespace corvane {
 
-/// What the window says of the loaded project before anything is cut. What only the document decides is looked at once.
+/// What the window says about the loaded project before anything is cut. What depends only on the document is
+/// determined once.
 class CheckedProject {
 public:
     /// Looks again at what has changed since; call it with every change of the project and of the settings.

@@ -16,7 +16,7 @@ namespace corvane {
 /// Empty while the cut list is.
 [[nodiscard]] EditMarks editMarks(const ContentView& view);
 
-/// As the sentence of the cut list on screen; `position` is one of the cuts.
+/// The same for a shot of the cut list on screen; `position` must be the index of one of its cuts.
 [[nodiscard]] std::optional<std::string> shotEndReason(
     const ContentView& view, const EditMarks& marks, std::size_t position);
 
