@@ -21,6 +21,9 @@ namespace corvane {
 /// item goes to the clip that contains its offset, a point to the clip in which it is, and a range, trimmed, to every
 /// clip that it overlaps. Each element is read and converted to text once; each clip refers to the texts that it
 /// needs.
+///
+/// A connected item belongs to a cut, and a cut is identified by its id, not by its position. Ids repeat only in a cut
+/// list from a file that was changed by hand; then every clip with the id of the item's cut gets the item.
 class ClipAnnotations {
 public:
     /// Refuses times that cannot be read: first those of connected items, then all others, each in document order. Adds
