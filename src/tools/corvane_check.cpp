@@ -15,7 +15,7 @@ namespace {
 constexpr CommandSyntax syntax = {
     .name = "corvane-check",
     .operands = "PROJECT…",
-    .purpose = "Tells of each multicam project whether it can be cut over its whole length.",
+    .purpose = "Says whether each multicam project can be cut over its whole length.",
     .fewest = 1,
     .most = std::numeric_limits<std::size_t>::max()};
 
