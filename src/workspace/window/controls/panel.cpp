@@ -13,7 +13,7 @@ Panel::Panel(const QString& title, ContentView& view, QWidget* parent)
 {
     setObjectName(title);
     setAccessibleName(title);
-    column_->setContentsMargins(14, 12, 14, 14);
+    column_->setContentsMargins(14, 10, 14, 12);
     column_->setSpacing(8);
     title_->setProperty("role", "title");
     column_->addWidget(title_);

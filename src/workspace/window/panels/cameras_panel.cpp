@@ -40,7 +40,7 @@ QString percentText(int percent)
 QVBoxLayout* linesIn(QWidget& holder)
 {
     auto* lines = new QVBoxLayout(&holder);
-    lines->setContentsMargins(0, 0, 0, 2);
+    lines->setContentsMargins(0, 0, 0, 0);
     lines->setSpacing(0);
     return lines;
 }
