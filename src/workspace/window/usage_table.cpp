@@ -1,104 +1,46 @@
 #include "workspace/window/usage_table.h"
 
-#include "workspace/window/name_delegate.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/theme.h"
 #include "workspace/window/tooltips.h"
 
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 namespace corvane {
 
 UsageTableModel::UsageTableModel(const ContentView& view, const CameraMarks& marks, QObject* parent)
-    : QAbstractTableModel(parent), view_(view), marks_(marks)
+    : CameraTableModel(marks, {tr("Camera"), tr("Screen time"), tr("Share"), tr("Shots")}, parent), view_(view)
 {
 }
 
 void UsageTableModel::show()
 {
-    beginResetModel();
-    rows_ = usageRows(view_);
+    usage_ = usageRows(view_);
     if (const SharedRevision& revision = view_.state().preview) {
         mainCamera_ = revision->settings.mainCamera;
         target_ = revision->settings.mainShare;
     }
-    endResetModel();
-}
-
-int UsageTableModel::rowCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
-}
-
-int UsageTableModel::columnCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : columns;
+    std::vector<Row> rows;
+    for (const UsageRow& row : usage_)
+        rows.push_back({row.camera, row.label, {qt(row.screenTime), qt(row.share), QString::number(row.shots)}});
+    CameraTableModel::show(std::move(rows));
 }
 
 QVariant UsageTableModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid() || index.row() >= rowCount())
         return {};
-    const UsageRow& row = rows_[static_cast<std::size_t>(index.row())];
-    switch (role) {
-    case Qt::DisplayRole:
-        return text(row, index.column());
-    case Qt::ToolTipRole:
-        if (index.column() == share && row.camera == mainCamera_)
-            return tip(tr("%1, target %2%").arg(qt(row.share)).arg(target_));
-        return tip(shown(row.label));
-    case Qt::AccessibleTextRole:
-        return index.column() == camera ? QVariant(qt(row.label)) : QVariant();
-    case Qt::DecorationRole:
-        return index.column() == camera ? QVariant(marks_.chip(row.camera)) : QVariant();
-    case Qt::TextAlignmentRole:
-        return QVariant((index.column() == camera ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
-    case percentRole:
+    const UsageRow& row = usage_[static_cast<std::size_t>(index.row())];
+    const bool isMain = row.camera == mainCamera_;
+    if (role == percentRole)
         return row.percent;
-    case colorRole:
-        return marks_.of(row.camera).color;
-    case NameDelegate::tellingRole:
-        return marks_.of(row.camera).telling;
-    case targetRole:
-        return row.camera == mainCamera_ ? QVariant(target_) : QVariant();
-    default:
-        return {};
-    }
-}
-
-QString UsageTableModel::text(const UsageRow& row, int column)
-{
-    switch (column) {
-    case camera:
-        return shown(row.label);
-    case screenTime:
-        return qt(row.screenTime);
-    case share:
-        return qt(row.share);
-    default:
-        return QString::number(row.shots);
-    }
-}
-
-QVariant UsageTableModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    if (orientation != Qt::Horizontal)
-        return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
-    if (role == Qt::TextAlignmentRole)
-        return QVariant((section == camera ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
-    if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
-        return {};
-    switch (section) {
-    case camera:
-        return tr("Camera");
-    case screenTime:
-        return tr("Screen time");
-    case share:
-        return tr("Share");
-    default:
-        return tr("Shots");
-    }
+    if (role == targetRole)
+        return isMain ? QVariant(target_) : QVariant();
+    if (role == Qt::ToolTipRole && index.column() == share && isMain)
+        return tip(tr("%1, target %2%").arg(qt(row.share)).arg(target_));
+    return CameraTableModel::data(index, role);
 }
 
 void ShareBarDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const

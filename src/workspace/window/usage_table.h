@@ -1,38 +1,32 @@
 #pragma once
 
 #include "workspace/captions.h"
-#include "workspace/window/camera_marks.h"
+#include "workspace/window/camera_table.h"
 
-#include <QAbstractTableModel>
 #include <QStyledItemDelegate>
+#include <string>
 #include <vector>
 
 namespace corvane {
 
 /// Screen time, share and shots of each camera in the cut list.
-class UsageTableModel : public QAbstractTableModel {
+class UsageTableModel : public CameraTableModel {
     Q_OBJECT
 public:
-    enum Column { camera, screenTime, share, shots, columns };
-    /// The data for drawing the share's bar: percent, the camera's colour and, if there is one, the target.
-    enum Role { percentRole = Qt::UserRole, colorRole, targetRole };
+    enum Column { camera, screenTime, share, shots };
+    /// What the share's bar shows beside the camera's colour: the percentage and, if there is one, the target.
+    enum Role { percentRole = firstOwnRole, targetRole };
 
     UsageTableModel(const ContentView& view, const CameraMarks& marks, QObject* parent = nullptr);
 
     /// Replaces the table's contents with the usage of the controller's cut list.
     void show();
 
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
-    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    [[nodiscard]] static QString text(const UsageRow& row, int column);
-
     const ContentView& view_;
-    const CameraMarks& marks_;
-    std::vector<UsageRow> rows_;
+    std::vector<UsageRow> usage_;
     std::string mainCamera_;
     double target_ = 0;
 };
