@@ -107,6 +107,8 @@ def check_and_try():
     table = seen("Share in the tries", "table")
     expect(lambda: [Atspi.Table.get_accessible_at(table, row, 1).get_name() for row in
                     range(Atspi.Table.get_n_rows(table))] == ["70.0%", "15.0%", "15.0%"], "targets stand beside the shares")
+    press(process, "Close")
+    gone("Share in the tries")
 
 
 try:

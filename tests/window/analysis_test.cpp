@@ -2,12 +2,11 @@
 #include "workspace/check_facts.h"
 #include "workspace/shot_facts.h"
 #include "workspace/window/panels/coverage_panel.h"
-#include "workspace/window/panels/pacing_panel.h"
+#include "workspace/window/trial_sheet.h"
 
 #include <gtest/gtest.h>
 
 #include <QClipboard>
-#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QTableView>
 #include <filesystem>
@@ -72,28 +71,39 @@ TEST(CheckSheet, IsReachedByKeyAndCopiesAsText)
     EXPECT_FALSE(sheet->isVisible());
 }
 
-TEST(TryRules, ShowsSharesUntilASettingChangesAndKeepsNothing)
+TEST(TryRules, ShowsSharesInASheetUntilASettingChangesAndKeepsNothing)
 {
     Gui gui(threeCameras);
-    auto* panel = gui.window().findChild<PacingPanel*>();
-    auto* table = panel->findChild<QTableView*>();
-    const QSize size = panel->size();
     const auto history = gui.state().history.items.size();
     QTest::keyClick(&gui.window(), Qt::Key_T, Qt::ControlModifier);
     Gui::settle();
+    auto* sheet = gui.window().findChild<TrialSheet*>();
+    ASSERT_TRUE(sheet != nullptr && sheet->isVisible());
+    QTableView* table = gui.table("Share in the tries");
+    EXPECT_EQ(sheet->focusWidget(), table);
     ASSERT_EQ(table->model()->rowCount(), 3);
     EXPECT_EQ(table->model()->index(0, 1).data().toString(), "70.0%");
-    EXPECT_TRUE(said(*panel).contains(" tries: "));
+    EXPECT_TRUE(said(*sheet).contains(" tries: "));
     EXPECT_EQ(gui.state().history.items.size(), history);
-    EXPECT_EQ(panel->size(), size);
     gui.view().setBound(&EditSettings::mainMinimum, 3);
-    Gui::settle();
     EXPECT_EQ(table->model()->rowCount(), 0);
-    EXPECT_FALSE(said(*panel).contains(" tries: "));
-    EXPECT_EQ(panel->size(), size);
+    EXPECT_TRUE(said(*sheet).contains("The settings have changed."));
+    auto* again = gui.withText<>("Try these rules", sheet);
+    QTest::mouseClick(again, Qt::LeftButton);
+    EXPECT_EQ(table->model()->rowCount(), 3);
     gui.view().edit([](WorkspaceState& state) { state.settings.otherCameras.clear(); });
+    EXPECT_TRUE(said(*sheet).contains("Include another camera."));
+    EXPECT_FALSE(again->isEnabled());
+    gui.view().importXML(manyCameras());
+    QTest::keyClick(sheet, Qt::Key_T, Qt::ControlModifier);
     Gui::settle();
-    EXPECT_FALSE(gui.withText<>("Try these rules")->isEnabled());
+    ASSERT_EQ(table->model()->rowCount(), 16);
+    const QRect last = table->visualRect(table->model()->index(15, 3));
+    EXPECT_LE(last.bottom(), table->viewport()->height()) << "all at once";
+    QTest::keyClick(table, Qt::Key_Escape);
+    EXPECT_FALSE(sheet->isVisible());
+    QTest::keyClick(table, Qt::Key_F1);
+    EXPECT_EQ(Gui::helpTopic(), "Camera balance and pacing");
 }
 
 TEST(Reasons, AreInTheTableTheCopyAndTheStrip)
@@ -132,17 +142,10 @@ TEST(PictureOfTheEdit, IsSavedAsANewFileAndNeverOverOne)
 TEST(Help, OpensAtThePanelsTopic)
 {
     Gui gui(threeCameras);
-    auto* panel = gui.window().findChild<PacingPanel*>();
     gui.window().activateWindow();
     gui.withText<>("Try these rules")->setFocus();
     QTest::keyClick(gui.withText<>("Try these rules"), Qt::Key_F1);
-    Gui::settle();
-    EXPECT_TRUE(panel->isVisible());
-    QWidget* help = nullptr;
-    for (QWidget* each : QApplication::topLevelWidgets())
-        help = each->objectName() == "helpWindow" && each->isVisible() ? each : help;
-    ASSERT_NE(help, nullptr);
-    EXPECT_EQ(help->findChild<QListWidget*>()->currentItem()->text(), "Camera balance and pacing");
+    EXPECT_EQ(Gui::helpTopic(), "Camera balance and pacing");
 }
 
 } // namespace

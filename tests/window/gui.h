@@ -10,6 +10,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QTableView>
 #include <QTest>
@@ -102,6 +103,17 @@ public:
         ASSERT_NE(button, nullptr) << utf8(text);
         QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
         settle();
+    }
+
+    /// The topic in the help window; empty if it is closed.
+    static QString helpTopic()
+    {
+        settle();
+        for (const QWidget* each : QApplication::topLevelWidgets()) {
+            if (each->objectName() == "helpWindow" && each->isVisible())
+                return each->findChild<QListWidget*>()->currentItem()->text();
+        }
+        return {};
     }
 
     /// The open alert, or nothing.

@@ -156,6 +156,7 @@ TEST(HostileNames, AreNeitherMarkupNorTurnOrBreakALineWhereverTheyStand)
     });
     gui.view().savePreset(ContentView::PresetSave::asNew);
     gui.view().generateRoughEdit();
+    QTest::keyClick(&gui.window(), Qt::Key_T, Qt::ControlModifier);
     auto* cuts = gui.window().findChild<CutPanel*>()->findChild<QTableView*>();
     cuts->setCurrentIndex(cuts->model()->index(0, 1));
     QTest::keyClick(cuts, Qt::Key_C, Qt::ControlModifier);

@@ -28,6 +28,7 @@ QWidget& firstStop(QWidget& area)
 
 void takeFocus(QWidget& widget)
 {
+    widget.activateWindow();             // the key may have been pressed in a sheet beside the window
     widget.setFocus(Qt::TabFocusReason); // like Tab, this selects a field's text
     if (QScrollArea* area = scrollAreaOf(widget))
         area->ensureWidgetVisible(&widget);

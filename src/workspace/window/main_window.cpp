@@ -10,6 +10,7 @@
 #include "workspace/window/panels/cameras_panel.h"
 #include "workspace/window/panels/coverage_panel.h"
 #include "workspace/window/panels/cut_panel.h"
+#include "workspace/window/panels/pacing_panel.h"
 #include "workspace/window/panels/presets_panel.h"
 #include "workspace/window/panels/sections_panel.h"
 #include "workspace/window/panels/usage_panel.h"
@@ -196,8 +197,7 @@ QWidget* MainWindow::makeSettings()
     connect(coverage, &CoveragePanel::checkWanted, this, [this] { checkProject(); });
     addPanel(coverage, *column);
     addPanel(new CamerasPanel(services_.view, marks_, settings), *column);
-    pacing_ = new PacingPanel(services_.view, *commands_, settings);
-    addPanel(pacing_, *column);
+    addPanel(new PacingPanel(services_.view, *commands_, settings), *column);
     addPanel(new BookendsPanel(services_.view, settings), *column);
     addPanel(new SectionsPanel(services_.view, settings), *column);
     column->addStretch(1);
@@ -233,8 +233,11 @@ void MainWindow::checkProject()
 
 void MainWindow::tryRules()
 {
-    if (pacing_ != nullptr)
-        pacing_->tryRules();
+    if (trial_ == nullptr) {
+        trial_ = new TrialSheet(services_.view, marks_, commands_->of(Command::tryRules), this);
+        connect(trial_, &SideSheet::helpWanted, this, [this](const QString& topic) { helpWindow_.show(topic); });
+    }
+    trial_->tryRules();
 }
 
 QDialog* MainWindow::makeSheet(const QString& title, bool WorkspaceState::* showing, QWidget* content)
@@ -264,6 +267,8 @@ void MainWindow::refresh(const Changes& changes)
         typedIn->forgetTyping(); // it was meant for the previous project
     for (Panel* panel : panels_)
         panel->refresh(first ? Changes().set() : changes);
+    if (trial_ != nullptr)
+        trial_->refresh(changes);
     commands_->refresh();
     if (has(Changed::loaded))
         showProject();

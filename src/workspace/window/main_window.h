@@ -13,10 +13,10 @@
 #include "workspace/window/controls/panel.h"
 #include "workspace/window/help_window.h"
 #include "workspace/window/menus.h"
-#include "workspace/window/panels/pacing_panel.h"
 #include "workspace/window/quit_question.h"
 #include "workspace/window/result_split.h"
 #include "workspace/window/save_preset_sheet.h"
+#include "workspace/window/trial_sheet.h"
 
 #include <QDialog>
 #include <QLabel>
@@ -89,7 +89,7 @@ private:
     QuitQuestion* quitQuestion_ = nullptr;
     SavePresetSheet* savePreset_ = nullptr;
     CheckSheet* check_ = nullptr;
-    PacingPanel* pacing_ = nullptr;
+    TrialSheet* trial_ = nullptr;
     ElidedLabel* projectName_ = nullptr;
     QLabel* projectFacts_ = nullptr;
     QStackedWidget* pages_ = nullptr;

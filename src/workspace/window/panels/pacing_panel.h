@@ -4,11 +4,8 @@
 #include "workspace/window/controls/panel.h"
 #include "workspace/window/controls/step_slider.h"
 #include "workspace/window/controls/stepper.h"
-#include "workspace/window/trial_table.h"
 
 #include <QCheckBox>
-#include <QPushButton>
-#include <QTableView>
 #include <vector>
 
 namespace corvane {
@@ -20,17 +17,12 @@ public:
     PacingPanel(ContentView& view, const CommandActions& commands, QWidget* parent = nullptr);
     void refresh(const Changes& changes) override;
 
-    /// Generates edits by the rules on screen and shows what they have in common, in the place reserved for it.
-    void tryRules();
-
 private:
     struct Bound {
         double EditSettings::* seconds;
         Stepper* stepper;
     };
 
-    void arrangeTrial();
-    void show(const RuleTrial& trial);
     void addBounds(const QString& title, double EditSettings::* minimum, double EditSettings::* maximum);
     void addBound(QVBoxLayout& rows, const QString& word, double EditSettings::* seconds);
 
@@ -38,10 +30,6 @@ private:
     StepSlider* share_;
     std::vector<Bound> bounds_;
     QCheckBox* double_;
-    QPushButton* try_;
-    QLabel* summary_;
-    TrialTableModel* model_;
-    QTableView* table_;
 };
 
 } // namespace corvane
