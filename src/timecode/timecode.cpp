@@ -52,6 +52,18 @@ bool dropsLabels(std::int64_t seconds)
     return seconds % 60 == 0 && seconds % 600 != 0;
 }
 
+/// The label of an absolute frame count of at least 0, as a number: 1800 + 2 for 00:01:00;02.
+std::int64_t labelNumber(const LabelCount& labels, Frames frames)
+{
+    if (labels.dropped == 0)
+        return frames;
+    const std::int64_t perTenMinutes = labels.nominal * 600 - 9 * labels.dropped;
+    const std::int64_t perMinute = labels.nominal * 60 - labels.dropped;
+    const std::int64_t rest = frames % perTenMinutes;
+    const std::int64_t minutes = rest < labels.dropped ? 0 : (rest - labels.dropped) / perMinute;
+    return frames + labels.dropped * (9 * (frames / perTenMinutes) + minutes);
+}
+
 void appendTwoDigits(std::string& text, std::int64_t number)
 {
     if (number < 10)
@@ -91,15 +103,7 @@ std::optional<TypedLabel> readLabel(std::string_view text)
 std::string timecodeText(Frames frames, std::int64_t frameNumerator, std::int64_t frameDenominator, FrameCount count)
 {
     const LabelCount labels(frameNumerator, frameDenominator, count);
-    std::int64_t label = std::abs(frames);
-    if (labels.dropped > 0) {
-        const std::int64_t perTenMinutes = labels.nominal * 600 - 9 * labels.dropped;
-        const std::int64_t perMinute = labels.nominal * 60 - labels.dropped;
-        const std::int64_t rest = label % perTenMinutes;
-        label += 9 * labels.dropped * (label / perTenMinutes);
-        if (rest >= labels.dropped)
-            label += labels.dropped * ((rest - labels.dropped) / perMinute);
-    }
+    const std::int64_t label = labelNumber(labels, std::abs(frames));
     const std::int64_t seconds = label / labels.nominal;
     std::string text = frames < 0 ? "-" : "";
     appendTwoDigits(text, seconds / 3600);
@@ -141,19 +145,24 @@ std::optional<std::string> labelAfterSkipped(const TimeBase& time, std::string_v
     return timecodeLabel(time, framesBefore(labels, label->wholeSeconds(), labels.dropped) - time.timelineStart);
 }
 
-std::vector<Frames> roundTimes(const TimeBase& time, std::int64_t step)
+std::int64_t labelsPerSecond(const TimeBase& time)
+{
+    return labelCount(time).nominal;
+}
+
+std::vector<Frames> roundTimes(const TimeBase& time, std::int64_t step, const FrameRange& within)
 {
     const LabelCount labels = labelCount(time);
-    // With skipped labels, label numbers are never smaller than frame counts. So this label is not after the project's
-    // first.
-    const std::int64_t first = std::max<std::int64_t>(0, time.timelineStart / labels.nominal / step * step);
+    const Frames earliest = std::max<Frames>(0, within.start + time.timelineStart);
     std::vector<Frames> frames;
-    for (std::int64_t seconds = first;; seconds += step) {
+    for (std::int64_t label = labelNumber(labels, earliest) / step * step;; label += step) {
+        const std::int64_t seconds = label / labels.nominal;
+        const std::int64_t skipped = dropsLabels(seconds) ? labels.dropped : 0;
         const Frames frame =
-            framesBefore(labels, seconds, dropsLabels(seconds) ? labels.dropped : 0) - time.timelineStart;
-        if (frame >= time.length)
+            framesBefore(labels, seconds, std::max(label % labels.nominal, skipped)) - time.timelineStart;
+        if (frame >= within.end)
             return frames;
-        if (frame >= 0)
+        if (frame >= within.start && (frames.empty() || frames.back() < frame)) // two skipped labels give one frame
             frames.push_back(frame);
     }
 }

@@ -32,9 +32,12 @@ enum class FrameCount { nonDrop, dropFrame };
 /// text.
 [[nodiscard]] std::optional<std::string> labelAfterSkipped(const TimeBase& time, std::string_view text);
 
-/// The project frames, in order, with the first label at or after each multiple of `step` seconds of timecode:
-/// 00:01:00:00 at 23.976 and 25, but 00:01:00;02 at 29.97 drop-frame, which skips the labels before it. Frames with
-/// labels below 00:00:00:00 are not included.
-[[nodiscard]] std::vector<Frames> roundTimes(const TimeBase& time, std::int64_t step);
+/// The labels of a second of timecode: the whole number that is nearest to the frame rate, at least 1.
+[[nodiscard]] std::int64_t labelsPerSecond(const TimeBase& time);
+
+/// The frames of `within`, in order, with the first label at or after each multiple of `step` labels, at least 1. A
+/// step of one minute gives 00:01:00:00 at 23.976 and 25, but 00:01:00;02 at 29.97 drop-frame, which skips the labels
+/// before it. Frames with labels below 00:00:00:00 are not included.
+[[nodiscard]] std::vector<Frames> roundTimes(const TimeBase& time, std::int64_t step, const FrameRange& within);
 
 } // namespace corvane

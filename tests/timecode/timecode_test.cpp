@@ -91,13 +91,21 @@ TEST(Timecode, RoundTimesAreTheFirstLabelsOfTheirSeconds)
         base.timelineStart = 35'000; // in the middle of a minute
         base.length = rate.nominal * 4000;
         for (const int step : {1, 15, 60, 300, 3600}) {
-            const auto times = roundTimes(base, step);
+            const auto times = roundTimes(base, step * rate.nominal, {0, base.length});
             EXPECT_GE(static_cast<int>(times.size()), 3900 / step);
             for (const Frames frame : times) {
                 const std::string label = timecodeLabel(base, frame), before = timecodeLabel(base, frame - 1);
                 const int seconds = std::stoi(label.substr(3, 2)) * 60 + std::stoi(label.substr(6, 2));
                 EXPECT_TRUE(seconds % step == 0 && before.substr(0, 8) != label.substr(0, 8)) << label;
             }
+        }
+        const FrameRange within = {3000, 3000 + 70 * rate.nominal}; // with the start of a minute
+        const auto each = roundTimes(base, 1, within);
+        EXPECT_TRUE(each.size() == static_cast<std::size_t>(within.end - within.start) && each.front() == within.start);
+        const int part = rate.nominal % 2 == 0 ? rate.nominal / 2 : rate.nominal / 5;
+        for (const Frames frame : roundTimes(base, part, within)) {
+            const int field = std::stoi(timecodeLabel(base, frame).substr(9));
+            EXPECT_TRUE(field % part == 0 || field == rate.dropped) << field;
         }
     }
 }

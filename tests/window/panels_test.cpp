@@ -257,6 +257,23 @@ TEST(Markers, AreNamedUnderThePointer)
     EXPECT_EQ(markerAt(409, scale, {{500, "Sermon"}}), std::nullopt);
 }
 
+TEST(TimeAxis, HasRoomForEachTimecodeAtEveryZoom)
+{
+    CutEngine engine;
+    engine.frameNumerator = 1001;
+    engine.frameDenominator = 30000;
+    engine.dropFrame = true;
+    engine.length = 215'784; // two hours
+    for (double count = 10; count <= 215'784; count *= 1.7) {
+        const TimeScale scale({107'890.25 - count / 2, count}, 24, 600);
+        const auto ticks = tickFrames(engine, scale, 66);
+        EXPECT_GE(ticks.size(), 2U) << count;
+        for (std::size_t i = 1; i < ticks.size(); ++i)
+            EXPECT_GE(scale.x(ticks[i]) - scale.x(ticks[i - 1]), 66) << count;
+        EXPECT_LT(scale.x(ticks.back()), 24 + 600);
+    }
+}
+
 TEST(CameraMarks, CountCamerasAndNotAngles)
 {
     Gui gui(document(

@@ -76,6 +76,12 @@ QRectF CutStrip::lanes() const
     return QRectF(gutter, axis, width() - gutter, height() - axis);
 }
 
+TimeScale CutStrip::scale() const
+{
+    const QRectF all = lanes();
+    return {view_.state().loaded->engine.length, all.left(), all.width()};
+}
+
 QRectF CutStrip::laneOf(const std::string& camera) const
 {
     const auto found = std::ranges::find(cameras_, camera);
@@ -88,8 +94,7 @@ std::optional<Frames> CutStrip::frameAt(const QPoint& place) const
 {
     if (view_.state().cuts().empty() || place.x() < gutter)
         return std::nullopt;
-    const QRectF all = lanes();
-    return TimeScale(view_.state().loaded->engine.length, all.left(), all.width()).frame(place.x());
+    return scale().frame(place.x());
 }
 
 QString CutStrip::factsAt(const QPoint& place) const
@@ -97,10 +102,10 @@ QString CutStrip::factsAt(const QPoint& place) const
     const auto frame = frameAt(place);
     if (!frame)
         return {};
-    const QRectF all = lanes();
     const CutEngine& engine = view_.state().loaded->engine;
-    const auto marker = markerAt(place.x(), TimeScale(engine.length, all.left(), all.width()), markers_);
-    return place.y() < all.top() && marker ? markerFacts(engine, *marker) : facts(cutAt(view_.state().cuts(), *frame));
+    const auto marker = markerAt(place.x(), scale(), markers_);
+    return place.y() < lanes().top() && marker ? markerFacts(engine, *marker)
+                                               : facts(cutAt(view_.state().cuts(), *frame));
 }
 
 QString CutStrip::facts(std::size_t position) const

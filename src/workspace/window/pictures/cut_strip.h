@@ -3,6 +3,7 @@
 #include "import/clip_markers.h"
 #include "workspace/shot_facts.h"
 #include "workspace/window/camera_marks.h"
+#include "workspace/window/pictures/time_axis.h"
 
 #include <QWidget>
 #include <optional>
@@ -34,6 +35,7 @@ protected:
 
 private:
     [[nodiscard]] QRectF lanes() const;
+    [[nodiscard]] TimeScale scale() const;
     [[nodiscard]] QString factsAt(const QPoint& place) const;
     [[nodiscard]] QRectF laneOf(const std::string& camera) const;
     [[nodiscard]] std::optional<Frames> frameAt(const QPoint& place) const;

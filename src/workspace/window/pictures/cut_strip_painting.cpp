@@ -14,9 +14,7 @@ void CutStrip::paintEvent(QPaintEvent*)
         return;
     QPainter painter(this);
     const QRectF all = lanes();
-    painter.save();
-    paintAxis(painter, QRectF(all.left(), 0, all.width(), all.top()), view_.state().loaded->engine, markers_);
-    painter.restore();
+    paintAxis(painter, QRectF(all.left(), 0, all.width(), all.top()), scale(), view_.state().loaded->engine, markers_);
     paintLanes(painter);
     paintCuts(painter);
     paintMarks(painter);
@@ -42,8 +40,7 @@ void CutStrip::paintLanes(QPainter& painter) const
 
 void CutStrip::paintCuts(QPainter& painter) const
 {
-    const QRectF all = lanes();
-    const TimeScale scale(view_.state().loaded->engine.length, all.left(), all.width());
+    const TimeScale scale = this->scale();
     std::vector<std::pair<QRectF, QColor>> lanes;
     for (const std::string& camera : cameras_)
         lanes.emplace_back(laneOf(camera).adjusted(0, 1, 0, -1), marks_.of(camera).color);
@@ -62,7 +59,7 @@ void CutStrip::paintCuts(QPainter& painter) const
 void CutStrip::paintMarks(QPainter& painter) const
 {
     const QRectF all = lanes();
-    const TimeScale scale(view_.state().loaded->engine.length, all.left(), all.width());
+    const TimeScale scale = this->scale();
     for (const FixedCameraSection& section : asked_.sections) {
         const QRectF lane = laneOf(section.angle);
         const double left = scale.x(section.start);
@@ -85,7 +82,7 @@ void CutStrip::paintMarks(QPainter& painter) const
 void CutStrip::paintShortShots(QPainter& painter) const
 {
     const QRectF all = lanes();
-    const TimeScale scale(view_.state().loaded->engine.length, all.left(), all.width());
+    const TimeScale scale = this->scale();
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
@@ -109,7 +106,7 @@ void CutStrip::paintSelection(QPainter& painter) const
         return;
     const Cut& cut = cuts[static_cast<std::size_t>(selected_)];
     const QRectF all = lanes();
-    const TimeScale scale(view_.state().loaded->engine.length, all.left(), all.width());
+    const TimeScale scale = this->scale();
     const double left = scale.x(cut.start);
     const double width = std::max(2.0, scale.x(cut.start + cut.duration) - left);
     painter.fillRect(QRectF(left, all.top(), width, all.height()), QColor(255, 255, 255, 45));

@@ -24,45 +24,85 @@ void paintMarkers(
     QPainter& painter, const QRectF& place, const TimeScale& scale, const std::vector<ClipMarker>& markers)
 {
     constexpr double narrowest = 24;
+    const FrameRange visible = scale.frames();
     double free = place.left();
-    for (std::size_t i = 0; i < markers.size(); ++i) {
-        const double x = scale.x(markers[i].frame);
+    auto marker = std::ranges::lower_bound(markers, visible.start, {}, &ClipMarker::frame);
+    for (; marker != markers.end() && marker->frame < visible.end; ++marker) {
+        const double x = scale.x(marker->frame);
         painter.setPen(QPen(theme::orange, 1));
         painter.drawLine(QPointF(x, place.top() + 2), QPointF(x, place.top() + namesHeight));
         painter.drawLine(QPointF(x, place.bottom() - 4), QPointF(x, place.bottom())); // not across the timecodes
-        const double next = i + 1 < markers.size() ? scale.x(markers[i + 1].frame) : place.right();
-        const double room = std::max(next, x + narrowest) - x - 6;
+        const double next = marker + 1 != markers.end() ? scale.x((marker + 1)->frame) : place.right();
+        const double room = std::max(std::min(next, place.right()), x + narrowest) - x - 6;
         if (x < free || x + narrowest > place.right())
             continue;
         const QString name =
-            painter.fontMetrics().elidedText(shown(markers[i].name), Qt::ElideRight, static_cast<int>(room));
+            painter.fontMetrics().elidedText(shown(marker->name), Qt::ElideRight, static_cast<int>(room));
         painter.setPen(theme::warmWhite);
         painter.drawText(QRectF(x + 3, place.top(), room + 2, namesHeight), Qt::AlignLeft | Qt::AlignVCenter, name);
         free = x + 3 + painter.fontMetrics().horizontalAdvance(name);
     }
 }
 
+/// Single frames have a mark, but no timecode, as soon as they can be told apart.
+void paintFrames(QPainter& painter, const QRectF& place, const TimeScale& scale)
+{
+    constexpr double narrowest = 5;
+    const FrameRange visible = scale.frames();
+    for (Frames frame = visible.start; frame < visible.end && scale.frameWidth() >= narrowest; ++frame)
+        painter.drawLine(QPointF(scale.x(frame), place.bottom() - 1), QPointF(scale.x(frame), place.bottom()));
+}
+
+/// The smallest round number of labels, at least `least`: frames that divide a second evenly, or round times. 0 if
+/// there is none.
+std::int64_t roundStep(std::int64_t labelsPerSecond, double least)
+{
+    constexpr std::array<std::int64_t, 17> seconds = {1,   2,   5,    10,   15,   30,    60,    120,  300,
+                                                      600, 900, 1800, 3600, 7200, 14400, 28800, 86400};
+    for (auto labels = static_cast<std::int64_t>(std::ceil(std::min(least, static_cast<double>(labelsPerSecond))));
+         labels < labelsPerSecond; ++labels) {
+        if (labelsPerSecond % labels == 0)
+            return labels;
+    }
+    const auto fits = [&](std::int64_t step) { return static_cast<double>(step * labelsPerSecond) >= least; };
+    const auto step = std::ranges::find_if(seconds, fits);
+    return step == seconds.end() ? 0 : *step * labelsPerSecond;
+}
+
 } // namespace
+
+double TimeScale::place(double x) const
+{
+    return width_ > 0 ? shown_.first + (x - left_) / width_ * shown_.count : shown_.first;
+}
 
 Frames TimeScale::frame(double x) const
 {
-    if (!(width_ > 0))
-        return 0;
-    const double frame = std::floor((x - left_) / width_ * static_cast<double>(length_));
-    return static_cast<Frames>(std::clamp(frame, 0.0, static_cast<double>(length_ - 1)));
+    const FrameRange visible = frames();
+    const double frame = std::floor(place(x));
+    return static_cast<Frames>(
+        std::clamp(frame, static_cast<double>(visible.start), static_cast<double>(visible.end - 1)));
 }
 
-std::vector<Frames> tickFrames(const CutEngine& engine, double width, double labelWidth)
+FrameRange TimeScale::frames() const
 {
-    constexpr std::array<std::int64_t, 17> steps = {1,   2,   5,    10,   15,   30,    60,    120,  300,
-                                                    600, 900, 1800, 3600, 7200, 14400, 28800, 86400};
-    const double seconds = engine.seconds(engine.length);
+    constexpr double rounding = 1e-6;
+    return {
+        static_cast<Frames>(std::floor(shown_.first + rounding)),
+        static_cast<Frames>(std::ceil(shown_.first + shown_.count - rounding))};
+}
+
+std::vector<Frames> tickFrames(const CutEngine& engine, const TimeScale& scale, double labelWidth)
+{
     constexpr double space = 14;
-    const auto fits = [&](std::int64_t step) {
-        return static_cast<double>(step) / seconds * width >= labelWidth + space;
-    };
-    const auto step = std::ranges::find_if(steps, fits);
-    return step == steps.end() ? std::vector<Frames>() : roundTimes(engine, *step);
+    const double frameWidth = scale.frameWidth();
+    if (!(frameWidth > 0))
+        return {};
+    const double apart = (labelWidth + space) / frameWidth;
+    const std::int64_t step = roundStep(labelsPerSecond(engine), apart);
+    FrameRange within = scale.frames();
+    within.start = std::max<Frames>(0, within.start - static_cast<Frames>(std::ceil(apart))); // its label is in view
+    return step == 0 ? std::vector<Frames>() : roundTimes(engine, step, within);
 }
 
 int axisHeight(const std::vector<ClipMarker>& markers)
@@ -81,16 +121,20 @@ std::optional<ClipMarker> markerAt(double x, const TimeScale& scale, const std::
     return found;
 }
 
-void paintAxis(QPainter& painter, const QRectF& place, const CutEngine& engine, const std::vector<ClipMarker>& markers)
+void paintAxis(
+    QPainter& painter, const QRectF& place, const TimeScale& scale, const CutEngine& engine,
+    const std::vector<ClipMarker>& markers)
 {
-    const TimeScale scale(engine.length, place.left(), place.width());
+    painter.save();
+    painter.setClipRect(place);
     QFont font = painter.font();
     font.setPointSizeF(font.pointSizeF() * 0.85);
     painter.setFont(font);
     paintMarkers(painter, place, scale, markers);
     const double labelWidth = painter.fontMetrics().horizontalAdvance(qt(timecodeLabel(engine, engine.length)));
     painter.setPen(theme::mutedBeige);
-    for (const Frames frame : tickFrames(engine, place.width(), labelWidth)) {
+    paintFrames(painter, place, scale);
+    for (const Frames frame : tickFrames(engine, scale, labelWidth)) {
         const double x = scale.x(frame);
         painter.drawLine(QPointF(x, place.bottom() - 4), QPointF(x, place.bottom()));
         if (x + labelWidth <= place.right())
@@ -98,6 +142,7 @@ void paintAxis(QPainter& painter, const QRectF& place, const CutEngine& engine, 
                 QRectF(x, place.bottom() - ticksHeight, labelWidth + 2, ticksHeight - 4),
                 Qt::AlignLeft | Qt::AlignVCenter, qt(timecodeLabel(engine, frame)));
     }
+    painter.restore();
 }
 
 QString markerFacts(const CutEngine& engine, const ClipMarker& marker)
@@ -136,7 +181,7 @@ void TimeAxis::paintEvent(QPaintEvent*)
     if (engine_ == nullptr)
         return;
     QPainter painter(this);
-    paintAxis(painter, rect(), *engine_, markers_);
+    paintAxis(painter, rect(), TimeScale(engine_->length, 0, width()), *engine_, markers_);
 }
 
 } // namespace corvane
