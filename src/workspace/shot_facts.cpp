@@ -11,6 +11,16 @@
 
 namespace corvane {
 
+namespace {
+
+std::string cutLine(const ContentView& view, const Cut& cut, std::string_view decimalSign)
+{
+    return startLabel(view, cut) + '\t' + withVisibleControls(view.angleLabel(cut.angle)) + '\t' +
+           durationLabel(view, cut, decimalSign) + '\n';
+}
+
+} // namespace
+
 EditMarks editMarks(const ContentView& view)
 {
     const SharedRevision& revision = view.state().preview;
@@ -101,15 +111,21 @@ std::string cutListText(const ContentView& view, std::string_view decimalSign)
     if (view.state().cuts().empty())
         return "";
     std::string text = "Start (Timecode)\tCamera\tDuration (seconds)\n";
-    for (const Cut& cut : view.state().cuts()) {
-        text += startLabel(view, cut) + '\t' + withVisibleControls(view.angleLabel(cut.angle)) + '\t' +
-                durationLabel(view, cut, decimalSign) + '\n';
-    }
+    for (const Cut& cut : view.state().cuts())
+        text += cutLine(view, cut, decimalSign);
     text += "\nWhy each shot begins on its camera and where it ends\n";
     const EditReasons reasons(view);
     for (std::size_t i = 0; i < view.state().cuts().size(); ++i)
         text += startLabel(view, view.state().cuts()[i]) + '\t' + withVisibleControls(reasons.line(i)) + '\n';
     return text;
+}
+
+std::string cutLines(const ContentView& view, const std::vector<std::size_t>& positions, std::string_view decimalSign)
+{
+    std::string lines;
+    for (const std::size_t position : positions)
+        lines += cutLine(view, view.state().cuts()[position], decimalSign);
+    return lines;
 }
 
 } // namespace corvane

@@ -59,4 +59,8 @@ constexpr std::string_view shortShotText = "Shorter than your minimum.";
 /// in names are shown as marks, as in the window. Empty if the cut list is empty.
 [[nodiscard]] std::string cutListText(const ContentView& view, std::string_view decimalSign = ".");
 
+/// The lines of these cuts in that text; `positions` are cuts of the list on screen.
+[[nodiscard]] std::string cutLines(
+    const ContentView& view, const std::vector<std::size_t>& positions, std::string_view decimalSign = ".");
+
 } // namespace corvane

@@ -1,4 +1,5 @@
 #include "gui.h"
+#include "workspace/shot_facts.h"
 #include "workspace/window/panels/cut_panel.h"
 
 #include <gtest/gtest.h>
@@ -160,7 +161,7 @@ TEST(HostileNames, AreNeitherMarkupNorTurnOrBreakALineWhereverTheyStand)
     auto* cuts = gui.window().findChild<CutPanel*>()->findChild<QTableView*>();
     cuts->setCurrentIndex(cuts->model()->index(0, 1));
     QTest::keyClick(cuts, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(utf8(QApplication::clipboard()->text()), gui.view().angleLabel(gui.state().cuts()[0].angle));
+    EXPECT_EQ(utf8(QApplication::clipboard()->text()), cutLines(gui.view(), {0}));
     gui.view().edit([&](WorkspaceState& state) {
         state.status = hostile.name("status");
         state.sessionSaveError = hostile.name("failure");

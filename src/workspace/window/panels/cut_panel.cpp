@@ -1,38 +1,25 @@
 #include "workspace/window/panels/cut_panel.h"
 
 #include "workspace/captions.h"
-#include "workspace/window/column_widths.h"
 #include "workspace/window/controls/into_view.h"
 #include "workspace/window/controls/kept_lines.h"
-#include "workspace/window/name_delegate.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/shown_text.h"
-#include "workspace/window/tooltips.h"
+#include "workspace/window/theme.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QHeaderView>
-#include <QStyledItemDelegate>
+#include <QMenu>
 #include <algorithm>
+#include <array>
 
 namespace corvane {
 
 namespace {
 
-/// Draws texts for which the model has a colour in that colour, even in a selected row.
-class ColorDelegate : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
-    {
-        QStyledItemDelegate::initStyleOption(option, index);
-        if (!option->state.testFlag(QStyle::State_Selected) || !index.data(Qt::ForegroundRole).isValid())
-            return;
-        option->state.setFlag(QStyle::State_Selected, false);
-        option->backgroundBrush = option->palette.brush(QPalette::Base);
-    }
-};
+/// The commands in the menus of strip and table.
+constexpr std::array shotCommands = {Command::copyCutList};
 
 } // namespace
 
@@ -45,7 +32,7 @@ CutPanel::CutPanel(ContentView& view, const CameraMarks& marks, const CommandAct
       strip_(new CutStrip(view, this)),
       shortShots_(new QPushButton(this)),
       model_(new CutTableModel(view, this)),
-      table_(new QTableView(this)),
+      table_(new CutTable(*model_, this)),
       generate_(new QPushButton(this)),
       back_(new QPushButton(this)),
       forward_(new QPushButton(this)),
@@ -61,6 +48,7 @@ CutPanel::CutPanel(ContentView& view, const CameraMarks& marks, const CommandAct
     followAction(*back_, commands.of(Command::back));
     followAction(*forward_, commands.of(Command::forward));
     followAction(*export_, commands.of(Command::exportEdit));
+    makeMenu(commands);
     connectAll();
     setHelpTopic("cut-list");
 }
@@ -68,7 +56,6 @@ CutPanel::CutPanel(ContentView& view, const CameraMarks& marks, const CommandAct
 void CutPanel::arrange()
 {
     column().setSpacing(6); // so that a window of the default size shows the usage of eight cameras below
-    arrangeTable();
     auto* edit = new QWidget(pages_);
     auto* pictures = new QVBoxLayout(edit);
     pictures->setContentsMargins(0, 0, 0, 0);
@@ -87,36 +74,6 @@ void CutPanel::arrange()
     column().addWidget(pages_, 1);
     arrangeButtons();
     arrangeMessages();
-}
-
-void CutPanel::arrangeTable()
-{
-    table_->setModel(model_);
-    table_->setItemDelegateForColumn(CutTableModel::camera, new NameDelegate(table_));
-    table_->setItemDelegateForColumn(CutTableModel::duration, new ColorDelegate(table_));
-    table_->setAccessibleName(tr("Cuts"));
-    copyAsSpoken(*table_);
-    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table_->setSelectionMode(QAbstractItemView::SingleSelection);
-    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table_->setTabKeyNavigation(false);
-    table_->setWordWrap(false);
-    table_->setShowGrid(false);
-    table_->setAlternatingRowColors(true);
-    table_->verticalHeader()->hide();
-    table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 8);
-    const auto columnOf = [this](CutTableModel::Column section, const char* widest) {
-        constexpr int margins = 10;
-        return ColumnWidths::Column{
-            section, table_->fontMetrics().horizontalAdvance(widest) + margins,
-            table_->horizontalHeader()->sectionSizeHint(section) + margins};
-    };
-    new ColumnWidths( // owned by the table
-        *table_, CutTableModel::camera,
-        {columnOf(CutTableModel::start, "00:00:00:00"), columnOf(CutTableModel::duration, "00000.00")});
-    table_->setMinimumHeight(74);
-    table_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored); // it takes the remaining height
 }
 
 /// Reserves three digits for the position, and the longer of its two texts for the first button.
@@ -166,19 +123,59 @@ void CutPanel::arrangeMessages()
     column().addWidget(messages);
 }
 
+/// Both have the same menu, so that it is the same wherever one points at a cut.
+void CutPanel::makeMenu(const CommandActions& commands)
+{
+    auto* menu = new QMenu(this);
+    const auto add = [menu](const QString& text, const QKeySequence& key, const std::function<void()>& work) {
+        QAction* action = menu->addAction(text);
+        action->setShortcut(key); // is shown; the widget with the focus takes the key
+        action->setShortcutVisibleInContextMenu(true);
+        connect(action, &QAction::triggered, menu, work);
+        return action;
+    };
+    QAction* copy = add(tr("Copy"), QKeySequence::Copy, [this] { copyChosen(); });
+    for (const Command command : shotCommands)
+        menu->addAction(&commands.of(command));
+    showTips(*menu);
+    connect(menu, &QMenu::aboutToShow, this, [this, copy] { copy->setEnabled(!table_->chosen().positions.empty()); });
+    const auto showOver = [menu](QWidget& widget, const QWidget& picture) {
+        widget.setContextMenuPolicy(Qt::CustomContextMenu);
+        connect(&widget, &QWidget::customContextMenuRequested, menu, [menu, &picture](const QPoint& place) {
+            menu->popup(picture.mapToGlobal(place));
+        });
+    };
+    showOver(*strip_, *strip_);
+    showOver(*table_, *table_->viewport());
+}
+
 void CutPanel::connectAll()
 {
     connect(shortShots_, &QPushButton::clicked, this, [this] { goToNextShortShot(); });
     connect(strip_, &CutStrip::picked, this, [this](int position, Frames frame) {
-        choose(position, frame);
+        chosen_ = frame; // anywhere within the shot
+        table_->choose(position);
         table_->scrollTo(model_->index(position, 0), QAbstractItemView::PositionAtCenter);
     });
-    connect(
-        table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex& current) {
-            strip_->select(current.row());
-            if (current.isValid())
-                chosen_ = model_->startOf(current.row());
-        });
+    connect(table_, &CutTable::chosenChanged, this, [this] { followTable(); });
+    connect(table_, &CutTable::copyWanted, this, [this] { copyChosen(); });
+}
+
+void CutPanel::followTable()
+{
+    const ChosenCuts chosen = table_->chosen();
+    const auto current = static_cast<std::size_t>(chosen.current);
+    const auto& cuts = view_.state().cuts();
+    if (chosen.current >= 0 && !(chosen_ && cutAt(cuts, *chosen_) == current))
+        chosen_ = cuts[current].start;
+    strip_->select(chosen.current);
+}
+
+void CutPanel::copyChosen()
+{
+    const std::vector<std::size_t> chosen = table_->chosen().positions;
+    if (!chosen.empty())
+        QGuiApplication::clipboard()->setText(qt(cutLines(view_, chosen, theme::decimalSign())));
 }
 
 void CutPanel::refresh(const Changes& changes)
@@ -210,7 +207,7 @@ void CutPanel::showCuts()
         restoreView();
 }
 
-/// Restores the table's scroll position, and selects the shot at the chosen frame in this edit too.
+/// Restores the table's scroll position, and chooses the shot at the chosen frame in this edit too.
 void CutPanel::restoreView()
 {
     for (QWidget* page : {static_cast<QWidget*>(pages_), pages_->currentWidget()})
@@ -222,7 +219,7 @@ void CutPanel::restoreView()
     if (!chosen_)
         return;
     const QModelIndex chosen = row(*chosen_);
-    choose(chosen.row(), *chosen_);
+    table_->choose(chosen.row());
     table_->scrollTo(chosen);
 }
 
@@ -240,14 +237,8 @@ void CutPanel::goToNextShortShot()
     const auto isLater = [row](std::size_t position) { return static_cast<int>(position) > row; };
     const auto later = std::ranges::find_if(short_, isLater);
     const auto next = static_cast<int>(later == short_.end() ? short_.front() : *later);
-    table_->selectRow(next);
+    table_->choose(next);
     table_->scrollTo(model_->index(next, 0), QAbstractItemView::PositionAtCenter);
-}
-
-void CutPanel::choose(int position, Frames frame)
-{
-    table_->selectRow(position);
-    chosen_ = frame; // anywhere within the shot
 }
 
 void CutPanel::showTexts()

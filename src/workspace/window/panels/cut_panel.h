@@ -4,16 +4,15 @@
 #include "workspace/window/command_actions.h"
 #include "workspace/window/controls/elided_label.h"
 #include "workspace/window/controls/panel.h"
-#include "workspace/window/cut_table_model.h"
+#include "workspace/window/cut_table.h"
 #include "workspace/window/pictures/cut_strip.h"
 
 #include <QPushButton>
 #include <QStackedWidget>
-#include <QTableView>
 
 namespace corvane {
 
-/// The cut list: its summary, the strip with the whole edit, the table, and the buttons that generate and export it.
+/// The cut list: its summary, the strip, the table, and the buttons that generate and export it.
 class CutPanel : public Panel {
     Q_OBJECT
 public:
@@ -23,13 +22,14 @@ public:
 
 private:
     void arrange();
-    void arrangeTable();
     void arrangeButtons();
     void arrangeMessages();
+    void makeMenu(const CommandActions& commands);
     void connectAll();
+    void followTable();
+    void copyChosen();
     void showCuts();
     void restoreView();
-    void choose(int position, Frames frame);
     void showShortShots();
     void goToNextShortShot();
     void showTexts();
@@ -41,7 +41,7 @@ private:
     CutStrip* strip_;
     QPushButton* shortShots_; ///< goes to the next shot that is too short
     CutTableModel* model_;
-    QTableView* table_;
+    CutTable* table_;
     QPushButton* generate_;
     QPushButton* back_;
     QPushButton* forward_;
@@ -52,7 +52,7 @@ private:
     QLabel* status_;
     QLabel* saveError_;
     std::vector<std::size_t> short_;
-    std::optional<Frames> chosen_; ///< the frame that the user selected, in this edit or an earlier one
+    std::optional<Frames> chosen_; ///< the frame that the user chose, in this edit or an earlier one
     Frames top_ = 0;               ///< the start of the table's first visible row, or of the last one that there was
 };
 

@@ -1,0 +1,149 @@
+#include "workspace/window/cut_table.h"
+
+#include "workspace/window/column_widths.h"
+#include "workspace/window/name_delegate.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QStyledItemDelegate>
+#include <algorithm>
+
+namespace corvane {
+
+namespace {
+
+constexpr QItemSelectionModel::SelectionFlags onlyRow = QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+
+/// Draws texts for which the model has a colour in that colour, even in a selected row.
+class ColorDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (!option->state.testFlag(QStyle::State_Selected) || !index.data(Qt::ForegroundRole).isValid())
+            return;
+        option->state.setFlag(QStyle::State_Selected, false);
+        option->backgroundBrush = option->palette.brush(QPalette::Base);
+    }
+};
+
+} // namespace
+
+CutTable::CutTable(CutTableModel& model, QWidget* parent) : QTableView(parent), withoutEvent_(onlyRow)
+{
+    setModel(&model);
+    arrange();
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &CutTable::chosenChanged);
+    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this, &CutTable::chosenChanged);
+    connect(&model, &QAbstractItemModel::modelReset, this, &CutTable::chosenChanged); // which deselects in silence
+}
+
+void CutTable::arrange()
+{
+    setItemDelegateForColumn(CutTableModel::camera, new NameDelegate(this));
+    setItemDelegateForColumn(CutTableModel::duration, new ColorDelegate(this));
+    setAccessibleName(tr("Cuts"));
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    setWordWrap(false);
+    setShowGrid(false);
+    setAlternatingRowColors(true);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    const auto columnOf = [this](CutTableModel::Column section, const char* widest) {
+        constexpr int margins = 10;
+        return ColumnWidths::Column{
+            section, fontMetrics().horizontalAdvance(widest) + margins,
+            horizontalHeader()->sectionSizeHint(section) + margins};
+    };
+    new ColumnWidths( // owned by the table
+        *this, CutTableModel::camera,
+        {columnOf(CutTableModel::start, "00:00:00:00"), columnOf(CutTableModel::duration, "00000.00")});
+    setMinimumHeight(74);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored); // it takes the remaining height
+}
+
+ChosenCuts CutTable::chosen() const
+{
+    ChosenCuts chosen;
+    for (const QItemSelectionRange& range : selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            chosen.positions.push_back(static_cast<std::size_t>(row));
+    }
+    std::ranges::sort(chosen.positions);
+    chosen.current = currentIndex().row();
+    return chosen;
+}
+
+void CutTable::choose(int row, Qt::KeyboardModifiers held)
+{
+    const auto cut = [this](int at) { return model()->index(at, std::max(0, currentIndex().column())); };
+    if (held.testFlag(Qt::ShiftModifier) && currentIndex().isValid()) {
+        const int from = startOfRange();
+        selectionModel()->select(
+            QItemSelection(cut(std::min(from, row)), cut(std::max(from, row))),
+            QItemSelectionModel::SelectCurrent | QItemSelectionModel::Rows);
+        selectionModel()->setCurrentIndex(cut(row), QItemSelectionModel::NoUpdate);
+        return;
+    }
+    withoutEvent_ = QItemSelectionModel::NoUpdate; // the current cut first, so that it is never an old one
+    setCurrentIndex(cut(row));                     // a range that Shift extends begins here
+    withoutEvent_ = onlyRow;
+    const bool toggles = held.testFlag(Qt::ControlModifier);
+    selectionModel()->select(cut(row), toggles ? QItemSelectionModel::Toggle | QItemSelectionModel::Rows : onlyRow);
+}
+
+/// Where the chosen cuts around the current one began to be chosen: at their other end.
+int CutTable::startOfRange() const
+{
+    const int current = currentIndex().row();
+    const auto end = [this, current](int step) {
+        int row = current;
+        while (selectionModel()->isRowSelected(row + step))
+            row += step;
+        return row;
+    };
+    if (!selectionModel()->isRowSelected(current))
+        return current;
+    return end(-1) == current ? end(1) : end(1) == current ? end(-1) : current;
+}
+
+QModelIndex CutTable::moveCursor(CursorAction action, Qt::KeyboardModifiers held)
+{
+    switch (action) {
+    case MoveLeft:
+    case MovePrevious:
+        return QTableView::moveCursor(MoveUp, held);
+    case MoveRight:
+    case MoveNext:
+        return QTableView::moveCursor(MoveDown, held);
+    case MoveHome:
+        return model()->index(0, std::max(0, currentIndex().column()));
+    case MoveEnd:
+        return model()->index(model()->rowCount() - 1, std::max(0, currentIndex().column()));
+    default:
+        return QTableView::moveCursor(action, held);
+    }
+}
+
+/// The toolkit's own would ask which keys happen to be held.
+QItemSelectionModel::SelectionFlags CutTable::selectionCommand(const QModelIndex& index, const QEvent* event) const
+{
+    return event == nullptr ? withoutEvent_ : QTableView::selectionCommand(index, event);
+}
+
+void CutTable::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Copy))
+        emit copyWanted();
+    else
+        QTableView::keyPressEvent(event);
+}
+
+} // namespace corvane
