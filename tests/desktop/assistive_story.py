@@ -96,6 +96,19 @@ def cut_rows():
             for row in range(Atspi.Table.get_n_rows(table))]
 
 
+def choose_in_the_strip():
+    strip, table = seen("The whole edit", "slider"), seen("Cuts", "table")
+    expect(lambda: Atspi.Value.get_maximum_value(strip) == Atspi.Table.get_n_rows(table), "the strip counts its cuts")
+    expect(lambda: "Left and Right go from cut to cut" in strip.get_description(), "the strip names its keys")
+    expect(lambda: strip.grab_focus() and has(strip, Atspi.StateType.FOCUSED), "the strip takes the focus")
+    Atspi.Value.set_current_value(strip, 2)
+    row = [Atspi.Table.get_accessible_at(table, 1, column) for column in range(3)]
+    expect(lambda: text(strip).startswith("Cut 2 of ") and row[0].get_name() in text(strip) and row[1].get_name() in
+           text(strip), f"the strip tells where its cut is: {text(strip)}")
+    expect(lambda: has(row[0], Atspi.StateType.SELECTED), "the table chooses the same cut")
+    seen(row[1].get_name(), *LABEL)
+
+
 def check_and_try():
     expect(lambda: seen("Usable", "image", "icon", "graphic").get_description() == "The whole project can be cut.",
            "the row Usable says what can be cut")
@@ -120,6 +133,7 @@ try:
     press(process, "Generate rough edit")
     row = Atspi.Table.get_accessible_at(seen("Cuts", "table"), 0, 0)
     expect(lambda: row.get_description().startswith("The edit begins on the main camera. "), "a row says why it is there")
+    choose_in_the_strip()
     press(process, "Shuffle rough edit")
     seen("Edit 2 of 2", *LABEL)
     second = cut_rows()

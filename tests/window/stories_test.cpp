@@ -1,7 +1,6 @@
 #include "gui.h"
 #include "intake/final_cut/share_receiver.h"
 #include "workspace/shot_facts.h"
-#include "workspace/window/cut_table.h"
 #include "workspace/window/drop_view.h"
 #include "workspace/window/pictures/cut_strip.h"
 
@@ -259,29 +258,6 @@ TEST(CutPanel, KeepsTheChosenFrameInStripAndTable)
     }
     gui.account.importAndGenerate(document());
     EXPECT_FALSE(table->currentIndex().isValid()) << "another project";
-}
-
-TEST(CutPanel, ChoosesAndCopiesSeveralCuts)
-{
-    Gui gui(document());
-    gui.account.set([](auto& settings) {
-        settings.mainMinimum = settings.mainMaximum = settings.otherMinimum = settings.otherMaximum = 1;
-    });
-    gui.view().generateRoughEdit();
-    Gui::settle();
-    auto* table = gui.window().findChild<CutTable*>();
-    QTest::keyClick(table, Qt::Key_End);
-    EXPECT_EQ(table->chosen().positions, std::vector<std::size_t>{gui.state().cuts().size() - 1});
-    for (const auto& [key, held] : std::initializer_list<std::pair<Qt::Key, Qt::KeyboardModifier>>{
-             {Qt::Key_Home, Qt::NoModifier},
-             {Qt::Key_Right, Qt::NoModifier},
-             {Qt::Key_Right, Qt::ShiftModifier},
-             {Qt::Key_C, Qt::ControlModifier}})
-        QTest::keyClick(table, key, held);
-    EXPECT_EQ(table->chosen().positions, (std::vector<std::size_t>{1, 2}));
-    const std::string lines = cutLines(gui.view(), {1, 2});
-    EXPECT_EQ(utf8(QGuiApplication::clipboard()->text()), lines);
-    EXPECT_NE(cutListText(gui.view()).find("\n" + lines), std::string::npos);
 }
 
 TEST(CutPanel, GoesToTheNextShotBelowItsMinimum)

@@ -1,10 +1,12 @@
 #include "workspace/window/accessible_widgets.h"
 
+#include "workspace/window/accessible_value.h"
 #include "workspace/window/controls/link_label.h"
 #include "workspace/window/controls/panel.h"
 #include "workspace/window/controls/picker.h"
 #include "workspace/window/controls/reserved_rows.h"
 #include "workspace/window/drop_view.h"
+#include "workspace/window/pictures/accessible_strip.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -72,7 +74,7 @@ private:
     int position_;
 };
 
-class AccessiblePicker : public QAccessibleWidget, public QAccessibleTextInterface {
+class AccessiblePicker : public QAccessibleWidget, public AccessibleShownText {
 public:
     explicit AccessiblePicker(Picker& picker) : QAccessibleWidget(&picker, QAccessible::ComboBox) {}
     ~AccessiblePicker() override
@@ -81,6 +83,7 @@ public:
             QAccessible::deleteAccessibleInterface(id);
     }
 
+    using AccessibleShownText::text;
     [[nodiscard]] QString text(QAccessible::Text kind) const override
     {
         if (kind == QAccessible::Value)
@@ -131,26 +134,10 @@ public:
         else
             QAccessibleWidget::doAction(action);
     }
-
-    // The choice as a read-only text.
-    void selection(int, int* start, int* end) const override { *start = *end = 0; }
-    [[nodiscard]] int selectionCount() const override { return 0; }
-    void addSelection(int, int) override {}
-    void removeSelection(int) override {}
-    void setSelection(int, int, int) override {}
-    [[nodiscard]] int cursorPosition() const override { return 0; }
-    void setCursorPosition(int) override {}
-    [[nodiscard]] QString text(int start, int end) const override { return chosen().mid(start, end - start); }
-    [[nodiscard]] int characterCount() const override { return static_cast<int>(chosen().size()); }
     [[nodiscard]] QRect characterRect(int) const override { return rect(); }
-    [[nodiscard]] int offsetAtPoint(const QPoint&) const override { return 0; }
-    void scrollToSubstring(int, int) override {}
-    [[nodiscard]] QString attributes(int, int* start, int* end) const override
-    {
-        *start = 0;
-        *end = characterCount();
-        return {};
-    }
+
+protected:
+    [[nodiscard]] QString shownText() const override { return chosen(); }
 
 private:
     [[nodiscard]] Picker& picker() const { return *qobject_cast<Picker*>(object()); } // always created for a Picker
@@ -241,6 +228,8 @@ QAccessibleInterface* makeAccessible(const QString&, QObject* object)
         return new AccessibleAlert(*box);
     if (auto* box = qobject_cast<ProjectDropView*>(object))
         return new AccessibleDropView(*box);
+    if (auto* strip = qobject_cast<CutStrip*>(object))
+        return accessibleStrip(*strip);
     if (auto* link = qobject_cast<LinkLabel*>(object))
         return new AccessibleLink(*link);
     auto* widget = qobject_cast<QWidget*>(object);

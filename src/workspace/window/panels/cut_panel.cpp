@@ -61,7 +61,7 @@ void CutPanel::arrange()
     pictures->setContentsMargins(0, 0, 0, 0);
     pictures->setSpacing(column().spacing());
     pictures->addWidget(summary_);
-    pictures->addWidget(strip_);
+    pictures->addWidget(strip_, 1);
     shortShots_->setProperty("role", "link");
     shortShots_->ensurePolished(); // so that its height is known before it is shown
     for (QWidget* line : {static_cast<QWidget*>(summary_), static_cast<QWidget*>(shortShots_)})
@@ -137,8 +137,17 @@ void CutPanel::makeMenu(const CommandActions& commands)
     QAction* copy = add(tr("Copy"), QKeySequence::Copy, [this] { copyChosen(); });
     for (const Command command : shotCommands)
         menu->addAction(&commands.of(command));
+    menu->addSeparator();
+    QAction* in = add(tr("Zoom In"), QKeySequence("+"), [this] { strip_->zoomIn(); });
+    QAction* out = add(tr("Zoom Out"), QKeySequence("-"), [this] { strip_->zoomOut(); });
+    QAction* fit = add(tr("Fit"), QKeySequence("Shift+Z"), [this] { strip_->fit(); });
     showTips(*menu);
-    connect(menu, &QMenu::aboutToShow, this, [this, copy] { copy->setEnabled(!table_->chosen().positions.empty()); });
+    connect(menu, &QMenu::aboutToShow, this, [this, copy, in, out, fit] {
+        copy->setEnabled(!table_->chosen().positions.empty());
+        in->setEnabled(strip_->canZoomIn());
+        out->setEnabled(!strip_->showsAll());
+        fit->setEnabled(!strip_->showsAll());
+    });
     const auto showOver = [menu](QWidget& widget, const QWidget& picture) {
         widget.setContextMenuPolicy(Qt::CustomContextMenu);
         connect(&widget, &QWidget::customContextMenuRequested, menu, [menu, &picture](const QPoint& place) {
@@ -151,24 +160,29 @@ void CutPanel::makeMenu(const CommandActions& commands)
 
 void CutPanel::connectAll()
 {
+    strip_->leaveKeysTo(*table_);
     connect(shortShots_, &QPushButton::clicked, this, [this] { goToNextShortShot(); });
-    connect(strip_, &CutStrip::picked, this, [this](int position, Frames frame) {
+    connect(strip_, &CutStrip::picked, this, [this](int position, Frames frame, Qt::KeyboardModifiers held) {
         chosen_ = frame; // anywhere within the shot
-        table_->choose(position);
+        table_->choose(position, held);
+        followTable(); // to another frame of the same cut
         table_->scrollTo(model_->index(position, 0), QAbstractItemView::PositionAtCenter);
     });
     connect(table_, &CutTable::chosenChanged, this, [this] { followTable(); });
     connect(table_, &CutTable::copyWanted, this, [this] { copyChosen(); });
 }
 
+/// A cut that was chosen in the table, or with keys, comes into view in the strip.
 void CutPanel::followTable()
 {
     const ChosenCuts chosen = table_->chosen();
     const auto current = static_cast<std::size_t>(chosen.current);
     const auto& cuts = view_.state().cuts();
-    if (chosen.current >= 0 && !(chosen_ && cutAt(cuts, *chosen_) == current))
+    if (chosen.current >= 0 && !(chosen_ && cutAt(cuts, *chosen_) == current)) {
         chosen_ = cuts[current].start;
-    strip_->select(chosen.current);
+        strip_->reveal(current, {cuts[current].start, cuts[current].start + cuts[current].duration});
+    }
+    strip_->mark(chosen, chosen_);
 }
 
 void CutPanel::copyChosen()
@@ -184,6 +198,7 @@ void CutPanel::refresh(const Changes& changes)
         chosen_.reset();
         top_ = 0;
         table_->scrollToTop();
+        strip_->fit();
         const auto& loaded = view_.state().loaded;
         const auto line = loaded ? carryOverLine(loaded->engine) : std::nullopt;
         showText(*carryOver_, line.value_or(""));
@@ -221,6 +236,7 @@ void CutPanel::restoreView()
     const QModelIndex chosen = row(*chosen_);
     table_->choose(chosen.row());
     table_->scrollTo(chosen);
+    strip_->reveal(static_cast<std::size_t>(chosen.row()), {*chosen_, *chosen_ + 1});
 }
 
 void CutPanel::showShortShots()

@@ -2,32 +2,46 @@
 
 #include "timecode/timecode.h"
 #include "workspace/captions.h"
-#include "workspace/window/pictures/time_axis.h"
 #include "workspace/window/qt_text.h"
+#include "workspace/window/shown_text.h"
 #include "workspace/window/theme.h"
 #include "workspace/window/tooltips.h"
 
+#include <QAccessible>
 #include <QHelpEvent>
-#include <QMouseEvent>
 #include <algorithm>
 #include <map>
+#include <utility>
 
 namespace corvane {
 
-namespace {
-
-constexpr double gutter = 24; // space for the letters
-constexpr int widestLane = 14;
-constexpr int narrowestLane = 9;
-constexpr int roomyLanes = 8;
-
-} // namespace
-
-CutStrip::CutStrip(const ContentView& view, QWidget* parent) : QWidget(parent), view_(view)
+CutStrip::CutStrip(const ContentView& view, QWidget* parent)
+    : QWidget(parent),
+      view_(view),
+      timeBar_(new QScrollBar(Qt::Horizontal, this)),
+      laneBar_(new QScrollBar(Qt::Vertical, this)),
+      gutter_(new QWidget(this))
 {
-    setProperty("picture", true);
     setAccessibleName(tr("The whole edit"));
     setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    timeBar_->setAccessibleName(tr("Visible part of the edit"));
+    laneBar_->setAccessibleName(tr("Visible cameras"));
+    for (QScrollBar* bar : {timeBar_, laneBar_}) {
+        bar->setProperty("thin", true);
+        bar->setVisible(false);
+        bar->setCursor(Qt::ArrowCursor);
+    }
+    gutter_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    connect(timeBar_, &QScrollBar::valueChanged, this, [this](int first) {
+        time_.scrollTo(first);
+        update();
+    });
+    connect(laneBar_, &QScrollBar::valueChanged, this, [this] {
+        placeLetters();
+        update();
+    });
 }
 
 void CutStrip::show(const CameraMarks& marks)
@@ -36,69 +50,108 @@ void CutStrip::show(const CameraMarks& marks)
     asked_ = editMarks(view_);
     reasons_ = EditReasons(view_);
     short_ = shortShots(view_, asked_);
-    selected_ = -1;
-    markers_ = view_.state().loaded ? clipMarkers(view_.state().loaded->engine) : std::vector<ClipMarker>();
-    cameras_.clear();
-    std::map<std::string_view, std::size_t> laneOfCamera;
+    chosen_ = {};
+    const auto& loaded = view_.state().loaded;
+    markers_ = loaded ? clipMarkers(loaded->engine) : std::vector<ClipMarker>();
+    if (loaded)
+        time_.setLength(loaded->engine.length);
+    findLanes();
+    describe();
+    limitHeight();
+    if (underMouse())
+        hideTip(); // it belongs to the previous edit
+    showChange();
+}
+
+void CutStrip::findLanes()
+{
+    std::vector<std::string> cameras;
     for (const ImportedAngle& angle : view_.videoAngles())
-        cameras_.push_back(angle.id);
-    for (std::size_t lane = 0; lane < cameras_.size(); ++lane)
-        laneOfCamera.emplace(cameras_[lane], lane);
+        cameras.push_back(angle.id);
+    std::map<std::string_view, std::size_t> laneOfCamera;
+    for (std::size_t lane = 0; lane < cameras.size(); ++lane)
+        laneOfCamera.emplace(cameras[lane], lane);
     cutLanes_.clear();
     for (const Cut& cut : view_.state().cuts()) {
         const auto lane = laneOfCamera.find(cut.angle);
-        cutLanes_.push_back(lane == laneOfCamera.end() ? cameras_.size() : lane->second);
+        cutLanes_.push_back(lane == laneOfCamera.end() ? cameras.size() : lane->second);
     }
-    const int lanes = std::max(1, static_cast<int>(cameras_.size()));
-    setFixedHeight(axisHeight(markers_) + lanes * (lanes > roomyLanes ? narrowestLane : widestLane));
-    const auto& cuts = view_.state().cuts();
+    cameras_ = std::move(cameras);
+    while (letters_.size() > cameras_.size()) {
+        delete letters_.back();
+        letters_.pop_back();
+    }
+    while (letters_.size() < cameras_.size()) {
+        letters_.push_back(new QLabel(gutter_));
+        letters_.back()->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        letters_.back()->setVisible(true);
+    }
+    for (std::size_t lane = 0; lane < cameras_.size(); ++lane) {
+        QPalette palette = letters_[lane]->palette();
+        palette.setColor(QPalette::WindowText, marks_.of(cameras_[lane]).color);
+        letters_[lane]->setPalette(palette);
+        letters_[lane]->setText(marks_.of(cameras_[lane]).letter);
+        setSpokenName(*letters_[lane], view_.angleLabel(cameras_[lane]));
+    }
+}
+
+void CutStrip::describe()
+{
     QString more;
     if (!short_.empty())
         more += " " + qt(shortShotsText(short_.size())) + ".";
     if (!markers_.empty())
         more += " " + qt(markersInWords(view_.state().loaded->engine, markers_));
     setAccessibleDescription(
-        tr("%1 cuts on %2 cameras. The table below has the same cuts.").arg(cuts.size()).arg(cameras_.size()) + more);
-    if (underMouse())
-        hideTip(); // it belongs to the previous edit
+        tr("%1 cuts on %2 cameras. The table below has the same cuts. Left and "
+           "Right go from cut to cut, Home and End to "
+           "the first and the last, plus and minus zoom, Shift+Z shows all.")
+            .arg(cutLanes_.size())
+            .arg(cameras_.size()) +
+        more);
+}
+
+void CutStrip::mark(const ChosenCuts& chosen, std::optional<Frames> frame)
+{
+    const bool moved = chosen.current != chosen_.current;
+    chosen_ = chosen;
+    frame_ = frame;
     update();
+    if (!moved || !QAccessible::isActive())
+        return;
+    QAccessibleValueChangeEvent value(this, chosen_.current + 1);
+    QAccessible::updateAccessibility(&value);
 }
 
-void CutStrip::select(int position)
+void CutStrip::pick(std::size_t position)
 {
-    selected_ = position;
-    update();
+    if (position >= view_.state().cuts().size())
+        return;
+    const Cut& cut = view_.state().cuts()[position];
+    emit picked(static_cast<int>(position), cut.start, {});
+    reveal(position, {cut.start, cut.start + cut.duration});
 }
 
-QRectF CutStrip::lanes() const
+QString CutStrip::currentInWords() const
 {
-    const int axis = axisHeight(markers_);
-    return QRectF(gutter, axis, width() - gutter, height() - axis);
-}
-
-TimeScale CutStrip::scale() const
-{
-    const QRectF all = lanes();
-    return {view_.state().loaded->engine.length, all.left(), all.width()};
-}
-
-QRectF CutStrip::laneOf(const std::string& camera) const
-{
-    const auto found = std::ranges::find(cameras_, camera);
-    const QRectF all = lanes();
-    const double height = all.height() / static_cast<double>(std::max<std::size_t>(1, cameras_.size()));
-    return {all.left(), all.top() + height * static_cast<double>(found - cameras_.begin()), all.width(), height};
-}
-
-std::optional<Frames> CutStrip::frameAt(const QPoint& place) const
-{
-    if (view_.state().cuts().empty() || place.x() < gutter)
-        return std::nullopt;
-    return scale().frame(place.x());
+    const auto& cuts = view_.state().cuts();
+    if (chosen_.current < 0 || chosen_.current >= static_cast<int>(cuts.size()))
+        return {};
+    const Cut& cut = cuts[static_cast<std::size_t>(chosen_.current)];
+    return tr("Cut %1 of %2, %3, %4, %5 sec")
+        .arg(chosen_.current + 1)
+        .arg(cuts.size())
+        .arg(
+            qt(startLabel(view_, cut)), qt(view_.angleLabel(cut.angle)),
+            qt(durationLabel(view_, cut, theme::decimalSign())));
 }
 
 QString CutStrip::factsAt(const QPoint& place) const
 {
+    for (std::size_t number = 0; number < cameras_.size() && place.x() < lanes().left(); ++number) {
+        if (lanes().top() <= place.y() && lane(number).adjusted(-lanes().left(), 0, 0, 0).contains(place))
+            return shown(view_.angleLabel(cameras_[number]));
+    }
     const auto frame = frameAt(place);
     if (!frame)
         return {};
@@ -118,12 +171,6 @@ QString CutStrip::facts(std::size_t position) const
     if (std::ranges::binary_search(short_, position))
         text += "\n" + qt(shortShotText);
     return text;
-}
-
-void CutStrip::mousePressEvent(QMouseEvent* event)
-{
-    if (const auto frame = frameAt(event->position().toPoint()))
-        emit picked(static_cast<int>(cutAt(view_.state().cuts(), *frame)), *frame);
 }
 
 bool CutStrip::event(QEvent* event)

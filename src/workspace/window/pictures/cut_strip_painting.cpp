@@ -1,10 +1,10 @@
+#include "timecode/timecode.h"
 #include "workspace/window/pictures/cut_strip.h"
-#include "workspace/window/pictures/time_axis.h"
+#include "workspace/window/qt_text.h"
 #include "workspace/window/theme.h"
 
 #include <QPainter>
 #include <algorithm>
-#include <utility>
 
 namespace corvane {
 
@@ -13,105 +13,159 @@ void CutStrip::paintEvent(QPaintEvent*)
     if (view_.state().cuts().empty())
         return;
     QPainter painter(this);
-    const QRectF all = lanes();
-    paintAxis(painter, QRectF(all.left(), 0, all.width(), all.top()), scale(), view_.state().loaded->engine, markers_);
+    paintAxis(painter, axis(), scale(), view_.state().loaded->engine, markers_);
+    painter.setClipRect(lanes());
     paintLanes(painter);
     paintCuts(painter);
     paintMarks(painter);
+    painter.setClipRect(lanes() | axis());
     paintShortShots(painter);
-    paintSelection(painter);
+    painter.setClipRect(lanes());
+    paintWords(painter);
+    paintChosen(painter);
+    painter.setClipping(false);
+    paintSkimmer(painter);
+    if (hasFocus()) {
+        painter.setPen(QPen(theme::orange, 1));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(lanes().adjusted(-0.5, -0.5, -0.5, 0.5));
+    }
 }
 
 void CutStrip::paintLanes(QPainter& painter) const
 {
     painter.fillRect(lanes(), theme::fieldGrey);
-    QFont letters = font();
-    letters.setBold(true);
-    letters.setPixelSize(std::max(7, static_cast<int>(laneOf(cameras_.front()).height()) - 2));
-    painter.setFont(letters);
-    for (const std::string& camera : cameras_) {
-        const QRectF lane = laneOf(camera);
-        painter.setPen(marks_.of(camera).color);
-        painter.drawText(
-            QRectF(0, lane.top(), lane.left() - 5, lane.height()), Qt::AlignRight | Qt::AlignVCenter,
-            marks_.of(camera).letter);
-    }
+    painter.setPen(QPen(theme::background, 1));
+    for (std::size_t number = 1; number < cameras_.size(); ++number)
+        painter.drawLine(lane(number).topLeft(), lane(number).topRight());
 }
 
 void CutStrip::paintCuts(QPainter& painter) const
 {
-    const TimeScale scale = this->scale();
     std::vector<std::pair<QRectF, QColor>> lanes;
-    for (const std::string& camera : cameras_)
-        lanes.emplace_back(laneOf(camera).adjusted(0, 1, 0, -1), marks_.of(camera).color);
-    for (std::size_t position = 0; position < cutLanes_.size(); ++position) {
+    for (std::size_t number = 0; number < cameras_.size(); ++number)
+        lanes.emplace_back(lane(number).adjusted(0, 1, 0, -1), marks_.of(cameras_[number]).color);
+    const auto [first, end] = visibleCuts();
+    for (std::size_t position = first; position < end; ++position) {
         if (cutLanes_[position] == lanes.size())
             continue;
-        const Cut& cut = view_.state().cuts()[position];
         const auto& [lane, color] = lanes[cutLanes_[position]];
-        const double left = scale.x(cut.start);
-        const double right = scale.x(cut.start + cut.duration);
-        painter.fillRect(QRectF(left, lane.top(), std::max(1.0, right - left - 0.5), lane.height()), color);
+        QRectF place = stretch(position, lane, 1);
+        place.setWidth(std::max(1.0, place.width() - 0.5));
+        painter.fillRect(place, color);
     }
 }
 
-/// Hatches fixed sections over the height of their lane, and outlines opening and closing shots.
+/// The camera's letter and the length, as far as there is room in what is
+/// visible of the cut.
+void CutStrip::paintWords(QPainter& painter) const
+{
+    constexpr int smallest = 9;
+    constexpr double margin = 3;
+    QFont words = font();
+    words.setPixelSize(std::clamp(static_cast<int>(laneHeight()) - 3, smallest, fontMetrics().ascent()));
+    painter.setFont(words);
+    painter.setPen(QColor(0x16, 0x16, 0x16));
+    const auto [first, end] = visibleCuts();
+    for (std::size_t position = first; position < end; ++position) {
+        if (cutLanes_[position] == cameras_.size())
+            continue;
+        const QRectF place = stretch(position, lane(cutLanes_[position]), 1) & lanes();
+        const double room = place.width() - 2 * margin;
+        if (room < smallest)
+            continue;
+        const QString letter = marks_.of(cameras_[cutLanes_[position]]).letter;
+        const auto fits = [&](const QString& text) { return painter.fontMetrics().horizontalAdvance(text) <= room; };
+        if (!fits(letter))
+            continue;
+        const QString seconds = qt(durationLabel(view_, view_.state().cuts()[position], theme::decimalSign()));
+        const QString both = letter + "  " + tr("%1 sec").arg(seconds);
+        painter.drawText(place.adjusted(margin, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, fits(both) ? both : letter);
+    }
+}
+
+/// Hatches fixed sections over the height of their lane, and outlines opening
+/// and closing shots.
 void CutStrip::paintMarks(QPainter& painter) const
 {
-    const QRectF all = lanes();
-    const TimeScale scale = this->scale();
+    const FrameRange visible = scale().frames();
     for (const FixedCameraSection& section : asked_.sections) {
-        const QRectF lane = laneOf(section.angle);
-        const double left = scale.x(section.start);
-        const QRectF place(left, lane.top(), std::max(2.0, scale.x(section.end) - left), lane.height());
+        if (section.end <= visible.start || section.start >= visible.end)
+            continue;
+        const QRectF place = stretch({section.start, section.end}, laneOf(section.angle), 2);
         painter.fillRect(place, QBrush(QColor(0, 0, 0, 150), Qt::BDiagPattern));
         painter.setPen(QPen(theme::warmWhite, 1));
         painter.drawRect(place.adjusted(0.5, 0.5, -0.5, -0.5));
     }
     painter.setPen(QPen(theme::warmWhite, 1, Qt::DotLine));
     for (const auto& shot : {asked_.opening, asked_.closing}) {
-        if (shot) {
-            const double left = scale.x(shot->start);
-            painter.drawRect(
-                QRectF(left + 0.5, all.top() + 0.5, std::max(2.0, scale.x(shot->end) - left - 1), all.height() - 1));
-        }
+        if (shot)
+            painter.drawRect(stretch({shot->start, shot->end}, lanes(), 3).adjusted(0.5, 0.5, -0.5, -0.5));
     }
 }
 
-/// Paints an arrow above each short shot, because the shot itself may be narrower than a pixel.
+/// Paints an arrow above each short shot, because the shot itself may be
+/// narrower than a pixel.
 void CutStrip::paintShortShots(QPainter& painter) const
 {
+    const auto [first, end] = visibleCuts();
     const QRectF all = lanes();
-    const TimeScale scale = this->scale();
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(theme::shortShot);
-    for (const std::size_t position : short_) {
-        const Cut& cut = view_.state().cuts()[position];
-        const QRectF lane = laneOf(cut.angle);
-        const double left = scale.x(cut.start);
-        const double right = std::max(left + 1, scale.x(cut.start + cut.duration));
-        painter.drawRect(QRectF(left, lane.top() + 1, right - left, lane.height() - 2));
-        const QPointF tip((left + right) / 2, all.top() + 1);
+    for (auto position = std::ranges::lower_bound(short_, first); position != short_.end() && *position < end;
+         ++position) {
+        const QRectF place = stretch(*position, laneOf(view_.state().cuts()[*position].angle), 1);
+        painter.drawRect((place & all).adjusted(0, 1, 0, -1));
+        const QPointF tip((place & all).center().x(), all.top() + 1);
         painter.drawPolygon(QPolygonF({tip, tip + QPointF(-4, -6), tip + QPointF(4, -6)}));
     }
     painter.restore();
 }
 
-void CutStrip::paintSelection(QPainter& painter) const
+void CutStrip::paintChosen(QPainter& painter) const
 {
-    const auto& cuts = view_.state().cuts();
-    if (selected_ < 0 || selected_ >= static_cast<int>(cuts.size()))
-        return;
-    const Cut& cut = cuts[static_cast<std::size_t>(selected_)];
+    const auto [first, end] = visibleCuts();
     const QRectF all = lanes();
-    const TimeScale scale = this->scale();
-    const double left = scale.x(cut.start);
-    const double width = std::max(2.0, scale.x(cut.start + cut.duration) - left);
-    painter.fillRect(QRectF(left, all.top(), width, all.height()), QColor(255, 255, 255, 45));
+    const auto& chosen = chosen_.positions;
+    painter.setPen(QPen(theme::orange, 1));
+    for (auto position = std::ranges::lower_bound(chosen, first); position != chosen.end() && *position < end;
+         ++position) {
+        const QRectF place = stretch(*position, all, 2);
+        painter.fillRect(place, QColor(255, 255, 255, 45));
+        painter.drawRect(place.adjusted(0.5, 0.5, -0.5, -0.5));
+    }
+    const auto current = static_cast<std::size_t>(chosen_.current); // beyond the end for none
+    if (current < first || current >= end)
+        return;
     painter.setPen(QPen(theme::orange, 2));
-    painter.drawRect(QRectF(left, all.top() + 1, width, all.height() - 2));
+    painter.drawRect(stretch(current, all, 2).adjusted(0, 1, 0, -1));
+}
+
+/// A line at the pointer with the timecode and the camera there.
+void CutStrip::paintSkimmer(QPainter& painter) const
+{
+    if (!pointer_)
+        return;
+    constexpr double margin = 4;
+    const QRectF all = lanes();
+    const Frames frame = scale().frame(*pointer_);
+    const std::string& camera = view_.state().cuts()[cutAt(view_.state().cuts(), frame)].angle;
+    const QString text = qt(timecodeLabel(view_.state().loaded->engine, frame)) + "  " + marks_.of(camera).letter +
+                         " " + shown(view_.angleLabel(camera));
+    painter.setFont(font());
+    const double x = *pointer_ + 0.5;
+    painter.setPen(QPen(theme::warmWhite, 1));
+    painter.drawLine(QPointF(x, 0), QPointF(x, all.bottom()));
+    const double width =
+        std::min(painter.fontMetrics().horizontalAdvance(text) + 2 * margin, std::max(all.right() - x, x - all.left()));
+    const double height = std::min<double>(painter.fontMetrics().height() + 2, all.top());
+    const QRectF box(x + width <= all.right() ? x : x - width, all.top() - height, width, height);
+    painter.fillRect(box, theme::lighterGrey);
+    painter.drawText(
+        box.adjusted(margin, 0, -margin, 0), Qt::AlignLeft | Qt::AlignVCenter,
+        painter.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(width - 2 * margin) + 1));
 }
 
 } // namespace corvane

@@ -1,0 +1,216 @@
+#include "gui.h"
+#include "workspace/shot_facts.h"
+#include "workspace/window/cut_table.h"
+#include "workspace/window/panels/cut_panel.h"
+#include "workspace/window/pictures/cut_strip.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QMenu>
+#include <QToolTip>
+#include <QWheelEvent>
+
+namespace corvane {
+namespace {
+
+using namespace test;
+
+constexpr double gutter = 24;
+
+/// The window with an edit of about forty cuts of a second each, or longer.
+struct StripGui : Gui {
+    CutStrip* strip;
+    CutTable* table;
+    QScrollBar* time;
+
+    explicit StripGui(const std::string& xml = threeCameras, QSize size = {1264, 900}) : Gui(xml)
+    {
+        window().resize(size);
+        account.set([](auto& settings) {
+            settings.mainMinimum = settings.mainMaximum = settings.otherMinimum = settings.otherMaximum = 1;
+        });
+        view().generateRoughEdit();
+        settle();
+        strip = window().findChild<CutStrip*>();
+        table = window().findChild<CutTable*>();
+        time = bar(Qt::Horizontal);
+    }
+
+    QScrollBar* bar(Qt::Orientation orientation)
+    {
+        for (QScrollBar* each : strip->findChildren<QScrollBar*>()) {
+            if (each->orientation() == orientation)
+                return each;
+        }
+        return nullptr;
+    }
+    void wheel(QPoint place, int notches, Qt::KeyboardModifiers held = {})
+    {
+        QWheelEvent event(
+            place, strip->mapToGlobal(place), {}, {0, 120 * notches}, Qt::NoButton, held, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(strip, &event);
+        settle();
+    }
+    /// Where a frame stands, as far as the scroll bar tells.
+    QPoint at(Frames frame)
+    {
+        const double part = (static_cast<double>(frame) + 0.5 - time->value()) / time->pageStep();
+        return {qRound(gutter + (strip->width() - gutter) * part), strip->height() / 2};
+    }
+    void key(QWidget* widget, int pressed, Qt::KeyboardModifiers held = {})
+    {
+        QTest::keyClick(widget, static_cast<Qt::Key>(pressed), held);
+        settle();
+    }
+    bool isInView(Frames frame) { return time->value() <= frame && frame <= time->value() + time->pageStep(); }
+    std::vector<std::size_t> chosen() { return table->chosen().positions; }
+    QString tipAt(const QPoint& place)
+    {
+        QHelpEvent help(QEvent::ToolTip, place, strip->mapToGlobal(place));
+        QApplication::sendEvent(strip, &help);
+        return QToolTip::text();
+    }
+    QAction* entry(const QString& text)
+    {
+        const auto* menu = window().findChild<CutPanel*>()->findChild<QMenu*>();
+        for (QAction* action : menu->actions()) {
+            if (readText(action->text()) == text)
+                return action;
+        }
+        return nullptr;
+    }
+};
+
+TEST(Strip, ZoomsToSingleFramesWhereOnePointsAndScrolls)
+{
+    StripGui gui;
+    EXPECT_FALSE(gui.time->isVisible()) << "all is shown";
+    const Frames frame = 700;
+    const QPoint place = gui.at(frame);
+    for (int notch = 0; notch < 20; ++notch)
+        gui.wheel(place, 1, Qt::ControlModifier);
+    EXPECT_TRUE(gui.time->isVisible());
+    EXPECT_LE(gui.time->pageStep(), gui.strip->width() / 30) << "a frame is wide enough to see";
+    EXPECT_NEAR(gui.at(frame).x(), place.x(), gui.strip->width() / gui.time->pageStep() + 1) << "stays at the pointer";
+    const int before = gui.time->value();
+    gui.wheel(place, -3);
+    EXPECT_GT(gui.time->value(), before);
+    gui.time->setValue(0);
+    QTest::mouseMove(gui.strip, QPoint(30, 40)); // the skimmer's line
+    EXPECT_FALSE(gui.strip->grab().isNull());
+    QTest::mouseDClick(gui.strip, Qt::LeftButton, {}, place);
+    EXPECT_FALSE(gui.time->isVisible());
+
+    gui.key(gui.strip, Qt::Key_End);
+    const Frames last = gui.state().cuts().back().start;
+    for (int press = 0; press < 8; ++press)
+        gui.key(gui.strip, Qt::Key_Plus);
+    EXPECT_TRUE(gui.isInView(last)) << "keys zoom at the chosen cut";
+    const int zoomed = gui.time->pageStep();
+    gui.key(gui.table, Qt::Key_Home);
+    EXPECT_TRUE(gui.isInView(0)) << "the strip follows the table";
+    gui.click("Shuffle rough edit");
+    EXPECT_EQ(gui.time->pageStep(), zoomed) << "a new edit keeps the zoom,";
+    EXPECT_TRUE(gui.isInView(0) && gui.table->chosen().current == 0) << "and the chosen frame";
+    gui.key(gui.strip, Qt::Key_Minus);
+    EXPECT_GT(gui.time->pageStep(), zoomed);
+    gui.entry("Fit")->trigger();
+    EXPECT_FALSE(gui.time->isVisible());
+}
+
+TEST(Strip, AndTableChooseCutsAlike)
+{
+    StripGui gui;
+    const auto count = gui.state().cuts().size();
+    for (QWidget* focus : {static_cast<QWidget*>(gui.strip), static_cast<QWidget*>(gui.table)}) {
+        focus->setFocus();
+        gui.key(focus, Qt::Key_End);
+        EXPECT_EQ(gui.chosen(), std::vector<std::size_t>{count - 1});
+        gui.key(focus, Qt::Key_Home);
+        gui.key(focus, Qt::Key_Right);
+        gui.key(focus, Qt::Key_Right);
+        gui.key(focus, Qt::Key_Left);
+        gui.key(focus, Qt::Key_Right, Qt::ShiftModifier);
+        EXPECT_EQ(gui.chosen(), (std::vector<std::size_t>{1, 2}));
+        gui.key(focus, Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(utf8(QGuiApplication::clipboard()->text()), cutLines(gui.view(), {1, 2}));
+    }
+    const auto click = [&](std::size_t position, Qt::KeyboardModifiers held, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(gui.strip, button, held, gui.at(gui.state().cuts()[position].start + 5));
+        Gui::settle();
+    };
+    click(3, {});
+    EXPECT_EQ(gui.window().focusWidget(), gui.strip);
+    click(5, Qt::ShiftModifier);
+    EXPECT_EQ(gui.chosen(), (std::vector<std::size_t>{3, 4, 5}));
+    gui.key(gui.table, Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_EQ(gui.chosen(), (std::vector<std::size_t>{3, 4})) << "the table extends what the strip began";
+    click(4, Qt::ShiftModifier);
+    click(8, Qt::ControlModifier);
+    EXPECT_EQ(gui.chosen(), (std::vector<std::size_t>{3, 4, 8}));
+    EXPECT_EQ(gui.strip->marked(), gui.table->chosen());
+    click(4, {}, Qt::RightButton);
+    EXPECT_EQ(gui.chosen().size(), 3U) << "pressed on what is chosen";
+    click(6, {}, Qt::RightButton);
+    EXPECT_EQ(gui.chosen(), std::vector<std::size_t>{6});
+    gui.entry("Copy")->trigger();
+    EXPECT_EQ(utf8(QGuiApplication::clipboard()->text()), cutLines(gui.view(), {6}));
+    EXPECT_EQ(cutListText(gui.view()).find(cutLines(gui.view(), {0, 1})), cutListText(gui.view()).find('\n') + 1);
+}
+
+TEST(Strip, TellsItsCutToAssistiveTechnology)
+{
+    StripGui gui;
+    gui.key(gui.strip, Qt::Key_Home);
+    QAccessibleInterface* slider = QAccessible::queryAccessibleInterface(gui.strip);
+    EXPECT_EQ(slider->role(), QAccessible::Slider);
+    QAccessibleValueInterface* value = slider->valueInterface();
+    EXPECT_EQ(value->currentValue().toInt(), 1);
+    EXPECT_EQ(value->maximumValue().toInt(), static_cast<int>(gui.state().cuts().size()));
+    value->setCurrentValue(2);
+    EXPECT_EQ(gui.chosen(), std::vector<std::size_t>{1});
+    const std::string second = utf8(slider->text(QAccessible::Value));
+    EXPECT_TRUE(second.starts_with("Cut 2 of ")) << second;
+    EXPECT_NE(second.find(gui.view().angleLabel(gui.state().cuts()[1].angle)), std::string::npos) << second;
+}
+
+TEST(Strip, SharesTheHeightWithTheTable)
+{
+    for (const auto& [project, rows] : {std::pair(threeCameras, 4), {manyCameras(), 3}}) {
+        StripGui gui(project, {960, 860});
+        const int room = gui.table->viewport()->height();
+        EXPECT_GE(room / gui.table->verticalHeader()->defaultSectionSize(), rows);
+        const auto letters = gui.strip->findChildren<QLabel*>();
+        ASSERT_EQ(letters.size(), static_cast<qsizetype>(gui.view().videoAngles().size()));
+        for (const QLabel* letter : letters)
+            EXPECT_TRUE(
+                letter->height() >= 12 && letter->fontInfo().pixelSize() >= 9 && !letter->accessibleName().isEmpty());
+        QScrollBar* lanes = gui.bar(Qt::Vertical);
+        EXPECT_EQ(lanes->isVisible(), letters.size() > 3);
+        const QPoint first(10, gui.strip->height() / 2);
+        const QString before = gui.tipAt(first);
+        EXPECT_FALSE(before.isEmpty()) << "a letter names its camera";
+        gui.wheel(first, -2);
+        EXPECT_EQ(gui.tipAt(first) != before, lanes->isVisible());
+        gui.wheel(gui.at(500), 4, Qt::ControlModifier);
+        gui.key(gui.strip, Qt::Key_End);
+        const std::string camera = gui.state().cuts().back().angle;
+        for (const QLabel* letter : letters) {
+            const QRect place(letter->mapTo(gui.strip, QPoint()), letter->size());
+            if (utf8(letter->accessibleName()) == gui.view().angleLabel(camera)) {
+                EXPECT_EQ(letter->visibleRegion().boundingRect().height(), letter->height()) << "its lane is in view";
+            }
+        }
+        gui.window().resize(1600, 1400);
+        Gui::settle();
+        EXPECT_GT(letters.front()->height(), 12) << "lanes grow";
+        EXPECT_FALSE(lanes->isVisible());
+    }
+}
+
+} // namespace
+} // namespace corvane
