@@ -5,15 +5,11 @@
 #include "bench/repeatable_numbers.h"
 #include "import/time_values.h"
 
-#include <array>
-
 namespace corvane::bench {
 
 namespace {
 
-constexpr std::size_t cameras = 7;
-constexpr std::size_t recorder = cameras; // the last angle
-constexpr Frames fileFrames = 90'000;     // an hour at 25 frames a second
+constexpr Frames fileFrames = 90'000; // an hour at 25 frames a second
 constexpr Frames sourceStart = 200;
 
 std::string time(Frames frames)
@@ -21,27 +17,16 @@ std::string time(Frames frames)
     return timeString(frames, 100, 2500);
 }
 
-std::string fileId(std::size_t angle, Frames file)
-{
-    return numbered("r", 10 + static_cast<std::size_t>(file) * (cameras + 1) + angle);
-}
-
-std::string fileName(std::size_t angle, Frames file)
-{
-    return numbered(
-        angle == recorder ? "SOUND_" : numbered("CAM", angle + 1) + "_", static_cast<std::size_t>(file) + 1);
-}
-
 class Generator {
 public:
-    explicit Generator(std::size_t clips)
+    Generator(std::size_t clips, std::size_t cameras) : cameras_(cameras), angleIds_(cameras + 1)
     {
         for (std::string& id : angleIds_)
             id = numbers_.base64(22);
         const IdentifierSource identifiers = randomIdentifiers();
         for (std::size_t clip = 0; clip < clips; ++clip) {
             const Frames duration = numbers_.between(100, 250);
-            cuts_.push_back({identifiers(), angleIds_.at(clip * 3 % cameras), length_, duration});
+            cuts_.push_back({identifiers(), angleIds_.at(clip * 3 % cameras_), length_, duration});
             length_ += duration;
         }
         files_ = (sourceStart + length_) / fileFrames + 1;
@@ -72,11 +57,11 @@ private:
             "effect", {{"id", "r2"}, {"name", "Lower Third"}, {"uid", ".../Titles.localized/Lower Third.moti"}});
         document_.open("media", {{"id", "r3"}, {"name", "Recording"}, {"uid", numbers_.base64(22)}});
         document_.open("multicam", {{"format", "r1"}, {"tcStart", "0s"}, {"tcFormat", "NDF"}});
-        for (std::size_t angle = 0; angle <= recorder; ++angle)
+        for (std::size_t angle = 0; angle < angleIds_.size(); ++angle)
             addAngle(angle);
         document_.close();
         document_.close();
-        for (std::size_t angle = 0; angle <= recorder; ++angle) {
+        for (std::size_t angle = 0; angle < angleIds_.size(); ++angle) {
             for (Frames file = 0; file < files_; ++file)
                 addAsset(angle, file);
         }
@@ -85,7 +70,7 @@ private:
 
     void addAngle(std::size_t angle)
     {
-        const std::string name = angle == recorder ? "Recorder" : numbered("Camera ", angle + 1);
+        const std::string name = isRecorder(angle) ? "Recorder" : numbered("Camera ", angle + 1);
         document_.open("mc-angle", {{"name", name}, {"angleID", angleIds_.at(angle)}});
         for (Frames file = 0; file < files_; ++file) {
             document_.element(
@@ -109,7 +94,7 @@ private:
                       {"uid", signature},
                       {"start", "0s"},
                       {"duration", time(fileFrames)},
-                      {"hasVideo", angle == recorder ? "0" : "1"},
+                      {"hasVideo", isRecorder(angle) ? "0" : "1"},
                       {"format", "r1"},
                       {"hasAudio", "1"},
                       {"audioSources", "1"},
@@ -142,7 +127,7 @@ private:
                         {"name", "Recording"},
                         {"start", time(sourceStart)},
                         {"duration", time(length_)}});
-        document_.open("mc-source", {{"angleID", angleIds_.at(recorder)}, {"srcEnable", "audio"}});
+        document_.open("mc-source", {{"angleID", angleIds_.back()}, {"srcEnable", "audio"}});
         document_.open("audio-role-source", {{"role", "dialogue"}});
         document_.element("adjust-volume", {{"amount", "-3dB"}});
         document_.close();
@@ -161,10 +146,10 @@ private:
         const std::string offset = time(sourceStart + numbers_.below(length_));
         if (item % 2 == 0) {
             document_.element(
-                "asset-clip", {{"ref", fileId(item % cameras, 0)},
+                "asset-clip", {{"ref", fileId(item % cameras_, 0)},
                                {"lane", "1"},
                                {"offset", offset},
-                               {"name", fileName(item % cameras, 0)},
+                               {"name", fileName(item % cameras_, 0)},
                                {"start", time(numbers_.below(fileFrames - 100))},
                                {"duration", "4s"},
                                {"srcEnable", "video"}});
@@ -201,8 +186,20 @@ private:
                         {"value", "Interview"}});
     }
 
+    [[nodiscard]] bool isRecorder(std::size_t angle) const { return angle == cameras_; } // the last one
+    [[nodiscard]] std::string fileId(std::size_t angle, Frames file) const
+    {
+        return numbered("r", 10 + static_cast<std::size_t>(file) * angleIds_.size() + angle);
+    }
+    [[nodiscard]] std::string fileName(std::size_t angle, Frames file) const
+    {
+        return numbered(
+            isRecorder(angle) ? "SOUND_" : numbered("CAM", angle + 1) + "_", static_cast<std::size_t>(file) + 1);
+    }
+
     RepeatableNumbers numbers_{3};
-    std::array<std::string, cameras + 1> angleIds_;
+    std::size_t cameras_;
+    std::vector<std::string> angleIds_;
     std::vector<Cut> cuts_;
     Frames length_ = 0;
     Frames files_ = 0;
@@ -211,9 +208,9 @@ private:
 
 } // namespace
 
-EditDocument editDocument(std::size_t clips)
+EditDocument editDocument(std::size_t clips, std::size_t cameras)
 {
-    return Generator(clips).run();
+    return Generator(clips, cameras).run();
 }
 
 } // namespace corvane::bench

@@ -21,6 +21,7 @@ public:
     explicit ShownWindow(const std::string& folder);
 
     SessionWindow& session() { return session_; }
+    MainWindow& window() { return window_; }
 
     /// Until everything that was asked for is on screen.
     static void paint();
