@@ -214,14 +214,12 @@ std::optional<TimecodeAdvice> timecodeAdvice(
     return TimecodeAdvice{"The end must be after the start.", std::nullopt};
 }
 
-std::optional<std::string> undoText(const ContentView& view)
+std::optional<std::string> undoText(const ContentView& view, UndoStep::Side side)
 {
-    const Undoable& undoable = view.state().undoable;
-    if (std::holds_alternative<RemovedSection>(undoable))
-        return "Undo Remove Section";
-    if (std::holds_alternative<EditPreset>(undoable))
-        return "Undo Delete Preset";
-    return std::nullopt;
+    const auto step = view.nextStep(side);
+    if (!step)
+        return std::nullopt;
+    return (side == UndoStep::Side::before ? "Undo " : "Redo ") + std::string(step->name);
 }
 
 std::vector<UsageRow> usageRows(const ContentView& view)

@@ -61,8 +61,9 @@ struct TimecodeAdvice {
 /// None if the text can be read and the section's start is before its end, or without a project.
 [[nodiscard]] std::optional<TimecodeAdvice> timecodeAdvice(
     const ContentView& view, const SectionDraft& section, std::string_view text);
-/// "Undo Remove Section" or "Undo Delete Preset"; none if there is nothing to bring back.
-[[nodiscard]] std::optional<std::string> undoText(const ContentView& view);
+/// "Undo Main Share" (`before`) or "Redo Main Share" (`after`); none if there is nothing to undo or redo.
+[[nodiscard]] std::optional<std::string> undoText(
+    const ContentView& view, UndoStep::Side side = UndoStep::Side::before);
 
 /// One row of "Actual camera usage".
 struct UsageRow {

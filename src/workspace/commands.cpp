@@ -53,6 +53,12 @@ Reason whyNotForward(Now now)
     return unless(history.has(history.index + 1), "This is the last edit.");
 }
 
+Reason whyNoStep(Now now, UndoStep::Side side, const char* nothing)
+{
+    const auto step = now.view.nextStep(side);
+    return step ? step->whyNot : Reason(nothing);
+}
+
 Reason whyNoPreset(Now now)
 {
     return unless(now.view.chosenPreset().has_value(), "Choose a preset first.");
@@ -72,8 +78,11 @@ constexpr std::array<CommandEntry, static_cast<std::size_t>(Command::count)> tab
     {"Close", 'c', "Ctrl+W", "", none},
     {"Quit", 'q', "Ctrl+Q", "", none},
     {"Undo", 'u', "Ctrl+Z", "",
-     [](Now now) { return unless(undoText(now.view).has_value(), "There is nothing to undo."); },
+     [](Now now) { return whyNoStep(now, UndoStep::Side::before, "There is nothing to undo."); },
      [](ContentView& view) { view.undo(); }},
+    {"Redo", 'r', "Ctrl+Shift+Z; Ctrl+Y", "",
+     [](Now now) { return whyNoStep(now, UndoStep::Side::after, "There is nothing to redo."); },
+     [](ContentView& view) { view.redo(); }},
     {"Copy Cut List", 'c', "Ctrl+Shift+C", "", whyNoCuts},
     {"Generate rough edit", 'g', "Ctrl+G", "", whyNoGeneration, [](ContentView& view) { view.generateRoughEdit(); }},
     {"Try these rules", 0, "Ctrl+T", "Generate many edits by these rules and show what they have in common",
@@ -116,8 +125,10 @@ std::string commandText(Command command, const ContentView& view)
 {
     if (command == Command::generate)
         return primaryButtonText(view);
-    if (command == Command::undo)
-        return undoText(view).value_or(std::string(entry(command).text));
+    if (command == Command::undo || command == Command::redo) {
+        const auto side = command == Command::undo ? UndoStep::Side::before : UndoStep::Side::after;
+        return undoText(view, side).value_or(std::string(entry(command).text));
+    }
     return std::string(entry(command).text);
 }
 

@@ -21,6 +21,7 @@ enum class Command {
     close,
     quit,
     undo,
+    redo,
     copyCutList,
     generate,
     tryRules,

@@ -75,18 +75,40 @@ void ContentView::edit(const std::function<void(WorkspaceState&)>& change)
 void ContentView::changeAndSave(const std::function<void(WorkspaceState&)>& change, WorkspaceState& before)
 {
     ++editDepth_;
+    UndoSteps::Update update;
     try {
         change(state_);
+        const std::string_view setting = changedSetting(before.settings, state_.settings); // before others follow it
         settle(before);
+        update = stepUpdate(before, setting);
         if (std::exchange(saveWanted_, false))
             saveSession();
     } catch (...) {
         state_ = std::move(before);
         saveWanted_ = false;
-        --editDepth_;
+        endEdit();
         throw;
     }
+    steps_.commit(std::move(update));
+    endEdit();
+}
+
+void ContentView::endEdit() noexcept
+{
+    actionName_ = {};
+    stepUpdate_.reset();
     --editDepth_;
+}
+
+UndoSteps::Update ContentView::stepUpdate(const WorkspaceState& before, std::string_view setting)
+{
+    if (stepUpdate_)
+        return std::move(*stepUpdate_);
+    if (state_.settings == before.settings)
+        return {};
+    const bool isOnItsOwn = !actionName_.empty();
+    return steps_.ofSettings(
+        isOnItsOwn ? actionName_ : setting, before.settings, state_.settings, actionIsOpen_ && !isOnItsOwn);
 }
 
 /// Updates everything that depends on the settings.
@@ -121,7 +143,6 @@ void ContentView::notify(const WorkspaceState& before)
     mark(Changed::history, state_.history != before.history);
     mark(Changed::cuts, state_.preview != before.preview);
     mark(Changed::alerts, state_.error != before.error || alerts_.size() != alertsNoticed_);
-    mark(Changed::undoable, state_.undoable != before.undoable);
     mark(
         Changed::texts, state_.status != before.status || state_.sessionSaveError != before.sessionSaveError ||
                             state_.lastExport != before.lastExport || state_.canReopen != before.canReopen ||

@@ -14,6 +14,7 @@
 #include "session/edit_history.h"
 #include "session/preset_library.h"
 #include "session/session_keeper.h"
+#include "workspace/undo_steps.h"
 
 #include <bitset>
 #include <deque>
@@ -23,20 +24,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
 namespace corvane {
-
-/// A fixed section that was removed from this place in the list.
-struct RemovedSection {
-    std::size_t position = 0;
-    SectionDraft section;
-    bool operator==(const RemovedSection&) const = default;
-};
-
-/// What Undo can bring back: the last section or preset that was removed, or nothing.
-using Undoable = std::variant<std::monostate, RemovedSection, EditPreset>;
 
 /// Everything that the window shows. Anyone may read it; it is changed only inside ContentView::edit.
 struct WorkspaceState {
@@ -50,10 +40,9 @@ struct WorkspaceState {
     EditHistory history;
     SharedRevision preview; ///< the revision whose cuts are on screen; none if the cut list is empty
     EditSettings settings;
-    std::optional<std::string> sourceFile; ///< the file from which the loaded project was read, if any
-    std::optional<std::string> lastExport; ///< the last exported XML
-    bool canReopen = false;                ///< a previous project existed at the last check
-    Undoable undoable;
+    std::optional<std::string> sourceFile;        ///< the file from which the loaded project was read, if any
+    std::optional<std::string> lastExport;        ///< the last exported XML
+    bool canReopen = false;                       ///< a previous project existed at the last check
     std::optional<EditSettings> restoredSettings; ///< the settings on screen after a restore, until the next change
 
     std::optional<std::string> error; ///< the alert's message
@@ -70,7 +59,7 @@ struct WorkspaceState {
 };
 
 /// Which parts of the state changed.
-enum class Changed { settings, loaded, history, cuts, alerts, texts, presets, undoable, view, count };
+enum class Changed { settings, loaded, history, cuts, alerts, texts, presets, view, count };
 using Changes = std::bitset<static_cast<std::size_t>(Changed::count)>;
 
 /// Shows the user what is being done as long as the result exists.
@@ -163,8 +152,25 @@ public:
     void addSection();
     /// Does nothing if the position is out of range.
     void removeSection(std::size_t position);
-    /// Brings back the section or preset that was removed last.
+
+    // Undo. Each edit that changes settings is one step. Those of the project are forgotten when another one is shown.
+
+    /// From here on, changes of the same setting are one step: a drag, or what is typed while a field has the focus.
+    void beginAction() noexcept;
+    /// From here on, each change is a step again.
+    void endAction() noexcept;
+    /// Takes the last step back. A changed setting gets its earlier value, and the cut list becomes empty; the other
+    /// settings stay. Does nothing if there is no step or if it has a reason not to.
     void undo();
+    /// The same for the step that was taken back last.
+    void redo();
+    struct NextStep {
+        std::string_view name;
+        std::optional<std::string> whyNot; ///< the reason why it cannot be taken; none if it can
+    };
+    /// What undo (`before`) or redo (`after`) would do; none if there is nothing. Steps that would change nothing now
+    /// are passed over.
+    [[nodiscard]] std::optional<NextStep> nextStep(UndoStep::Side side) const;
 
     // The history
 
@@ -220,7 +226,9 @@ public:
 
 private:
     void changeAndSave(const std::function<void(WorkspaceState&)>& change, WorkspaceState& before);
+    void endEdit() noexcept;
     void settle(const WorkspaceState& before);
+    [[nodiscard]] UndoSteps::Update stepUpdate(const WorkspaceState& before, std::string_view setting);
     void settingsChanged(WorkspaceState& state);
     void notify(const WorkspaceState& before);
     void fail(const std::string& message);
@@ -255,11 +263,16 @@ private:
     void show(StoredSession&& stored) noexcept;
     void lookForPreviousSession();
 
+    [[nodiscard]] bool isTaken(const UndoStep& step, UndoStep::Side side) const;
+    [[nodiscard]] std::size_t stepsToTake(UndoStep::Side side) const;
+    void takeStep(UndoStep::Side side);
+    [[nodiscard]] bool take(const UndoStep& step, UndoStep::Side side);
+    [[nodiscard]] bool bringBack(const EditPreset& deleted);
+    [[nodiscard]] bool deleteAgain(const EditPreset& preset);
+
     [[nodiscard]] std::vector<EditPreset> currentPresets();
     [[nodiscard]] std::vector<EditPreset> presetsOrCloseSheet();
     void storePresets(std::vector<EditPreset> presets);
-    void bringBack(const RemovedSection& removed);
-    void bringBack(const EditPreset& deleted);
 
     void exportTo(
         const std::string& folder, const std::shared_ptr<const std::string>& xml, const std::string& record,
@@ -275,6 +288,10 @@ private:
     std::size_t lastAlertStandsFor_ = 1; ///< how many messages the last alert stands for
     int editDepth_ = 0;
     bool saveWanted_ = false;
+    UndoSteps steps_;
+    std::string_view actionName_;                 ///< of the running edit, if it is an action of its own; a literal
+    std::optional<UndoSteps::Update> stepUpdate_; ///< of the running edit, unless its changed settings decide
+    bool actionIsOpen_ = false;
     bool notifying_ = false;
     bool waiting_ = false; ///< a dialog is open or a delivery is being handled: other deliveries wait
     std::deque<std::function<void(WorkspaceState&)>> waitingEdits_;

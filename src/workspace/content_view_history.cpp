@@ -24,6 +24,7 @@ void ContentView::generateRoughEdit()
         state.history.append(state.preview);
         state.status.clear();
         saveWanted_ = true;
+        steps_.close();
     });
 }
 
@@ -32,8 +33,15 @@ void ContentView::restoreRevision(std::int64_t position)
     edit([this, position](WorkspaceState& state) {
         if (!state.history.has(position))
             return;
+        const bool hasChanges = !settingsMatchRevision().value_or(true);
         state.history.index = position;
         state.preview = state.history.currentRevision();
+        stepUpdate_.emplace(); // none for an edit in place of an edit
+        if (hasChanges && state.settings != state.preview->settings)
+            stepUpdate_ = UndoSteps::of(
+                actionName_.empty() ? "Restore Edit" : actionName_,
+                UndoStep::Settings{SettingsChange(state.settings, state.preview->settings), state.preview->id});
+        steps_.close();
         state.settings = state.preview->settings;
         state.chosenPreset.clear();
         state.presetNotice.clear();
@@ -44,6 +52,7 @@ void ContentView::restoreRevision(std::int64_t position)
 void ContentView::stepBack()
 {
     edit([this](WorkspaceState& state) {
+        actionName_ = "Back";
         // If a change of the settings has cleared the cut list, Back returns to the current edit itself.
         restoreRevision(state.cuts().empty() ? state.history.index : state.history.index - 1);
     });
@@ -51,7 +60,10 @@ void ContentView::stepBack()
 
 void ContentView::stepForward()
 {
-    edit([this](WorkspaceState& state) { restoreRevision(state.history.index + 1); });
+    edit([this](WorkspaceState& state) {
+        actionName_ = "Forward";
+        restoreRevision(state.history.index + 1);
+    });
 }
 
 } // namespace corvane

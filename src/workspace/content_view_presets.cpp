@@ -85,6 +85,7 @@ void ContentView::applyPreset(const EditPreset& preset)
     edit([this, preset](WorkspaceState& state) {
         const LoadedDocument& loaded = state.loaded ? *state.loaded : nothingLoaded();
         AppliedPreset applied = appliedPreset(preset, loaded.imported, loaded.engine, state.settings);
+        actionName_ = "Apply Preset";
         state.settings = std::move(applied.settings);
         state.presetNotice = std::move(applied.notice);
         state.preview.reset();
@@ -104,7 +105,7 @@ void ContentView::deletePreset()
             std::erase_if(presets, [&](const EditPreset& other) { return other.id == chosen->id; });
             storePresets(std::move(presets));
             state.chosenPreset.clear();
-            state.undoable = *chosen;
+            stepUpdate_ = UndoSteps::of("Delete Preset", UndoStep::DeletedPreset{*chosen});
             state.presetNotice = "Deleted " + chosen->name + ". Your current editing settings are unchanged.";
         });
         if (failure)

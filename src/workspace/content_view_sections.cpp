@@ -39,6 +39,7 @@ void ContentView::addSection()
         }
         constexpr double usualLength = 30; // seconds
         const Frames end = std::min(start + roundedFrames(engine, usualLength), latestEnd);
+        actionName_ = "Add Section";
         settings.sections.push_back(
             {services_.identifiers(), "", settings.mainCamera, timecodeLabel(engine, start),
              timecodeLabel(engine, end)});
@@ -47,11 +48,11 @@ void ContentView::addSection()
 
 void ContentView::removeSection(std::size_t position)
 {
-    edit([position](WorkspaceState& state) {
+    edit([this, position](WorkspaceState& state) {
         auto& sections = state.settings.sections;
         if (position >= sections.size())
             return;
-        state.undoable = RemovedSection{position, sections[position]};
+        actionName_ = "Remove Section";
         sections.erase(sections.begin() + static_cast<std::ptrdiff_t>(position));
     });
 }

@@ -66,8 +66,7 @@ void ContentView::show(std::shared_ptr<const LoadedDocument> loaded) noexcept
 {
     state_.loaded = std::move(loaded);
     state_.sourceFile.reset();
-    if (std::holds_alternative<RemovedSection>(state_.undoable))
-        state_.undoable = std::monostate();
+    stepUpdate_.emplace().forgetsProject = true;
 }
 
 SessionKeeper::OnScreen ContentView::onScreen() const

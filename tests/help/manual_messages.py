@@ -27,6 +27,7 @@ EXCEPTIONS = {
     "The data": "the subject of data for which its reader names none",
     "Not specified": "in the summary of an import, which the window does not show",
     "Your first pass. Your rules.": "the line under the title of the help window",
+    "Ctrl+Shift+Z; Ctrl+Y": "two shortcuts, which the manual lists",
     "Search the manual": "stands in the field above the topics",
     "Search help topics and their contents": "the tip of that field",
     "Open the included Corvane manual": "the tip of the ? button",

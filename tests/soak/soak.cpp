@@ -58,6 +58,11 @@ void work(TestWindow& window, std::mt19937& random, std::size_t longest)
         window.view().addSection();
         window.view().removeSection(0);
     }
+    if (random() % 4 == 0) {
+        window.view().undo();
+        window.view().undo();
+        window.view().redo();
+    }
     require(!window.state().error, window.state().error.value_or(""));
     require(!window.state().sessionSaveError, window.state().sessionSaveError.value_or(""));
 }

@@ -43,8 +43,8 @@ void makeMenus(
          close, quit},
         commands, window);
     addMenu(
-        QMainWindow::tr("&Edit"), {undo, line, copyCutList, line, generate, Command::tryRules, back, forward}, commands,
-        window);
+        QMainWindow::tr("&Edit"), {undo, redo, line, copyCutList, line, generate, Command::tryRules, back, forward},
+        commands, window);
     addMenu(QMainWindow::tr("&Help"), {showHelp, line, showAbout, checkForUpdates}, commands, window);
     commands.of(quit).setMenuRole(QAction::QuitRole);
     commands.of(showAbout).setMenuRole(QAction::AboutRole);
