@@ -2,6 +2,7 @@
 
 #include "base/error.h"
 #include "workspace/captions.h"
+#include "workspace/window/action_watch.h"
 #include "workspace/window/area_keys.h"
 #include "workspace/window/controls/step_box.h"
 #include "workspace/window/drop_view.h"
@@ -76,6 +77,7 @@ MainWindow::MainWindow(MainWindowServices services)
 {
     setWindowTitle("Corvane");
     commands_ = new CommandActions(services_.view, services_.updater, this);
+    new ActionWatch(services_.view, this);
     setAcceptDrops(true);
     resize(firstWindowSize());
     auto* page = new QWidget(this);

@@ -2,6 +2,7 @@
 
 #include "base/numbers.h"
 #include "workspace/window/controls/scroll_past.h"
+#include "workspace/window/controls/undo_keys.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/theme.h"
 
@@ -102,9 +103,12 @@ void StepBox::fixup(QString& text) const
 /// A menu shortcut uses the values shown, so a number that is still being typed takes effect first.
 bool StepBox::event(QEvent* event)
 {
-    const bool handled = QDoubleSpinBox::event(event);
-    if (event->type() == QEvent::ShortcutOverride && !event->isAccepted()) { // and not a key of the field itself
-        const auto* key = dynamic_cast<QKeyEvent*>(event);
+    const auto* key = event->type() == QEvent::ShortcutOverride ? dynamic_cast<QKeyEvent*>(event) : nullptr;
+    const bool isUndo = key != nullptr && isUndoKey(*key);
+    if (isUndo)
+        event->ignore(); // the window's Undo takes a number back, not its digits
+    const bool handled = isUndo || QDoubleSpinBox::event(event);
+    if (key != nullptr && !event->isAccepted()) { // and not a key of the field itself
         const bool withOther = key->key() != Qt::Key_Control && key->key() != Qt::Key_Alt;
         if (withOther && (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0)
             interpretText();

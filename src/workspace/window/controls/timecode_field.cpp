@@ -1,6 +1,7 @@
 #include "workspace/window/controls/timecode_field.h"
 
 #include "workspace/window/controls/kept_lines.h"
+#include "workspace/window/controls/undo_keys.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/shown_text.h"
 #include "workspace/window/tooltips.h"
@@ -55,6 +56,7 @@ void TimecodeField::arrange(const QString& label)
     name->setBuddy(edit_);
     name->setFixedWidth(name->fontMetrics().horizontalAdvance(tr("Start")) + 2);
     edit_->setAcceptDrops(false); // files are dropped on the window
+    leaveUndoToWindow(*edit_);
     edit_->setPlaceholderText("HH:MM:SS:FF");
     edit_->setFixedWidth(edit_->fontMetrics().horizontalAdvance("HH:MM:SS:FF") + 30);
     complaint_->setWordWrap(true);

@@ -2,6 +2,7 @@
 
 #include "workspace/captions.h"
 #include "workspace/window/controls/into_view.h"
+#include "workspace/window/controls/undo_keys.h"
 #include "workspace/window/qt_text.h"
 #include "workspace/window/shown_text.h"
 
@@ -76,6 +77,7 @@ SectionsPanel::Row* SectionsPanel::makeRow(const std::string& key, QWidget* pare
     auto* row = new Row(id, judge, parent);
     row->setProperty("role", "row");
     row->name->setAcceptDrops(false); // files are dropped on the window
+    leaveUndoToWindow(*row->name);
     row->name->setPlaceholderText(tr("Section name (optional)"));
     row->name->setAccessibleName(tr("Section name (optional)"));
     auto* rows = new QVBoxLayout(row);
@@ -115,7 +117,7 @@ void SectionsPanel::connectRow(const Row& row)
         const auto position =
             static_cast<std::size_t>(std::ranges::find(sections, id, &SectionDraft::id) - sections.begin());
         view_.removeSection(position);
-        // Otherwise a text field would get the focus of the removed row, and with it the shortcut for Undo.
+        // Otherwise the toolkit would give the focus of the removed row to a field somewhere else.
         const int left = rows_->count();
         const int next = std::min(static_cast<int>(position), left - 1);
         (left == 0 ? add_ : static_cast<Row*>(rows_->row(next))->remove)->setFocus();

@@ -1,0 +1,111 @@
+#include "gui.h"
+#include "workspace/window/controls/step_box.h"
+#include "workspace/window/controls/step_slider.h"
+
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QStyle>
+
+namespace corvane {
+namespace {
+
+using namespace test;
+
+/// A window in front of the others, so that controls get and lose the focus.
+struct FocusedGui : Gui {
+    FocusedGui() : Gui(threeCameras)
+    {
+        window().activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+    }
+    QString entry(const QString& start)
+    {
+        for (const QAction* action : window().findChildren<QAction*>()) {
+            if (readText(action->text()).startsWith(start))
+                return readText(action->text()) + (action->isEnabled() ? "" : " (" + action->data().toString() + ")");
+        }
+        return {};
+    }
+    static void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier)
+    {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+        settle();
+    }
+    static void undo() { key(Qt::Key_Z); }
+    static void redo() { key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }
+};
+
+void drag(QSlider& slider, int to)
+{
+    const auto place = [&slider](int value) {
+        const int handle = slider.style()->pixelMetric(QStyle::PM_SliderLength, nullptr, &slider);
+        return QPoint(
+            handle / 2 +
+                QStyle::sliderPositionFromValue(slider.minimum(), slider.maximum(), value, slider.width() - handle),
+            slider.height() / 2);
+    };
+    const int from = slider.value();
+    QTest::mousePress(&slider, Qt::LeftButton, {}, place(from));
+    for (int step = 1; step <= 4; ++step)
+        QTest::mouseMove(&slider, place(from + (to - from) * step / 4));
+    QTest::mouseRelease(&slider, Qt::LeftButton, {}, place(to));
+}
+
+TEST(UndoStory, EachDragEachFieldAndEachClickIsAStep)
+{
+    FocusedGui gui;
+    EXPECT_EQ(gui.entry("Undo"), "Undo (There is nothing to undo.)");
+    auto* share = gui.labelled<StepSlider>("Target screen time");
+    drag(*share, 30);
+    drag(*share, 50);
+    for (int press = 0; press < 4; ++press)
+        FocusedGui::key(Qt::Key_Right, {});
+    EXPECT_EQ(gui.settings().mainShare, 70);
+    for (const double before : {50, 30, 70}) {
+        EXPECT_EQ(gui.entry("Undo"), "Undo Main Share");
+        FocusedGui::undo();
+        EXPECT_EQ(gui.settings().mainShare, before);
+    }
+    EXPECT_EQ(share->value(), 70);
+    gui.click("Randomly double main camera holds");
+    gui.click("Randomly double main camera holds");
+    FocusedGui::undo();
+    EXPECT_TRUE(gui.settings().doubleMain);
+    auto* minimum = gui.labelled<StepBox>("Minimum: 10 sec");
+    minimum->setFocus();
+    minimum->selectAll();
+    QTest::keyClicks(minimum, "88");
+    FocusedGui::undo();
+    EXPECT_EQ(minimum->text(), "10") << "a number that was not taken yet";
+    EXPECT_EQ(gui.entry("Redo"), "Redo Main Camera Minimum");
+    FocusedGui::redo();
+    EXPECT_EQ(gui.settings().mainMaximum, 88) << "with what follows it";
+}
+
+TEST(UndoStory, WhatIsTypedIntoAFieldIsTakenBackAtOnce)
+{
+    FocusedGui gui;
+    gui.click("Add section");
+    QTest::keyClicks(QApplication::focusWidget(), "Prayer");
+    auto* end = gui.labelled<QLineEdit>("End");
+    end->setFocus();
+    end->selectAll();
+    QTest::keyClicks(end, "00:00:12:00");
+    const auto sections = gui.settings().sections;
+    FocusedGui::undo();
+    EXPECT_EQ(end->text(), "00:00:30:00");
+    EXPECT_EQ(gui.settings().sections.at(0).name, "Prayer");
+    FocusedGui::undo();
+    EXPECT_EQ(gui.settings().sections.at(0).name, "");
+    FocusedGui::undo();
+    EXPECT_TRUE(gui.settings().sections.empty());
+    EXPECT_EQ(gui.withText<>("Remove"), nullptr);
+    for (int step = 0; step < 3; ++step)
+        QTest::keyClick(&gui.window(), Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(gui.settings().sections, sections);
+    EXPECT_EQ(utf8(gui.labelled<QLineEdit>("End")->text()), sections[0].end);
+}
+
+} // namespace
+} // namespace corvane
