@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "workspace/captions.h"
+#include "workspace/held_shots.h"
 
 #include <array>
 
@@ -25,6 +26,30 @@ Reason none(Now /*now*/)
 Reason whyNoCuts(Now now)
 {
     return unless(!now.view.state().cuts().empty(), "Generate an edit first.");
+}
+
+Reason whyNoChoice(Now now)
+{
+    const auto noCuts = whyNoCuts(now);
+    return noCuts ? noCuts : unless(!now.chosenCuts.empty(), "Choose a shot in the cut list first.");
+}
+
+Reason whyNotHold(Now now)
+{
+    if (const auto noChoice = whyNoChoice(now))
+        return noChoice;
+    const WorkspaceState& state = now.view.state();
+    const auto shots = shotsToHold(state.loaded->engine, state.settings, state.cuts(), now.chosenCuts);
+    return unless(!shots.empty(), "Opening, closing and fixed shots are held already.");
+}
+
+Reason whyNotRelease(Now now)
+{
+    if (const auto noChoice = whyNoChoice(now))
+        return noChoice;
+    const WorkspaceState& state = now.view.state();
+    const auto sections = sectionsToRelease(state.loaded->engine, state.settings, state.cuts(), now.chosenCuts);
+    return unless(!sections.empty(), "Only shots that are fixed sections can be released.");
 }
 
 Reason whyNoGeneration(Now now)
@@ -84,6 +109,10 @@ constexpr std::array<CommandEntry, static_cast<std::size_t>(Command::count)> tab
      [](Now now) { return whyNoStep(now, UndoStep::Side::after, "There is nothing to redo."); },
      [](ContentView& view) { view.redo(); }},
     {"Copy Cut List", 'c', "Ctrl+Shift+C", "", whyNoCuts},
+    {"Hold Shots", 'h', "Ctrl+H", "Keep the chosen shots as fixed sections, and draw the rest of the edit anew",
+     whyNotHold},
+    {"Release Shots", 'l', "Ctrl+Shift+H", "Remove the fixed sections of the chosen shots, and draw the edit anew",
+     whyNotRelease},
     {"Generate rough edit", 'g', "Ctrl+G", "", whyNoGeneration, [](ContentView& view) { view.generateRoughEdit(); }},
     {"Try these rules", 0, "Ctrl+T", "Generate many edits by these rules and show what they have in common",
      whyNoGeneration},

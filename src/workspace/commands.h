@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// The window's commands: their texts, their shortcuts, and the reason why a command cannot run at the moment. Menus
 /// and buttons are built from them.
@@ -23,6 +24,8 @@ enum class Command {
     undo,
     redo,
     copyCutList,
+    hold,
+    release,
     generate,
     tryRules,
     back,
@@ -43,6 +46,7 @@ constexpr auto commandCount = static_cast<std::size_t>(Command::count);
 struct CommandConditions {
     const ContentView& view;
     bool canCheckForUpdates = false;
+    std::vector<std::size_t> chosenCuts = {}; ///< positions in the cut list on screen
 };
 
 struct CommandEntry {

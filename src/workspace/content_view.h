@@ -177,6 +177,12 @@ public:
     /// Generates and shows an edit, which replaces those after the current one. Does nothing without a project. Refuses
     /// what validateInputs and generateCuts refuse.
     void generateRoughEdit();
+    /// Adds fixed sections with the name "Held" for cuts on screen, and generates an edit with them, all at once.
+    /// `chosen` are positions in the cut list; opening, closing and fixed shots are left out. Does nothing if none is
+    /// left. Refuses what generating refuses, and shots whose timecodes a section cannot have.
+    void hold(const std::vector<std::size_t>& chosen);
+    /// Removes the fixed sections that are chosen cuts, and generates an edit without them, as `hold` does.
+    void release(const std::vector<std::size_t>& chosen);
     /// Shows the edit at this position and its settings. Does nothing if the position is out of range.
     void restoreRevision(std::int64_t position);
     /// Shows the previous edit, or the current one if settings have changed since. Does nothing at the first edit.
@@ -232,6 +238,9 @@ private:
     void settingsChanged(WorkspaceState& state);
     void notify(const WorkspaceState& before);
     void fail(const std::string& message);
+
+    [[nodiscard]] bool generateWith(EditSettings settings);
+    void generateInPlace(std::string_view action, EditSettings settings);
 
     void react();
     void show(std::shared_ptr<const LoadedDocument> loaded) noexcept;

@@ -2,6 +2,8 @@
 #include "engine/generation_inputs.h"
 #include "workspace/content_view.h"
 
+#include <utility>
+
 namespace corvane {
 
 void ContentView::generateRoughEdit()
@@ -9,23 +11,30 @@ void ContentView::generateRoughEdit()
     edit([this](WorkspaceState& state) {
         if (!state.loaded)
             return;
-        std::vector<Cut> cuts;
-        const auto failure = failureOf("make a rough edit", [&] {
-            cuts = generateFromSettings(
-                state.loaded->imported, state.loaded->engine, state.settings,
-                {services_.randomNumbers, services_.identifiers});
-        });
-        if (failure) {
-            fail(*failure);
-            return;
-        }
-        state.preview = std::make_shared<const EditRevision>(
-            EditRevision{services_.identifiers(), services_.now(), state.settings, std::move(cuts)});
-        state.history.append(state.preview);
-        state.status.clear();
-        saveWanted_ = true;
-        steps_.close();
+        if (generateWith(state.settings))
+            steps_.close();
     });
+}
+
+/// Changes nothing and shows the reason if no edit can be generated with these settings.
+bool ContentView::generateWith(EditSettings settings)
+{
+    std::vector<Cut> cuts;
+    const auto failure = failureOf("make a rough edit", [&] {
+        cuts = generateFromSettings(
+            state_.loaded->imported, state_.loaded->engine, settings, {services_.randomNumbers, services_.identifiers});
+    });
+    if (failure) {
+        fail(*failure);
+        return false;
+    }
+    state_.settings = settings;
+    state_.preview = std::make_shared<const EditRevision>(
+        EditRevision{services_.identifiers(), services_.now(), std::move(settings), std::move(cuts)});
+    state_.history.append(state_.preview);
+    state_.status.clear();
+    saveWanted_ = true;
+    return true;
 }
 
 void ContentView::restoreRevision(std::int64_t position)

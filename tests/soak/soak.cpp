@@ -59,6 +59,7 @@ void work(TestWindow& window, std::mt19937& random, std::size_t longest)
         window.view().removeSection(0);
     }
     if (random() % 4 == 0) {
+        window.view().hold({random() % 9});
         window.view().undo();
         window.view().undo();
         window.view().redo();

@@ -1,5 +1,6 @@
 #include "support/documents.h"
 #include "support/test_window.h"
+#include "workspace/captions.h"
 
 #include <gtest/gtest.h>
 
@@ -50,6 +51,7 @@ using namespace test;
 using Operation = void (*)(TestWindow&);
 
 const std::string imported = document();
+const std::vector<std::size_t> second = {1};
 
 /// Nothing is said, or what is missing. Files are read by calls that have words of their own.
 bool tellsOfMemory(const std::string& said)
@@ -78,6 +80,7 @@ int failAtEachCall(Operation operation)
         TestWindow window;
         window.dialogs.answer = window.folder.file("exports");
         window.importAndGenerate(imported);
+        window.view().hold({0});
         const WorkspaceState before = window.state();
         failing = call;
         operation(window);
@@ -91,6 +94,7 @@ int failAtEachCall(Operation operation)
             EXPECT_EQ(after.settings, before.settings) << call;
             EXPECT_EQ(after.history, before.history) << call;
             EXPECT_EQ(after.preview, before.preview) << call;
+            EXPECT_EQ(undoText(window.view()), "Undo Hold") << call;
         }
         expectWholeFiles(window);
         if (!said.empty()) {
@@ -118,6 +122,8 @@ TEST(OutOfMemory, IsToldWhicheverAllocationFails)
         }),
         30)
         << "save a preset";
+    EXPECT_GT(failAtEachCall([](TestWindow& window) { window.view().hold(second); }), 50) << "hold, save";
+    EXPECT_GT(failAtEachCall([](TestWindow& window) { window.view().undo(); }), 20) << "restore, save";
 }
 
 TEST(OutOfMemory, LeavesTheStoredSessionThatCannotBeRestored)

@@ -4,6 +4,7 @@
 #include "workspace/window/tooltips.h"
 
 #include <QHelpEvent>
+#include <utility>
 
 namespace corvane {
 
@@ -47,12 +48,20 @@ CommandActions::CommandActions(ContentView& view, Updater& updater, QObject* par
             connect(action, &QAction::triggered, this, [this, run = command.run] { run(view_); });
         actions_.at(number) = action;
     }
+    connect(&of(Command::hold), &QAction::triggered, this, [this] { view_.hold(chosenCuts_); });
+    connect(&of(Command::release), &QAction::triggered, this, [this] { view_.release(chosenCuts_); });
+    refresh();
+}
+
+void CommandActions::setChosenCuts(std::vector<std::size_t> positions)
+{
+    chosenCuts_ = std::move(positions);
     refresh();
 }
 
 void CommandActions::refresh()
 {
-    const CommandConditions now = {view_, updates_.canCheckForUpdates};
+    const CommandConditions now = {view_, updates_.canCheckForUpdates, chosenCuts_};
     for (std::size_t number = 0; number < actions_.size(); ++number) {
         const auto command = static_cast<Command>(number);
         actions_.at(number)->setText(withKey(commandText(command, view_), entry(command).key));

@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QPushButton>
 #include <array>
+#include <vector>
 
 namespace corvane {
 
@@ -21,11 +22,14 @@ public:
     [[nodiscard]] QAction& of(Command command) const { return *actions_[static_cast<std::size_t>(command)]; }
 
     void refresh();
+    /// Call this when other cuts are chosen: their positions in the cut list on screen.
+    void setChosenCuts(std::vector<std::size_t> positions);
 
 private:
     ContentView& view_;
     std::array<QAction*, static_cast<std::size_t>(Command::count)> actions_{};
     CorvaneUpdateState updates_;
+    std::vector<std::size_t> chosenCuts_;
 };
 
 /// Gives the button the action's text, enabled state and tooltip, and lets it trigger the action.

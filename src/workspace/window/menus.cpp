@@ -43,7 +43,8 @@ void makeMenus(
          close, quit},
         commands, window);
     addMenu(
-        QMainWindow::tr("&Edit"), {undo, redo, line, copyCutList, line, generate, Command::tryRules, back, forward},
+        QMainWindow::tr("&Edit"),
+        {undo, redo, line, copyCutList, line, hold, release, line, generate, Command::tryRules, back, forward},
         commands, window);
     addMenu(QMainWindow::tr("&Help"), {showHelp, line, showAbout, checkForUpdates}, commands, window);
     commands.of(quit).setMenuRole(QAction::QuitRole);
