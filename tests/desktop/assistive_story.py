@@ -86,6 +86,26 @@ def change_settings():
     expect(lambda: controls[first + 1:first + 6] == ["Section name (optional)", "Camera", "Start", "End", "Remove"],
            f"a section is read in its order: {controls}")
     press(process, "Remove")
+    press(process, "Undo Remove Section", ("menu item",))
+    expect(lambda: text(seen("End", *FIELD)) == "half past nine", "what was removed comes back as it was")
+    press(process, "Redo Remove Section", ("menu item",))
+    gone("Remove")
+
+
+def hold_and_release():
+    """A row that is selected, without the focus."""
+    Atspi.Table.add_row_selection(seen("Cuts", "table"), 1)
+    press(process, "Hold Shots", ("menu item",))
+    seen("Edit 2 of 2", *LABEL)
+    expect(lambda: text(seen("Section name (optional)", *FIELD)) == "Held", "a held shot is a section")
+    press(process, "Undo Hold", ("menu item",))
+    seen("Edit 1 of 2", *LABEL)
+    press(process, "Redo Hold", ("menu item",))
+    seen("Edit 2 of 2", *LABEL)
+    Atspi.Table.add_row_selection(seen("Cuts", "table"), 1)
+    press(process, "Release Shots", ("menu item",))
+    seen("Edit 3 of 3", *LABEL)
+    gone("Remove")
 
 
 def cut_rows():
@@ -142,5 +162,6 @@ try:
     first = cut_rows()
     expect(lambda: first != second and first[0][0] == second[0][0] and all(row[1] and float(row[2]) > 0 for row in first),
            f"stepping back shows the first edit, of {len(first)} cuts")
+    hold_and_release()
 finally:
     account.end()

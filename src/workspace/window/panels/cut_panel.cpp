@@ -19,13 +19,14 @@ namespace corvane {
 namespace {
 
 /// The commands in the menus of strip and table.
-constexpr std::array shotCommands = {Command::copyCutList};
+constexpr std::array shotCommands = {Command::copyCutList, Command::hold, Command::release};
 
 } // namespace
 
-CutPanel::CutPanel(ContentView& view, const CameraMarks& marks, const CommandActions& commands, QWidget* parent)
+CutPanel::CutPanel(ContentView& view, const CameraMarks& marks, CommandActions& commands, QWidget* parent)
     : Panel(tr("Rough edit"), view, parent),
       marks_(marks),
+      commands_(commands),
       pages_(new QStackedWidget(this)),
       empty_(helpLabel(tr("Generate an edit to preview the cuts here."), this)),
       summary_(new ElidedLabel({}, this)),
@@ -48,7 +49,7 @@ CutPanel::CutPanel(ContentView& view, const CameraMarks& marks, const CommandAct
     followAction(*back_, commands.of(Command::back));
     followAction(*forward_, commands.of(Command::forward));
     followAction(*export_, commands.of(Command::exportEdit));
-    makeMenu(commands);
+    makeMenu();
     connectAll();
     setHelpTopic("cut-list");
 }
@@ -124,7 +125,7 @@ void CutPanel::arrangeMessages()
 }
 
 /// Both have the same menu, so that it is the same wherever one points at a cut.
-void CutPanel::makeMenu(const CommandActions& commands)
+void CutPanel::makeMenu()
 {
     auto* menu = new QMenu(this);
     const auto add = [menu](const QString& text, const QKeySequence& key, const std::function<void()>& work) {
@@ -136,7 +137,7 @@ void CutPanel::makeMenu(const CommandActions& commands)
     };
     QAction* copy = add(tr("Copy"), QKeySequence::Copy, [this] { copyChosen(); });
     for (const Command command : shotCommands)
-        menu->addAction(&commands.of(command));
+        menu->addAction(&commands_.of(command));
     menu->addSeparator();
     QAction* in = add(tr("Zoom In"), QKeySequence("+"), [this] { strip_->zoomIn(); });
     QAction* out = add(tr("Zoom Out"), QKeySequence("-"), [this] { strip_->zoomOut(); });
@@ -168,7 +169,10 @@ void CutPanel::connectAll()
         followTable(); // to another frame of the same cut
         table_->scrollTo(model_->index(position, 0), QAbstractItemView::PositionAtCenter);
     });
-    connect(table_, &CutTable::chosenChanged, this, [this] { followTable(); });
+    connect(table_, &CutTable::chosenChanged, this, [this] {
+        followTable();
+        tellChosen();
+    });
     connect(table_, &CutTable::copyWanted, this, [this] { copyChosen(); });
 }
 
@@ -220,6 +224,13 @@ void CutPanel::showCuts()
     showShortShots();
     if (any)
         restoreView();
+    tellChosen(); // the table forgets its selection without a signal
+}
+
+/// To the commands that work on the chosen cuts.
+void CutPanel::tellChosen()
+{
+    commands_.setChosenCuts(table_->chosen().positions);
 }
 
 /// Restores the table's scroll position, and chooses the shot at the chosen frame in this edit too.

@@ -17,24 +17,26 @@ class CutPanel : public Panel {
     Q_OBJECT
 public:
     /// `marks` are those of the project that is shown.
-    CutPanel(ContentView& view, const CameraMarks& marks, const CommandActions& commands, QWidget* parent = nullptr);
+    CutPanel(ContentView& view, const CameraMarks& marks, CommandActions& commands, QWidget* parent = nullptr);
     void refresh(const Changes& changes) override;
 
 private:
     void arrange();
     void arrangeButtons();
     void arrangeMessages();
-    void makeMenu(const CommandActions& commands);
+    void makeMenu();
     void connectAll();
     void followTable();
     void copyChosen();
     void showCuts();
     void restoreView();
+    void tellChosen();
     void showShortShots();
     void goToNextShortShot();
     void showTexts();
 
     const CameraMarks& marks_;
+    CommandActions& commands_;
     QStackedWidget* pages_; ///< the hint and the edit, so that the height is the same for both
     QLabel* empty_;
     ElidedLabel* summary_;
