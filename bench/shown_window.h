@@ -23,6 +23,8 @@ public:
     SessionWindow& session() { return session_; }
     MainWindow& window() { return window_; }
 
+    void resize(const QSize& size) { window_.resize(size); }
+
     /// Until everything that was asked for is on screen.
     static void paint();
 

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <stdexcept>
+#include <utility>
 
 namespace corvane::bench {
 
@@ -22,7 +23,11 @@ constexpr const char* startName = "start to first window";
 constexpr const char* tickName = "slider tick, 500 cuts x 100";
 constexpr const char* showName = "generate and show 5,000 cuts";
 constexpr const char* zoomName = "zoom or pan 5,000 cuts, 16 cameras";
+constexpr const char* holdFewName = "hold 10 of 5,000 cuts";
+constexpr const char* holdManyName = "hold 100 of 5,000 cuts";
+constexpr const char* undoName = "undo and redo, 500 cuts x 100";
 constexpr const char* lateFigure = "p95";
+constexpr std::size_t manyCuts = 5'000;
 
 void measureStart(benchmark::State& state)
 {
@@ -55,19 +60,45 @@ void measureTick(benchmark::State& state)
     state.counters[lateFigure] = late(ticks);
 }
 
-/// An empty folder for a session.
-std::string freshFolder(const std::string& name)
+/// In each iteration one setting is undone or done again, and saved.
+void measureUndo(benchmark::State& state)
 {
-    const std::string folder = pathIn(CORVANE_BENCH_SESSIONS, name);
+    startToolkit();
+    ShownWindow window(storedSession(usual));
+    window.session().appear();
+    constexpr double changed = 15;
+    window.session().setMainShare(changed);
+    ShownWindow::paint();
+    std::vector<double> steps;
+    for ([[maybe_unused]] auto _ : state) {
+        const bool isDone = window.session().state().settings.mainShare == changed;
+        const Stopwatch watch;
+        if (isDone)
+            window.session().view().undo();
+        else
+            window.session().view().redo();
+        ShownWindow::paint();
+        steps.push_back(watch.seconds());
+        state.SetIterationTime(steps.back());
+        if (isDone == (window.session().state().settings.mainShare == changed))
+            throw std::runtime_error("A step was not taken.");
+    }
+    state.counters[lateFigure] = late(steps);
+}
+
+/// Empties the folder, so that its window begins without a project.
+std::string emptyFolder(const char* name)
+{
+    std::string folder = pathIn(CORVANE_BENCH_SESSIONS, name);
     makeFolders(folder);
     std::filesystem::remove(pathIn(folder, "session-v1.json"));
     return folder;
 }
 
-/// Imports a project for edits of about so many cuts.
-void importForCuts(ShownWindow& window, std::size_t cuts, std::size_t cameras)
+/// With settings that lead to about as many cuts as the document's edit has.
+void importProject(ShownWindow& window, std::size_t cameras)
 {
-    window.session().view().importXML(editDocument(cuts, cameras).bytes);
+    window.session().view().importXML(editDocument(manyCuts, cameras).bytes);
     window.session().view().edit([](WorkspaceState& change) {
         EditSettings& settings = change.settings;
         settings.mainMinimum = settings.otherMinimum = 5; // seven seconds on average, as the document's cuts have
@@ -76,25 +107,50 @@ void importForCuts(ShownWindow& window, std::size_t cuts, std::size_t cameras)
     ShownWindow::paint();
 }
 
-void requireCuts(ShownWindow& window, std::size_t cuts)
+void requireManyCuts(ShownWindow& window)
 {
     const std::size_t shown = window.session().state().cuts().size();
-    if (shown < cuts * 9 / 10 || shown > cuts * 11 / 10)
+    if (shown < manyCuts * 9 / 10 || shown > manyCuts * 11 / 10)
         throw std::runtime_error("There are " + std::to_string(shown) + " cuts to show.");
 }
 
 void measureShow(benchmark::State& state)
 {
     startToolkit();
-    constexpr std::size_t cuts = 5'000;
-    ShownWindow window(freshFolder("show"));
-    importForCuts(window, cuts, 7);
+    ShownWindow window(emptyFolder("show"));
+    importProject(window, 7);
     for ([[maybe_unused]] auto _ : state) {
         const Stopwatch watch;
         window.session().view().generateRoughEdit();
         ShownWindow::paint();
         state.SetIterationTime(watch.seconds());
-        requireCuts(window, cuts);
+        requireManyCuts(window);
+    }
+}
+
+/// The same shots of the same edit in each iteration; Undo goes back to it.
+void measureHold(benchmark::State& state, std::size_t shots)
+{
+    startToolkit();
+    ShownWindow window(emptyFolder("hold"));
+    window.resize({1440, 900});
+    importProject(window, 16);
+    ContentView& view = window.session().view();
+    view.generateRoughEdit();
+    ShownWindow::paint();
+    requireManyCuts(window);
+    std::vector<std::size_t> chosen;
+    for (std::size_t shot = 0; shot < shots; ++shot)
+        chosen.push_back(view.state().cuts().size() * (2 * shot + 1) / (2 * shots));
+    for ([[maybe_unused]] auto _ : state) {
+        const Stopwatch watch;
+        view.hold(chosen);
+        ShownWindow::paint();
+        state.SetIterationTime(watch.seconds());
+        if (view.state().settings.sections.size() != shots || view.state().sessionSaveError)
+            throw std::runtime_error("The shots were not held.");
+        view.undo();
+        ShownWindow::paint();
     }
 }
 
@@ -111,13 +167,12 @@ void turnWheel(CutStrip& strip, int notches, Qt::KeyboardModifiers held)
 void measureZoom(benchmark::State& state)
 {
     startToolkit();
-    constexpr std::size_t cuts = 5'000;
-    ShownWindow window(freshFolder("zoom"));
-    window.window().resize(1440, 900);
-    importForCuts(window, cuts, 16);
+    ShownWindow window(emptyFolder("zoom"));
+    window.resize({1440, 900});
+    importProject(window, 16);
     window.session().view().generateRoughEdit();
     ShownWindow::paint();
-    requireCuts(window, cuts);
+    requireManyCuts(window);
     auto* strip = window.window().findChild<CutStrip*>();
     std::vector<double> frames;
     constexpr int deep = 20;
@@ -141,8 +196,14 @@ void registerWindowJobs()
 {
     benchmark::RegisterBenchmark(startName, measureStart)->UseManualTime()->Iterations(3)->Repetitions(repetitions);
     benchmark::RegisterBenchmark(tickName, measureTick)->UseManualTime()->Iterations(60)->Repetitions(repetitions);
+    benchmark::RegisterBenchmark(undoName, measureUndo)->UseManualTime()->Iterations(60)->Repetitions(repetitions);
     benchmark::RegisterBenchmark(showName, measureShow)->UseManualTime()->Iterations(5)->Repetitions(repetitions);
     benchmark::RegisterBenchmark(zoomName, measureZoom)->UseManualTime()->Iterations(120)->Repetitions(repetitions);
+    for (const auto& [name, shots] : {std::pair(holdFewName, 10U), {holdManyName, 100U}})
+        benchmark::RegisterBenchmark(name, measureHold, shots)
+            ->UseManualTime()
+            ->Iterations(5)
+            ->Repetitions(repetitions);
 }
 
 std::vector<TargetRow> windowTargets(const Measurements& measurements)
@@ -150,7 +211,10 @@ std::vector<TargetRow> windowTargets(const Measurements& measurements)
     return {
         timeRow(startName, measurements.median(startName), 0.15),
         timeRow(std::string(tickName) + ", p95", measurements.median(tickName, lateFigure), 0.033),
+        timeRow(std::string(undoName) + ", p95", measurements.median(undoName, lateFigure), 0.033),
         timeRow(showName, measurements.median(showName), 0.1),
+        timeRow(holdFewName, measurements.median(holdFewName), 0.05),
+        timeRow(holdManyName, measurements.median(holdManyName), 0.15),
         timeRow(std::string(zoomName) + ", p95", measurements.median(zoomName, lateFigure), 0.0167)};
 }
 
