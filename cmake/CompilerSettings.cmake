@@ -13,6 +13,7 @@ endif()
 add_library(corvane_settings INTERFACE)
 target_compile_options(corvane_settings INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast
+    $<$<CXX_COMPILER_ID:GNU>:-Wmissing-declarations>
     # A fused a*b+c rounds once instead of twice: cut lists would differ between processors.
     -ffp-contract=off
     # Clang reports a deprecated function inside the library's stable_sort at every call of it.

@@ -1,7 +1,6 @@
 #include "engine/generation_inputs.h"
 
 #include "engine/coverage_report.h"
-#include "engine/setting_limits.h"
 #include "timecode/timecode.h"
 
 #include <algorithm>
@@ -58,21 +57,6 @@ GenerationInputs generationInputs(const ImportedProject& project, const CutEngin
     inputs.fixedSections = fixedSections(engine, settings.sections);
     inputs.returnTimes = settings.returnTimes;
     return inputs;
-}
-
-std::map<std::string, double, std::less<>> targetShares(const GenerationInputs& inputs)
-{
-    const auto weight = [&](const std::string& camera) {
-        const auto found = inputs.frequencies.find(camera);
-        return found == inputs.frequencies.end() ? usualFrequency : found->second;
-    };
-    double total = 0;
-    for (const std::string& camera : inputs.otherCameras)
-        total += weight(camera);
-    std::map<std::string, double, std::less<>> shares = {{inputs.mainCamera, inputs.mainShare * 100}};
-    for (const std::string& camera : inputs.otherCameras)
-        shares[camera] = (1 - inputs.mainShare) * 100 * weight(camera) / total;
-    return shares;
 }
 
 std::vector<Cut> generateFromSettings(
