@@ -199,11 +199,6 @@ LoadedProject loadProject(std::string_view bytes)
     return loadProject(xml::Document::parse(bytes));
 }
 
-CutEngine buildEngine(const xml::Document& document)
-{
-    return loadProject(document).engine;
-}
-
 CutEngine buildEngine(std::string_view bytes)
 {
     return loadProject(bytes).engine;

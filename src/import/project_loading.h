@@ -14,7 +14,6 @@ class Document;
 /// Builds the engine of a document. Refuses what importProject refuses, with the same words. In addition, the multicam
 /// clip must fill the project unchanged, on frame boundaries, in the project's own format.
 [[nodiscard]] CutEngine buildEngine(std::string_view bytes);
-[[nodiscard]] CutEngine buildEngine(const xml::Document& document);
 
 /// The results of importProject and buildEngine for a document that is parsed and searched only once. Refuses what
 /// these refuse, in that order.
