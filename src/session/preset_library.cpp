@@ -51,7 +51,7 @@ void PresetLibrary::store(std::vector<EditPreset> presets)
     sortPresets(presets);
     std::string bytes = encodePresets(presets);
     std::vector<EditPreset> readBack = decodePresets(bytes);
-    if (presetsHoldMore(defaults_.value(key)))
+    if (presetsHoldMore(bytes_))
         (void)defaults_.keepAside(key);
     defaults_.setValue(key, bytes);
     presets_ = std::move(readBack);

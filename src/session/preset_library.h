@@ -25,8 +25,8 @@ public:
 
     /// The list as it is stored now, to be changed. Fails like decodePresets.
     [[nodiscard]] std::vector<EditPreset> current();
-    /// Sorts the list and stores it, but only if the new bytes can be read back; otherwise the old list stays. A list
-    /// that a newer version has stored is kept aside first.
+    /// Sorts the list and stores it, but only if the new bytes can be read back; otherwise the old list stays. Call
+    /// current() first: what it has read is replaced, and kept aside if a newer version had stored more in it.
     void store(std::vector<EditPreset> presets);
     /// Keeps the stored list aside, begins an empty one, and returns the name under which the old one is kept.
     std::string startNew();
@@ -37,7 +37,7 @@ private:
     void take(std::string bytes);
 
     UserDefaults& defaults_;
-    std::string bytes_; ///< the stored bytes that gave presets_ or failure_
+    std::string bytes_; ///< the stored bytes that last gave presets_
     std::vector<EditPreset> presets_;
     std::optional<std::string> failure_; ///< why the list could not be read
 };
