@@ -4,7 +4,6 @@
 #include "engine/coverage_report.h"
 #include "engine/cut_generation.h"
 #include "engine/generation_inputs.h"
-#include "engine/setting_limits.h"
 #include "engine/validation.h"
 #include "import/final_cut_import_error.h"
 
@@ -92,10 +91,7 @@ private:
 std::map<std::string, double, std::less<>> targetShares(
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings)
 {
-    const auto weight = [&](const std::string& camera) {
-        const auto found = settings.frequencies.find(camera);
-        return found == settings.frequencies.end() ? usualFrequency : found->second;
-    };
+    const auto weight = [&](const std::string& camera) { return frequencyOf(settings.frequencies, camera); };
     const auto others = includedOtherCameras(project, engine, settings);
     double total = 0;
     for (const std::string& camera : others)

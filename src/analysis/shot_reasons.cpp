@@ -2,7 +2,6 @@
 
 #include "analysis/names.h"
 #include "base/numbers.h"
-#include "engine/setting_limits.h"
 #include "import/final_cut_import_error.h"
 #include "timecode/timecode.h"
 
@@ -16,12 +15,6 @@ namespace {
 Frames endOf(const Cut& cut)
 {
     return cut.start + cut.duration;
-}
-
-double valueFor(const std::map<std::string, double, std::less<>>& values, std::string_view camera, double absent)
-{
-    const auto found = values.find(camera);
-    return found == values.end() ? absent : found->second;
 }
 
 } // namespace
@@ -80,8 +73,8 @@ ShotReasons::ShotReasons(
         Camera camera;
         camera.id = id;
         camera.name = angleName(project, id);
-        camera.weighted = camera.name + " (" + shortNumber(valueFor(settings.frequencies, id, usualFrequency)) + ")";
-        camera.wait = wholeFrames(std::ceil(engine.frames(valueFor(settings.returnTimes, id, 0))));
+        camera.weighted = camera.name + " (" + shortNumber(frequencyOf(settings.frequencies, id)) + ")";
+        camera.wait = wholeFrames(std::ceil(engine.frames(returnTimeOf(settings.returnTimes, id))));
         camera.footage = &engine.videoRanges(id);
         cameras_.push_back(std::move(camera));
     };

@@ -17,12 +17,6 @@ namespace {
 /// More than eleven days of one-second shots. A document of a few lines can declare a project of a thousand years.
 constexpr std::size_t mostCuts = 1'000'000;
 
-double valueFor(const std::map<std::string, double, std::less<>>& values, const std::string& camera, double absent)
-{
-    const auto found = values.find(camera);
-    return found == values.end() ? absent : found->second;
-}
-
 /// How long the shots of the main camera, or of the other cameras, should be.
 struct ShotLengths {
     double nominal = 0; ///< frames; a draw varies it from 75 % to 125 %
@@ -103,8 +97,8 @@ private:
         Camera camera;
         camera.id = id;
         camera.ranges = &engine_.videoRanges(id);
-        camera.weight = valueFor(inputs_.frequencies, id, usualFrequency);
-        camera.returnTime = wholeFrames(std::ceil(engine_.frames(valueFor(inputs_.returnTimes, id, 0))));
+        camera.weight = frequencyOf(inputs_.frequencies, id);
+        camera.returnTime = wholeFrames(std::ceil(engine_.frames(returnTimeOf(inputs_.returnTimes, id))));
         cameras_.push_back(camera);
     }
 

@@ -14,18 +14,18 @@ namespace corvane {
 
 /// The editor's rules in the form that the engine needs.
 struct GenerationInputs {
-    double mainShare = 0.7;  ///< fraction, 0.1 … 0.9
-    double averageShot = 10; ///< seconds, 4 … 20
+    double mainShare = 0.7;  ///< fraction; limits::mainShare is in percent
+    double averageShot = 10; ///< seconds, limits::averageShot
     std::string mainCamera;
     std::vector<std::string> otherCameras; ///< in the order of the project's angles
     bool doubleMain = false;
-    std::optional<ShotLengthRange> mainRange; ///< seconds within 1 … 120
+    std::optional<ShotLengthRange> mainRange; ///< seconds, limits::shotLength
     std::optional<ShotLengthRange> otherRange;
     std::optional<BookendShot> opening;
     std::optional<BookendShot> closing;
-    std::map<std::string, double, std::less<>> frequencies; ///< 1 … 10, default 5
+    std::map<std::string, double, std::less<>> frequencies; ///< limits::frequency; see frequencyOf
     std::vector<FixedCameraSection> fixedSections;          ///< in any order
-    std::map<std::string, double, std::less<>> returnTimes; ///< seconds, 0 … 600, default 0
+    std::map<std::string, double, std::less<>> returnTimes; ///< seconds, limits::returnTime; see returnTimeOf
 };
 
 /// What generating needs from outside the engine.

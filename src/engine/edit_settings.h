@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace corvane {
@@ -23,27 +24,35 @@ struct SectionDraft {
 /// All settings of one rough edit; the defaults are those of a new window. Cameras are identified by their angle's id.
 /// The maps may contain cameras that are not included.
 struct EditSettings {
-    double mainShare = 70;   ///< target screen time of the main camera, percent, 10 … 90
-    double averageShot = 10; ///< seconds, 4 … 20
-    double mainMinimum = 10; ///< seconds, 1 … 120, like the next three; each minimum at or below its maximum
+    double mainShare = 70;   ///< target screen time of the main camera, percent, limits::mainShare
+    double averageShot = 10; ///< seconds, limits::averageShot
+    double mainMinimum = 10; ///< seconds, limits::shotLength, like the next three; no minimum is above its maximum
     double mainMaximum = 25;
     double otherMinimum = 4;
     double otherMaximum = 8;
     std::string mainCamera;
     std::set<std::string> otherCameras;
-    std::map<std::string, double, std::less<>> frequencies; ///< weight, 1 … 10; an absent camera has 5
-    std::map<std::string, double, std::less<>> returnTimes; ///< seconds, 0 … 600; an absent camera has 0
+    std::map<std::string, double, std::less<>> frequencies; ///< weights, limits::frequency; see frequencyOf
+    std::map<std::string, double, std::less<>> returnTimes; ///< seconds, limits::returnTime; see returnTimeOf
     std::string audio;                                      ///< the continuous audio angle
     bool doubleMain = false;
     bool openingEnabled = false;
     std::string openingCamera;  ///< kept but not used while openingEnabled is false, like the next field
-    double openingSeconds = 15; ///< 1 … 120
+    double openingSeconds = 15; ///< limits::bookendLength
     bool closingEnabled = false;
     std::string closingCamera;
     double closingSeconds = 15;
     std::vector<SectionDraft> sections;
     bool operator==(const EditSettings&) const = default;
 };
+
+/// A camera's frequency, in other words its weight, in EditSettings::frequencies; usualFrequency if it is absent there.
+[[nodiscard]] double frequencyOf(
+    const std::map<std::string, double, std::less<>>& frequencies, std::string_view camera);
+
+/// A camera's return time in EditSettings::returnTimes, in seconds; 0 if it is absent there.
+[[nodiscard]] double returnTimeOf(
+    const std::map<std::string, double, std::less<>>& returnTimes, std::string_view camera);
 
 /// A camera held over the half-open range [start, end) of project frames.
 struct FixedCameraSection {

@@ -73,6 +73,7 @@ private:
 
     void addCameras()
     {
+        // A camera without a frequency is recorded with 0 (see frequencyOf), because the record's form is fixed.
         const auto valueFor = [](const auto& values, const std::string& camera) {
             const auto found = values.find(camera);
             return decimal(found == values.end() ? 0 : found->second);

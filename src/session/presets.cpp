@@ -151,9 +151,7 @@ EditPreset makePreset(
         const auto returnTime = settings.returnTimes.find(angle.id);
         if (returnTime != settings.returnTimes.end())
             preset.returnTimes->push_back({angle.name, returnTime->second});
-        const auto weight = settings.frequencies.find(angle.id);
-        preset.frequencies->push_back(
-            {angle.name, weight == settings.frequencies.end() ? usualFrequency : weight->second});
+        preset.frequencies->push_back({angle.name, frequencyOf(settings.frequencies, angle.id)});
     }
     if (settings.openingEnabled)
         preset.opening = {nameOf(video, settings.openingCamera), settings.openingSeconds};
