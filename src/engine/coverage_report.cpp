@@ -36,6 +36,7 @@ Frames saturatedSum(Frames a, Frames b)
     return a < 0 ? std::numeric_limits<Frames>::min() : std::numeric_limits<Frames>::max();
 }
 
+/// Like bookendFrames, but refuses nothing.
 Frames lengthOf(const CutEngine& engine, const std::optional<BookendShot>& shot)
 {
     return shot ? bookendLength(engine, shot->seconds) : 0;

@@ -160,6 +160,8 @@ private:
             ", and the current camera has no footage there. Reduce a return time or include another camera.");
     }
 
+    /// Between which cameras the next free shot is drawn. ShotReasons::choice (analysis) explains edits by the same
+    /// rules, of which isEligible and findAvailableCameras are a part: change both together.
     [[nodiscard]] const CameraList& candidates()
     {
         findEligibleCameras();

@@ -52,6 +52,7 @@ EditFrame validateInputs(const CutEngine& engine, const GenerationInputs& inputs
     const std::string chooseCameras = "Choose a main camera and at least one additional video angle.";
     require(limits::returnTime.holdAll(inputs.returnTimes), "Minimum return times must be between 0 and 600 seconds.");
     require(camerasUsable(engine, inputs), chooseCameras);
+    // This order and these texts are fixed. The window offers no share or average shot outside the limits.
     require(isShare(inputs.mainShare) && limits::averageShot.hold(inputs.averageShot), chooseCameras);
     require(limits::frequency.holdAll(inputs.frequencies), "Camera frequency must be between 1 and 10.");
     for (const auto& range : {inputs.mainRange, inputs.otherRange}) {

@@ -9,8 +9,8 @@
 
 namespace corvane {
 
-/// What is known before the first draw: the bookends' lengths, the region between them, and the fixed sections in
-/// order.
+/// The frame within which the edit is drawn, known before the first draw: the bookends' lengths, the region between
+/// them in project frames, and the fixed sections in order.
 struct EditFrame {
     Frames openingFrames = 0;
     Frames closingFrames = 0;
@@ -22,8 +22,8 @@ struct EditFrame {
 /// Checks the inputs for generating. The order of the checks decides which problem the user is told first.
 [[nodiscard]] EditFrame validateInputs(const CutEngine& engine, const GenerationInputs& inputs);
 
-/// The length of an opening or closing shot: 0 if there is none, otherwise at least 1 frame. Refuses lengths outside 1
-/// … 120 s.
+/// The bookendLength of an opening or closing shot, in frames; 0 if there is none. Refuses lengths outside
+/// limits::bookendLength.
 [[nodiscard]] Frames bookendFrames(const CutEngine& engine, const std::optional<BookendShot>& shot);
 
 /// The sections sorted by start (equal starts keep their order). Refuses sections that are empty, extend outside
@@ -49,7 +49,7 @@ enum class CutListFault {
 /// Seconds in frames, rounded to the nearest frame (halves away from zero).
 [[nodiscard]] Frames roundedFrames(const CutEngine& engine, double seconds);
 
-/// How long an opening or closing shot of so many seconds is: rounded, and at least 1 frame.
+/// The frames of an opening or closing shot of so many seconds: rounded, and at least 1. Any length is accepted.
 [[nodiscard]] Frames bookendLength(const CutEngine& engine, double seconds);
 
 } // namespace corvane
