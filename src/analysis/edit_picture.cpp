@@ -190,25 +190,24 @@ private:
 
     void addShares()
     {
-        const UsageByCamera usage = cameraUsage(revision_.cuts);
+        const auto shares = cameraShares(project_, engine_, revision_.cuts);
         const auto targets = targetShares(project_, engine_, revision_.settings);
         out_ += "<h2>Screen time</h2>\n<table><thead><tr><th>Camera</th><th class=\"number\">Share</th><th "
                 "class=\"number\">Target</th><th class=\"bar-cell\"></th><th class=\"number aside\">Seconds</th><th "
                 "class=\"number\">Shots</th></tr></thead><tbody>\n";
         for (std::size_t i = 0; i < cameras_.size(); ++i) {
-            const auto found = usage.find(cameras_[i].id);
-            const CameraUsage used = found == usage.end() ? CameraUsage{} : found->second;
-            const double share = static_cast<double>(used.frames) / static_cast<double>(engine_.length) * 100;
-            const auto target = targets.find(cameras_[i].id);
+            const CameraShare& camera = shares[i]; // both are in project order
+            const std::string share = fixed(camera.percent, 1);
+            const auto target = targets.find(camera.angle.id);
             const bool hasTarget = target != targets.end();
-            out_ += "<tr><td>" + label(cameras_[i].id) + "</td><td class=\"number\">" + fixed(share, 1) +
+            out_ += "<tr><td>" + label(camera.angle.id) + "</td><td class=\"number\">" + share +
                     "%</td><td class=\"number\">" + (hasTarget ? fixed(target->second, 1) + "%" : "–") +
                     "</td><td class=\"bar-cell\"><svg class=\"bar\" role=\"img\" aria-label=\"Share and target\" "
                     "viewBox=\"0 0 100 20\" preserveAspectRatio=\"none\"><rect width=\"" +
-                    fixed(share, 1) + "\" height=\"20\" fill=\"" + colorAt(i) + "\"/>" +
+                    share + "\" height=\"20\" fill=\"" + colorAt(i) + "\"/>" +
                     (hasTarget ? "<rect x=\"" + fixed(target->second, 1) + "\" width=\".8\" height=\"20\"/>" : "") +
-                    "</svg></td><td class=\"number aside\">" + fixed(engine_.seconds(used.frames), 2) +
-                    "</td><td class=\"number\">" + std::to_string(used.shots) + "</td></tr>\n";
+                    "</svg></td><td class=\"number aside\">" + fixed(engine_.seconds(camera.frames), 2) +
+                    "</td><td class=\"number\">" + std::to_string(camera.shots) + "</td></tr>\n";
         }
         out_ += "</tbody></table>\n";
     }

@@ -4,7 +4,6 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "engine/coverage_report.h"
-#include "engine/generation_inputs.h"
 #include "export/carry_over.h"
 #include "timecode/timecode.h"
 
@@ -103,19 +102,17 @@ void printTrial(std::ostream& out, const LoadedFile& file)
 
 void printUsage(std::ostream& out, const LoadedFile& file, const std::vector<Cut>& cuts)
 {
-    const UsageByCamera usage = cameraUsage(cuts);
     const auto targets = targetShares(file.project, file.engine, file.settings);
     const std::size_t name = widthFor(file.project.angles);
     out << "\nActual camera usage (" << cuts.size() << (cuts.size() == 1 ? " cut" : " cuts") << ")\n"
         << cell("Camera", name) << cell("Screen time", number) << cell("Share", share) << cell("Target", share)
         << "Shots\n";
-    for (const ImportedAngle& angle : videoAngles(file.project, file.engine)) {
-        const auto found = usage.find(angle.id);
-        const CameraUsage used = found == usage.end() ? CameraUsage{} : found->second;
-        const auto target = targets.find(angle.id);
-        out << cell(shownText(angle.name), name) << cell(fixed(file.engine.seconds(used.frames), 2) + " sec", number)
-            << cell(shareText(file.engine, used.frames), share)
-            << cell(target == targets.end() ? "none" : fixed(target->second, 1) + "%", share) << used.shots << "\n";
+    for (const CameraShare& camera : cameraShares(file.project, file.engine, cuts)) {
+        const auto target = targets.find(camera.angle.id);
+        out << cell(shownText(camera.angle.name), name)
+            << cell(fixed(file.engine.seconds(camera.frames), 2) + " sec", number)
+            << cell(fixed(camera.percent, 1) + "%", share)
+            << cell(target == targets.end() ? "none" : fixed(target->second, 1) + "%", share) << camera.shots << "\n";
     }
 }
 
