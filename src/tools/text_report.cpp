@@ -120,11 +120,11 @@ void printCarryOver(std::ostream& out, const CutEngine& engine)
 {
     const CarryOver left = carryOver(engine);
     if (left.leftOut.empty())
-        out << "\nAll that the multicam clip has is carried over.\n";
+        out << "\nEverything in the multicam clip is carried over.\n";
     else
-        printList(out, "\nOf the multicam clip not carried over:", left.leftOut);
+        printList(out, "\nNot carried over from the multicam clip:", left.leftOut);
     if (!left.lostTracking.empty())
-        printList(out, "Follow a shape that is not in their own angle any more:", left.lostTracking);
+        printList(out, "Following a shape of another clip:", left.lostTracking);
 }
 
 void printFiles(std::ostream& out, const ExportFiles& files)
