@@ -48,13 +48,6 @@ const FrameRange& longestOf(const std::vector<FrameRange>& ranges)
     return *std::ranges::max_element(ranges, {}, [](const FrameRange& range) { return range.end - range.start; });
 }
 
-std::string lengthText(const CutEngine& engine, Frames frames)
-{
-    return timecodeText(
-        frames, engine.frameNumerator, engine.frameDenominator,
-        engine.dropFrame ? FrameCount::dropFrame : FrameCount::nonDrop);
-}
-
 std::string roundingsText(const CutEngine& engine, const std::vector<Frames>& roundings)
 {
     if (roundings.empty())
@@ -166,7 +159,7 @@ std::string usableList(
         text += "\nBlade at\tand at\tLength\n";
     for (const FrameRange& range : usable.offered)
         text += timecodeLabel(engine, range.start) + "\t" + timecodeLabel(engine, range.end) + "\t" +
-                lengthText(engine, range.end - range.start) + "\n";
+                timecodeLength(engine, range.end - range.start) + "\n";
     if (!usable.offered.empty())
         text += "\nIn Final Cut, make a duplicate of the project for each range that you want. In it, blade the "
                 "multicam clip at both timecodes, delete what is before and after the range, so that it begins the "

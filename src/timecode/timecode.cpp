@@ -116,9 +116,14 @@ std::string timecodeText(Frames frames, std::int64_t frameNumerator, std::int64_
     return text;
 }
 
+std::string timecodeLength(const TimeBase& time, Frames frames)
+{
+    return timecodeText(frames, time.frameNumerator, time.frameDenominator, frameCount(time));
+}
+
 std::string timecodeLabel(const TimeBase& time, Frames frame)
 {
-    return timecodeText(frame + time.timelineStart, time.frameNumerator, time.frameDenominator, frameCount(time));
+    return timecodeLength(time, frame + time.timelineStart);
 }
 
 Frames parseTimecode(const TimeBase& time, std::string_view text)

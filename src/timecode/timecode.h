@@ -20,6 +20,9 @@ enum class FrameCount { nonDrop, dropFrame };
 [[nodiscard]] std::string timecodeText(
     Frames frames, std::int64_t frameNumerator, std::int64_t frameDenominator, FrameCount count);
 
+/// The label of a length in frames, in the sequence's own format.
+[[nodiscard]] std::string timecodeLength(const TimeBase& time, Frames frames);
+
 /// The label of a project frame, counted from timelineStart in the sequence's own format.
 [[nodiscard]] std::string timecodeLabel(const TimeBase& time, Frames frame);
 
