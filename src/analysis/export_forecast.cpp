@@ -4,7 +4,7 @@
 #include "base/numbers.h"
 #include "engine/setting_limits.h"
 #include "engine/validation.h"
-#include "export/source_times.h"
+#include "export/source_items.h"
 #include "import/final_cut_import_error.h"
 #include "import/source_document.h"
 #include "import/time_values.h"

@@ -1,7 +1,7 @@
 #include "export/clip_annotations.h"
 
 #include "export/clip_parts.h"
-#include "export/source_times.h"
+#include "export/source_items.h"
 #include "import/source_document.h"
 #include "import/time_values.h"
 #include "xml/writing.h"
@@ -103,7 +103,6 @@ void ClipAnnotations::placeConnectedItem(xml::Element item, double offset)
     const auto after = std::ranges::partition_point(
         cuts_, [&](const Cut& cut) { return engine_.seconds(cut.start) <= fromStart + tolerance; });
     const Cut& owner = after == cuts_.begin() ? cuts_.front() : *std::prev(after);
-    // The owner is identified by its id, so if ids are repeated every clip with that id gets the item.
     place(item, {partText(item), {}, {}, {}}, std::ranges::equal_range(byId_, owner.id, {}, [this](std::size_t each) {
               return cuts_[each].id;
           }));

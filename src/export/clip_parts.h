@@ -73,7 +73,7 @@ private:
     std::string closeTag_;
     std::string trailing_;
     std::map<std::string_view, std::vector<xml::Element>> angleSources_; ///< the mc-source elements of each angle
-    std::array<std::optional<std::string>, 4> settings_;                 ///< indexed by the piece's ends
+    std::array<std::optional<std::string>, 4> settings_;                 ///< indexed by the clip's ends
     std::map<std::pair<std::string, int>, Template> sources_;            ///< by angle, and by mode and ends
 };
 

@@ -5,7 +5,7 @@
 #include "engine/validation.h"
 #include "export/clip_annotations.h"
 #include "export/clip_parts.h"
-#include "export/source_times.h"
+#include "export/source_items.h"
 #include "export/written_size.h"
 #include "import/final_cut_import_error.h"
 #include "import/source_document.h"

@@ -6,7 +6,7 @@
 #include "engine/generation_inputs.h"
 #include "export/rough_edit_writer.h"
 #include "export/settings_record.h"
-#include "export/source_times.h"
+#include "export/source_items.h"
 #include "import/final_cut_import_error.h"
 
 #include <algorithm>

@@ -4,7 +4,7 @@
 #include "engine/coverage_report.h"
 #include "engine/generation_inputs.h"
 #include "export/rough_edit_writer.h"
-#include "export/source_times.h"
+#include "export/source_items.h"
 #include "fuzz/edits/plain_coverage.h"
 #include "fuzz/edits/random_document.h"
 #include "import/final_cut_import_error.h"

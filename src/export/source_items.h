@@ -13,9 +13,9 @@
 /// writer uses the same functions as the checks before an export.
 namespace corvane {
 
-/// True for the children of the multicam clip that go to a single piece unchanged.
+/// True for the children of the multicam clip that go to a single clip unchanged.
 [[nodiscard]] bool isConnectedItem(std::string_view elementName);
-/// True for those that go to every piece that they touch.
+/// True for those that go to every clip that they touch.
 [[nodiscard]] bool isAnnotation(std::string_view elementName);
 
 /// The item's offset in seconds of source time.

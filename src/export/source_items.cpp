@@ -1,4 +1,4 @@
-#include "export/source_times.h"
+#include "export/source_items.h"
 
 #include "import/final_cut_import_error.h"
 #include "import/source_document.h"
