@@ -121,8 +121,7 @@ std::vector<std::string> fadeAdvice(
         // Without a bookend the shot is drawn, and rarely shorter than the shorter minimum.
         const double held = enabled ? engine.seconds(roundedFrames(engine, seconds))
                                     : std::min(settings.mainMinimum, settings.otherMinimum);
-        constexpr double tolerance = 0.00000001; // the same as the export's
-        if (fade <= 0 || held + tolerance >= fade)
+        if (fade <= 0 || held + fadeTolerance >= fade)
             return;
         const double needed = std::max(limits::bookendLength.lowest, std::ceil(fade));
         const std::string subject =

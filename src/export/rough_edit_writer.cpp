@@ -39,11 +39,10 @@ void checkCuts(const CutEngine& engine, const std::vector<Cut>& cuts)
 /// The fades that the audio angle's sources hold, in document order, must fit into the first and last cut.
 void checkAudioFades(const CutEngine& engine, const std::vector<Cut>& cuts, std::string_view audioAngle)
 {
-    constexpr double tolerance = 0.00000001;
     forEachAudioFade(engine, audioAngle, [&](xml::Element fade) {
         const double length = fadeLength(fade);
         const Cut& holder = fade.named("fadeIn") ? cuts.front() : cuts.back();
-        if (engine.seconds(holder.duration) + tolerance < length)
+        if (engine.seconds(holder.duration) + fadeTolerance < length)
             refuse(
                 "An audio fade extends across a camera cut. Set the opening or closing shot to at least " +
                 fixed(std::ceil(length), 0) + " seconds to keep the fade intact.");

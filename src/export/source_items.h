@@ -35,6 +35,8 @@ void forEachAudioFade(
     const CutEngine& engine, std::string_view audioAngle, const std::function<void(xml::Element)>& visit);
 /// The length of a fade in seconds.
 [[nodiscard]] double fadeLength(xml::Element fade);
+/// How much longer than its clip, in seconds, a fade may be because of rounding.
+inline constexpr double fadeTolerance = 0.00000001;
 
 /// What is at the top of every written document.
 struct SourceHead {
