@@ -297,7 +297,7 @@ std::strong_ordering NameOrder::operator()(std::string_view a, std::string_view 
     return result == UCOL_EQUAL ? a <=> b : result <=> UCOL_EQUAL; // bytes of UTF-8 sort as code points
 }
 
-bool containsStandard(std::string_view text, std::string_view query)
+bool containsIgnoringCaseAndAccents(std::string_view text, std::string_view query)
 {
     return searchForm(text).find(searchForm(query)) != std::string::npos;
 }

@@ -64,6 +64,6 @@ private:
 
 /// True if the text contains the query, ignoring case and accents in both. White space must match exactly; an empty
 /// query is in every text.
-[[nodiscard]] bool containsStandard(std::string_view text, std::string_view query);
+[[nodiscard]] bool containsIgnoringCaseAndAccents(std::string_view text, std::string_view query);
 
 } // namespace corvane

@@ -29,7 +29,7 @@ std::string searchableText(const CorvaneManual::Section& section)
 bool topicMatches(const CorvaneManual::Section& section, std::string_view query)
 {
     const std::string_view wanted = trimmed(query);
-    return wanted.empty() || containsStandard(searchableText(section), wanted);
+    return wanted.empty() || containsIgnoringCaseAndAccents(searchableText(section), wanted);
 }
 
 HelpTopicList listTopics(const CorvaneManual& manual, const HelpTopics& state)
