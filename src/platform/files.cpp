@@ -288,6 +288,15 @@ void makeFolders(const std::string& path, FileCalls& calls)
     } while (end < path.size());
 }
 
+std::string followedLinks(const std::string& path)
+{
+    std::error_code none;
+    if (!std::filesystem::is_symlink(path, none))
+        return path;
+    const std::filesystem::path target = std::filesystem::canonical(path, none);
+    return none ? path : target.native();
+}
+
 std::string folderOf(const std::string& path)
 {
     const std::size_t slash = path.rfind('/');
