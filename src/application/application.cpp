@@ -2,6 +2,7 @@
 
 #include "desktop/file_manager.h"
 #include "desktop/main_thread.h"
+#include "intake/opened_files.h"
 #include "intake/project_file.h"
 #include "platform/application_support.h"
 #include "platform/files.h"

@@ -1,5 +1,6 @@
 #include "base/error.h"
 #include "intake/final_cut/share_receiver.h"
+#include "intake/opened_files.h"
 #include "intake/project_file.h"
 #include "support/scratch_folder.h"
 

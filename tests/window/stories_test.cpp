@@ -1,5 +1,5 @@
 #include "gui.h"
-#include "intake/final_cut/share_receiver.h"
+#include "intake/opened_files.h"
 #include "workspace/shot_facts.h"
 #include "workspace/window/drop_view.h"
 #include "workspace/window/pictures/cut_strip.h"

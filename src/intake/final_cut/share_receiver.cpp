@@ -1,7 +1,6 @@
 #include "intake/final_cut/share_receiver.h"
 
 #include "base/error.h"
-#include "intake/project_file.h"
 
 #include <utility>
 
@@ -137,18 +136,6 @@ void FinalCutShareReceiver::install(AppleEventManager& manager)
 {
     manager.setHandler("core", "crel", [this](const auto& event, auto& reply) { makeAsset(event, reply); });
     manager.setHandler("core", "getd", [this](const auto& event, auto& reply) { getProperty(event, reply); });
-}
-
-void openURLs(
-    const std::vector<std::string>& locations, XMLInbox& inbox, Alerts& alerts, const std::function<void()>& activate)
-{
-    if (locations.size() == 1 && projectFileKind(locations.front())) {
-        inbox.setURL(locations.front());
-        activate();
-    } else {
-        alerts.showAlert(
-            "Open one Final Cut XML project at a time", "Select one project in Final Cut and share it to Corvane.");
-    }
 }
 
 } // namespace corvane

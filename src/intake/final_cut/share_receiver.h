@@ -2,12 +2,9 @@
 
 #include "base/identifier.h"
 #include "intake/final_cut/apple_event_manager.h"
-#include "intake/xml_inbox.h"
-#include "platform/alerts.h"
 #include "platform/application_support.h"
 #include "platform/files.h"
 
-#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -57,11 +54,5 @@ private:
     FileCalls& calls_;
     std::map<std::string, Asset> assets_;
 };
-
-/// Handles files opened with the application, including those that Final Cut opens after a share. A single project file
-/// goes into the inbox, and `activate` brings the application and its window to the front. Anything else leads to an
-/// alert.
-void openURLs(
-    const std::vector<std::string>& locations, XMLInbox& inbox, Alerts& alerts, const std::function<void()>& activate);
 
 } // namespace corvane
