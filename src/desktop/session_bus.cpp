@@ -30,7 +30,7 @@ std::optional<QDBusConnection> sessionBus()
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return std::nullopt;
-    bus.interface()->setTimeout(patience);
+    bus.interface()->setTimeout(answerPatience);
     return bus;
 }
 
@@ -41,14 +41,14 @@ QString objectPath(QString name)
 
 bool isAnswered(const QDBusConnection& bus, const QDBusMessage& call)
 {
-    return bus.call(call, QDBus::Block, patience).type() == QDBusMessage::ReplyMessage;
+    return bus.call(call, QDBus::Block, answerPatience).type() == QDBusMessage::ReplyMessage;
 }
 
 HandOver ask(const QDBusConnection& bus, const QString& name, const QStringList& uris)
 {
     if (!bus.isConnected())
         return HandOver::nobody;
-    bus.interface()->setTimeout(patience);
+    bus.interface()->setTimeout(answerPatience);
     if (!bus.interface()->isServiceRegistered(name).value())
         return HandOver::nobody;
     QDBusMessage call = QDBusMessage::createMethodCall(

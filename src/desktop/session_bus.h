@@ -1,5 +1,7 @@
 #pragma once
 
+#include "desktop/hand_over.h"
+
 #include <QObject>
 #include <QStringList>
 #include <functional>
@@ -10,17 +12,11 @@
 /// nobody ever answers.
 namespace corvane {
 
-/// How long to wait for another process to answer, in milliseconds.
-constexpr int patience = 2000;
-
-/// The result of a request to another process.
-enum class HandOver { taken, unanswered, nobody };
-
 /// True if the bus started this process to handle a request, which will arrive soon.
 [[nodiscard]] bool startedByBus();
 
 /// Asks the program with the name `id` on the bus to open the locations, or just to activate its window if there are
-/// none. Waits for at most two seconds.
+/// none. Waits for at most answerPatience.
 [[nodiscard]] HandOver handOverOnBus(const std::string& id, const QStringList& uris);
 
 /// Owns the program's name on the bus, under which it receives requests from the desktop.
@@ -41,7 +37,7 @@ private:
     bool held_ = true;
 };
 
-/// Asks the desktop's file manager to show the file, selected. False if none answers within two seconds.
+/// Asks the desktop's file manager to show the file, selected. False if none answers within answerPatience.
 [[nodiscard]] bool showInFileManagerOnBus(const QString& path);
 
 } // namespace corvane

@@ -1,5 +1,7 @@
 #include "desktop/silent_bus.h"
 
+#include "desktop/hand_over.h"
+
 #include <dbus/dbus.h>
 
 #include <chrono>
@@ -15,7 +17,7 @@ namespace corvane {
 
 namespace {
 
-constexpr std::chrono::milliseconds probePatience(2000);
+constexpr std::chrono::milliseconds probePatience(answerPatience);
 constexpr const char* addressVariable = "DBUS_SESSION_BUS_ADDRESS";
 
 /// The address at which the library would look for the bus; empty if the session has none, in which case it would start

@@ -92,7 +92,7 @@ SingleInstance::Claim SingleInstance::claim(const std::vector<std::string>& loca
             return Claim::handedOver;
         if (outcome == HandOver::unanswered)
             return Claim::unanswered; // two programs with one session would overwrite each other's work
-        waitOn = attempt == StartLock::Attempt::heldByAnother && waiting.elapsed() <= patience;
+        waitOn = attempt == StartLock::Attempt::heldByAnother && waiting.elapsed() <= answerPatience;
         if (waitOn)
             QThread::msleep(20);
     }
@@ -118,12 +118,13 @@ HandOver SingleInstance::handOverSocket(const QStringList& uris) const
 {
     QLocalSocket socket;
     socket.connectToServer(socketName());
-    if (!socket.waitForConnected(patience)) // still connecting: the other end listens, but accepts no more connections
+    // If it is still connecting then, the other end listens, but accepts no more connections.
+    if (!socket.waitForConnected(answerPatience))
         return socket.state() == QLocalSocket::ConnectingState ? HandOver::unanswered : HandOver::nobody;
     QDataStream stream(&socket);
     stream << uris;
-    socket.waitForBytesWritten(patience);
-    if (socket.waitForReadyRead(patience)) // one byte confirms that the request was taken
+    socket.waitForBytesWritten(answerPatience);
+    if (socket.waitForReadyRead(answerPatience)) // one byte confirms that the request was taken
         return HandOver::taken;
     // If it has closed the connection, it has ended meanwhile.
     return socket.state() == QLocalSocket::ConnectedState ? HandOver::unanswered : HandOver::nobody;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/hand_over.h"
 #include "desktop/session_bus.h"
 #include "desktop/start_lock.h"
 
