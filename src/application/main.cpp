@@ -1,5 +1,5 @@
 #include "application/application.h"
-#include "base/file_url.h"
+#include "desktop/given_location.h"
 #include "desktop/silent_bus.h"
 #include "help/product.h"
 #include "platform/files.h"
@@ -7,7 +7,6 @@
 #include "workspace/window/theme.h"
 
 #include <QApplication>
-#include <QUrl>
 #include <exception>
 #include <filesystem>
 #include <iostream>
@@ -29,11 +28,8 @@ std::vector<std::string> givenLocations(std::span<char*> arguments)
 {
     std::vector<std::string> locations;
     for (const std::string argument : arguments.subspan(1)) {
-        const QUrl url(QString::fromStdString(argument));
-        if (const auto path = corvane::pathOfFileURL(argument))
+        if (const auto path = corvane::pathOfURI(argument))
             locations.push_back(*path);
-        else if (url.isLocalFile())
-            locations.push_back(QFile::encodeName(url.toLocalFile()).toStdString());
         else if (argument.find("://") != std::string::npos)
             locations.push_back(argument);
         else

@@ -1,18 +1,17 @@
 #include "desktop/single_instance.h"
 
 #include "base/file_url.h"
+#include "desktop/given_location.h"
 
 #include <sys/socket.h>
 
 #include <QCoreApplication>
 #include <QDataStream>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QLocalSocket>
 #include <QStandardPaths>
 #include <QThread>
 #include <QTimer>
-#include <QUrl>
 #include <utility>
 
 namespace corvane {
@@ -37,13 +36,8 @@ std::vector<std::string> locationsOf(const QStringList& uris)
 {
     std::vector<std::string> locations;
     for (const QString& uri : uris) {
-        const QUrl url(uri);
-        if (const auto path = pathOfFileURL(uri.toStdString()))
-            locations.push_back(*path); // byte for byte, whatever the name contains
-        else if (url.isLocalFile())
-            locations.push_back(QFile::encodeName(url.toLocalFile()).toStdString());
-        else
-            locations.push_back(uri.toStdString());
+        const std::string text = uri.toStdString();
+        locations.push_back(pathOfURI(text).value_or(text));
     }
     return locations;
 }
