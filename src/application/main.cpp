@@ -64,7 +64,7 @@ try {
         return 0;
     if (claim == SingleInstance::Claim::unanswered) {
         theme::apply(application);
-        ModalAlerts().showAlert(
+        showModalAlert(
             "Corvane is already running but does not answer.", "Wait until it does, or end it and start again.");
         return 1;
     }

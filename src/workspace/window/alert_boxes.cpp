@@ -79,7 +79,7 @@ void AlertBoxes::dismiss()
     refresh();
 }
 
-void ModalAlerts::showAlert(const std::string& message, const std::string& informativeText)
+void showModalAlert(const std::string& message, const std::string& informativeText)
 {
     QMessageBox box;
     prepare(box);

@@ -37,9 +37,6 @@ private:
 };
 
 /// Shows an alert when a start ends without a window; returns when it is dismissed.
-class ModalAlerts {
-public:
-    void showAlert(const std::string& message, const std::string& informativeText);
-};
+void showModalAlert(const std::string& message, const std::string& informativeText);
 
 } // namespace corvane
