@@ -45,9 +45,9 @@ std::optional<CommandLine> commandLine(const CommandSyntax& syntax, std::span<ch
 /// their reports.
 void keepReportsTogether()
 {
-    constexpr std::size_t largestReport = std::size_t{16} << 20U;
-    static const std::unique_ptr<char[]> buffer(new char[largestReport]); // only pages in use take memory
-    (void)std::setvbuf(stdout, buffer.get(), _IOFBF, largestReport);
+    constexpr std::size_t bufferSize = std::size_t{16} << 20U;
+    static const std::unique_ptr<char[]> buffer(new char[bufferSize]); // only pages in use take memory
+    (void)std::setvbuf(stdout, buffer.get(), _IOFBF, bufferSize);
 }
 
 ExitStatus runAndReport(
