@@ -19,13 +19,6 @@ namespace {
 constexpr StepRange returnTimeSteps = stepsWithin(limits::returnTime, 10);
 constexpr StepRange frequencies = stepsWithin(limits::frequency, 1);
 
-template <class Map>
-double valueOr(const Map& map, const std::string& id, double absent)
-{
-    const auto found = map.find(id);
-    return found == map.end() ? absent : found->second;
-}
-
 QString weightText(double weight)
 {
     return CamerasPanel::tr("Frequency: %1").arg(qt(fixed(std::round(weight), 0)));
@@ -112,7 +105,7 @@ void CamerasPanel::refresh(const Changes& changes)
     for (const AudioChoice& choice : audioChoices(view_))
         sounds.push_back({choice.id, choice.label});
     audio_->show(sounds, settings().audio);
-    mainReturnTime_->show(valueOr(settings().returnTimes, settings().mainCamera, 0));
+    mainReturnTime_->show(returnTimeOf(settings().returnTimes, settings().mainCamera));
     const auto percents = frequencyPercents(view_);
     const bool matter = frequenciesMatter(view_);
     for (const Camera& camera : cameras_)
@@ -180,7 +173,8 @@ void CamerasPanel::addFrequency(Camera& camera, const std::string& label)
     name->setName({before.size(), marks_.of(camera.id).telling});
     camera.frequency->setAccessibleName(name->accessibleName());
     // Reserves the widest texts, so that the slider keeps its width while it is dragged.
-    for (const auto& [text, widest] : {std::pair(camera.weight, weightText(10)), {camera.percent, percentText(100)}})
+    for (const auto& [text, widest] :
+         {std::pair(camera.weight, weightText(limits::frequency.highest)), {camera.percent, percentText(100)}})
         text->setMinimumWidth(text->fontMetrics().horizontalAdvance(widest));
     constexpr int gap = 8;
     auto* first = new QHBoxLayout;
@@ -208,9 +202,9 @@ void CamerasPanel::showCamera(const Camera& camera, const std::map<std::string, 
         camera.included->setChecked(included);
     }
     camera.returnTime->setVisible(included);
-    camera.returnTime->show(valueOr(settings().returnTimes, camera.id, 0));
+    camera.returnTime->show(returnTimeOf(settings().returnTimes, camera.id));
     camera.frequencyHolder->setVisible(included && frequenciesMatter);
-    const double weight = valueOr(settings().frequencies, camera.id, usualFrequency);
+    const double weight = frequencyOf(settings().frequencies, camera.id);
     camera.weight->setText(weightText(weight));
     camera.frequency->show(weight);
     camera.percent->setText(percentText(included ? percent->second : 0));
