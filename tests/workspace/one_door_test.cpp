@@ -162,9 +162,9 @@ TEST(Captions, TellWhichCamerasAreInUse)
         {false, [](auto& edit) { edit.closingCamera = "A"; }},
         {true, [](auto& edit) { edit.openingCamera = "B", edit.openingEnabled = true; }},
         {false, [](auto& edit) { edit.openingEnabled = false; }}};
-    for (const auto& [used, change] : changes) {
-        window.set(change);
-        EXPECT_EQ(camerasInUse(window.view()).contains("B"), used) << &change - &changes[0].second;
+    for (const auto& each : changes) {
+        window.set(each.second);
+        EXPECT_EQ(camerasInUse(window.view()).contains("B"), each.first) << &each - changes;
     }
     window.view().selectMainCamera("B");
     window.set([](auto& edit) { edit.otherCameras.clear(); });

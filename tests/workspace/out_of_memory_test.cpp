@@ -60,7 +60,7 @@ bool tellsOfMemory(const std::string& said)
     return said.empty() || says("There is not enough memory to ") || says("Cannot allocate memory.");
 }
 
-/// Whether what is on screen is what the files hold, and each file is whole.
+/// No file has an unexpected name, and each export ends as it should.
 void expectWholeFiles(TestWindow& window)
 {
     for (const std::string& name : window.names("Corvane"))
