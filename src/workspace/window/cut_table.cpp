@@ -65,7 +65,11 @@ void CutTable::arrange()
     new ColumnWidths( // owned by the table
         *this, CutTableModel::camera,
         {columnOf(CutTableModel::start, "00:00:00:00"), columnOf(CutTableModel::duration, "00000.00")});
-    setMinimumHeight(74);
+    constexpr int fewestRows = 3;
+    horizontalHeader()->ensurePolished(); // so that its height is known before it is shown
+    setMinimumHeight(
+        horizontalHeader()->sizeHint().height() + fewestRows * verticalHeader()->defaultSectionSize() +
+        2 * frameWidth());
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored); // it takes the remaining height
 }
 

@@ -50,7 +50,7 @@ void paintFrames(QPainter& painter, const QRectF& place, const TimeScale& scale)
     constexpr double narrowest = 5;
     const FrameRange visible = scale.frames();
     for (Frames frame = visible.start; frame < visible.end && scale.frameWidth() >= narrowest; ++frame)
-        painter.drawLine(QPointF(scale.x(frame), place.bottom() - 1), QPointF(scale.x(frame), place.bottom()));
+        painter.drawLine(QPointF(scale.x(frame), place.bottom() - 2), QPointF(scale.x(frame), place.bottom()));
 }
 
 /// The smallest round number of labels, at least `least`: frames that divide a second evenly, or round times. 0 if
