@@ -31,7 +31,7 @@ TrialSheet::TrialSheet(const ContentView& view, const CameraMarks& marks, QActio
     auto* button = new QPushButton(this);
     followAction(*button, again);
     addButtons({button});
-    setFirstSize(80, 38); // sixteen cameras
+    setFirstSize(70, 38); // sixteen cameras
 }
 
 void TrialSheet::arrangeTable()
