@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <ctime>
 #include <string_view>
 
 namespace corvane {
@@ -21,6 +22,14 @@ void append(std::string& text, std::int64_t number, std::size_t width, std::stri
     text.append(width - std::min(width, digits.size()), '0').append(digits).append(after);
 }
 
+sys_seconds momentOf(const Timestamp& time)
+{
+    const auto lowest = static_cast<double>((earliest - referenceDate).count());
+    const auto highest = static_cast<double>((latest - referenceDate).count());
+    const double inside = std::isnan(time.seconds) ? lowest : std::clamp(time.seconds, lowest, highest);
+    return referenceDate + std::chrono::seconds(static_cast<std::int64_t>(std::floor(inside)));
+}
+
 } // namespace
 
 Timestamp Timestamp::now()
@@ -30,10 +39,7 @@ Timestamp Timestamp::now()
 
 std::string Timestamp::isoText() const
 {
-    const auto lowest = static_cast<double>((earliest - referenceDate).count());
-    const auto highest = static_cast<double>((latest - referenceDate).count());
-    const double inside = std::isnan(this->seconds) ? lowest : std::clamp(this->seconds, lowest, highest);
-    const sys_seconds moment = referenceDate + std::chrono::seconds(static_cast<std::int64_t>(std::floor(inside)));
+    const sys_seconds moment = momentOf(*this);
     const sys_days day = floor<days>(moment);
     const year_month_day date(day);
     const hh_mm_ss time(moment - day);
@@ -45,6 +51,22 @@ std::string Timestamp::isoText() const
     append(text, time.hours().count(), 2, ":");
     append(text, time.minutes().count(), 2, ":");
     append(text, time.seconds().count(), 2, "Z");
+    return text;
+}
+
+std::string Timestamp::localText() const
+{
+    const std::time_t moment = system_clock::to_time_t(momentOf(*this));
+    std::tm local{};
+    if (::localtime_r(&moment, &local) == nullptr)
+        return isoText();
+    std::string text;
+    append(text, local.tm_year + 1900, 4, "-");
+    append(text, local.tm_mon + 1, 2, "-");
+    append(text, local.tm_mday, 2, " ");
+    append(text, local.tm_hour, 2, ":");
+    append(text, local.tm_min, 2, ":");
+    append(text, local.tm_sec, 2, "");
     return text;
 }
 

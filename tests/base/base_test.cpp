@@ -93,6 +93,10 @@ TEST(Values, FollowTheUserAndTheClock)
     EXPECT_EQ(shortNumber(1234567), "1234567");
     EXPECT_EQ(shortNumber(-0.0001), "0");
     EXPECT_GT(Timestamp::now().seconds, 800e6) << "2026 or later";
+    ::setenv("TZ", "JST-9", 1);
+    ::tzset();
+    EXPECT_EQ(Timestamp{54'000.9}.localText(), "2001-01-02 00:00:00");
+    EXPECT_TRUE(Timestamp{1e300}.localText().starts_with("10000-01-01 ")) << "the end of what isoText tells, in Tokyo";
 }
 
 } // namespace
