@@ -52,6 +52,17 @@ std::string rangesInWords(const CutEngine& engine, std::string_view title, const
     });
 }
 
+/// "edits 3 to 5": those after the current one; none if it is the last.
+std::optional<std::string> laterEdits(const EditHistory& history)
+{
+    const auto last = static_cast<std::int64_t>(history.items.size());
+    const std::int64_t first = history.index + 2; // people count from 1
+    if (first > last)
+        return std::nullopt;
+    return first == last ? "edit " + std::to_string(first)
+                         : "edits " + std::to_string(first) + " to " + std::to_string(last);
+}
+
 } // namespace
 
 WorkspaceStage stage(const ContentView& view)
@@ -76,14 +87,18 @@ std::optional<std::string> positionCaption(const ContentView& view)
 
 std::optional<std::string> replacedEdits(const ContentView& view)
 {
+    const auto later = laterEdits(view.state().history);
+    return later ? std::optional("Replaces " + *later) : std::nullopt;
+}
+
+std::string nextEditText(const ContentView& view)
+{
     const EditHistory& history = view.state().history;
-    const auto last = static_cast<std::int64_t>(history.items.size());
-    const std::int64_t first = history.index + 2; // people count from 1
-    if (first > last)
-        return std::nullopt;
-    if (first == last)
-        return "Replaces edit " + std::to_string(first);
-    return "Replaces edits " + std::to_string(first) + " to " + std::to_string(last);
+    if (history.items.empty())
+        return "There is no edit yet.";
+    const auto later = laterEdits(history);
+    return later ? "The next new edit replaces " + *later + "."
+                 : "The next new edit comes after edit " + std::to_string(history.items.size()) + ".";
 }
 
 std::optional<std::string> summaryLine(const ContentView& view)
@@ -224,11 +239,16 @@ std::optional<std::string> undoText(const ContentView& view, UndoStep::Side side
 
 std::vector<UsageRow> usageRows(const ContentView& view)
 {
+    return usageRows(view, view.state().cuts());
+}
+
+std::vector<UsageRow> usageRows(const ContentView& view, const std::vector<Cut>& cuts)
+{
     std::vector<UsageRow> rows;
-    if (view.state().cuts().empty())
+    if (cuts.empty())
         return rows;
     const LoadedDocument& loaded = *view.state().loaded;
-    for (const CameraShare& share : cameraShares(loaded.imported, loaded.engine, view.state().cuts())) {
+    for (const CameraShare& share : cameraShares(loaded.imported, loaded.engine, cuts)) {
         rows.push_back(
             {share.angle.id, view.angleLabel(share.angle.id), fixed(loaded.engine.seconds(share.frames), 2) + " sec",
              fixed(share.percent, 1) + "%", share.percent, share.shots});

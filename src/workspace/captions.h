@@ -25,6 +25,8 @@ enum class WorkspaceStage { empty, loaded, preview };
 [[nodiscard]] std::optional<std::string> positionCaption(const ContentView& view);
 /// "Replaces edits 3 to 5": the later edits that a new one would replace; none if there are none.
 [[nodiscard]] std::optional<std::string> replacedEdits(const ContentView& view);
+/// "The next new edit replaces edits 3 to 5.", or after which edit it comes.
+[[nodiscard]] std::string nextEditText(const ContentView& view);
 /// The number of cuts, the main camera's share and the audio angle in one line; none if the cut list is empty.
 [[nodiscard]] std::optional<std::string> summaryLine(const ContentView& view);
 /// True if "Include another camera." is shown below the buttons.
@@ -76,6 +78,8 @@ struct UsageRow {
 };
 /// One row per video angle, in project order; empty if the cut list is empty.
 [[nodiscard]] std::vector<UsageRow> usageRows(const ContentView& view);
+/// The same for another cut list of the loaded project.
+[[nodiscard]] std::vector<UsageRow> usageRows(const ContentView& view, const std::vector<Cut>& cuts);
 
 /// The cameras that the settings use anywhere: the main camera, included cameras, enabled bookends and fixed sections.
 [[nodiscard]] std::set<std::string> camerasInUse(const ContentView& view);
