@@ -120,6 +120,8 @@ constexpr std::array<CommandEntry, static_cast<std::size_t>(Command::count)> tab
      [](ContentView& view) { view.stepBack(); }},
     {"Forward", 'w', "Ctrl+]", "Restore the next rough edit and its settings", whyNotForward,
      [](ContentView& view) { view.stepForward(); }},
+    {"All Edits…", 'a', "Ctrl+L", "Compare the edits made so far and go to any of them",
+     [](Now now) { return unless(!now.view.state().history.items.empty(), "There is no edit yet."); }},
     {"Corvane Help", 'h', "F1; Ctrl+?", "", none},
     {"About Corvane", 'a', "", "", none},
     {"Check for Updates…", 'u', "", "",

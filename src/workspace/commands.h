@@ -30,6 +30,7 @@ enum class Command {
     tryRules,
     back,
     forward,
+    showEdits,
     showHelp,
     showAbout,
     checkForUpdates,

@@ -155,10 +155,17 @@ try:
     expect(lambda: row.get_description().startswith("The edit begins on the main camera. "), "a row says why it is there")
     choose_in_the_strip()
     press(process, "Shuffle rough edit")
-    seen("Edit 2 of 2", *LABEL)
+    seen("Edit 2 of 2", *BUTTON)
     second = cut_rows()
     press(process, "Back")
-    seen("Edit 1 of 2", *LABEL)
+    press(process, "Edit 1 of 2")
+    edits = seen("All edits", "table")
+    lines = [Atspi.Table.get_accessible_at(edits, row, 0).get_name() for row in range(Atspi.Table.get_n_rows(edits))]
+    expect(lambda: len(lines) == 2 and lines[0].startswith("Edit 1, on screen, made ") and "main camera" in lines[1],
+           f"each edit is a line: {lines}")
+    seen("The next new edit replaces edit 2.", *LABEL)
+    press(process, "Close")
+    gone("All edits")
     first = cut_rows()
     expect(lambda: first != second and first[0][0] == second[0][0] and all(row[1] and float(row[2]) > 0 for row in first),
            f"stepping back shows the first edit, of {len(first)} cuts")

@@ -57,7 +57,7 @@ void generateAndExport(StillGui& gui)
         while (gui.state().history.items.size() < 100)
             gui.view().generateRoughEdit();
     });
-    EXPECT_TRUE(gui.shows("Edit 100 of 100"));
+    EXPECT_NE(gui.withText<>("Edit 100 of 100"), nullptr);
     gui.account.dialogs.answer = gui.account.folder.file("exports");
     gui.expectStillAfter("Export to Final Cut…");
     EXPECT_FALSE(gui.state().status.empty());

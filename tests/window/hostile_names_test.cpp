@@ -157,7 +157,8 @@ TEST(HostileNames, AreNeitherMarkupNorTurnOrBreakALineWhereverTheyStand)
     });
     gui.view().savePreset(ContentView::PresetSave::asNew);
     gui.view().generateRoughEdit();
-    QTest::keyClick(&gui.window(), Qt::Key_T, Qt::ControlModifier);
+    for (const Qt::Key sheet : {Qt::Key_T, Qt::Key_L})
+        QTest::keyClick(&gui.window(), sheet, Qt::ControlModifier);
     auto* cuts = gui.window().findChild<CutPanel*>()->findChild<QTableView*>();
     cuts->setCurrentIndex(cuts->model()->index(0, 1));
     QTest::keyClick(cuts, Qt::Key_C, Qt::ControlModifier);

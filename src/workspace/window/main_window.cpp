@@ -95,7 +95,7 @@ MainWindow::MainWindow(MainWindowServices services)
     makeMenus(
         *commands_, services_.view, services_.updater,
         {[this] { helpWindow_.show(); }, [this] { aboutWindow_.show(); }, services_.reveal, [this] { checkProject(); },
-         [this] { tryRules(); }},
+         [this] { tryRules(); }, [this] { showEdits(); }},
         *this);
     alerts_ = new AlertBoxes(services_.view, *this);
     quitQuestion_ = new QuitQuestion(services_.view, *this);
@@ -242,6 +242,15 @@ void MainWindow::tryRules()
     trial_->tryRules();
 }
 
+void MainWindow::showEdits()
+{
+    if (edits_ == nullptr) {
+        edits_ = new EditsSheet(services_.view, marks_, this);
+        connect(edits_, &SideSheet::helpWanted, this, [this](const QString& topic) { helpWindow_.show(topic); });
+    }
+    edits_->showList();
+}
+
 QDialog* MainWindow::makeSheet(const QString& title, bool WorkspaceState::* showing, QWidget* content)
 {
     auto* sheet = new QDialog(this);
@@ -271,6 +280,8 @@ void MainWindow::refresh(const Changes& changes)
         panel->refresh(first ? Changes().set() : changes);
     if (trial_ != nullptr)
         trial_->refresh(changes);
+    if (edits_ != nullptr)
+        edits_->refresh(changes);
     commands_->refresh();
     if (has(Changed::loaded))
         showProject();

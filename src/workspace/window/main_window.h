@@ -11,6 +11,7 @@
 #include "workspace/window/check_sheet.h"
 #include "workspace/window/controls/elided_label.h"
 #include "workspace/window/controls/panel.h"
+#include "workspace/window/edits_sheet.h"
 #include "workspace/window/help_window.h"
 #include "workspace/window/menus.h"
 #include "workspace/window/quit_question.h"
@@ -69,6 +70,7 @@ private:
     void addPanel(Panel* panel, QLayout& column);
     void checkProject();
     void tryRules();
+    void showEdits();
     /// A dialog over this window that is open while a field of the controller's state is true.
     QDialog* makeSheet(const QString& title, bool WorkspaceState::* showing, QWidget* content);
 
@@ -90,6 +92,7 @@ private:
     SavePresetSheet* savePreset_ = nullptr;
     CheckSheet* check_ = nullptr;
     TrialSheet* trial_ = nullptr;
+    EditsSheet* edits_ = nullptr;
     ElidedLabel* projectName_ = nullptr;
     QLabel* projectFacts_ = nullptr;
     QStackedWidget* pages_ = nullptr;

@@ -44,7 +44,8 @@ void makeMenus(
         commands, window);
     addMenu(
         QMainWindow::tr("&Edit"),
-        {undo, redo, line, copyCutList, line, hold, release, line, generate, Command::tryRules, back, forward},
+        {undo, redo, line, copyCutList, line, hold, release, line, generate, Command::tryRules, back, forward,
+         Command::showEdits},
         commands, window);
     addMenu(QMainWindow::tr("&Help"), {showHelp, line, showAbout, checkForUpdates}, commands, window);
     commands.of(quit).setMenuRole(QAction::QuitRole);
@@ -63,6 +64,7 @@ void makeMenus(
     onTriggered(savePicture, [&view] { view.savePicture(theme::decimalSign()); });
     onTriggered(Command::checkProject, actions.checkProject);
     onTriggered(Command::tryRules, actions.tryRules);
+    onTriggered(Command::showEdits, actions.showEdits);
     onTriggered(close, [&window] { window.close(); });
     onTriggered(quit, [&window] { window.close(); });
     onTriggered(showHelp, actions.showHelp);

@@ -17,6 +17,7 @@ struct MenuActions {
     std::function<void(const std::string& path)> reveal; ///< shows a file in its folder
     std::function<void()> checkProject;
     std::function<void()> tryRules;
+    std::function<void()> showEdits;
 };
 
 /// Builds the main window's menu bar, and connects the commands that are not operations of the controller.

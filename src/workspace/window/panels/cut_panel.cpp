@@ -6,6 +6,7 @@
 #include "workspace/window/qt_text.h"
 #include "workspace/window/shown_text.h"
 #include "workspace/window/theme.h"
+#include "workspace/window/tooltips.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -37,7 +38,7 @@ CutPanel::CutPanel(ContentView& view, const CameraMarks& marks, CommandActions& 
       generate_(new QPushButton(this)),
       back_(new QPushButton(this)),
       forward_(new QPushButton(this)),
-      position_(new QLabel(this)),
+      position_(new QPushButton(this)),
       export_(new QPushButton(this)),
       anotherCamera_(helpLabel(tr("Include another camera."), this)),
       carryOver_(new ElidedLabel({}, this)),
@@ -49,6 +50,8 @@ CutPanel::CutPanel(ContentView& view, const CameraMarks& marks, CommandActions& 
     followAction(*back_, commands.of(Command::back));
     followAction(*forward_, commands.of(Command::forward));
     followAction(*export_, commands.of(Command::exportEdit));
+    setTip(*position_, qt(entry(Command::showEdits).help));
+    connect(position_, &QPushButton::clicked, &commands.of(Command::showEdits), &QAction::trigger);
     makeMenu();
     connectAll();
     setHelpTopic("cut-list");
@@ -84,11 +87,12 @@ void CutPanel::arrangeButtons()
     generate_->setText(tr("&Generate rough edit"));
     generate_->ensurePolished();
     generate_->setMinimumWidth(generate_->sizeHint().width());
+    position_->setProperty("role", "caption");
     position_->setText(tr("Edit %1 of %1").arg(888));
     position_->ensurePolished();
     constexpr int whatDigitsDiffer = 2; // pixels
     position_->setMinimumWidth(position_->sizeHint().width() + whatDigitsDiffer);
-    position_->clear();
+    position_->setText({});
     keepPlace(*position_);
     auto* first = new QHBoxLayout;
     first->addWidget(generate_, 1);
@@ -277,7 +281,9 @@ void CutPanel::showTexts()
     show(*summary_, summaryLine(view_));
     const std::string& audio = view_.state().settings.audio;
     summary_->setName({summary_->text().size() - shown(view_.angleLabel(audio)).size(), marks_.of(audio).telling});
-    show(*position_, positionCaption(view_));
+    const auto position = positionCaption(view_);
+    showText(*position_, position.value_or(""));
+    position_->setVisible(position.has_value());
     anotherCamera_->setVisible(asksForAnotherCamera(view_));
     show(*status_, view_.state().status);
     show(*saveError_, view_.state().sessionSaveError);

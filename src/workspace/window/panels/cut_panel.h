@@ -47,7 +47,7 @@ private:
     QPushButton* generate_;
     QPushButton* back_;
     QPushButton* forward_;
-    QLabel* position_;
+    QPushButton* position_; ///< opens the list of edits
     QPushButton* export_;
     QLabel* anotherCamera_;
     ElidedLabel* carryOver_;
