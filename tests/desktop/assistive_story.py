@@ -96,15 +96,15 @@ def hold_and_release():
     """A row that is selected, without the focus."""
     Atspi.Table.add_row_selection(seen("Cuts", "table"), 1)
     press(process, "Hold Shots", ("menu item",))
-    seen("Edit 2 of 2", *LABEL)
+    seen("Edit 2 of 2", *BUTTON)
     expect(lambda: text(seen("Section name (optional)", *FIELD)) == "Held", "a held shot is a section")
     press(process, "Undo Hold", ("menu item",))
-    seen("Edit 1 of 2", *LABEL)
+    seen("Edit 1 of 2", *BUTTON)
     press(process, "Redo Hold", ("menu item",))
-    seen("Edit 2 of 2", *LABEL)
+    seen("Edit 2 of 2", *BUTTON)
     Atspi.Table.add_row_selection(seen("Cuts", "table"), 1)
     press(process, "Release Shots", ("menu item",))
-    seen("Edit 3 of 3", *LABEL)
+    seen("Edit 3 of 3", *BUTTON)
     gone("Remove")
 
 

@@ -124,21 +124,21 @@ TEST(UndoStory, HeldShotsAreSectionsUntilTheyAreReleased)
         });
     };
     FocusedGui::key(Qt::Key_H);
-    EXPECT_TRUE(gui.shows("Edit 2 of 2"));
+    EXPECT_NE(gui.withText<>("Edit 2 of 2"), nullptr);
     EXPECT_EQ(gui.settings().sections.at(0).name, "Held");
     gui.click("Shuffle rough edit");
     EXPECT_TRUE(showsChosen());
     EXPECT_EQ(gui.entry("Undo"), "Undo Hold");
     FocusedGui::undo();
-    EXPECT_TRUE(gui.shows("Edit 1 of 3"));
+    EXPECT_NE(gui.withText<>("Edit 1 of 3"), nullptr);
     EXPECT_EQ(gui.state().cuts().at(1), chosen);
     FocusedGui::redo();
-    EXPECT_TRUE(gui.shows("Edit 2 of 3"));
+    EXPECT_NE(gui.withText<>("Edit 2 of 3"), nullptr);
     EXPECT_TRUE(showsChosen());
     EXPECT_TRUE(gui.entry("Hold").endsWith("Opening, closing and fixed shots are held already.)"))
         << "it is still selected";
     FocusedGui::key(Qt::Key_H, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_TRUE(gui.shows("Edit 3 of 3"));
+    EXPECT_NE(gui.withText<>("Edit 3 of 3"), nullptr);
     EXPECT_TRUE(gui.settings().sections.empty());
     EXPECT_EQ(gui.entry("Undo"), "Undo Release");
     gui.account.set([](auto& settings) { settings.mainShare = 30; });
