@@ -138,6 +138,25 @@ TEST_F(UndoActions, PutsBackOnlyWhatAStepHasChanged)
     EXPECT_EQ(state().settings, changed);
 }
 
+TEST_F(UndoActions, LeaveOtherCamerasAsARestoredEditHasThem)
+{
+    const auto set = [this](const char* camera, double weight) {
+        window.set([camera, weight](auto& settings) { settings.frequencies[camera] = weight; });
+    };
+    set("B", 7);
+    set("C", 2);
+    view().generateRoughEdit();
+    view().undo();
+    view().undo();
+    set("C", 9);
+    set("B", 7);
+    view().generateRoughEdit();
+    view().stepBack();
+    view().undo();
+    EXPECT_EQ(state().settings.frequencies.at("B"), 5);
+    EXPECT_EQ(state().settings.frequencies.at("C"), 2);
+}
+
 TEST_F(UndoActions, OfAProjectEndsWithItAndOfAPresetDoesNot)
 {
     setShare(40);
