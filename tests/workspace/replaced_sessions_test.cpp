@@ -52,21 +52,6 @@ TEST(ReplacedSessions, AreKeptAndBroughtBack)
     EXPECT_EQ(window.state().loaded->imported.name, "Third");
 }
 
-TEST(ReplacedSessions, AreCopiedWhenTheirPlaceCannotBeHad)
-{
-    TestWindow window;
-    window.importAndGenerate(document());
-    std::filesystem::create_directory(window.folder.file("Corvane/session-v1 (previous).json"));
-    window.view().importXML(otherProject);
-    EXPECT_EQ(window.state().loaded->imported.name, "Other") << "the import goes on";
-    EXPECT_EQ(
-        window.state().sessionSaveError, "The previous session could not be kept: Cannot read session-v1 "
-                                         "(previous).json: Is a directory.");
-    const SavedEditSession kept = decodeSession(readFile(window.folder.file("Corvane/session-v1 (kept).json")));
-    EXPECT_EQ(kept.sourceXML, document());
-    EXPECT_EQ(kept.history.items.size(), 1U) << "the replaced session is in no other file";
-}
-
 /// What is kept, but for its numbers.
 std::size_t copies(const TestWindow& window)
 {

@@ -27,86 +27,35 @@ struct FaultyWindow : TestWindow {
     }
 };
 
-using Doing = std::function<void(FaultyWindow&)>;
-
-/// Each call that the operation makes fails in turn, in a window of its own.
-void whicheverCallFails(const Doing& prepare, const Doing& operation, const Doing& check)
+TEST(SessionFaults, KeepBothSessionsWhicheverCallFailsWhileTheyChangePlaces)
 {
     int calls = 0;
     for (int failing = 0; failing <= calls; ++failing) {
         SCOPED_TRACE(failing);
         FaultyWindow window;
-        prepare(window);
+        window.importAndGenerate(document());
+        window.importAndGenerate(otherProject);
         window.calls.calls = 0;
         window.calls.failing = failing;
-        operation(window);
+        window.view().reopenPreviousSession();
         calls = window.calls.calls;
         window.calls.failing = -1;
-        check(window);
+        const bool refused = window.state().error.has_value();
+        const std::string shown = refused ? "Other" : "Concert";
+        EXPECT_EQ(window.state().loaded->imported.name, shown);
+        EXPECT_EQ(window.state().history.items.size(), 1U);
+        EXPECT_TRUE(!refused || window.names("Corvane").size() == 2);
+        window.restart();
+        EXPECT_EQ(window.state().loaded->imported.name, shown);
+        std::set<std::string> found = {shown};
+        for (const std::string& file : window.names("Corvane")) {
+            if (file != "session-v1.json")
+                found.insert(
+                    importProject(decodeSession(readFile(window.folder.file("Corvane/" + file))).sourceXML).name);
+        }
+        EXPECT_EQ(found, (std::set<std::string>{"Concert", "Other"}));
     }
     EXPECT_GT(calls, 8);
-}
-
-TEST(SessionFaults, KeepTheOldFileWhicheverCallFails)
-{
-    std::string before;
-    whicheverCallFails(
-        [&](auto& window) {
-            window.importAndGenerate(document());
-            before = readFile(window.sessionFile());
-        },
-        [](auto& window) { window.set([](auto& edit) { edit.mainShare = 10; }); },
-        [&](auto& window) {
-            const auto& refused = window.state().sessionSaveError;
-            EXPECT_EQ(readFile(window.sessionFile()) == before, refused.has_value());
-            EXPECT_EQ(
-                refused.value_or("Session could not be saved: Cannot write session-v1.json: No space left on device."),
-                "Session could not be saved: Cannot write session-v1.json: No space left on device.");
-            EXPECT_EQ(window.names("Corvane"), Names{"session-v1.json"});
-            window.view().saveAgain();
-            EXPECT_EQ(window.state().sessionSaveError, std::nullopt) << "the next save that works clears the line";
-        });
-}
-
-TEST(SessionFaults, KeepBothSessionsWhicheverCallFailsWhileTheyChangePlaces)
-{
-    whicheverCallFails(
-        [](auto& window) {
-            window.importAndGenerate(document());
-            window.importAndGenerate(otherProject);
-        },
-        [](auto& window) { window.view().reopenPreviousSession(); },
-        [](auto& window) {
-            const bool refused = window.state().error.has_value();
-            const std::string shown = refused ? "Other" : "Concert";
-            EXPECT_EQ(window.state().loaded->imported.name, shown);
-            EXPECT_EQ(window.state().history.items.size(), 1U);
-            EXPECT_TRUE(!refused || window.names("Corvane").size() == 2);
-            window.restart();
-            EXPECT_EQ(window.state().loaded->imported.name, shown);
-            std::set<std::string> found = {shown};
-            for (const std::string& file : window.names("Corvane")) {
-                if (file != "session-v1.json")
-                    found.insert(
-                        importProject(decodeSession(readFile(window.folder.file("Corvane/" + file))).sourceXML).name);
-            }
-            EXPECT_EQ(found, (std::set<std::string>{"Concert", "Other"}));
-        });
-}
-
-TEST(SessionFaults, KeepAnothersFileOnceWhicheverCallFails)
-{
-    whicheverCallFails(
-        [](auto& window) {
-            window.view().importXML(document());
-            window.storeSession("another process was here");
-        },
-        [](auto& window) { window.view().generateRoughEdit(); },
-        [](auto& window) {
-            window.view().generateRoughEdit();
-            EXPECT_EQ(window.names("Corvane"), (Names{"session-v1 (kept).json", "session-v1.json"}));
-            EXPECT_EQ(readFile(window.folder.file("Corvane/session-v1 (kept).json")), "another process was here");
-        });
 }
 
 TEST(SessionFaults, KeepAnEditWhoseSaveFailedWhenAnotherProjectComes)

@@ -1,0 +1,179 @@
+#include "base/base64.h"
+#include "base/error.h"
+#include "engine/generation_inputs.h"
+#include "import/project_loading.h"
+#include "session/saved_session.h"
+#include "session/session_keeper.h"
+#include "session/starting_settings.h"
+#include "support/documents.h"
+#include "support/failing_files.h"
+#include "support/scratch_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace corvane {
+namespace {
+
+using namespace test;
+using Names = std::vector<std::string>;
+
+const std::string stored = "session-v1.json";
+const std::string previous = "session-v1 (previous).json";
+const std::string kept = "session-v1 (kept).json";
+
+/// A keeper on a folder of its own, and what is on screen.
+struct Desk {
+    ScratchFolder folder;
+    FailingFiles calls;
+    SessionStore store{[this] { return folder.path(); }, calls};
+    SessionKeeper keeper{store};
+    std::shared_ptr<const LoadedDocument> loaded;
+    EditSettings settings;
+    EditHistory history;
+
+    [[nodiscard]] SessionKeeper::OnScreen onScreen() const { return {loaded.get(), settings, history}; }
+    void import(const std::string& xml)
+    {
+        keeper.keepReplaced(onScreen());
+        LoadedProject project = loadProject(xml);
+        settings = startingSettings(project.imported, project.engine);
+        history = {};
+        loaded = std::make_shared<LoadedDocument>(
+            LoadedDocument{base64Encoded(xml), std::move(project.imported), std::move(project.engine)});
+    }
+    void importAndGenerate(const std::string& xml)
+    {
+        import(xml);
+        history.append(std::make_shared<EditRevision>(EditRevision{
+            randomIdentifiers()(), {}, settings, generateFromSettings(loaded->imported, loaded->engine, settings)}));
+    }
+    std::optional<std::string> save() { return keeper.save(onScreen()); }
+    [[nodiscard]] std::string bytes(const std::string& name) const { return readFile(folder.file(name)); }
+    [[nodiscard]] std::string project(const std::string& name) const { return decodeSession(bytes(name)).sourceXML; }
+    void put(const std::string& name, std::string_view bytes) const { replaceFile(folder.file(name), {&bytes, 1}); }
+};
+
+/// Each call that a save makes fails in turn, on a desk of its own.
+void whicheverCallOfASaveFails(
+    const std::function<void(Desk&)>& prepare,
+    const std::function<void(Desk&, const std::optional<std::string>& refused)>& check)
+{
+    int calls = 0;
+    for (int failing = 0; failing <= calls; ++failing) {
+        SCOPED_TRACE(failing);
+        Desk desk;
+        desk.importAndGenerate(document());
+        EXPECT_EQ(desk.save(), std::nullopt);
+        prepare(desk);
+        desk.calls.calls = 0;
+        desk.calls.failing = failing;
+        const auto refused = desk.save();
+        calls = desk.calls.calls;
+        desk.calls.failing = -1;
+        check(desk, refused);
+    }
+    EXPECT_GT(calls, 8);
+}
+
+TEST(SessionKeeper, KeepsTheLastGoodFileWhicheverCallFails)
+{
+    const std::string noSpace = "Session could not be saved: Cannot write session-v1.json: No space left on device.";
+    std::string before;
+    whicheverCallOfASaveFails(
+        [&](Desk& desk) {
+            before = desk.bytes(stored);
+            desk.settings.mainShare = 10;
+        },
+        [&](Desk& desk, const auto& refused) {
+            EXPECT_EQ(desk.bytes(stored) == before, refused.has_value());
+            EXPECT_EQ(refused.value_or(noSpace), noSpace);
+            EXPECT_EQ(desk.folder.names(), Names{stored});
+            EXPECT_EQ(desk.save(), std::nullopt);
+            const auto restored = desk.keeper.restore();
+            EXPECT_EQ(restored->settings, desk.settings);
+            EXPECT_EQ(restored->history.items.size(), 1U);
+        });
+}
+
+TEST(SessionKeeper, KeepsAnothersFileOnceWhicheverCallFails)
+{
+    whicheverCallOfASaveFails(
+        [](Desk& desk) { desk.put(stored, "another process was here"); },
+        [](Desk& desk, const auto& /*refused*/) {
+            EXPECT_EQ(desk.save(), std::nullopt);
+            EXPECT_EQ(desk.folder.names(), (Names{kept, stored}));
+            EXPECT_EQ(desk.bytes(kept), "another process was here");
+        });
+}
+
+TEST(SessionKeeper, KeepsReplacedSessionsThatHaveEdits)
+{
+    Desk desk;
+    desk.import(document());
+    (void)desk.save();
+    desk.importAndGenerate(otherProject);
+    EXPECT_FALSE(desk.keeper.hasPrevious()) << "nothing was generated";
+    (void)desk.save();
+    desk.importAndGenerate(document());
+    EXPECT_EQ(desk.project(previous), otherProject);
+    (void)desk.save();
+    const EditSettings settings;
+    const EditHistory history;
+    SessionKeeper next(desk.store);
+    next.keepReplaced({nullptr, settings, history});
+    EXPECT_EQ(desk.project(previous), document()) << "one that is only stored, too";
+    desk.put(previous, "as before");
+    desk.put(stored, replaced(desk.bytes(stored), "\"mainShare\":70", "\"mainShare\":95"));
+    EXPECT_THROW((void)next.restore(), Refusal);
+    next.keepReplaced({nullptr, settings, history});
+    EXPECT_EQ(desk.bytes(previous), "as before") << "what cannot be restored does not take the place of what can";
+}
+
+TEST(SessionKeeper, SaysWhatItCouldNotKeepUntilItHas)
+{
+    const std::string notKept =
+        "The previous session could not be kept: Cannot read session-v1 (previous).json: Is a directory.";
+    Desk desk;
+    desk.importAndGenerate(document());
+    (void)desk.save();
+    std::filesystem::create_directory(desk.folder.file(previous));
+    desk.importAndGenerate(otherProject);
+    EXPECT_EQ(desk.save(), notKept);
+    EXPECT_EQ(desk.project(kept), document()) << "it is in no other file";
+    EXPECT_EQ(desk.save(), std::nullopt);
+    desk.calls.full = true;
+    desk.importAndGenerate(document());
+    EXPECT_TRUE(desk.keeper.holdsUnkept());
+    EXPECT_TRUE(desk.save().value_or("").starts_with(sessionNotSaved));
+    desk.calls.full = false;
+    EXPECT_EQ(desk.save(), notKept);
+    std::filesystem::remove(desk.folder.file(previous));
+    EXPECT_EQ(desk.save(), std::nullopt);
+    EXPECT_FALSE(desk.keeper.holdsUnkept());
+    EXPECT_EQ(desk.project(previous) + desk.project(stored), otherProject + document());
+}
+
+TEST(SessionKeeper, ExchangesBothSessionsOrNone)
+{
+    Desk desk;
+    desk.importAndGenerate(document());
+    (void)desk.save();
+    desk.importAndGenerate(otherProject);
+    (void)desk.save();
+    const SessionKeeper::Previous before = desk.keeper.readPrevious();
+    EXPECT_EQ(before.session.loaded->imported.name, "Concert");
+    desk.keeper.changePlaces(before.bytes, {nullptr, desk.settings, desk.history});
+    EXPECT_EQ(desk.project(previous) + desk.project(stored), document() + otherProject) << "of an empty window";
+    desk.calls.full = true;
+    EXPECT_THROW(desk.keeper.changePlaces(before.bytes, desk.onScreen()), Refusal);
+    EXPECT_EQ(desk.project(previous) + desk.project(stored), document() + otherProject);
+    desk.calls.full = false;
+    desk.keeper.changePlaces(before.bytes, desk.onScreen());
+    EXPECT_EQ(desk.project(previous) + desk.project(stored), otherProject + document());
+    EXPECT_EQ(desk.folder.names(), (Names{previous, stored}));
+}
+
+} // namespace
+} // namespace corvane
