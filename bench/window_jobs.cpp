@@ -6,6 +6,7 @@
 #include "bench/shown_window.h"
 #include "bench/stopwatch.h"
 #include "platform/files.h"
+#include "workspace/window/edits_sheet.h"
 #include "workspace/window/pictures/cut_strip.h"
 
 #include <QCoreApplication>
@@ -26,6 +27,7 @@ constexpr const char* zoomName = "zoom or pan 5,000 cuts, 16 cameras";
 constexpr const char* holdFewName = "hold 10 of 5,000 cuts";
 constexpr const char* holdManyName = "hold 100 of 5,000 cuts";
 constexpr const char* undoName = "undo and redo, 500 cuts x 100";
+constexpr const char* listName = "list of 500 edits, 5,000 cuts each";
 constexpr const char* lateFigure = "p95";
 constexpr std::size_t manyCuts = 5'000;
 
@@ -190,6 +192,29 @@ void measureZoom(benchmark::State& state)
     state.counters[lateFigure] = late(frames);
 }
 
+/// Opens the list of the edits of a long history.
+void measureList(benchmark::State& state)
+{
+    startToolkit();
+    ShownWindow window(emptyFolder("list"));
+    ContentView& view = window.session().view();
+    LargeSession session = largeSession({manyCuts, 500, 1'000'000});
+    view.importXML(session.sourceXML);
+    view.edit([&session](WorkspaceState& change) {
+        change.history = std::move(session.history);
+        change.preview = change.history.currentRevision();
+    });
+    ShownWindow::paint();
+    const CameraMarks marks(view);
+    for ([[maybe_unused]] auto _ : state) {
+        const Stopwatch watch;
+        EditsSheet sheet(view, marks, &window.window());
+        sheet.showList();
+        ShownWindow::paint();
+        state.SetIterationTime(watch.seconds());
+    }
+}
+
 } // namespace
 
 void registerWindowJobs()
@@ -199,6 +224,7 @@ void registerWindowJobs()
     benchmark::RegisterBenchmark(undoName, measureUndo)->UseManualTime()->Iterations(60)->Repetitions(repetitions);
     benchmark::RegisterBenchmark(showName, measureShow)->UseManualTime()->Iterations(5)->Repetitions(repetitions);
     benchmark::RegisterBenchmark(zoomName, measureZoom)->UseManualTime()->Iterations(120)->Repetitions(repetitions);
+    benchmark::RegisterBenchmark(listName, measureList)->UseManualTime()->Iterations(5)->Repetitions(repetitions);
     for (const auto& [name, shots] : {std::pair(holdFewName, 10U), {holdManyName, 100U}})
         benchmark::RegisterBenchmark(name, measureHold, shots)
             ->UseManualTime()
@@ -215,7 +241,8 @@ std::vector<TargetRow> windowTargets(const Measurements& measurements)
         timeRow(showName, measurements.median(showName), 0.1),
         timeRow(holdFewName, measurements.median(holdFewName), 0.05),
         timeRow(holdManyName, measurements.median(holdManyName), 0.15),
-        timeRow(std::string(zoomName) + ", p95", measurements.median(zoomName, lateFigure), 0.0167)};
+        timeRow(std::string(zoomName) + ", p95", measurements.median(zoomName, lateFigure), 0.0167),
+        timeRow(listName, measurements.median(listName), 0.1)};
 }
 
 } // namespace corvane::bench
