@@ -81,7 +81,7 @@ TEST(AllEdits, AreReachedByAKeyWhenTheCaptionIsHidden)
     gui.account.set([](auto& settings) { settings.mainShare = 40; });
     EXPECT_EQ(gui.withText<>("Edit 3 of 3"), nullptr);
     gui.window().activateWindow(); // as window managers do
-    settle();
+    ListGui::settle();
     QTest::keyClick(&gui.window(), Qt::Key_L, Qt::ControlModifier);
     EXPECT_EQ(gui.marked(), 2);
     EXPECT_FALSE(gui.cell(2, EditsTableModel::number).data(Qt::FontRole).isValid()) << "none is on screen";
