@@ -197,14 +197,13 @@ private:
                 "class=\"number\">Shots</th></tr></thead><tbody>\n";
         for (std::size_t i = 0; i < cameras_.size(); ++i) {
             const CameraShare& camera = shares[i]; // both are in project order
-            const std::string share = fixed(camera.percent, 1);
             const auto target = targets.find(camera.angle.id);
             const bool hasTarget = target != targets.end();
-            out_ += "<tr><td>" + label(camera.angle.id) + "</td><td class=\"number\">" + share +
+            out_ += "<tr><td>" + label(camera.angle.id) + "</td><td class=\"number\">" + fixed(camera.percent, 1) +
                     "%</td><td class=\"number\">" + (hasTarget ? fixed(target->second, 1) + "%" : "–") +
                     "</td><td class=\"bar-cell\"><svg class=\"bar\" role=\"img\" aria-label=\"Share and target\" "
                     "viewBox=\"0 0 100 20\" preserveAspectRatio=\"none\"><rect width=\"" +
-                    share + "\" height=\"20\" fill=\"" + colorAt(i) + "\"/>" +
+                    fixed(camera.percent, 1) + "\" height=\"20\" fill=\"" + colorAt(i) + "\"/>" +
                     (hasTarget ? "<rect x=\"" + fixed(target->second, 1) + "\" width=\".8\" height=\"20\"/>" : "") +
                     "</svg></td><td class=\"number aside\">" + fixed(engine_.seconds(camera.frames), 2) +
                     "</td><td class=\"number\">" + std::to_string(camera.shots) + "</td></tr>\n";
