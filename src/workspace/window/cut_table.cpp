@@ -144,10 +144,39 @@ QItemSelectionModel::SelectionFlags CutTable::selectionCommand(const QModelIndex
 
 void CutTable::keyPressEvent(QKeyEvent* event)
 {
-    if (event->matches(QKeySequence::Copy))
+    const auto action = actionOf(event->key());
+    if (event->matches(QKeySequence::Copy)) {
         emit copyWanted();
-    else
+    } else if (action && event->modifiers() == Qt::ShiftModifier) {
+        // Versions of the toolkit differ in where the range begins.
+        if (const QModelIndex end = moveCursor(*action, {}); end.isValid())
+            choose(end.row(), Qt::ShiftModifier);
+    } else {
         QTableView::keyPressEvent(event);
+    }
+}
+
+/// None for keys that do not move.
+std::optional<CutTable::CursorAction> CutTable::actionOf(int key)
+{
+    switch (key) {
+    case Qt::Key_Left:
+    case Qt::Key_Up:
+        return MoveUp;
+    case Qt::Key_Right:
+    case Qt::Key_Down:
+        return MoveDown;
+    case Qt::Key_Home:
+        return MoveHome;
+    case Qt::Key_End:
+        return MoveEnd;
+    case Qt::Key_PageUp:
+        return MovePageUp;
+    case Qt::Key_PageDown:
+        return MovePageDown;
+    default:
+        return std::nullopt;
+    }
 }
 
 } // namespace corvane

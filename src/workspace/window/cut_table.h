@@ -4,6 +4,7 @@
 
 #include <QTableView>
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 namespace corvane {
@@ -41,6 +42,7 @@ protected:
 private:
     void arrange();
     [[nodiscard]] int startOfRange() const;
+    [[nodiscard]] static std::optional<CursorAction> actionOf(int key);
 
     QItemSelectionModel::SelectionFlags withoutEvent_; ///< what choosing a row that nobody clicked does
 };

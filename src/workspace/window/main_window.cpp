@@ -193,7 +193,7 @@ QWidget* MainWindow::makeSettings()
     auto* settings = new QWidget(settings_);
     auto* column = new QVBoxLayout(settings);
     column->setContentsMargins(0, 0, 6, 0);
-    column->setSpacing(8);
+    column->setSpacing(6);
     addPanel(new PresetsPanel(services_.view, *commands_, settings), *column);
     auto* coverage = new CoveragePanel(services_.view, marks_, settings);
     connect(coverage, &CoveragePanel::checkWanted, this, [this] { checkProject(); });

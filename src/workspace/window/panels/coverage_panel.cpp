@@ -63,7 +63,7 @@ void CoveragePanel::build()
     qDeleteAll(rowsHolder_->findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
     grid_ = new QGridLayout(rowsHolder_);
     grid_->setContentsMargins(0, 0, 0, 0);
-    grid_->setVerticalSpacing(2);
+    grid_->setVerticalSpacing(0); // the bars leave a margin of their own
     grid_->setColumnStretch(1, 1);
     const auto& loaded = view_.state().loaded;
     if (!loaded)

@@ -12,7 +12,7 @@ namespace corvane {
 
 CoverageBar::CoverageBar(QWidget* parent) : QWidget(parent)
 {
-    setFixedHeight(fontMetrics().height() + 2);
+    setFixedHeight(fontMetrics().height() + 1);
     setMinimumWidth(60);
     setProperty("picture", true);
 }
