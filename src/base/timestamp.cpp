@@ -56,7 +56,8 @@ std::string Timestamp::isoText() const
 
 std::string Timestamp::localText() const
 {
-    const std::time_t moment = system_clock::to_time_t(momentOf(*this));
+    // Not through system_clock: its nanoseconds end in the year 2262.
+    const std::time_t moment = momentOf(*this).time_since_epoch().count();
     std::tm local{};
     if (::localtime_r(&moment, &local) == nullptr)
         return isoText();
