@@ -14,6 +14,8 @@ add_library(corvane_settings INTERFACE)
 target_compile_options(corvane_settings INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast
     $<$<CXX_COMPILER_ID:GNU>:-Wmissing-declarations>
+    # Collecting the garbage of several joined sources takes GCC a sixth of its time and saves 100 MB.
+    $<$<AND:$<CXX_COMPILER_ID:GNU>,$<BOOL:${CMAKE_UNITY_BUILD}>>:--param=ggc-min-heapsize=524288>
     # A fused a*b+c rounds once instead of twice: cut lists would differ between processors.
     -ffp-contract=off
     # Clang reports a deprecated function inside the library's stable_sort at every call of it.
@@ -44,9 +46,12 @@ set(common_headers
 make_precompiled(corvane_precompiled HEADERS ${common_headers})
 
 if(CORVANE_WINDOW)
-    # The toolkit's headers take longer to parse than any source of ours.
+    # The toolkit's headers take longer to parse than any source of ours. Those that many sources include; all of
+    # <QtWidgets> would take twice as long to prepare and be slower to load.
     make_precompiled(corvane_precompiled_window
-        HEADERS ${common_headers} <QtWidgets>
+        HEADERS ${common_headers} <QAccessible> <QAction> <QApplication> <QComboBox> <QEvent> <QHBoxLayout>
+            <QHeaderView> <QKeyEvent> <QLabel> <QLineEdit> <QMainWindow> <QMenu> <QPainter> <QPushButton> <QScrollArea>
+            <QScrollBar> <QSplitter> <QString> <QStyledItemDelegate> <QTableView> <QVBoxLayout> <QWidget>
         OPTIONS ${CORVANE_TOOLKIT_OPTIONS}
         LIBRARIES Qt6::Widgets)
 endif()
