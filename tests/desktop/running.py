@@ -34,7 +34,7 @@ def until(look, patience=PATIENCE):
                 return found
         except GLib.GError:
             pass
-        time.sleep(0.03)
+        time.sleep(0.1)
     return None
 
 
