@@ -16,12 +16,6 @@ namespace corvane {
 
 namespace {
 
-double weightOf(const EditSettings& settings, const std::string& camera)
-{
-    const auto found = settings.frequencies.find(camera);
-    return found == settings.frequencies.end() ? usualFrequency : found->second;
-}
-
 std::string wholeNumber(double value)
 {
     return fixed(std::round(value), 0);
@@ -298,10 +292,11 @@ std::map<std::string, int> frequencyPercents(const ContentView& view)
     const auto cameras = view.includedOtherCameras();
     double total = 0;
     for (const std::string& camera : cameras)
-        total += weightOf(settings, camera);
+        total += frequencyOf(settings.frequencies, camera);
     std::map<std::string, int> percents;
     for (const std::string& camera : cameras)
-        percents[camera] = total > 0 ? static_cast<int>(std::round(weightOf(settings, camera) / total * 100)) : 0;
+        percents[camera] =
+            total > 0 ? static_cast<int>(std::round(frequencyOf(settings.frequencies, camera) / total * 100)) : 0;
     return percents;
 }
 

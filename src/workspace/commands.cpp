@@ -89,7 +89,7 @@ Reason whyNoPreset(Now now)
     return unless(now.view.chosenPreset().has_value(), "Choose a preset first.");
 }
 
-constexpr std::array<CommandEntry, static_cast<std::size_t>(Command::count)> table = {{
+constexpr std::array<CommandEntry, commandCount> table = {{
     {"Import Final Cut XML…", 'i', "Ctrl+O", "", none, [](ContentView& view) { view.chooseProjectFile(); }},
     {"Reopen Previous Project", 'r', "", "",
      [](Now now) { return unless(now.view.state().canReopen, "There is no previous project to reopen."); },

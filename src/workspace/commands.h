@@ -41,7 +41,7 @@ enum class Command {
     savePreset, ///< in the save sheet
     count
 };
-constexpr auto commandCount = static_cast<std::size_t>(Command::count);
+constexpr auto commandCount = static_cast<std::size_t>(Command::count); ///< of the commands before `count`
 
 /// The conditions that decide whether commands can run.
 struct CommandConditions {

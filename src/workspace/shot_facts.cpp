@@ -27,11 +27,6 @@ EditMarks editMarks(const ContentView& view)
     return revision && view.state().loaded ? editMarks(view.state().loaded->engine, revision->settings) : EditMarks();
 }
 
-std::optional<std::string> shotEndReason(const ContentView& view, const EditMarks& marks, std::size_t position)
-{
-    return shotEndReason(view.state().loaded->engine, view.state().cuts(), marks, position);
-}
-
 EditReasons::EditReasons(const ContentView& view) : loaded_(view.state().loaded), revision_(view.state().preview)
 {
     if (loaded_ && revision_)

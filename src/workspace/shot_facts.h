@@ -16,10 +16,6 @@ namespace corvane {
 /// Empty while the cut list is.
 [[nodiscard]] EditMarks editMarks(const ContentView& view);
 
-/// The same for a shot of the cut list on screen; `position` must be the index of one of its cuts.
-[[nodiscard]] std::optional<std::string> shotEndReason(
-    const ContentView& view, const EditMarks& marks, std::size_t position);
-
 /// Why the shots of the cut list on screen begin on their cameras and end where they do. It stays what it is when
 /// another edit is shown, and has no reasons while there is none.
 class EditReasons {

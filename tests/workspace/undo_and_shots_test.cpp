@@ -70,7 +70,7 @@ TEST(ShotFacts, TellWhyShotsEnd)
                                                              "The camera's footage ends.", "The closing shot begins.",
                                                              "Ends with the project."};
     for (std::size_t i = 0; i < reasons.size(); ++i)
-        EXPECT_EQ(shotEndReason(view, marks, i), reasons[i]) << i;
+        EXPECT_EQ(shotEndReason(window.state().loaded->engine, window.state().cuts(), marks, i), reasons[i]) << i;
     // At least 10 seconds on A and 4 on B, where nothing else was asked for.
     EXPECT_EQ(shortShots(view, marks), (std::vector<std::size_t>{1, 2, 4}));
     EXPECT_EQ(shortShotsText(1), "1 shot is shorter than your minimum");

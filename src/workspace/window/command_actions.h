@@ -27,7 +27,7 @@ public:
 
 private:
     ContentView& view_;
-    std::array<QAction*, static_cast<std::size_t>(Command::count)> actions_{};
+    std::array<QAction*, commandCount> actions_{};
     CorvaneUpdateState updates_;
     std::vector<std::size_t> chosenCuts_;
 };
