@@ -7,6 +7,8 @@
 #include <cmath>
 #include <iterator>
 #include <map>
+#include <set>
+#include <string_view>
 
 namespace corvane {
 
@@ -202,8 +204,9 @@ std::vector<std::string> camerasNotIdentified(
     const AngleNames video(videoAngles(project, engine));
     const AngleNames audio(audioAngles(project, engine));
     std::vector<std::string> missing;
-    const auto look = [&missing](const AngleNames& angles, const std::string& name) {
-        if (!name.empty() && angles.identified(name) == nullptr && std::ranges::find(missing, name) == missing.end())
+    std::set<std::string_view> looked;
+    const auto look = [&](const AngleNames& angles, const std::string& name) {
+        if (!name.empty() && angles.identified(name) == nullptr && looked.insert(name).second)
             missing.push_back(name);
     };
     look(video, preset.mainAngleName);
