@@ -33,6 +33,10 @@ EditMarks editMarks(const CutEngine& engine, const EditSettings& settings)
     } catch (const std::exception&) {
         marks.sections.clear(); // a stored session may contain sections that were never validated
     }
+    for (std::size_t i = 0; i < marks.sections.size(); ++i) {
+        marks.sectionsByStart.emplace(marks.sections[i].start, i);
+        marks.sectionsByEnd.emplace(marks.sections[i].end, i);
+    }
     return marks;
 }
 
@@ -45,14 +49,11 @@ std::optional<std::string> shotEndReason(
         return "Ends with the project.";
     if (marks.opening && marks.opening->end == end)
         return "The opening shot ends.";
-    for (const FixedCameraSection& section : marks.sections) {
-        if (section.end == end && section.angle == cut.angle)
-            return "The fixed section ends.";
-    }
-    for (const FixedCameraSection& section : marks.sections) {
-        if (section.start == end)
-            return "A fixed section begins.";
-    }
+    const auto ending = marks.sectionsByEnd.find(end);
+    if (ending != marks.sectionsByEnd.end() && marks.sections[ending->second].angle == cut.angle)
+        return "The fixed section ends.";
+    if (marks.sectionsByStart.contains(end))
+        return "A fixed section begins.";
     if (marks.closing && marks.closing->start == end)
         return "The closing shot begins.";
     if (std::ranges::binary_search(engine.videoRanges(cut.angle), end, {}, &FrameRange::end))
@@ -101,10 +102,10 @@ std::optional<ShotReasons::Choice> ShotReasons::placed(std::size_t position) con
         choice.kind = Choice::Kind::opening;
     else if (settings_.closingEnabled && cut.start == frame_->freeEnd)
         choice.kind = Choice::Kind::closing;
-    const auto section = std::ranges::find(marks_.sections, cut.start, &FixedCameraSection::start);
-    if (choice.kind == Choice::Kind::none && section != marks_.sections.end()) {
+    const auto section = marks_.sectionsByStart.find(cut.start);
+    if (choice.kind == Choice::Kind::none && section != marks_.sectionsByStart.end()) {
         choice.kind = Choice::Kind::section;
-        choice.section = static_cast<std::size_t>(section - marks_.sections.begin());
+        choice.section = section->second;
     }
     return choice.kind == Choice::Kind::none ? std::nullopt : std::optional(choice);
 }

@@ -7,6 +7,7 @@
 #include "import/imported_project.h"
 
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,7 +19,9 @@ namespace corvane {
 struct EditMarks {
     std::optional<FrameRange> opening;
     std::optional<FrameRange> closing;
-    std::vector<FixedCameraSection> sections; ///< in list order
+    std::vector<FixedCameraSection> sections;      ///< in list order
+    std::map<Frames, std::size_t> sectionsByStart; ///< positions in `sections`
+    std::map<Frames, std::size_t> sectionsByEnd;
 };
 [[nodiscard]] EditMarks editMarks(const CutEngine& engine, const EditSettings& settings);
 

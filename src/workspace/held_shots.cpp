@@ -86,17 +86,25 @@ std::vector<Cut> shotsToHold(
 void addHeldSections(
     const CutEngine& engine, EditSettings& settings, const std::vector<Cut>& shots, const IdentifierSource& newIds)
 {
-    std::vector<Frames> starts;
+    std::vector<Frames> latest; // of the starts up to each section, since the list is in any order
     for (const Stretch& section : stretches(engine, settings.sections))
-        starts.push_back(std::get<0>(section));
+        latest.push_back(std::max(std::get<0>(section), latest.empty() ? 0 : latest.back()));
+    std::vector<SectionDraft> all;
+    all.reserve(settings.sections.size() + shots.size());
+    std::size_t taken = 0;
+    const auto takeUntil = [&](std::size_t end) {
+        for (; taken < end; ++taken)
+            all.push_back(settings.sections[taken]);
+    };
     for (const Cut& shot : shots) {
+        const auto later = std::ranges::upper_bound(latest, shot.start);
+        takeUntil(static_cast<std::size_t>(later - latest.begin()));
         const Frames end = shot.start + shot.duration;
-        SectionDraft section = {
-            newIds(), "Held", shot.angle, readableLabel(engine, shot, shot.start), readableLabel(engine, shot, end)};
-        const auto later = std::ranges::find_if(starts, [&](Frames start) { return start > shot.start; });
-        settings.sections.insert(settings.sections.begin() + (later - starts.begin()), std::move(section));
-        starts.insert(later, shot.start);
+        all.push_back(
+            {newIds(), "Held", shot.angle, readableLabel(engine, shot, shot.start), readableLabel(engine, shot, end)});
     }
+    takeUntil(settings.sections.size());
+    settings.sections = std::move(all);
 }
 
 std::vector<std::size_t> sectionsToRelease(

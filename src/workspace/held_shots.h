@@ -16,8 +16,8 @@ namespace corvane {
     const CutEngine& engine, const EditSettings& settings, const std::vector<Cut>& cuts,
     const std::vector<std::size_t>& chosen);
 
-/// Adds a fixed section for each of the shots, before the first section that starts later. Refuses a shot whose
-/// timecodes do not read back as its frames.
+/// Adds a fixed section for each of the shots, which must be in order, before the first section that starts later.
+/// Refuses a shot whose timecodes do not read back as its frames, and then has changed nothing.
 void addHeldSections(
     const CutEngine& engine, EditSettings& settings, const std::vector<Cut>& shots, const IdentifierSource& newIds);
 

@@ -8,6 +8,7 @@
 #include "timecode/timecode.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace corvane {
 
@@ -62,11 +63,11 @@ std::vector<std::size_t> shortShots(const ContentView& view, const EditMarks& ma
         const auto overlaps = [&cut](Frames start, Frames end) {
             return cut.start < end && cut.start + cut.duration > start;
         };
+        // Sections do not overlap each other, so the last one that starts before the cut ends is the one that may.
+        const auto after = marks.sectionsByStart.lower_bound(cut.start + cut.duration);
         return (marks.opening && overlaps(marks.opening->start, marks.opening->end)) ||
                (marks.closing && overlaps(marks.closing->start, marks.closing->end)) ||
-               std::ranges::any_of(marks.sections, [&overlaps](const FixedCameraSection& section) {
-                   return overlaps(section.start, section.end);
-               });
+               (after != marks.sectionsByStart.begin() && marks.sections[std::prev(after)->second].end > cut.start);
     };
     for (std::size_t i = 0; i < view.state().cuts().size(); ++i) {
         const Cut& cut = view.state().cuts()[i];
