@@ -33,6 +33,45 @@ bool touches(const std::vector<FrameRange>& footage, const FrameRange& range)
     return after != footage.end() && after->start < range.end;
 }
 
+/// What there is to see, whichever audio is chosen.
+struct PictureRanges {
+    std::vector<FrameRange> shown; ///< where a camera that may be on screen has footage; normalised
+    std::vector<const std::vector<FrameRange>*> angles;
+};
+
+/// None while the settings would be refused.
+std::optional<PictureRanges> pictureRanges(
+    const ImportedProject& project, const CutEngine& engine, const EditSettings& settings)
+{
+    CoverageReport report = selectedCoverage(project, engine, settings);
+    if (report.message)
+        return std::nullopt;
+    PictureRanges pictures = {normalizeRanges(std::move(report.covered)), {}};
+    for (const ImportedAngle& angle : videoAngles(project, engine))
+        pictures.angles.push_back(&engine.videoRanges(angle.id));
+    return pictures;
+}
+
+UsableRanges withAudio(const PictureRanges& pictures, const CutEngine& engine, std::string_view audio)
+{
+    const auto frames = inBoth(pictures.shown, engine.audioRanges(audio));
+    UsableRanges usable;
+    for (const FrameRange& range : frames) {
+        const auto shows = [&](const auto* footage) { return touches(*footage, range); };
+        const auto first = std::ranges::find_if(pictures.angles, shows);
+        if (first == pictures.angles.end() || std::none_of(first + 1, pictures.angles.end(), shows))
+            continue;
+        usable.offered.push_back(range);
+        usable.frames += range.end - range.start;
+    }
+    for (const FrameRange& gap : uncoveredStretches(frames, engine.length)) {
+        if (gap.end - gap.start < 2)
+            usable.roundings.push_back(gap.start);
+    }
+    usable.wholeProject = usable.offered == std::vector<FrameRange>{{0, engine.length}};
+    return usable;
+}
+
 std::string rangeText(const CutEngine& engine, const FrameRange& range)
 {
     return timecodeLabel(engine, range.start) + " to " + timecodeLabel(engine, range.end);
@@ -79,39 +118,20 @@ std::string audioList(const ImportedProject& project, const CutEngine& engine, c
 std::optional<UsableRanges> usableRanges(
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings)
 {
-    CoverageReport report = selectedCoverage(project, engine, settings);
-    if (report.message)
-        return std::nullopt;
-    const auto frames = inBoth(normalizeRanges(std::move(report.covered)), engine.audioRanges(settings.audio));
-    const auto angles = videoAngles(project, engine);
-    UsableRanges usable;
-    for (const FrameRange& range : frames) {
-        const auto shown = std::ranges::count_if(
-            angles, [&](const ImportedAngle& angle) { return touches(engine.videoRanges(angle.id), range); });
-        if (shown < 2)
-            continue;
-        usable.offered.push_back(range);
-        usable.frames += range.end - range.start;
-    }
-    for (const FrameRange& gap : uncoveredStretches(frames, engine.length)) {
-        if (gap.end - gap.start < 2)
-            usable.roundings.push_back(gap.start);
-    }
-    usable.wholeProject = usable.offered == std::vector<FrameRange>{{0, engine.length}};
-    return usable;
+    const auto pictures = pictureRanges(project, engine, settings);
+    return pictures ? std::optional(withAudio(*pictures, engine, settings.audio)) : std::nullopt;
 }
 
 std::vector<OtherAudio> otherAudioAngles(
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings)
 {
     std::vector<OtherAudio> others;
-    EditSettings changed = settings;
+    const auto pictures = pictureRanges(project, engine, settings);
+    if (!pictures)
+        return others;
     for (const ImportedAngle& angle : project.angles) {
-        if (angle.id == settings.audio || engine.audioRanges(angle.id).empty())
-            continue;
-        changed.audio = angle.id;
-        if (auto usable = usableRanges(project, engine, changed))
-            others.push_back({angle.id, std::move(*usable)});
+        if (angle.id != settings.audio && !engine.audioRanges(angle.id).empty())
+            others.push_back({angle.id, withAudio(*pictures, engine, angle.id)});
     }
     std::ranges::stable_sort(others, std::greater(), [](const OtherAudio& other) { return other.usable.frames; });
     return others;
