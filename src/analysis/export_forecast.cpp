@@ -2,6 +2,7 @@
 
 #include "analysis/names.h"
 #include "base/numbers.h"
+#include "base/text.h"
 #include "engine/setting_limits.h"
 #include "engine/validation.h"
 #include "export/source_items.h"
@@ -79,14 +80,14 @@ std::string sentence(
     const xml::Element item = *refused.item;
     const std::string attribute(refused.attribute);
     const bool isFade = item.named("fadeIn") || item.named("fadeOut");
-    const std::string subject =
-        isFade ? "A fade of the audio of " + angleLabel(project, audioAngle) : nameOf(item) + placeOf(engine, item);
+    const std::string subject = isFade ? "A fade of the audio of " + shownText(angleLabel(project, audioAngle))
+                                       : shownText(nameOf(item)) + placeOf(engine, item);
     const auto text = item.attribute(refused.attribute);
     const std::string remedy = "; the export will refuse it. " +
                                std::string(isFade ? "Remove it" : "Move or remove it") +
                                " in Final Cut and export XML again.";
     if (!isAnnotation(item.plainName()) || !readSeconds(text))
-        return subject + " has no readable " + attribute + (text ? " (" + std::string(*text) + ")" : "") + remedy;
+        return subject + " has no readable " + attribute + (text ? " (" + shownText(*text) + ")" : "") + remedy;
     const bool isFar = std::abs(engine.frames(*readSeconds(text))) > largestFrameCount;
     if (isFar)
         return subject + " has a " + attribute + " that is too large to count in frames" + remedy;
