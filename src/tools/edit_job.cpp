@@ -80,13 +80,16 @@ DrawnEdit drawEdit(const LoadedFile& file)
 {
     const bool refusedAnyway = !refusedSources(file.engine, file.settings.audio).empty();
     constexpr int mostDraws = 20;
+    constexpr std::size_t mostCuts = 1'000'000; // in all; a project that long is not waited for twenty times
+    std::size_t cuts = 0;
     for (int draws = 1;; ++draws) {
         DrawnEdit edit = {generateFromSettings(file.project, file.engine, file.settings), {}};
         try {
             edit.xml = roughEditXML(file.engine, edit.cuts, file.settings.audio);
             return edit;
         } catch (const FinalCutImportError&) {
-            if (refusedAnyway || draws == mostDraws || !anotherDrawMayFit(file, edit.cuts))
+            cuts += edit.cuts.size();
+            if (refusedAnyway || draws == mostDraws || cuts > mostCuts || !anotherDrawMayFit(file, edit.cuts))
                 throw;
         }
     }
