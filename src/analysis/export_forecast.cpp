@@ -100,9 +100,12 @@ std::string sentence(
 std::vector<std::string> announcedRefusals(
     const ImportedProject& project, const CutEngine& engine, std::string_view audioAngle)
 {
+    constexpr std::size_t most = 1'000; // more than anyone mends one by one
     std::vector<std::string> sentences;
-    for (const RefusedSource& refused : refusedSources(engine, audioAngle))
+    for (const RefusedSource& refused : refusedSources(engine, audioAngle, most))
         sentences.push_back(sentence(project, engine, audioAngle, refused));
+    if (sentences.size() == most)
+        sentences.emplace_back("The list ends here; the export may refuse more. Mend these first.");
     return sentences;
 }
 

@@ -11,7 +11,8 @@
 namespace corvane {
 
 /// One sentence for each item in the document that an export with this audio angle will refuse, whatever the cuts are.
-/// Says where it is and what to do. In the order in which exports refuse them.
+/// Says where it is and what to do. In the order in which exports refuse them; after a thousand the last one says that
+/// the list ends.
 [[nodiscard]] std::vector<std::string> announcedRefusals(
     const ImportedProject& project, const CutEngine& engine, std::string_view audioAngle);
 

@@ -113,12 +113,14 @@ SourceHead sourceHead(const CutEngine& engine)
     return {*version, *resources};
 }
 
-std::vector<RefusedSource> refusedSources(const CutEngine& engine, std::string_view audioAngle)
+std::vector<RefusedSource> refusedSources(const CutEngine& engine, std::string_view audioAngle, std::size_t most)
 {
     std::vector<RefusedSource> refused;
     if (!engine.source)
         return refused;
     const auto reads = [&](std::optional<xml::Element> item, std::string_view attribute, const auto& read) {
+        if (refused.size() == most)
+            return false;
         try {
             (void)read();
             return true;

@@ -52,7 +52,8 @@ struct RefusedSource {
     std::string refusal;              ///< the export's message
 };
 
-/// All such items, in the order in which exports refuse them. None for an engine made without a document.
-[[nodiscard]] std::vector<RefusedSource> refusedSources(const CutEngine& engine, std::string_view audioAngle);
+/// The first such items, in the order in which exports refuse them. None for an engine made without a document.
+[[nodiscard]] std::vector<RefusedSource> refusedSources(
+    const CutEngine& engine, std::string_view audioAngle, std::size_t most);
 
 } // namespace corvane

@@ -78,7 +78,7 @@ void applyWholePreset(const EditPreset& preset, LoadedFile& file)
 
 DrawnEdit drawEdit(const LoadedFile& file)
 {
-    const bool refusedAnyway = !refusedSources(file.engine, file.settings.audio).empty();
+    const bool refusedAnyway = !refusedSources(file.engine, file.settings.audio, 1).empty();
     constexpr int mostDraws = 20;
     constexpr std::size_t mostCuts = 1'000'000; // in all; a project that long is not waited for twenty times
     std::size_t cuts = 0;

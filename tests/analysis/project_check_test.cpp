@@ -167,7 +167,7 @@ TEST(AnnouncedRefusals, AreExactlyWhatTheExportRefuses)
             const auto sound = std::ranges::find_if(engine.audioCoverage, isWhole);
             if (picture == engine.coverage.end() || sound == engine.audioCoverage.end() || engine.length < 4)
                 break;
-            const auto refused = refusedSources(engine, sound->first);
+            const auto refused = refusedSources(engine, sound->first, 1'000);
             std::vector<std::string> refusals;
             std::ranges::transform(refused, std::back_inserter(refusals), &RefusedSource::refusal);
             ASSERT_EQ(refusals, expected.value_or(refusals)) << "document " << number;
