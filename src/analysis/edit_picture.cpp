@@ -131,11 +131,12 @@ private:
     }
 
     /// Draws ranges shorter than a thousandth of the project as long as that, so that they are visible.
-    void addRange(const FrameRange& range, const std::string& attributes)
+    void addRange(const FrameRange& range, const std::string& attributes, int top = 0)
     {
         const Frames least = std::max<Frames>(1, engine_.length / 1000);
-        out_ += "<rect x=\"" + std::to_string(range.start) + "\" y=\"0\" width=\"" +
-                std::to_string(std::max(least, range.end - range.start)) + "\" height=\"20\" " + attributes + "/>";
+        out_ += "<rect x=\"" + std::to_string(range.start) + "\" y=\"" + std::to_string(top) + "\" width=\"" +
+                std::to_string(std::max(least, range.end - range.start)) + "\" height=\"" + std::to_string(20 - top) +
+                "\" " + attributes + "/>";
     }
 
     void beginLane(const std::string& name, const std::string& words)
@@ -149,7 +150,11 @@ private:
         const std::string line = "fill=\"none\" stroke=\"#161616\" stroke-width=\"2\" vector-effect="
                                  "\"non-scaling-stroke\"";
         for (const FixedCameraSection& section : marks_.sections) {
-            if (section.angle == camera)
+            if (section.angle != camera)
+                continue;
+            if (section.end - section.start < engine_.length / 100) // a frame would cover its colour
+                addRange({section.start, section.end}, "fill=\"#161616\"", 17);
+            else
                 addRange({section.start, section.end}, line);
         }
         const EditSettings& settings = revision_.settings;
@@ -183,9 +188,8 @@ private:
         beginLane("Audio: " + escaped(angleLabel(project_, revision_.settings.audio)), "Sound");
         for (const FrameRange& range : engine_.audioRanges(revision_.settings.audio))
             addRange(range, "fill=\"#bfb5a6\"");
-        out_ +=
-            "</svg></div>\n<p class=\"quiet\">Full colour: on screen. Pale: the camera has footage. Framed: a fixed "
-            "section. Dashed: the opening or closing shot.</p>\n";
+        out_ += "</svg></div>\n<p class=\"quiet\">Full colour: on screen. Pale: the camera has footage. Framed, or "
+                "underlined where it is short: a fixed section. Dashed: the opening or closing shot.</p>\n";
     }
 
     void addShares()

@@ -123,6 +123,7 @@ TEST(Reasons, AreInTheTableTheCopyAndTheStrip)
 TEST(PictureOfTheEdit, IsSavedAsANewFileAndNeverOverOne)
 {
     Gui gui(replaced(threeCameras, "name=\"A\"", "name=\"&lt;script&gt;\""));
+    gui.account.set([](auto& settings) { settings.sections = {{{}, "", "B", "00:00:10:00", "00:00:10:05"}}; });
     gui.click("Generate rough edit");
     gui.account.dialogs.answer = gui.account.folder.file("picture");
     gui.view().savePicture();
@@ -130,7 +131,8 @@ TEST(PictureOfTheEdit, IsSavedAsANewFileAndNeverOverOne)
     std::ifstream file(gui.account.folder.file("picture.html"));
     const std::string page((std::istreambuf_iterator<char>(file)), {});
     EXPECT_NE(page.find("&lt;script&gt;"), std::string::npos);
-    for (const char* never : {"<script", "http://", "https://", "src=", "@import", "url("})
+    EXPECT_NE(page.find(R"(<rect x="250" y="17" width="5" height="3" fill="#161616"/>)"), std::string::npos);
+    for (const char* never : {"stroke-width", "<script", "http://", "https://", "src=", "@import", "url("})
         EXPECT_EQ(page.find(never), std::string::npos) << never;
     gui.view().savePicture();
     EXPECT_TRUE(gui.state().error.value_or("").starts_with("There is already a file named picture.html"));

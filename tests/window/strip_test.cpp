@@ -162,6 +162,35 @@ TEST(Strip, AndTableChooseCutsAlike)
     EXPECT_EQ(cutListText(gui.view()).find(cutLines(gui.view(), {0, 1})), cutListText(gui.view()).find('\n') + 1);
 }
 
+TEST(Strip, ShowsTheCameraOfANarrowCutThatIsHeldOrChosen)
+{
+    StripGui gui(threeCameras, {960, 860});
+    std::vector<Cut> cuts;
+    for (Frames start = 0; start < 1000; start += 5)
+        cuts.push_back({{}, start % 2 == 0 ? "A" : "B", start, 5});
+    gui.account.showCuts(cuts);
+    gui.table->selectAll();
+    gui.entry("Hold Shots")->trigger();
+    ASSERT_EQ(gui.settings().sections.size(), 200U);
+    const CameraMarks marks(gui.view());
+    const auto expectColors = [&](const char* what) {
+        const QImage picture = gui.strip->grab().toImage();
+        for (const std::size_t position : {0U, 1U, 100U, 151U, 199U}) {
+            const Cut& cut = gui.state().cuts()[position];
+            const auto letters = gui.strip->findChildren<QLabel*>();
+            const QWidget* lane = letters[cut.angle == "A" ? 0 : 1];
+            const QPoint place(gui.at(cut.start + 2).x(), lane->mapTo(gui.strip, lane->rect().center()).y());
+            EXPECT_NEAR(picture.pixelColor(place).hue(), marks.of(cut.angle).color.hue(), 2) << what << position;
+        }
+    };
+    gui.table->clearSelection();
+    expectColors("held ");
+    gui.table->selectAll();
+    expectColors("chosen ");
+    gui.table->choose(100);
+    expectColors("current ");
+}
+
 TEST(Strip, TellsItsCutToAssistiveTechnology)
 {
     StripGui gui;

@@ -8,6 +8,12 @@
 
 namespace corvane {
 
+namespace {
+
+constexpr double narrowestFramed = 8; // a frame around anything narrower would cover its colour
+
+} // namespace
+
 void CutStrip::paintEvent(QPaintEvent*)
 {
     if (view_.state().cuts().empty())
@@ -84,8 +90,8 @@ void CutStrip::paintWords(QPainter& painter) const
     }
 }
 
-/// Hatches fixed sections over the height of their lane, and outlines opening
-/// and closing shots.
+/// Hatches fixed sections over the height of their lane, or underlines them
+/// where they are narrow, and outlines opening and closing shots.
 void CutStrip::paintMarks(QPainter& painter) const
 {
     const FrameRange visible = scale().frames();
@@ -93,6 +99,10 @@ void CutStrip::paintMarks(QPainter& painter) const
         if (section.end <= visible.start || section.start >= visible.end)
             continue;
         const QRectF place = stretch({section.start, section.end}, laneOf(section.angle), 2);
+        if (place.width() < narrowestFramed) {
+            painter.fillRect(QRectF(place.left(), place.bottom() - 3, place.width(), 2), theme::warmWhite);
+            continue;
+        }
         painter.fillRect(place, QBrush(QColor(0, 0, 0, 150), Qt::BDiagPattern));
         painter.setPen(QPen(theme::warmWhite, 1));
         painter.drawRect(place.adjusted(0.5, 0.5, -0.5, -0.5));
@@ -124,6 +134,8 @@ void CutStrip::paintShortShots(QPainter& painter) const
     painter.restore();
 }
 
+/// Frames the chosen cuts. A narrow one has bars at its ends instead, and as
+/// the current one a frame around it, so that its colour stays to be seen.
 void CutStrip::paintChosen(QPainter& painter) const
 {
     const auto [first, end] = visibleCuts();
@@ -134,13 +146,19 @@ void CutStrip::paintChosen(QPainter& painter) const
          ++position) {
         const QRectF place = stretch(*position, all, 2);
         painter.fillRect(place, QColor(255, 255, 255, 45));
-        painter.drawRect(place.adjusted(0.5, 0.5, -0.5, -0.5));
+        if (place.width() >= narrowestFramed) {
+            painter.drawRect(place.adjusted(0.5, 0.5, -0.5, -0.5));
+            continue;
+        }
+        for (const double y : {place.top(), place.bottom() - 2})
+            painter.fillRect(QRectF(place.left(), y, place.width(), 2), theme::orange);
     }
     const auto current = static_cast<std::size_t>(chosen_.current); // beyond the end for none
     if (current < first || current >= end)
         return;
     painter.setPen(QPen(theme::orange, 2));
-    painter.drawRect(stretch(current, all, 2).adjusted(0, 1, 0, -1));
+    const QRectF place = stretch(current, all, 2).adjusted(0, 1, 0, -1);
+    painter.drawRect(place.width() < narrowestFramed ? place.adjusted(-1, 0, 1, 0) : place);
 }
 
 /// A line at the pointer with the timecode and the camera there.
