@@ -276,6 +276,8 @@ TEST(CutPanel, GoesToTheNextShotBelowItsMinimum)
     EXPECT_EQ(table->currentIndex().row(), 4);
     QTest::keyClick(&gui.window(), Qt::Key_Y, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([table] { return table->currentIndex().row() == 1; })) << "after the last the first";
+    const QImage chosen = table->viewport()->grab(table->visualRect(table->model()->index(1, 2))).toImage();
+    EXPECT_EQ(chosen.pixelColor(2, chosen.height() / 2), table->palette().color(QPalette::Highlight));
     const auto told = [table](int row, int role) { return table->model()->index(row, 2).data(role); };
     EXPECT_TRUE(told(1, Qt::ForegroundRole).isValid() && !told(0, Qt::ForegroundRole).isValid());
     EXPECT_TRUE(told(4, Qt::AccessibleDescriptionRole).toString().endsWith(" Shorter than your minimum."));

@@ -14,7 +14,7 @@ namespace {
 
 constexpr QItemSelectionModel::SelectionFlags onlyRow = QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
 
-/// Draws texts for which the model has a colour in that colour, even in a selected row.
+/// Draws texts for which the model has a colour in that colour or, in a selected row where it could not be read, bold.
 class ColorDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -23,10 +23,8 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
-        if (!option->state.testFlag(QStyle::State_Selected) || !index.data(Qt::ForegroundRole).isValid())
-            return;
-        option->state.setFlag(QStyle::State_Selected, false);
-        option->backgroundBrush = option->palette.brush(QPalette::Base);
+        if (option->state.testFlag(QStyle::State_Selected) && index.data(Qt::ForegroundRole).isValid())
+            option->font.setBold(true);
     }
 };
 
