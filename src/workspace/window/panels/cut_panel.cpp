@@ -220,8 +220,10 @@ void CutPanel::refresh(const Changes& changes)
 void CutPanel::showCuts()
 {
     const bool any = !view_.state().cuts().empty();
-    if (const int row = table_->rowAt(0); row >= 0)
+    if (const int row = table_->rowAt(0); row >= 0) {
         top_ = model_->startOf(row);
+        rememberChosen();
+    }
     model_->show(marks_);
     strip_->show(marks_);
     pages_->setCurrentIndex(any ? 1 : 0);
@@ -231,13 +233,26 @@ void CutPanel::showCuts()
     tellChosen(); // the table forgets its selection without a signal
 }
 
+void CutPanel::rememberChosen()
+{
+    const int row = table_->currentIndex().row();
+    if (row < 0)
+        return;
+    const int above = table_->rowViewportPosition(row);
+    const int height = table_->rowHeight(row);
+    linesAbove_.reset();
+    if (above > -height && above < table_->viewport()->height())
+        linesAbove_ = std::max(0, above) / height;
+}
+
 /// To the commands that work on the chosen cuts.
 void CutPanel::tellChosen()
 {
     commands_.setChosenCuts(table_->chosen().positions);
 }
 
-/// Restores the table's scroll position, and chooses the shot at the chosen frame in this edit too.
+/// Restores the table's scroll position, and chooses the shot at the chosen frame in this edit too, at the height where
+/// the last one was seen.
 void CutPanel::restoreView()
 {
     for (QWidget* page : {static_cast<QWidget*>(pages_), pages_->currentWidget()})
@@ -250,6 +265,8 @@ void CutPanel::restoreView()
         return;
     const QModelIndex chosen = row(*chosen_);
     table_->choose(chosen.row());
+    if (linesAbove_)
+        table_->scrollTo(model_->index(std::max(0, chosen.row() - *linesAbove_), 0), QAbstractItemView::PositionAtTop);
     table_->scrollTo(chosen);
     strip_->reveal(static_cast<std::size_t>(chosen.row()), {*chosen_, *chosen_ + 1});
 }

@@ -29,6 +29,7 @@ private:
     void followTable();
     void copyChosen();
     void showCuts();
+    void rememberChosen();
     void restoreView();
     void tellChosen();
     void showShortShots();
@@ -54,8 +55,9 @@ private:
     QLabel* status_;
     QLabel* saveError_;
     std::vector<std::size_t> short_;
-    std::optional<Frames> chosen_; ///< the frame that the user chose, in this edit or an earlier one
-    Frames top_ = 0;               ///< the start of the table's first visible row, or of the last one that there was
+    std::optional<Frames> chosen_;  ///< the frame that the user chose, in this edit or an earlier one
+    Frames top_ = 0;                ///< the start of the table's first visible row, or of the last one that there was
+    std::optional<int> linesAbove_; ///< rows in view above the chosen one; none if it was out of view
 };
 
 } // namespace corvane
