@@ -191,6 +191,27 @@ TEST(Strip, ShowsTheCameraOfANarrowCutThatIsHeldOrChosen)
     expectColors("current ");
 }
 
+TEST(Strip, BringsAShortShotThatWasOutOfViewIntoItsMiddle)
+{
+    StripGui gui;
+    gui.account.showCuts({{{}, "A", 0, 400}, {{}, "B", 400, 10}, {{}, "A", 410, 390}, {{}, "B", 800, 10}});
+    gui.key(gui.strip, Qt::Key_Home);
+    for (int press = 0; press < 4; ++press)
+        gui.key(gui.strip, Qt::Key_Plus);
+    auto* line = gui.withText<>("2 shots are shorter than your minimum");
+    ASSERT_NE(line, nullptr);
+    for (const auto& [key, row] : {std::pair(Qt::Key_Space, 1), {Qt::Key_Return, 3}, {Qt::Key_Enter, 1}}) {
+        gui.key(line, key);
+        EXPECT_EQ(gui.table->chosen().current, row);
+        EXPECT_NEAR(gui.time->value() + gui.time->pageStep() / 2, row == 1 ? 405 : 805, 2);
+    }
+    gui.time->setValue(gui.time->value() + 5);
+    const int before = gui.time->value();
+    gui.key(line, Qt::Key_Home);
+    gui.table->choose(1);
+    EXPECT_EQ(gui.time->value(), before) << "what is in view stays where it is";
+}
+
 TEST(Strip, TellsItsCutToAssistiveTechnology)
 {
     StripGui gui;

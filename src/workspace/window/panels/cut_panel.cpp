@@ -67,7 +67,8 @@ void CutPanel::arrange()
     pictures->addWidget(summary_);
     pictures->addWidget(strip_, 1);
     shortShots_->setProperty("role", "link");
-    shortShots_->ensurePolished(); // so that its height is known before it is shown
+    shortShots_->setAutoDefault(true); // Return presses it too
+    shortShots_->ensurePolished();     // so that its height is known before it is shown
     for (QWidget* line : {static_cast<QWidget*>(summary_), static_cast<QWidget*>(shortShots_)})
         keepPlace(*line);
     pictures->addWidget(shortShots_, 0, Qt::AlignLeft);
@@ -285,6 +286,7 @@ void CutPanel::goToNextShortShot()
     const auto isLater = [row](std::size_t position) { return static_cast<int>(position) > row; };
     const auto later = std::ranges::find_if(short_, isLater);
     const auto next = static_cast<int>(later == short_.end() ? short_.front() : *later);
+    strip_->revealInMiddle(static_cast<std::size_t>(next));
     table_->choose(next);
     table_->scrollTo(model_->index(next, 0), QAbstractItemView::PositionAtCenter);
 }

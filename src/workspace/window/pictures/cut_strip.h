@@ -30,6 +30,8 @@ public:
     void mark(const ChosenCuts& chosen, std::optional<Frames> frame);
     /// Scrolls until these frames, which belong to the cut at `position`, and the cut's lane are visible.
     void reveal(std::size_t position, const FrameRange& frames);
+    /// The same for a cut that somebody has asked for; it comes into the middle unless it is in view.
+    void revealInMiddle(std::size_t position);
     /// Gives the keys that go through the cuts, choose or copy them to the table of the same cuts.
     void leaveKeysTo(CutTable& table) { table_ = &table; }
 

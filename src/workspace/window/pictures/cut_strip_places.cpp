@@ -186,6 +186,14 @@ void CutStrip::reveal(std::size_t position, const FrameRange& frames)
     showChange();
 }
 
+void CutStrip::revealInMiddle(std::size_t position)
+{
+    const Cut& cut = view_.state().cuts()[position];
+    const FrameRange frames = {cut.start, cut.start + cut.duration};
+    time_.revealInMiddle(frames);
+    reveal(position, frames);
+}
+
 void CutStrip::zoom(double factor, double anchor)
 {
     time_.zoom(factor, anchor, lanes().width() / widestFrame);

@@ -29,6 +29,14 @@ void TimeWindow::scrollTo(double first)
     shown_.first = std::clamp(first, 0.0, last());
 }
 
+void TimeWindow::revealInMiddle(const FrameRange& frames)
+{
+    const auto start = static_cast<double>(frames.start);
+    const auto end = static_cast<double>(frames.end);
+    if (start < shown_.first || end > shown_.first + shown_.count)
+        scrollTo((start + end - shown_.count) / 2);
+}
+
 void TimeWindow::reveal(const FrameRange& frames)
 {
     constexpr double part = 0.05; // of what is shown, so that the neighbours are seen too

@@ -17,6 +17,8 @@ public:
     void scrollTo(double first);
     /// Scrolls as little as possible until these frames are shown, or their beginning if they do not fit.
     void reveal(const FrameRange& frames);
+    /// Scrolls these frames to the middle unless they are shown.
+    void revealInMiddle(const FrameRange& frames);
 
     [[nodiscard]] const VisibleFrames& shown() const { return shown_; }
     [[nodiscard]] bool showsAll() const { return shown_.count >= length_; }
