@@ -258,6 +258,17 @@ TEST(CutPanel, KeepsTheChosenFrameInStripAndTable)
         gui.click(button);
         EXPECT_EQ(expectChosen(button), height) << button;
     }
+    const auto select = [table](int row, QItemSelectionModel::SelectionFlags how) {
+        table->selectionModel()->setCurrentIndex(table->model()->index(row, 0), how | QItemSelectionModel::Rows);
+    };
+    select(4, QItemSelectionModel::Select);
+    select(6, QItemSelectionModel::NoUpdate); // as after Ctrl has taken it away
+    const Frames first = gui.state().cuts()[4].start;
+    gui.click("Shuffle rough edit");
+    EXPECT_EQ(table->currentIndex().row(), static_cast<int>(cutAt(gui.state().cuts(), first)));
+    table->clearSelection();
+    gui.click("Shuffle rough edit");
+    EXPECT_FALSE(table->currentIndex().isValid()) << "none was chosen";
     gui.account.importAndGenerate(document());
     EXPECT_FALSE(table->currentIndex().isValid()) << "another project";
 }

@@ -234,11 +234,19 @@ void CutPanel::showCuts()
     tellChosen(); // the table forgets its selection without a signal
 }
 
+/// A current cut that is not chosen stands back for the first one that is.
 void CutPanel::rememberChosen()
 {
-    const int row = table_->currentIndex().row();
-    if (row < 0)
+    const ChosenCuts chosen = table_->chosen();
+    if (!chosen_ || chosen.positions.empty()) {
+        chosen_.reset();
         return;
+    }
+    int row = chosen.current;
+    if (!std::ranges::binary_search(chosen.positions, static_cast<std::size_t>(row))) {
+        row = static_cast<int>(chosen.positions.front());
+        chosen_ = model_->startOf(row);
+    }
     const int above = table_->rowViewportPosition(row);
     const int height = table_->rowHeight(row);
     linesAbove_.reset();
