@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QStyle>
+#include <QToolTip>
 #include <algorithm>
 
 namespace corvane {
@@ -143,6 +145,24 @@ TEST(UndoStory, HeldShotsAreSectionsUntilTheyAreReleased)
     EXPECT_EQ(gui.entry("Undo"), "Undo Release");
     gui.account.set([](auto& settings) { settings.mainShare = 30; });
     EXPECT_TRUE(gui.entry("Release").endsWith("Generate an edit first.)"));
+}
+
+TEST(Tooltip, GoesWhenItIsNoLongerTrue)
+{
+    Gui gui(threeCameras);
+    for (int made = 0; made < 3; ++made)
+        gui.view().generateRoughEdit();
+    gui.click("Back");
+    gui.click("Back");
+    auto* shuffle = gui.withText<>("Shuffle rough edit");
+    QHelpEvent help(QEvent::ToolTip, QPoint(9, 9), shuffle->mapToGlobal(QPoint(9, 9)));
+    QApplication::sendEvent(shuffle, &help);
+    const auto isGone = [] { return QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 600); };
+    EXPECT_EQ(QToolTip::text(), "Replaces edits 2 to 3");
+    gui.view().edit([](WorkspaceState& state) { state.status = "Exported."; });
+    EXPECT_FALSE(isGone()) << "it is still true";
+    gui.view().generateRoughEdit();
+    EXPECT_TRUE(isGone());
 }
 
 } // namespace

@@ -33,10 +33,14 @@ private:
     QAbstractItemView& list_;
 };
 
-/// Also sets the description, because otherwise assistive technology would read the tooltip's markup.
+/// Also sets the description, because otherwise assistive technology would read the tooltip's markup. What the tooltip
+/// said until now does not stay on the screen.
 void setTip(QWidget& widget, const QString& drawn, const QString& spoken)
 {
+    const QString before = widget.toolTip();
     widget.setToolTip(tip(drawn));
+    if (widget.toolTip() != before && QToolTip::text() == before)
+        hideTip();
     if (widget.accessibleDescription() != spoken)
         widget.setAccessibleDescription(spoken);
 }

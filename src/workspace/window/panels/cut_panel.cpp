@@ -227,6 +227,8 @@ void CutPanel::showCuts()
     }
     model_->show(marks_);
     strip_->show(marks_);
+    if (table_->underMouse())
+        hideTip(); // it belongs to the previous edit
     pages_->setCurrentIndex(any ? 1 : 0);
     showShortShots();
     if (any)
