@@ -11,6 +11,7 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QMenu>
+#include <QPainter>
 #include <QToolTip>
 #include <QWheelEvent>
 
@@ -210,6 +211,33 @@ TEST(Strip, BringsAShortShotThatWasOutOfViewIntoItsMiddle)
     gui.key(line, Qt::Key_Home);
     gui.table->choose(1);
     EXPECT_EQ(gui.time->value(), before) << "what is in view stays where it is";
+}
+
+TEST(Markers, AreDrawnWithTheirNameWhereThereIsRoomForIt)
+{
+    CutEngine engine;
+    engine.frameNumerator = 1;
+    engine.frameDenominator = 25;
+    engine.length = 1000;
+    const auto isNamed = [&engine](const std::vector<ClipMarker>& markers, int from, int to) {
+        QImage picture(500, axisHeight(markers), QImage::Format_RGB32);
+        picture.fill(Qt::black);
+        QPainter painter(&picture);
+        paintAxis(painter, picture.rect(), TimeScale(1000, 0, 500), engine, markers);
+        for (int x = from; x < to; ++x) {
+            for (int y = 0; y < 15; ++y) { // above the timecodes
+                const QColor color = picture.pixelColor(x, y);
+                if (color.blue() > color.red() / 2 && color.red() > 100) // no tick
+                    return true;
+            }
+        }
+        return false;
+    };
+    const std::vector<ClipMarker> close = {{100, "Sermon begins"}, {150, "Sermon"}, {150, "Bell"}, {850, "Lapel mic"}};
+    EXPECT_FALSE(isNamed(close, 51, 75)) << "less than six letters";
+    EXPECT_TRUE(isNamed(close, 76, 140)) << "the last of them has the room";
+    EXPECT_TRUE(isNamed(close, 426, 500)) << "what is left of it";
+    EXPECT_TRUE(isNamed({{100, "Be"}, {150, "Sermon"}}, 51, 75)) << "all of a short one";
 }
 
 TEST(Strip, TellsItsCutToAssistiveTechnology)

@@ -19,13 +19,12 @@ namespace {
 constexpr int ticksHeight = 20;
 constexpr int namesHeight = 15;
 
-/// Paints a name only if the previous one leaves room for it, and elides it before the next marker.
+/// Paints a name only if all of it or enough to tell it fits before the next marker.
 void paintMarkers(
     QPainter& painter, const QRectF& place, const TimeScale& scale, const std::vector<ClipMarker>& markers)
 {
-    constexpr double narrowest = 24;
+    const double narrowest = 6.0 * painter.fontMetrics().averageCharWidth();
     const FrameRange visible = scale.frames();
-    double free = place.left();
     auto marker = std::ranges::lower_bound(markers, visible.start, {}, &ClipMarker::frame);
     for (; marker != markers.end() && marker->frame < visible.end; ++marker) {
         const double x = scale.x(marker->frame);
@@ -33,14 +32,14 @@ void paintMarkers(
         painter.drawLine(QPointF(x, place.top() + 2), QPointF(x, place.top() + namesHeight));
         painter.drawLine(QPointF(x, place.bottom() - 4), QPointF(x, place.bottom())); // not across the timecodes
         const double next = marker + 1 != markers.end() ? scale.x((marker + 1)->frame) : place.right();
-        const double room = std::max(std::min(next, place.right()), x + narrowest) - x - 6;
-        if (x < free || x + narrowest > place.right())
+        const double room = std::min(next, place.right()) - x - 6;
+        const QString name = shown(marker->name);
+        if (room < std::min<double>(narrowest, painter.fontMetrics().horizontalAdvance(name)))
             continue;
-        const QString name =
-            painter.fontMetrics().elidedText(shown(marker->name), Qt::ElideRight, static_cast<int>(room));
         painter.setPen(theme::warmWhite);
-        painter.drawText(QRectF(x + 3, place.top(), room + 2, namesHeight), Qt::AlignLeft | Qt::AlignVCenter, name);
-        free = x + 3 + painter.fontMetrics().horizontalAdvance(name);
+        painter.drawText(
+            QRectF(x + 3, place.top(), room + 2, namesHeight), Qt::AlignLeft | Qt::AlignVCenter,
+            painter.fontMetrics().elidedText(name, Qt::ElideRight, static_cast<int>(room)));
     }
 }
 
