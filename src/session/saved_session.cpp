@@ -79,6 +79,12 @@ bool isKnownThroughout(std::string_view bytes)
     return session && session->version == 1 && !session->holdsMore;
 }
 
+bool isKnownWithoutEdits(std::string_view bytes)
+{
+    const auto session = decoded(bytes);
+    return session && session->version == 1 && !session->holdsMore && session->history.items.empty();
+}
+
 bool restoresThroughout(std::string_view bytes)
 {
     const auto session = decoded(bytes);

@@ -29,7 +29,10 @@ struct SavedEditSession {
 /// True for a session file that this program could write again without losing data.
 [[nodiscard]] bool isKnownThroughout(std::string_view bytes);
 
-/// The same for a file that can also be restored.
+/// The same for a file without any revision.
+[[nodiscard]] bool isKnownWithoutEdits(std::string_view bytes);
+
+/// The same as isKnownThroughout for a file that can also be restored.
 [[nodiscard]] bool restoresThroughout(std::string_view bytes);
 
 /// Refuses a session of another version, with settings out of range, with cameras that its project does not have, or

@@ -120,6 +120,7 @@ void SessionKeeper::changePlaces(std::string_view previousBytes, const OnScreen&
 {
     if (session.loaded != nullptr) {
         store_.write(encoded(session));
+        (void)keepUnkept(); // otherwise the session on screen would replace the previous file as it is
         store_.changePlaces(previousBytes);
     }
     unkept_.reset();

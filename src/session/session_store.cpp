@@ -12,12 +12,47 @@ namespace corvane {
 namespace {
 
 /// Whether the bytes of a file satisfy `is`; false also if it cannot be read.
-bool storedFile(const std::string& path, bool (*is)(std::string_view bytes))
+bool storedFile(const std::string& path, const std::function<bool(std::string_view bytes)>& is)
 {
     try {
         return is(readFile(path, largestSession));
     } catch (const PlatformError&) {
         return false;
+    }
+}
+
+/// Whether the parts, one after the other, are these bytes.
+bool areTheSame(std::string_view bytes, std::span<const std::string_view> parts)
+{
+    for (const std::string_view part : parts) {
+        if (!bytes.starts_with(part))
+            return false;
+        bytes.remove_prefix(part.size());
+    }
+    return bytes.empty();
+}
+
+/// Whether replacing the previous session by the parts would lose edits, or something that this program cannot write.
+bool losesWork(const std::string& path, std::span<const std::string_view> parts)
+{
+    return !storedFile(
+        path, [&](std::string_view bytes) { return areTheSame(bytes, parts) || isKnownWithoutEdits(bytes); });
+}
+
+/// Replaces the file, of which keepAside has made this copy. If that fails, removes the copy where it is not needed and
+/// throws.
+void replaceKept(
+    const std::string& path, const std::string& copy, std::span<const std::string_view> parts, FileCalls& calls)
+{
+    const auto before = stampOf(path); // none if it was renamed rather than copied
+    try {
+        replaceFile(path, parts, calls);
+    } catch (...) {
+        if (before && stampOf(path) == before) // otherwise the copy is all that is left
+            calls.unlink(copy);
+        else if (!somethingNamed(path))
+            (void)calls.renameToNew(copy, path);
+        throw;
     }
 }
 
@@ -75,9 +110,10 @@ void SessionStore::writePrevious(std::span<const std::string_view> parts)
 {
     const std::string path = previousFilePath();
     refuseUnreadable(path, parts);
-    if (stampOf(path) && !storedFile(path, isKnownThroughout))
-        (void)keepAside(path, largestSession, calls_);
-    replaceFile(path, parts, calls_);
+    if (!stampOf(path) || !losesWork(path, parts))
+        return replaceFile(path, parts, calls_);
+    replaceKept(path, keepAside(path, largestSession, calls_), parts, calls_);
+    removeSurplusCopies(path);
 }
 
 void SessionStore::keepAsPrevious(std::string_view bytes)
@@ -91,15 +127,7 @@ void SessionStore::changePlaces(std::string_view bytes)
     const std::string path = sessionFileURL();
     const std::string previous = previousFilePath();
     const std::string copy = keepAside(path, largestSession, calls_);
-    try {
-        replaceFile(path, {&bytes, 1}, calls_);
-    } catch (...) {
-        if (somethingNamed(path))
-            calls_.unlink(copy);
-        else
-            (void)calls_.renameToNew(copy, path); // renames it back if it was renamed rather than copied
-        throw;
-    }
+    replaceKept(path, copy, {&bytes, 1}, calls_);
     own_ = isKnownThroughout(bytes) ? stampOf(path) : std::nullopt;
     if (followedLinks(previous) == previous) {
         (void)calls_.renameOver(copy, previous); // if this fails, the copy stays where it is

@@ -18,8 +18,9 @@ constexpr std::uint64_t largestSession = std::uint64_t{512} << 20U;
 
 /// The user's session file, and the files beside it that must not be lost. A file is copied aside before the first save
 /// over it if this store neither wrote it nor passed it to the window (because it could not be restored, was never
-/// read, or another process replaced it), or if it contains data that this program would not write. Of the copies that
-/// this program can restore completely the latest ten are kept; all others are kept forever.
+/// read, or another process replaced it), or if it contains data that this program would not write. The previous
+/// session is copied aside before another one takes its place if it has edits, or contains such data. Of the copies of
+/// each file that this program can restore completely the latest ten are kept; all others are kept forever.
 class SessionStore {
 public:
     /// `folder` creates the program's own folder and returns its path, or throws PlatformError.
@@ -39,9 +40,10 @@ public:
     /// then the old file stays.
     void write(std::span<const std::string_view> parts);
 
-    /// The path of the session that an import replaced, "session-v1 (previous).json". Only the latest one is kept.
+    /// The path of the session that an import replaced last, "session-v1 (previous).json".
     [[nodiscard]] std::string previousFilePath() const;
-    void writePrevious(std::span<const std::string_view> parts); ///< fails like write()
+    /// Fails like write(), also if the session in this file has edits and cannot be copied aside.
+    void writePrevious(std::span<const std::string_view> parts);
     /// Keeps the stored file, from which `bytes` were read, as the previous session.
     void keepAsPrevious(std::string_view bytes);
     /// Exchanges the previous session, from which `bytes` were read, and the stored one. At every moment each of them

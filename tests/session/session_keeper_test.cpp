@@ -22,6 +22,7 @@ using Names = std::vector<std::string>;
 const std::string stored = "session-v1.json";
 const std::string previous = "session-v1 (previous).json";
 const std::string kept = "session-v1 (kept).json";
+const std::string previousKept = "session-v1 (previous) (kept).json";
 
 /// A keeper on a folder of its own, and what is on screen.
 struct Desk {
@@ -46,6 +47,10 @@ struct Desk {
     void importAndGenerate(const std::string& xml)
     {
         import(xml);
+        generate();
+    }
+    void generate()
+    {
         history.append(std::make_shared<EditRevision>(EditRevision{
             randomIdentifiers()(), {}, settings, generateFromSettings(loaded->imported, loaded->engine, settings)}));
     }
@@ -129,6 +134,66 @@ TEST(SessionKeeper, KeepsReplacedSessionsThatHaveEdits)
     EXPECT_THROW((void)next.restore(), Refusal);
     next.keepReplaced({nullptr, settings, history});
     EXPECT_EQ(desk.bytes(previous), "as before") << "what cannot be restored does not take the place of what can";
+}
+
+TEST(SessionKeeper, KeepsEditsThatAnotherReplacedSessionWouldReplace)
+{
+    for (const bool fullDisk : {false, true}) {
+        Desk desk;
+        desk.importAndGenerate(document());
+        desk.generate();
+        (void)desk.save();
+        desk.importAndGenerate(document());
+        (void)desk.save();
+        const std::string twoEdits = desk.bytes(previous);
+        desk.calls.full = fullDisk;
+        desk.importAndGenerate(otherProject);
+        EXPECT_EQ(desk.save().has_value(), fullDisk);
+        desk.calls.full = false;
+        if (fullDisk) // the session in memory takes the place of the other project, which takes that of the two edits
+            desk.keeper.changePlaces(desk.keeper.readPrevious().bytes, desk.onScreen());
+        EXPECT_EQ(desk.bytes(previousKept), twoEdits);
+        EXPECT_EQ(desk.project(fullDisk ? stored : previous), document());
+        EXPECT_EQ(desk.project(fullDisk ? previous : stored), otherProject);
+        for (int import = 0; import < 12; ++import)
+            desk.importAndGenerate(document());
+        EXPECT_EQ(desk.folder.names().size(), fullDisk ? 13U : 12U) << "ten, and what the full disk had stopped";
+    }
+    Desk desk;
+    desk.importAndGenerate(document());
+    (void)desk.save();
+    const EditSettings settings;
+    const EditHistory history;
+    for (int start = 0; start < 2; ++start) // with a project, which is not saved
+        SessionKeeper(desk.store).keepReplaced({nullptr, settings, history});
+    EXPECT_EQ(desk.folder.names(), (Names{previous, stored})) << "the same session is kept once";
+}
+
+TEST(SessionKeeper, KeepsThePreviousEditsOnceWhicheverCallFails)
+{
+    int calls = 1;
+    for (int failing = 0; failing < calls; ++failing) {
+        SCOPED_TRACE(failing);
+        Desk desk;
+        desk.importAndGenerate(document());
+        (void)desk.save();
+        desk.importAndGenerate(otherProject);
+        (void)desk.save();
+        desk.calls.calls = 0;
+        desk.calls.failing = failing;
+        desk.import(document());
+        calls = desk.calls.calls;
+        desk.calls.failing = -1;
+        const auto told = desk.save();
+        const bool done = desk.project(previous) == otherProject;
+        EXPECT_EQ(told.has_value(), !done);
+        EXPECT_TRUE(told.value_or("The previous session could not be kept: ")
+                        .starts_with("The previous session could not be kept: "));
+        EXPECT_EQ(desk.project(done ? previousKept : previous), document());
+        EXPECT_EQ(desk.project(done ? previous : kept), otherProject);
+        EXPECT_EQ(desk.folder.names().size(), 3U);
+    }
+    EXPECT_GT(calls, 4);
 }
 
 TEST(SessionKeeper, SaysWhatItCouldNotKeepUntilItHas)
