@@ -143,6 +143,25 @@ TEST(SectionsPanel, AddsChangesRemovesAndBringsBack)
     EXPECT_EQ(gui.settings().sections, (std::vector<SectionDraft>{both[1]}));
     QTest::keyClick(&gui.window(), Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(gui.settings().sections, both);
+    // The second press of a double click comes to the next row's button, which is by then in the same place.
+    gui.window().resize(1200, 3000); // nothing scrolls
+    Gui::settle();
+    auto* rows = qobject_cast<ReservedRows*>(gui.withText<>("Remove")->parentWidget()->parentWidget());
+    const QPoint place = gui.withText<>("Remove", rows->row(0))->mapTo(&gui.window(), QPoint(8, 8));
+    for (const auto type :
+         {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
+          QEvent::MouseButtonRelease}) {
+        QWidget* under = gui.window().childAt(place);
+        ASSERT_EQ(readText(qobject_cast<QAbstractButton*>(under)->text()), "Remove");
+        QMouseEvent event(
+            type, under->mapFrom(&gui.window(), place), gui.window().mapToGlobal(place), Qt::LeftButton,
+            type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, {});
+        QCoreApplication::sendEvent(under, &event);
+        Gui::settle();
+    }
+    EXPECT_EQ(gui.settings().sections, (std::vector<SectionDraft>{both[1]}));
+    QTest::keyClick(gui.window().focusWidget(), Qt::Key_Space);
+    EXPECT_TRUE(gui.settings().sections.empty()) << "the focus is on the next button";
 }
 
 TEST(SectionsPanel, BringsANewSectionIntoViewAndAnotherProjectToItsTop)

@@ -7,9 +7,23 @@
 #include "workspace/window/shown_text.h"
 
 #include <QHBoxLayout>
+#include <QMouseEvent>
 #include <algorithm>
 
 namespace corvane {
+
+namespace {
+
+/// A button that the second press of a double click does not press: by then the next row's button is under the pointer.
+class RemoveButton : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void mouseDoubleClickEvent(QMouseEvent* event) override { event->accept(); }
+};
+
+} // namespace
 
 /// The controls of one section.
 struct SectionsPanel::Row : QFrame {
@@ -20,7 +34,7 @@ struct SectionsPanel::Row : QFrame {
           camera(new Picker(this)),
           start(new TimecodeField(SectionsPanel::tr("Start"), judge, this)),
           end(new TimecodeField(SectionsPanel::tr("End"), judge, this)),
-          remove(new QPushButton(SectionsPanel::tr("Remove"), this))
+          remove(new RemoveButton(SectionsPanel::tr("Remove"), this))
     {
     }
 
