@@ -45,6 +45,15 @@ std::string userFolder(const char* variable, std::string_view inHome)
     return pathIn(home ? *home : listedHome(), inHome);
 }
 
+std::string shortPath(const std::string& path)
+{
+    const auto home = absolutePathFrom("HOME");
+    if (!home || !path.starts_with(*home))
+        return path;
+    const std::string inHome = path.substr(home->size());
+    return inHome.empty() || inHome.front() == '/' ? "~" + inHome : path;
+}
+
 std::string ApplicationSupport::folder()
 {
     std::string folder = userFolder("XDG_DATA_HOME", ".local/share");

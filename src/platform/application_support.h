@@ -9,6 +9,9 @@ namespace corvane {
 /// folder `inHome` in the user's home. It need not exist. Throws PlatformError if no home folder can be found.
 [[nodiscard]] std::string userFolder(const char* variable, std::string_view inHome);
 
+/// The path with "~" for the user's home folder, as people read it.
+[[nodiscard]] std::string shortPath(const std::string& path);
+
 /// The folder in which the user's programs keep their data. All of them share it, so the caller appends "Corvane".
 class ApplicationSupport {
 public:

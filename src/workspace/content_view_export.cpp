@@ -5,6 +5,7 @@
 #include "export/hand_off.h"
 #include "export/rough_edit_writer.h"
 #include "export/settings_record.h"
+#include "platform/application_support.h"
 #include "workspace/content_view.h"
 
 #include <filesystem>
@@ -89,7 +90,11 @@ void ContentView::savePicture(const std::string& decimalSign)
                     " in this folder. Choose another name: the picture never replaces a file.");
             writeNewFile(path, page, services_.files);
             services_.dialogs.rememberNewFile(path);
-            edit([&path](WorkspaceState& state) { state.status = "Saved " + std::string(lastComponent(path)) + "."; });
+            const std::string folder = shortPath(folderOf(path));
+            edit([&](WorkspaceState& state) {
+                state.status = "Saved " + std::string(lastComponent(path)) + " in " +
+                               (folder == "~" ? "your home folder" : folder) + ".";
+            });
         });
     });
     if (failure) {

@@ -128,6 +128,7 @@ TEST(PictureOfTheEdit, IsSavedAsANewFileAndNeverOverOne)
     gui.account.dialogs.answer = gui.account.folder.file("picture");
     gui.view().savePicture();
     EXPECT_EQ(gui.account.dialogs.suggestedName, "Concert Corvane.html");
+    EXPECT_EQ(gui.state().status, "Saved picture.html in " + gui.account.folder.path() + ".");
     std::ifstream file(gui.account.folder.file("picture.html"));
     const std::string page((std::istreambuf_iterator<char>(file)), {});
     EXPECT_NE(page.find("&lt;script&gt;"), std::string::npos);
@@ -139,6 +140,15 @@ TEST(PictureOfTheEdit, IsSavedAsANewFileAndNeverOverOne)
     EXPECT_EQ(gui.account.dialogs.saved, std::vector<std::string>{gui.account.folder.file("picture.html")});
     if (QMessageBox* box = gui.alert())
         QTest::keyClick(box, Qt::Key_Return);
+    const QByteArray home = qgetenv("HOME");
+    std::filesystem::create_directory(gui.account.folder.file("pages"));
+    for (const std::string name : {"pages/a", "b"}) {
+        qputenv("HOME", QByteArray::fromStdString(gui.account.folder.path()));
+        gui.account.dialogs.answer = gui.account.folder.file(name);
+        gui.view().savePicture();
+        qputenv("HOME", home);
+        EXPECT_EQ(gui.state().status, name == "b" ? "Saved b.html in your home folder." : "Saved a.html in ~/pages.");
+    }
 }
 
 TEST(Help, OpensAtThePanelsTopic)

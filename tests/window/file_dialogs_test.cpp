@@ -132,6 +132,9 @@ TEST(FileDialogs, ShowDatesAndTheUsualPlacesAndLeaveThePlacesOfOtherProgramsAlon
     const QUrl downloads = QUrl::fromLocalFile(qt(choosers.scratch.file("Downloads")));
     const QByteArray home = qgetenv("HOME");
     qputenv("HOME", QByteArray::fromStdString(choosers.scratch.file(".")));
+    const Visit picture =
+        visited([&choosers] { return choosers.dialogs.chooseNewFile("Save", "Choose.", "a.html"); }, "", [](auto&) {});
+    EXPECT_EQ(picture.openedAt, QDir::homePath()) << "there is no folder for documents";
     ProjectFileDialog(nullptr).setViewMode(QFileDialog::List); // as another program may have left it
     choosers.project("", [&downloads](QFileDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Import Final Cut XML");

@@ -227,10 +227,12 @@ QString FileDialogs::lastFolder(const std::string& key, const std::string& other
     } catch (const PlatformError&) {
         folder.clear(); // failing to remember the last folder is no reason to refuse
     }
-    QString last = QFile::decodeName(folder.c_str());
-    if (!last.isEmpty() && QDir(last).exists())
-        return last;
-    return otherwise.empty() ? QDir::homePath() : QFile::decodeName(otherwise.c_str());
+    for (const std::string& each : {folder, otherwise}) {
+        QString path = QFile::decodeName(each.c_str());
+        if (!path.isEmpty() && QDir(path).exists()) // otherwise the chooser would open in the current directory
+            return path;
+    }
+    return QDir::homePath();
 }
 
 void FileDialogs::remember(const std::string& key, const QString& folder)
