@@ -5,6 +5,20 @@
 
 namespace corvane {
 
+namespace {
+
+/// What is said first of a project that can be cut from start to end; empty for any other.
+std::string wholeProjectText(const ProjectCheck& check)
+{
+    if (!check.usable || !check.usable->wholeProject)
+        return "";
+    return check.refusals.empty()
+               ? "The whole project can be cut, and nothing in its document will be refused by an export.\n"
+               : "The whole project can be cut.\n";
+}
+
+} // namespace
+
 ProjectCheck checkProject(
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings, std::string_view decimalSign)
 {
@@ -29,7 +43,9 @@ std::vector<std::string> checkNotes(const ProjectCheck& check)
 std::string checkText(
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings, const ProjectCheck& check)
 {
-    std::string text = check.usable ? usableList(project, engine, settings, *check.usable, check.otherAudio) : "";
+    std::string text = wholeProjectText(check);
+    if (check.usable)
+        text += usableList(project, engine, settings, *check.usable, check.otherAudio);
     const auto notes = checkNotes(check);
     if (!text.empty() && !notes.empty())
         text += "\n";

@@ -28,7 +28,8 @@ struct ProjectCheck {
 /// The notes of the check: refusals, advice and oddities, in this order.
 [[nodiscard]] std::vector<std::string> checkNotes(const ProjectCheck& check);
 
-/// The whole check as text, with a line feed after each line; empty if there is nothing to say.
+/// The whole check as text, with a line feed after each line: what can be cut, and the notes. Empty only if it is
+/// unknown what can be cut and there are no notes.
 [[nodiscard]] std::string checkText(
     const ImportedProject& project, const CutEngine& engine, const EditSettings& settings, const ProjectCheck& check);
 

@@ -49,7 +49,7 @@ bool checkFile(const std::string& path, bool json)
     } else if (check) {
         printProject(std::cout, *file);
         printCheck(std::cout, *file, *check);
-        std::cout << (facts.refusal ? "\n" : "\nIt can be cut over its whole length.\n\n");
+        std::cout << "\n";
     }
     std::cout.flush();
     if (facts.refusal)

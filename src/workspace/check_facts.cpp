@@ -65,10 +65,7 @@ std::string projectCheckText(const ContentView& view, std::string_view decimalSi
     const EditSettings& settings = view.state().settings;
     const ProjectCheck check = checkProject(project, engine, settings, decimalSign);
     const std::string text = checkText(project, engine, settings, check);
-    if (!check.usable)
-        return setupWarning(project, engine, settings, decimalSign).value_or("") + "\n" + text;
-    return text.empty() ? "The whole project can be cut, and nothing in its document will be refused by an export.\n"
-                        : text;
+    return check.usable ? text : setupWarning(project, engine, settings, decimalSign).value_or("") + "\n" + text;
 }
 
 } // namespace corvane

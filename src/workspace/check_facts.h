@@ -34,7 +34,7 @@ private:
     bool mayHaveNotes_ = false;
 };
 
-/// All that is known of the loaded project before it is cut, or that there is nothing to say; empty without one.
+/// All that is known of the loaded project before it is cut; empty without one.
 [[nodiscard]] std::string projectCheckText(const ContentView& view, std::string_view decimalSign = ".");
 
 } // namespace corvane

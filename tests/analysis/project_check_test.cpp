@@ -202,6 +202,7 @@ TEST(ProjectCheck, TellsWhatIsWrongWhereAndWhatToDo)
     settings.otherMinimum = 2; // shots are drawn that are shorter than the fade
     EXPECT_EQ(
         checkText(project.imported, project.engine, settings, checkProject(project.imported, project.engine, settings)),
+        "The whole project can be cut.\n\n"
         "Title 'Name' has no readable offset (soon); the export will refuse it. Move or remove it in Final Cut and "
         "export XML again.\n"
         "Keyword 'December 7th' at 00:00:05:00 is not on a frame boundary; the export will refuse it. Move or remove "
@@ -213,6 +214,13 @@ TEST(ProjectCheck, TellsWhatIsWrongWhereAndWhatToDo)
         "one.\n"
         "Picture effects of the multicam clip sit on A only (Transform and Color Board). Shots of the other cameras "
         "will be without them.\n");
+    parts.inClip = R"(<mc-source angleID="A"><adjust-transform scale="2 2"/></mc-source>)";
+    parts.angles = angle("A", clip("0s", "40s")) + angle("B", clip("0s", "40s", "v"));
+    const LoadedProject whole = loadProject(document(parts));
+    settings = startingSettings(whole.imported, whole.engine, {});
+    EXPECT_TRUE(checkText(whole.imported, whole.engine, settings, checkProject(whole.imported, whole.engine, settings))
+                    .starts_with("The whole project can be cut, and nothing in its document will be refused by an "
+                                 "export.\n\nPicture effects of "));
 }
 
 TEST(ProjectCheck, OffersTheRangesWithTimecodesAndTheBetterAudio)

@@ -13,7 +13,7 @@ import sys
 OTHER_FILES = {
     "analysis/edit_picture.cpp": "what stands on the page of an edit",
     "export/settings_record.cpp": "the lines of the record that an export writes",
-    "tools/corvane_check.cpp": "its use, and two verdicts that stand in the manual",
+    "tools/corvane_check.cpp": "its use, and a verdict that stands in the manual",
     "tools/corvane_edit.cpp": "its use",
     "tools/text_report.cpp": "the report of the commands",
     "help/product.cpp": "the line with the version",
