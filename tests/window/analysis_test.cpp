@@ -1,6 +1,7 @@
 #include "gui.h"
 #include "workspace/check_facts.h"
 #include "workspace/shot_facts.h"
+#include "workspace/window/controls/into_view.h"
 #include "workspace/window/panels/coverage_panel.h"
 #include "workspace/window/trial_sheet.h"
 
@@ -8,6 +9,7 @@
 
 #include <QClipboard>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QTableView>
 #include <filesystem>
 #include <fstream>
@@ -47,6 +49,9 @@ TEST(RecordingCoverage, SaysWhatCanBeCutAndWhatAnExportWillRefuse)
                               "of A&B (Camera 1): 100 %."));
     EXPECT_TRUE(said(*panel).contains("Keyword '<b>' at 00:00:05:00 is not on a frame boundary"));
     EXPECT_EQ(gui.labelled<QWidget>("Usable")->accessibleDescription(), "Usable: 00:00:05:00 to 00:00:40:00.");
+    const auto* warning =
+        gui.withText<QLabel>("Selected audio has a gap at 00:00:00:00. Choose a continuous audio angle.");
+    EXPECT_EQ(scrollAreaOf(*warning)->verticalScrollBar()->maximum(), 0) << "it is read without scrolling";
     const QPoint before = gui.withText<>("Check project…")->mapTo(&gui.window(), QPoint());
     gui.view().edit([](WorkspaceState& state) { state.settings.audio = "A&B"; });
     Gui::settle();

@@ -28,7 +28,7 @@ CoveragePanel::CoveragePanel(ContentView& view, const CameraMarks& marks, QWidge
     missing_->setProperty("role", "help");
     warning_->setProperty("role", "warning");
     notes_->setProperty("role", "warning");
-    auto* place = new KeptLines(5, this);
+    auto* place = new KeptLines(6, this);
     for (QLabel* text : {gapsText_, usableText_, warning_})
         place->add(*text);
     column().addWidget(place);
