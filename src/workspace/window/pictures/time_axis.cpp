@@ -23,7 +23,7 @@ constexpr int namesHeight = 15;
 void paintMarkers(
     QPainter& painter, const QRectF& place, const TimeScale& scale, const std::vector<ClipMarker>& markers)
 {
-    const double narrowest = 6.0 * painter.fontMetrics().averageCharWidth();
+    const double narrowest = 4.0 * painter.fontMetrics().averageCharWidth();
     const FrameRange visible = scale.frames();
     auto marker = std::ranges::lower_bound(markers, visible.start, {}, &ClipMarker::frame);
     for (; marker != markers.end() && marker->frame < visible.end; ++marker) {
