@@ -1,5 +1,6 @@
 #include "import/project_import.h"
 
+#include "base/text.h"
 #include "import/clip_collector.h"
 #include "import/final_cut_import_error.h"
 #include "import/time_values.h"
@@ -25,6 +26,9 @@ std::string joined(const Texts& texts)
     return all;
 }
 
+constexpr std::ptrdiff_t mostAngles = 256;      // Final Cut plays at most 64
+constexpr std::size_t longestAngleName = 4'096; // bytes; cuts and sentences repeat names and identifiers
+
 /// Reads the angles of one document.
 struct AngleReader {
     const MediaResources& resources;
@@ -36,6 +40,12 @@ struct AngleReader {
     void addCameraNames(std::set<std::string_view>& names, const AssetFacts& asset, const std::string& angleName);
 };
 
+[[noreturn]] void refuse(const ImportedAngle& angle, const char* afterCamera)
+{
+    constexpr std::size_t shown = 60;
+    throw FinalCutImportError::invalid("Camera " + withoutMiddle(angle.name, shown) + afterCamera);
+}
+
 ImportedAngle AngleReader::read(xml::Element element)
 {
     const auto id = element.attribute("angleID");
@@ -44,6 +54,12 @@ ImportedAngle AngleReader::read(xml::Element element)
     ImportedAngle angle;
     angle.id = *id;
     angle.name = element.attribute("name").value_or("Unnamed angle");
+    if (angle.name.size() > longestAngleName)
+        refuse(angle, " has a name of more than 4,096 bytes. Rename this angle in Final Cut and export XML again.");
+    if (angle.id.size() > longestAngleName)
+        refuse(
+            angle,
+            " has an identifier of more than 4,096 bytes. Make the multicam anew in Final Cut and export XML again.");
     std::set<std::string_view> cameras;
     std::set<const AssetFacts*> named;
     ClipCollector(resources, budget).collect(element, angle.name, [&](xml::Element clip) {
@@ -79,6 +95,22 @@ void AngleReader::addCameraNames(
             "Camera " + angleName +
             " has media with too many or too long camera names. Remove those that are not needed in Final "
             "Cut and export XML again.");
+}
+
+std::vector<ImportedAngle> readAngles(xml::Element multicam, AngleReader& reader)
+{
+    const auto isAngle = [](xml::Element child) { return child.named("mc-angle"); };
+    const std::ptrdiff_t count = std::ranges::count_if(multicam.children(), isAngle);
+    if (count > mostAngles)
+        throw FinalCutImportError::invalid(
+            "The multicam has " + std::to_string(count) +
+            " angles, and at most 256 can be read. Remove angles in Final Cut and export XML again.");
+    std::vector<ImportedAngle> angles;
+    for (const xml::Element child : multicam.children()) {
+        if (isAngle(child))
+            angles.push_back(reader.read(child));
+    }
+    return angles;
 }
 
 bool idsDistinct(const std::vector<ImportedAngle>& angles)
@@ -120,11 +152,7 @@ ImportedProject importProject(const ProjectOutline& outline, VisitBudget& budget
         throw FinalCutImportError::invalid("The project must have a positive duration and frame rate.");
 
     AngleReader reader{outline.resources, budget, {}};
-    std::vector<ImportedAngle> angles;
-    for (const xml::Element child : outline.multicam.children()) {
-        if (child.named("mc-angle"))
-            angles.push_back(reader.read(child));
-    }
+    std::vector<ImportedAngle> angles = readAngles(outline.multicam, reader);
     if (angles.size() < 2 || !idsDistinct(angles))
         throw FinalCutImportError::invalid("The multicam needs at least two uniquely identified angles.");
 

@@ -5,7 +5,7 @@ set -euo pipefail
 export LC_ALL=C.UTF-8 # so that wc counts characters
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-long=$(printf 'x%.0s' {1..5000})
+long=$(printf 'x%.0s' {1..4000})
 sed 's/name="Interview"/name="I\&#10;\&#x9b;2J\&#x202e;"/' "$2" >"$folder/hostile.fcpxml"
 sed "s/<mc-angle name=\"[^\"]*\"\(.*\)>/<mc-angle name=\"$long\"\1><unknown\/>/" "$2" >"$folder/refused.fcpxml"
 "$1" "$folder/hostile.fcpxml" "$folder" >"$folder/out"

@@ -256,12 +256,14 @@ member("40,000 fades", WRITTEN, lasting(60, f"<adjust-volume>{fades}</adjust-vol
 member("10,000 clips of 10,000 camera names", WRITTEN, lasting(
     600, angles=angle("A", clip("0s", "600s") + ('<asset-clip ref="n" offset="0s" duration="1s"/>' * 10_000)) + angle("B", clip("0s", "600s")),
     resources=f'<asset id="n" duration="9s" hasVideo="1" hasAudio="1" src="f">{camera_names(10_000)}</asset>'))
-member("camera names of 1 MB in each of 5,000 angles", "Camera 16 has media", lasting(
-    600, angles="".join(angle(n, clip("0s", "600s").replace('"av"', '"n"')) for n in range(5_000)),
+member("camera names of 1 MB in each of 200 angles", "Camera 16 has media", lasting(
+    600, angles="".join(angle(n, clip("0s", "600s").replace('"av"', '"n"')) for n in range(200)),
     resources=f'<asset id="n" duration="9s" hasVideo="1" hasAudio="1" src="f">{camera_names(1_000, 1_000)}</asset>'))
 member("30,000 uses of a compound clip behind 100,000 others", "Camera C uses compound clips inside each other", lasting(
     600, angles=filmed("600s") + angle("C", '<ref-clip ref="c"/>' * 30_000),
     resources=f'<media id="c">{"<b/>" * 100_000}<sequence><spine>{clip("0s", "1s")}</spine></sequence></media>'))
+member("5,000 angles", "The multicam has 5000 angles, ", lasting(600, angles=filmed("600s", range(5_000))))
+member("a name of an angle of 1 MB over a day", "Camera BBB", lasting(86_400, angles=filmed("86400s", ["A", "B" * 1_000_000])))
 member("a note of 5 MB over two hours", LARGER, lasting(7_200, note("x" * 4_900_000)))
 member("40,000 keywords over two hours", LARGER, lasting(7_200, "".join(f'<keyword value="k{n}"/>' for n in range(40_000))))
 member("40 million seconds", "The rough edit would have more than 1,000,000 clips.", lasting(39_999_999))

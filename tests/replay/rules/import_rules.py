@@ -2,7 +2,7 @@
 """import_rules.py REPLAY: what an import refuses, in which order, and how often it counts the clips of an angle."""
 import sys
 
-from asking import angle, answered_by, case, clip, compound, document, project, ref, refusal
+from asking import angle, answered_by, case, clip, compound, document, filmed, project, ref, refusal
 
 MISSING_TIME = "The export contains a missing or invalid time value."
 PLACE = "Invalid angle timing."
@@ -99,6 +99,16 @@ def auditioned(contents):
 
 angle_a("both ways into a circle", ref("p") + ref("q"), 4,
         compound("p", clip("0s", "1s") + auditioned(ref("q"))) + compound("q", clip("0s", "1s") + auditioned(ref("p"))))
+
+# What the edit repeats.
+imports("256 angles", document(filmed("40s", range(256))), 1)
+imports("257 angles", document(filmed("40s", range(257))), "The multicam has 257 angles, and at most 256 can be read. "
+        "Remove angles in Final Cut and export XML again.")
+for attribute, size, camera, advice in [("name", "a name", "x" * 29 + "…" + "x" * 30, "Rename this angle"),
+                                        ("angleID", "an identifier", "B", "Make the multicam anew")]:
+    for length, expected in [(4_096, 1), (4_097, f"Camera {camera} has {size} of more than 4,096 bytes. {advice} in Final Cut "
+                                                 "and export XML again.")]:
+        imports(f"{size} of {length} bytes", document().replace(f'{attribute}="B"', f'{attribute}="{"x" * length}"'), expected)
 
 # Where a document is broken.
 imports("a wrong end", "<a>\n<b></a>", "This file is damaged at line 2, column 8. Export the XML from Final Cut again.")
