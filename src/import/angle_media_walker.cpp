@@ -44,6 +44,7 @@ void AngleMediaWalker::append(xml::Element element, int depth)
     if (!isAllowed(kind))
         refuse(" contains an unsupported clip type: " + element.name() + ".");
     const ClipAttributes clip(element);
+    budget_.spendOnAttributes(angleName_, clip.effort);
     if (clip.disabled)
         return;
     refuseUnsupportedSettings(element, clip);
@@ -58,17 +59,15 @@ void AngleMediaWalker::append(xml::Element element, int depth)
     if (isMediaClip(kind))
         appendMedia(element, clip, start, duration);
     const auto compound = kind == "ref-clip" ? std::optional(enterCompound(clip)) : std::nullopt;
-    for (const xml::Element child : element.children()) {
-        budget_.spend(angleName_);
+    budget_.visitChildren(element, angleName_, [&](xml::Element child) {
         if (isAllowed(child.plainName()))
             append(child, depth + 1);
-    }
+    });
     if (compound) {
-        for (const xml::Element child : compound->children()) {
-            budget_.spend(angleName_);
+        budget_.visitChildren(*compound, angleName_, [&](xml::Element child) {
             if (child.named("spine"))
                 append(child, depth + 1);
-        }
+        });
         visited_.erase(*clip.ref);
     }
     if (duration && !(std::isfinite(*duration) && *duration > 0))
@@ -76,17 +75,21 @@ void AngleMediaWalker::append(xml::Element element, int depth)
     mapIntoParent(firstSpan, clip, offset, start, duration);
 }
 
-void AngleMediaWalker::refuseUnsupportedSettings(xml::Element element, const ClipAttributes& clip) const
+void AngleMediaWalker::refuseUnsupportedSettings(xml::Element element, const ClipAttributes& clip)
 {
     bool speedChange = clip.splitAudio;
+    std::size_t effort = 0;
     for (const xml::Element child : element.children()) {
         if (child.named("timeMap"))
             refuse(
                 ", clip " + std::string(element.attribute("name").value_or(element.plainName())) +
                 ", contains an unsupported setting: timeMap. Speed changes are not supported yet.");
-        if (child.named("conform-rate") && child.attribute("scaleEnabled") != "0")
-            speedChange = true;
+        if (child.named("conform-rate")) {
+            const auto [scaled] = child.attributes(std::array<std::string_view, 1>{"scaleEnabled"}, effort);
+            speedChange = speedChange || scaled != "0";
+        }
     }
+    budget_.spendOnAttributes(angleName_, effort);
     if (speedChange)
         refuse(" contains speed changes or split audio, which are not supported yet.");
 }
@@ -116,13 +119,11 @@ xml::Element AngleMediaWalker::enterCompound(const ClipAttributes& clip)
 {
     const auto media = clip.ref ? resources_.media(clip.ref) : std::nullopt;
     std::optional<xml::Element> sequence;
-    for (const xml::Element child : media ? media->children() : xml::ElementRange()) {
-        budget_.spend(angleName_);
-        if (child.named("sequence")) {
-            sequence = child;
-            break;
-        }
-    }
+    if (media)
+        budget_.visitChildren(*media, angleName_, [&](xml::Element child) {
+            if (!sequence && child.named("sequence"))
+                sequence = child;
+        });
     if (!sequence || !visited_.insert(*clip.ref).second)
         refuse(" contains a missing or circular compound clip reference.");
     return *sequence;

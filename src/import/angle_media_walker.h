@@ -37,7 +37,7 @@ private:
     void append(xml::Element element, int depth);
     void appendMedia(xml::Element element, const ClipAttributes& clip, double start, std::optional<double>& duration);
     [[nodiscard]] xml::Element enterCompound(const ClipAttributes& clip);
-    void refuseUnsupportedSettings(xml::Element element, const ClipAttributes& clip) const;
+    void refuseUnsupportedSettings(xml::Element element, const ClipAttributes& clip);
     void mapIntoParent(
         std::size_t from, const ClipAttributes& clip, double offset, double start, std::optional<double> duration);
     [[noreturn]] void refuse(const std::string& afterCamera) const;

@@ -6,7 +6,7 @@ ClipAttributes::ClipAttributes(xml::Element element)
 {
     constexpr std::array<std::string_view, 8> names = {"ref",       "offset",  "start",      "duration",
                                                        "srcEnable", "enabled", "audioStart", "audioDuration"};
-    const auto values = element.attributes(names);
+    const auto values = element.attributes(names, effort);
     ref = values[0];
     offset = values[1];
     start = values[2];

@@ -2,6 +2,7 @@
 
 #include "xml/document.h"
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 
@@ -16,6 +17,7 @@ struct ClipAttributes {
     std::optional<std::string_view> srcEnable;
     bool disabled = false;   ///< "enabled" is exactly "0"
     bool splitAudio = false; ///< has "audioStart" or "audioDuration"
+    std::size_t effort = 0;  ///< what reading them took, as xml::Element counts it
 
     explicit ClipAttributes(xml::Element element);
 };

@@ -4,6 +4,7 @@
 #include "import/visit_budget.h"
 
 #include <functional>
+#include <optional>
 #include <set>
 #include <string_view>
 
@@ -14,13 +15,20 @@ namespace corvane {
 /// skipped.
 class ClipCollector {
 public:
+    /// What the summary needs of a clip.
+    struct Clip {
+        std::optional<std::string_view> name;
+        std::optional<std::string_view> offset; ///< FCPXML time
+        std::optional<std::string_view> ref;
+    };
+
     ClipCollector(const MediaResources& resources, VisitBudget& budget) : resources_(resources), budget_(budget) {}
 
     /// Calls `found` with each clip, in document order.
-    void collect(xml::Element angle, std::string_view angleName, const std::function<void(xml::Element)>& found);
+    void collect(xml::Element angle, std::string_view angleName, const std::function<void(const Clip&)>& found);
 
 private:
-    void visit(xml::Element element, int level, const std::function<void(xml::Element)>& found);
+    void visit(xml::Element element, int level, const std::function<void(const Clip&)>& found);
 
     const MediaResources& resources_;
     VisitBudget& budget_;

@@ -62,18 +62,18 @@ ImportedAngle AngleReader::read(xml::Element element)
             " has an identifier of more than 4,096 bytes. Make the multicam anew in Final Cut and export XML again.");
     std::set<std::string_view> cameras;
     std::set<const AssetFacts*> named;
-    ClipCollector(resources, budget).collect(element, angle.name, [&](xml::Element clip) {
-        const auto [offsetText, ref] = clip.attributes(std::array<std::string_view, 2>{"offset", "ref"});
-        const double offset = parseSeconds(offsetText.value_or("0s"));
+    ClipCollector(resources, budget).collect(element, angle.name, [&](const ClipCollector::Clip& clip) {
+        const double offset = parseSeconds(clip.offset.value_or("0s"));
         angle.firstRecording = std::min(angle.firstRecording.value_or(offset), offset);
         ++angle.clipCount;
-        const AssetFacts* asset = resources.asset(ref);
+        const AssetFacts* asset = resources.asset(clip.ref);
         if (asset == nullptr) {
-            missing.insert(clip.attribute("name").value_or("Unnamed clip"));
+            missing.insert(clip.name.value_or("Unnamed clip"));
             return;
         }
-        if (named.insert(asset).second)
-            addCameraNames(cameras, *asset, angle.name);
+        if (!named.insert(asset).second)
+            return;
+        addCameraNames(cameras, *asset, angle.name);
         if (!asset->located)
             missing.insert(asset->name.value_or("Unnamed clip"));
     });

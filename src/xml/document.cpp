@@ -34,23 +34,29 @@ std::optional<std::string_view> Element::attribute(std::string_view name) const
     return value;
 }
 
-void Element::readAttributes(
+std::size_t Element::readAttributes(
     std::span<const std::string_view> names, std::span<std::optional<std::string_view>> values) const
 {
+    constexpr std::size_t bytesAtOnce = 16;
+    std::size_t effort = 0;
     std::size_t left = names.size(); // none comes twice
     for (const xmlAttr* attribute = node_->properties; attribute != nullptr && left > 0; attribute = attribute->next) {
+        ++effort;
         if (hasPrefix(attribute->ns))
             continue;
         const std::string_view attributeName = view(attribute->name);
+        effort += attributeName.size() / bytesAtOnce;
         const auto asked = std::ranges::find(names, attributeName);
         if (asked == names.end())
             continue; // does not read this attribute's value
         // Entities are substituted while parsing, so that a value is a single text node, or none if it is empty.
         const xmlNode* text = attribute->children;
-        values[static_cast<std::size_t>(asked - names.begin())] =
-            text == nullptr ? std::string_view() : view(text->content);
+        auto& value = values[static_cast<std::size_t>(asked - names.begin())];
+        value = text == nullptr ? std::string_view() : view(text->content);
+        effort += value->size() / bytesAtOnce;
         --left;
     }
+    return effort;
 }
 
 std::optional<Element> Element::parent() const
@@ -92,8 +98,8 @@ ElementIterator& ElementIterator::operator++()
 
 void ElementIterator::settle()
 {
-    while (node_ != nullptr && node_->type != XML_ELEMENT_NODE)
-        step();
+    for (; node_ != nullptr && node_->type != XML_ELEMENT_NODE; step())
+        ++passed_;
 }
 
 void ElementIterator::step()

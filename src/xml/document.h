@@ -38,8 +38,17 @@ public:
     [[nodiscard]] std::array<std::optional<std::string_view>, count> attributes(
         const std::array<std::string_view, count>& names) const
     {
+        std::size_t effort = 0;
+        return attributes(names, effort);
+    }
+    /// `effort` is increased by one for each attribute that the pass comes to, and for each 16 bytes of their names and
+    /// of the values that it finds.
+    template <std::size_t count>
+    [[nodiscard]] std::array<std::optional<std::string_view>, count> attributes(
+        const std::array<std::string_view, count>& names, std::size_t& effort) const
+    {
         std::array<std::optional<std::string_view>, count> values;
-        readAttributes(names, values);
+        effort += readAttributes(names, values);
         return values;
     }
 
@@ -55,7 +64,7 @@ public:
     [[nodiscard]] _xmlNode* node() const { return node_; }
 
 private:
-    void readAttributes(
+    std::size_t readAttributes(
         std::span<const std::string_view> names, std::span<std::optional<std::string_view>> values) const;
 
     _xmlNode* node_;
@@ -80,6 +89,8 @@ public:
         return before;
     }
     bool operator==(const ElementIterator& other) const { return node_ == other.node_; }
+    /// How many nodes of other kinds, such as comments, it has passed.
+    [[nodiscard]] std::size_t passed() const { return passed_; }
 
 private:
     void settle();
@@ -87,6 +98,7 @@ private:
 
     _xmlNode* node_ = nullptr;
     const _xmlNode* below_ = nullptr; ///< none: siblings only
+    std::size_t passed_ = 0;
 };
 
 struct ElementRange {

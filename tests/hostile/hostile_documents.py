@@ -262,6 +262,16 @@ member("camera names of 1 MB in each of 200 angles", "Camera 16 has media", last
 member("30,000 uses of a compound clip behind 100,000 others", "Camera C uses compound clips inside each other", lasting(
     600, angles=filmed("600s") + angle("C", '<ref-clip ref="c"/>' * 30_000),
     resources=f'<media id="c">{"<b/>" * 100_000}<sequence><spine>{clip("0s", "1s")}</spine></sequence></media>'))
+crowded = names(490, '="" ') + '=""'
+nested = "".join(f'<media id="c{n + 1}"><sequence><spine>' + f'<ref-clip ref="c{n}"/>' * 2 + "</spine></sequence></media>" for n in range(16))
+for kind, inside in {"200 gaps of 490 attributes": f"<gap {crowded}/>" * 200, "600,000 comments": "<!---->" * 600_000,
+                     "an element with a long name": f"<{'n' * 49_000}/>",
+                     "a clip with a name of 4 MB": clip("0s", "1s", f'name="{"x" * 4_000_000}"'),
+                     "a reference of 4 MB": f'<ref-clip ref="{"x" * 4_000_000}"/>',
+                     "a clip with 200 settings of 490 attributes": '<asset-clip ref="av">' + f'<conform-rate {crowded} scaleEnabled="0"/>' * 200 + "</asset-clip>"}.items():
+    member(f"{kind} in 16 compound clips", "Camera C uses compound clips inside each other", lasting(
+        600, angles=filmed("600s") + angle("C", '<ref-clip ref="c16"/>'),
+        resources=f'<media id="c0"><sequence><spine>{inside}</spine></sequence></media>{nested}'))
 member("5,000 angles", "The multicam has 5000 angles, ", lasting(600, angles=filmed("600s", range(5_000))))
 member("a name of an angle of 1 MB over a day", "Camera BBB", lasting(86_400, angles=filmed("86400s", ["A", "B" * 1_000_000])))
 member("a note of 5 MB over two hours", LARGER, lasting(7_200, note("x" * 4_900_000)))
