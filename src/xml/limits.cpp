@@ -13,8 +13,8 @@ constexpr std::size_t mostGrowth = std::size_t{1} << 20U; ///< in addition to tw
 constexpr std::size_t enormous = std::size_t{1} << 40U;   ///< caps sizes that are added up
 constexpr std::size_t mostLevels = 256;
 constexpr std::size_t mostAttributes = 500;
-constexpr std::size_t mostNamespaces = 1'000; ///< a written project declares all enclosing ones in one place
-constexpr std::size_t mostText = 10'000'000;  ///< the parser's own limit for everything else
+constexpr std::size_t mostNamespaces = 100;  ///< each is looked at for each attribute with a prefix
+constexpr std::size_t mostText = 10'000'000; ///< the parser's own limit for everything else
 constexpr int mostNames = 100'000;
 constexpr std::size_t longSilence = std::size_t{64} << 10U; ///< bytes: a tag, or a long comment
 constexpr std::ptrdiff_t mostEqualSigns = 10'000;           ///< since then: it is a tag, with about as many attributes
@@ -102,7 +102,7 @@ void ParserLimits::element(const Element& element, int names)
     if (element.attributes > mostAttributes)
         tooMuch("An element of this file has more than 500 attributes");
     if (element.namespacesInScope > mostNamespaces)
-        tooMuch("An element of this file stands in more than 1,000 namespaces");
+        tooMuch("An element of this file stands in more than 100 namespaces");
     if (names > mostNames)
         tooMuch("This file has more than 100,000 different names, identifiers and short texts");
 }
