@@ -12,6 +12,8 @@ namespace corvane {
 
 namespace {
 
+constexpr std::size_t longestTime = 100;
+
 std::vector<std::string_view> nonEmptyPieces(std::string_view text)
 {
     std::vector<std::string_view> pieces;
@@ -27,7 +29,7 @@ std::vector<std::string_view> nonEmptyPieces(std::string_view text)
 
 std::optional<RationalTime> readRationalTime(std::string_view text)
 {
-    if (!text.ends_with('s'))
+    if (text.size() > longestTime || !text.ends_with('s'))
         return std::nullopt;
     const auto pieces = nonEmptyPieces(text.substr(0, text.size() - 1));
     if (pieces.empty() || pieces.size() > 2)
@@ -83,7 +85,7 @@ Frames alignedFrames(std::string_view text, std::int64_t frameNumerator, std::in
 
 double parseSeconds(std::optional<std::string_view> text)
 {
-    if (!text || !text->ends_with('s'))
+    if (!text || text->size() > longestTime || !text->ends_with('s'))
         throw FinalCutImportError::invalid("The export contains a missing or invalid time value.");
     const auto seconds = readSeconds(text->substr(0, text->size() - 1));
     if (!seconds)

@@ -7,7 +7,8 @@
 #include <string>
 #include <string_view>
 
-/// FCPXML writes a time as a rational number of seconds: "3003/30000s", "5s", "0s".
+/// FCPXML writes a time as a rational number of seconds: "3003/30000s", "5s", "0s". A text of more than 100 bytes is
+/// not read as a time; real ones have twenty or so.
 namespace corvane {
 
 /// numerator ÷ denominator seconds, not reduced; the denominator is positive. Frame durations are rational times too.

@@ -43,6 +43,9 @@ for a, b, expected in [
         ("<transition/>", far, TRANSITION),
         (far + "<transition/>", "", TRANSITION)]:  # a clip before the place of one before it
     imports(f"{a} and {b}", document(angle("A", a) + angle("B", b) + angle("C", "<audition/>")), expected)
+angle_a("a time of 100 bytes", clip("0" * 99 + "s", "1s"), 1)
+angle_a("a time of 101 bytes", clip("0" * 100 + "s", "1s"), MISSING_TIME)
+imports("a frame duration of 101 bytes", document(frame="0" * 92 + "100/2500s"), MISSING_TIME)
 angle_a("times before the asset", '<clip start="x"/>', MISSING_TIME)
 angle_a("a place beyond all numbers", clip("0s", "1e308s", 'start="1e308s"'), PLACE)
 
