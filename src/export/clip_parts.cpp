@@ -137,6 +137,7 @@ void ClipParts::addTo(WrittenSize& size, const std::vector<Cut>& cuts) const
         if (times == 0)
             return;
         const xml::Tree source = angleTree(angle, mode, {});
+        size.add(source.root().name(), xml::openTag(source.root(), {}).size(), times);
         for (const xml::Element child : source.root().children())
             size.add(child.name(), partText(child).size(), times);
     };
