@@ -2,6 +2,7 @@
 
 #include "analysis/names.h"
 #include "base/numbers.h"
+#include "base/text.h"
 #include "import/final_cut_import_error.h"
 #include "timecode/timecode.h"
 
@@ -11,6 +12,8 @@
 namespace corvane {
 
 namespace {
+
+constexpr std::size_t longestName = 100; ///< code points; each shot's sentence repeats the names
 
 Frames endOf(const Cut& cut)
 {
@@ -73,7 +76,7 @@ ShotReasons::ShotReasons(
     const auto add = [&](std::string_view id) {
         Camera camera;
         camera.id = id;
-        camera.name = angleName(project, id);
+        camera.name = withoutMiddle(angleName(project, id), longestName);
         camera.weighted = camera.name + " (" + shortNumber(frequencyOf(settings.frequencies, id)) + ")";
         camera.wait = wholeFrames(std::ceil(engine.frames(returnTimeOf(settings.returnTimes, id))));
         camera.footage = &engine.videoRanges(id);
@@ -194,11 +197,14 @@ std::string ShotReasons::weighted(const Choice& choice) const
 {
     if (choice.cameras.size() == 1)
         return "Only " + cameras_[choice.cameras.front()].name + " could follow";
+    constexpr std::size_t most = 20;
     std::string text = "Drawn from ";
-    for (std::size_t i = 0; i < choice.cameras.size(); ++i) {
+    for (std::size_t i = 0; i < std::min(most, choice.cameras.size()); ++i) {
         text += i == 0 ? "" : i + 1 == choice.cameras.size() ? " and " : ", ";
         text += cameras_[choice.cameras[i]].weighted;
     }
+    if (choice.cameras.size() > most)
+        text += " and " + std::to_string(choice.cameras.size() - most) + " more";
     return text;
 }
 
