@@ -30,7 +30,7 @@ std::string_view Element::plainName() const
 std::optional<std::string_view> Element::attribute(std::string_view name) const
 {
     std::optional<std::string_view> value;
-    readAttributes({&name, 1}, {&value, 1});
+    (void)readAttributes({&name, 1}, {&value, 1});
     return value;
 }
 

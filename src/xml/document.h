@@ -64,7 +64,7 @@ public:
     [[nodiscard]] _xmlNode* node() const { return node_; }
 
 private:
-    std::size_t readAttributes(
+    [[nodiscard]] std::size_t readAttributes(
         std::span<const std::string_view> names, std::span<std::optional<std::string_view>> values) const;
 
     _xmlNode* node_;
