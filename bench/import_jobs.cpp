@@ -134,7 +134,7 @@ std::vector<TargetRow> importTargets(const Measurements& measurements)
     std::vector<TargetRow> rows;
     rows.reserve(2 * sizes.size() + 1);
     for (const Size size : sizes)
-        rows.push_back(against(measurements, freshName(size.megabytes), 1.2));
+        rows.push_back(against(measurements, freshName(size.megabytes), 1.25));
     for (const Size size : sizes)
         rows.push_back(against(measurements, warmName(size.megabytes), 1.6));
     const auto large = ratio(measurements, freshName(100));

@@ -195,6 +195,11 @@ void Reading::listenToEntities()
 void Reading::listenToContents()
 {
     xmlSAXHandler& events = *parser_->sax;
+    events.startDocument = [](void* data) {
+        const auto parser = static_cast<xmlParserCtxtPtr>(data);
+        parser->loadsubset |= XML_SKIP_IDS; // nobody looks for identifiers, and collecting them takes time
+        xmlSAX2StartDocument(parser);
+    };
     events.startElementNs = [](void* parser, const xmlChar* name, const xmlChar* prefix, const xmlChar* address,
                                int spaces, const xmlChar** spaceList, int count, int /*defaults*/,
                                const xmlChar** list) {
