@@ -100,8 +100,10 @@ std::vector<std::string_view> SessionEncoder::encode(
     for (std::size_t n = 0; n < history.items.size(); ++n) {
         if (n == revisions_.size())
             revisions_.emplace_back();
-        if (revisions_[n].revision != history.items[n])
-            revisions_[n] = {history.items[n], encodedRevision(*history.items[n])};
+        if (revisions_[n].revision == history.items[n])
+            continue;
+        revisions_[n] = {history.items[n], encodedRevision(*history.items[n])};
+        revisions_[n].text.shrink_to_fit(); // it is kept as long as the edit
     }
     settings_ = "\",\"settings\":" + encodedSettings(settings) + ",\"history\":{\"items\":[";
     ending_ = "],\"index\":" + std::to_string(history.index) + "}}";
