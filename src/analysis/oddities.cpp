@@ -22,7 +22,7 @@ class Recordings {
 public:
     explicit Recordings(xml::Element resources)
     {
-        std::map<std::string_view, int> files;
+        std::map<std::string_view, std::size_t> files;
         for (const xml::Element child : resources.children()) {
             const bool isAsset = child.named("asset");
             if (!isAsset && !child.named("media"))
@@ -32,21 +32,23 @@ public:
             if (!id || (isAsset && hasVideo != "1"))
                 continue;
             const std::string_view file = isAsset ? fileOf(child).value_or(src.value_or("")) : std::string_view();
-            const int next = static_cast<int>(names_.size());
-            const int number = file.empty() ? next : files.emplace(file, next).first->second;
+            const std::size_t next = names_.size();
+            const std::size_t number = file.empty() ? next : files.emplace(file, next).first->second;
             numbers_.emplace(*id, number);
             names_.push_back(name.value_or(*id));
         }
     }
 
     /// None for what shows no picture.
-    [[nodiscard]] std::optional<int> number(std::optional<std::string_view> reference) const
+    [[nodiscard]] std::optional<std::size_t> number(std::optional<std::string_view> reference) const
     {
         const auto found = reference ? numbers_.find(*reference) : numbers_.end();
         return found == numbers_.end() ? std::nullopt : std::optional(found->second);
     }
 
-    [[nodiscard]] std::string name(int number) const { return std::string(names_[static_cast<std::size_t>(number)]); }
+    [[nodiscard]] std::string name(std::size_t number) const { return std::string(names_[number]); }
+    /// Numbers are smaller than this.
+    [[nodiscard]] std::size_t count() const { return names_.size(); }
 
 private:
     static std::optional<std::string_view> fileOf(xml::Element asset)
@@ -59,13 +61,13 @@ private:
         return std::nullopt;
     }
 
-    std::map<std::string_view, int> numbers_; ///< by id
-    std::vector<std::string_view> names_;     ///< by number
+    std::map<std::string_view, std::size_t> numbers_; ///< by id
+    std::vector<std::string_view> names_;             ///< by number
 };
 
 /// A recording in an angle, seconds of the multicam.
 struct Use {
-    int recording = 0;
+    std::size_t recording = 0;
     std::size_t angle = 0;
     double start = 0;
     double end = 0;
@@ -85,7 +87,8 @@ bool holdsClips(std::string_view kind)
 /// The recordings to which more than one angle refers: most projects have none, and need no closer look.
 class SharedRecordings {
 public:
-    SharedRecordings(const Recordings& recordings, const std::vector<xml::Element>& angles) : recordings_(recordings)
+    SharedRecordings(const Recordings& recordings, const std::vector<xml::Element>& angles)
+        : recordings_(recordings), firstAngles_(recordings.count())
     {
         for (std::size_t angle = 0; angle < angles.size(); ++angle) {
             for (const xml::Element clip : angles[angle].children())
@@ -94,22 +97,24 @@ public:
     }
 
     [[nodiscard]] bool any() const { return !shared_.empty(); }
-    [[nodiscard]] bool hold(int recording) const { return shared_.contains(recording); }
+    [[nodiscard]] bool hold(std::size_t recording) const { return shared_.contains(recording); }
 
 private:
     void visit(xml::Element element, std::size_t angle)
     {
         const std::string_view kind = element.plainName();
         const auto number = isRecording(kind) ? recordings_.number(element.attribute("ref")) : std::nullopt;
-        if (number && firstAngles_.emplace(*number, angle).first->second != angle)
+        if (number && firstAngles_[*number].value_or(angle) != angle)
             shared_.insert(*number);
+        else if (number)
+            firstAngles_[*number] = angle;
         for (const xml::Element child : holdsClips(kind) ? element.children() : xml::ElementRange())
             visit(child, angle);
     }
 
     const Recordings& recordings_;
-    std::map<int, std::size_t> firstAngles_;
-    std::set<int> shared_;
+    std::vector<std::optional<std::size_t>> firstAngles_; ///< by recording
+    std::set<std::size_t> shared_;
 };
 
 /// The uses of shared recordings in an angle. A clip, and whatever it holds, is there from its offset on; one without
@@ -153,10 +158,10 @@ private:
 };
 
 /// The angles that show a recording while another does, by the recording that tells it first.
-std::map<std::set<std::size_t>, int> shownTogether(std::vector<Use> uses)
+std::map<std::set<std::size_t>, std::size_t> shownTogether(std::vector<Use> uses)
 {
     std::ranges::sort(uses, {}, [](const Use& use) { return std::pair(use.recording, use.start); });
-    std::map<int, std::set<std::size_t>> shared;
+    std::map<std::size_t, std::set<std::size_t>> shared;
     const Use* last = nullptr;  // of those before, the one that ends last
     const Use* other = nullptr; // the same among the other angles
     for (const Use& use : uses) {
@@ -175,7 +180,7 @@ std::map<std::set<std::size_t>, int> shownTogether(std::vector<Use> uses)
             other = &use;
         }
     }
-    std::map<std::set<std::size_t>, int> byAngles;
+    std::map<std::set<std::size_t>, std::size_t> byAngles;
     for (const auto& [recording, angles] : shared)
         byAngles.emplace(angles, recording);
     return byAngles;

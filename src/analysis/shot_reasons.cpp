@@ -129,6 +129,8 @@ ShotReasons::Choice ShotReasons::choice(std::size_t position) const
     const Frames start = cuts_[position].start;
     const std::size_t onScreen = position == 0 ? noCamera : cameraOf(position - 1);
     std::vector<std::size_t> eligible;
+    eligible.reserve(cameras_.size());
+    choice.cameras.reserve(cameras_.size());
     for (std::size_t i = 0; i < cameras_.size(); ++i) {
         const Camera& camera = cameras_[i];
         const auto range = std::ranges::upper_bound(*camera.footage, start, {}, &FrameRange::end);

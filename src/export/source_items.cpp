@@ -132,12 +132,15 @@ std::vector<RefusedSource> refusedSources(const CutEngine& engine, std::string_v
     forEachAudioFade(
         engine, audioAngle, [&](xml::Element fade) { reads(fade, "duration", [&] { return fadeLength(fade); }); });
     reads(std::nullopt, "version", [&] { return sourceHead(engine); });
+    std::vector<xml::Element> annotations;
     for (const xml::Element item : engine.source->original.children()) {
         if (isConnectedItem(item.plainName()))
             reads(item, "offset", [&] { return connectedOffset(item); });
+        else if (isAnnotation(item.plainName()))
+            annotations.push_back(item);
     }
-    for (const xml::Element item : engine.source->original.children()) {
-        if (isAnnotation(item.plainName()) && reads(item, "start", [&] { return annotationStart(engine, item); }))
+    for (const xml::Element item : annotations) {
+        if (reads(item, "start", [&] { return annotationStart(engine, item); }))
             reads(item, "duration", [&] { return annotationDuration(engine, item); });
     }
     return refused;
