@@ -12,6 +12,17 @@ namespace corvane {
 
 namespace {
 
+QIcon chipOf(const CameraMark& mark)
+{
+    constexpr int size = 18;
+    QIcon icon;
+    for (const int pixelRatio : {1, 2}) {
+        for (const auto mode : {QIcon::Normal, QIcon::Selected}) // styles would tint the icon in selected rows
+            icon.addPixmap(chipPixmap(mark, size, pixelRatio), mode);
+    }
+    return icon;
+}
+
 /// From the seventeenth camera on, the colours repeat, darker.
 CameraMark markAt(std::size_t position, qsizetype telling)
 {
@@ -21,6 +32,7 @@ CameraMark markAt(std::size_t position, qsizetype telling)
     if (position >= cameraColors.size())
         mark.color = mark.color.darker(140);
     mark.letter = qt(cameraLetter(position));
+    mark.chip = chipOf(mark);
     return mark;
 }
 
@@ -40,20 +52,15 @@ CameraMarks::CameraMarks(const ContentView& view)
 
 const CameraMark& CameraMarks::of(std::string_view camera) const
 {
-    static const CameraMark unknown = {QColor(0x88, 0x88, 0x88), QString(), 0};
+    static const CameraMark unknown = {QColor(0x88, 0x88, 0x88), QString(), 0, {}};
     const auto found = marks_.find(camera);
     return found == marks_.end() ? unknown : found->second;
 }
 
 QIcon CameraMarks::chip(std::string_view camera) const
 {
-    constexpr int size = 18;
-    QIcon icon;
-    for (const int pixelRatio : {1, 2}) {
-        for (const auto mode : {QIcon::Normal, QIcon::Selected}) // styles would tint the icon in selected rows
-            icon.addPixmap(chipPixmap(of(camera), size, pixelRatio), mode);
-    }
-    return icon;
+    const CameraMark& mark = of(camera);
+    return mark.chip.isNull() ? chipOf(mark) : mark.chip;
 }
 
 QPixmap chipPixmap(const CameraMark& mark, int size, double pixelRatio)

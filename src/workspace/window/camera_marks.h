@@ -18,6 +18,7 @@ struct CameraMark {
     QColor color;
     QString letter;        ///< "A" for the first camera of the project; "AA" after "Z"
     qsizetype telling = 0; ///< where its label differs from the others', see NamePlace::telling
+    QIcon chip;            ///< none for an unknown camera, whose chip is drawn when it is asked for
 };
 
 /// The marks of the loaded project's cameras (its angles with video), in project order.

@@ -105,7 +105,7 @@ void ReservedRows::settle()
 
 std::set<int> ReservedRows::wantedRows() const
 {
-    constexpr int margin = 8; // rows beyond the visible ones
+    constexpr int margin = 2; // rows beyond the visible ones
     std::set<int> wanted;
     const auto want = [&](int first, int last) {
         for (int position = std::max(first, 0); position <= std::min(last, count() - 1); ++position)
@@ -114,7 +114,9 @@ std::set<int> ReservedRows::wantedRows() const
     want(0, 0);
     want(count() - 1, count() - 1);
     const int top = area_ == nullptr ? 0 : mapFrom(area_->viewport(), QPoint()).y();
-    want(rowAt(top) - margin, rowAt(top + (area_ == nullptr ? 0 : area_->viewport()->height())) + margin);
+    const int bottom = top + (area_ == nullptr ? 0 : area_->viewport()->height());
+    if (bottom >= 0)
+        want(rowAt(top) - margin, rowAt(bottom) + margin);
     for (const auto& [position, row] : rows_) {
         if (row == focusWidget() || row->isAncestorOf(focusWidget()))
             want(position - 1, position + 1);

@@ -52,7 +52,8 @@ void CutStrip::show(const CameraMarks& marks)
     short_ = shortShots(view_, asked_);
     chosen_ = {};
     const auto& loaded = view_.state().loaded;
-    markers_ = loaded ? clipMarkers(loaded->engine) : std::vector<ClipMarker>();
+    if (std::exchange(markersOf_, loaded) != loaded)
+        markers_ = loaded ? clipMarkers(loaded->engine) : std::vector<ClipMarker>();
     if (loaded)
         time_.setLength(loaded->engine.length);
     findLanes();

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QScrollBar>
 #include <QWidget>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -107,6 +108,7 @@ private:
     CameraMarks marks_;
     EditMarks asked_;
     EditReasons reasons_;
+    std::shared_ptr<const LoadedDocument> markersOf_; ///< the project of the markers
     std::vector<ClipMarker> markers_;
     std::vector<std::size_t> short_;
     std::vector<std::string> cameras_;  ///< one lane each, from the top

@@ -73,8 +73,10 @@ void CutStrip::paintWords(QPainter& painter) const
     painter.setFont(words);
     painter.setPen(QColor(0x16, 0x16, 0x16));
     const auto [first, end] = visibleCuts();
+    const double shortest = (smallest + 2 * margin) / scale().frameWidth();
     for (std::size_t position = first; position < end; ++position) {
-        if (cutLanes_[position] == cameras_.size())
+        const bool isNarrow = static_cast<double>(view_.state().cuts()[position].duration) < shortest;
+        if (isNarrow || cutLanes_[position] == cameras_.size())
             continue;
         const QRectF place = stretch(position, lane(cutLanes_[position]), 1) & lanes();
         const double room = place.width() - 2 * margin;

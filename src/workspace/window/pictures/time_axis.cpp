@@ -33,6 +33,8 @@ void paintMarkers(
         painter.drawLine(QPointF(x, place.bottom() - 4), QPointF(x, place.bottom())); // not across the timecodes
         const double next = marker + 1 != markers.end() ? scale.x((marker + 1)->frame) : place.right();
         const double room = std::min(next, place.right()) - x - 6;
+        if (room <= 0) // thousands of markers are measured in vain otherwise
+            continue;
         const QString name = shown(marker->name);
         if (room < std::min<double>(narrowest, painter.fontMetrics().horizontalAdvance(name)))
             continue;
