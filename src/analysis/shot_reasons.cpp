@@ -85,16 +85,13 @@ ShotReasons::ShotReasons(
     add(settings.mainCamera);
     for (const std::string& camera : includedOtherCameras(project, engine, settings))
         add(*settings.otherCameras.find(camera));
+    cutCameras_.reserve(cuts.size());
     for (std::size_t position = 0; position < cuts.size(); ++position) {
-        if (const std::size_t camera = cameraOf(position); camera != noCamera)
-            cameras_[camera].shots.push_back(position);
+        const auto found = std::ranges::find(cameras_, cuts[position].angle, &Camera::id);
+        cutCameras_.push_back(found == cameras_.end() ? noCamera : static_cast<std::size_t>(found - cameras_.begin()));
+        if (found != cameras_.end())
+            found->shots.push_back(position);
     }
-}
-
-std::size_t ShotReasons::cameraOf(std::size_t position) const
-{
-    const auto found = std::ranges::find(cameras_, cuts_[position].angle, &Camera::id);
-    return found == cameras_.end() ? noCamera : static_cast<std::size_t>(found - cameras_.begin());
 }
 
 std::optional<ShotReasons::Choice> ShotReasons::placed(std::size_t position) const
@@ -127,7 +124,7 @@ ShotReasons::Choice ShotReasons::choice(std::size_t position) const
     if (auto fixed = placed(position))
         return *fixed;
     const Frames start = cuts_[position].start;
-    const std::size_t onScreen = position == 0 ? noCamera : cameraOf(position - 1);
+    const std::size_t onScreen = position == 0 ? noCamera : cutCameras_[position - 1];
     std::vector<std::size_t> eligible;
     eligible.reserve(cameras_.size());
     choice.cameras.reserve(cameras_.size());
@@ -156,7 +153,7 @@ ShotReasons::Choice ShotReasons::choice(std::size_t position) const
     }
     if (eligible.size() == 1 && choice.waiting.empty())
         choice.kind = Choice::Kind::onlyFootage;
-    if (std::ranges::find(choice.cameras, cameraOf(position)) == choice.cameras.end())
+    if (std::ranges::find(choice.cameras, cutCameras_[position]) == choice.cameras.end())
         return {};
     return choice;
 }
@@ -191,7 +188,7 @@ std::string ShotReasons::ends(std::size_t position) const
 {
     if (auto reason = shotEndReason(engine_, cuts_, marks_, position))
         return *reason;
-    return frame_ && cameraOf(position) != noCamera ? "Ends after the length that was drawn." : "";
+    return frame_ && cutCameras_[position] != noCamera ? "Ends after the length that was drawn." : "";
 }
 
 /// "Drawn from Choir (5) and Balcony (8)".
@@ -201,6 +198,7 @@ std::string ShotReasons::weighted(const Choice& choice) const
         return "Only " + cameras_[choice.cameras.front()].name + " could follow";
     constexpr std::size_t most = 20;
     std::string text = "Drawn from ";
+    text.reserve(longestName);
     for (std::size_t i = 0; i < std::min(most, choice.cameras.size()); ++i) {
         text += i == 0 ? "" : i + 1 == choice.cameras.size() ? " and " : ", ";
         text += cameras_[choice.cameras[i]].weighted;

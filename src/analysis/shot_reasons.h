@@ -72,7 +72,6 @@ private:
     static constexpr std::size_t noCamera = static_cast<std::size_t>(-1);
     [[nodiscard]] std::optional<Choice> placed(std::size_t position) const;
     [[nodiscard]] std::optional<Frames> lastShotEnd(const Camera& camera, std::size_t position) const;
-    [[nodiscard]] std::size_t cameraOf(std::size_t position) const;
     [[nodiscard]] std::string weighted(const Choice& choice) const;
     [[nodiscard]] std::string waits(const Choice& choice) const;
 
@@ -80,8 +79,9 @@ private:
     const EditSettings& settings_;
     const std::vector<Cut>& cuts_;
     EditMarks marks_;
-    std::optional<EditFrame> frame_; ///< none if no edit can be generated with the settings
-    std::vector<Camera> cameras_;    ///< the main camera first
+    std::optional<EditFrame> frame_;      ///< none if no edit can be generated with the settings
+    std::vector<Camera> cameras_;         ///< the main camera first
+    std::vector<std::size_t> cutCameras_; ///< of each cut, the position of its camera in cameras_
 };
 
 } // namespace corvane
