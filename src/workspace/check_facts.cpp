@@ -26,9 +26,11 @@ void CheckedProject::refresh(const ContentView& view, std::string_view decimalSi
         check_.otherAudio = otherAudioAngles(project, engine, settings_);
     if (isOther)
         check_.oddities = oddities(project, engine);
-    if (isOther || settings_.audio != audioBefore)
+    if (isOther || settings_.audio != audioBefore) {
         check_.refusals = announcedRefusals(project, engine, settings_.audio);
-    check_.advice = fadeAdvice(project, engine, settings_, decimalSign);
+        hasFades_ = hasAudioFades(engine, settings_.audio);
+    }
+    check_.advice = hasFades_ ? fadeAdvice(project, engine, settings_, decimalSign) : std::vector<std::string>();
     if (isOther)
         mayHaveNotes_ =
             !checkNotes(check_).empty() || std::ranges::any_of(project.angles, [&engine](const ImportedAngle& angle) {

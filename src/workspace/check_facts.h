@@ -31,6 +31,7 @@ private:
     std::shared_ptr<const LoadedDocument> loaded_;
     EditSettings settings_;
     ProjectCheck check_;
+    bool hasFades_ = false; ///< of the audio angle: otherwise no setting leads to advice
     bool mayHaveNotes_ = false;
 };
 
