@@ -51,7 +51,7 @@ bool allDistinct(const std::vector<EditPreset>& presets)
     std::set<Identifier> ids;
     std::set<std::string> names;
     return std::ranges::all_of(presets, [&](const EditPreset& preset) {
-        return ids.insert(preset.id).second && names.insert(lowerCased(trimmed(preset.name))).second;
+        return ids.insert(preset.id).second && names.insert(comparableName(preset.name)).second;
     });
 }
 

@@ -14,23 +14,18 @@ namespace corvane {
 
 namespace {
 
-std::string comparable(std::string_view name)
-{
-    return lowerCased(trimmed(name));
-}
-
 /// Finds angles by name. A name matches only if exactly one angle has it.
 class AngleNames {
 public:
     explicit AngleNames(std::vector<ImportedAngle> angles) : angles_(std::move(angles))
     {
         for (const ImportedAngle& angle : angles_)
-            byName_[comparable(angle.name)].push_back(&angle);
+            byName_[comparableName(angle.name)].push_back(&angle);
     }
 
     [[nodiscard]] const ImportedAngle* identified(std::string_view name) const
     {
-        const auto found = byName_.find(comparable(name));
+        const auto found = byName_.find(comparableName(name));
         return found == byName_.end() || found->second.size() != 1 ? nullptr : found->second.front();
     }
 
@@ -42,7 +37,7 @@ public:
     {
         std::map<std::string, std::vector<double>> rowsByName;
         for (const Row& row : rows ? *rows : std::vector<Row>())
-            rowsByName[comparable(row.angleName)].push_back(row.*member);
+            rowsByName[comparableName(row.angleName)].push_back(row.*member);
         std::map<std::string, double, std::less<>> found;
         for (const auto& [name, angles] : byName_) {
             const auto named = rowsByName.find(name);
@@ -120,9 +115,14 @@ bool applyBookend(
 
 } // namespace
 
+std::string comparableName(std::string_view name)
+{
+    return lowerCased(trimmed(name));
+}
+
 bool sameName(std::string_view a, std::string_view b)
 {
-    return comparable(a) == comparable(b);
+    return comparableName(a) == comparableName(b);
 }
 
 void sortPresets(std::vector<EditPreset>& presets)

@@ -65,7 +65,9 @@ struct EditPreset {
 /// Sorts by name as people do: ignoring case, and digits by their numeric value.
 void sortPresets(std::vector<EditPreset>& presets);
 
-/// True if the names are equal except for case and surrounding white space.
+/// The form in which names of presets and cameras are compared: without case and surrounding white space.
+[[nodiscard]] std::string comparableName(std::string_view name);
+/// True if the names are equal in that form.
 [[nodiscard]] bool sameName(std::string_view a, std::string_view b);
 
 /// A preset of the setup on screen.
