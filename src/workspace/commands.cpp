@@ -4,7 +4,9 @@
 #include "workspace/captions.h"
 #include "workspace/held_shots.h"
 
+#include <algorithm>
 #include <array>
+#include <ranges>
 
 namespace corvane {
 
@@ -90,55 +92,65 @@ Reason whyNoPreset(Now now)
 }
 
 constexpr std::array<CommandEntry, commandCount> table = {{
-    {"Import Final Cut XML…", 'i', "Ctrl+O", "", none, [](ContentView& view) { view.chooseProjectFile(); }},
-    {"Reopen Previous Project", 'r', "", "",
+    {Command::importProject, "Import Final Cut XML…", 'i', "Ctrl+O", "", none,
+     [](ContentView& view) { view.chooseProjectFile(); }},
+    {Command::reopenPrevious, "Reopen Previous Project", 'r', "", "",
      [](Now now) { return unless(now.view.state().canReopen, "There is no previous project to reopen."); },
      [](ContentView& view) { view.reopenPreviousSession(); }},
-    {"Check Project…", 'k', "Ctrl+K", "",
+    {Command::checkProject, "Check Project…", 'k', "Ctrl+K", "",
      [](Now now) { return unless(now.view.state().loaded != nullptr, "Import a project first."); }},
-    {"Export to Final Cut…", 'x', "Ctrl+E", "", whyNoCuts, [](ContentView& view) { view.exportRoughEdit(); }},
-    {"Show Last Export", 's', "", "",
+    {Command::exportEdit, "Export to Final Cut…", 'x', "Ctrl+E", "", whyNoCuts,
+     [](ContentView& view) { view.exportRoughEdit(); }},
+    {Command::showLastExport, "Show Last Export", 's', "", "",
      [](Now now) { return unless(now.view.state().lastExport.has_value(), "Nothing has been exported yet."); }},
-    {"Save Picture of Edit…", 'p', "Ctrl+Shift+S", "", whyNoCuts},
-    {"Close", 'c', "Ctrl+W", "", none},
-    {"Quit", 'q', "Ctrl+Q", "", none},
-    {"Undo", 'u', "Ctrl+Z", "",
+    {Command::savePicture, "Save Picture of Edit…", 'p', "Ctrl+Shift+S", "", whyNoCuts},
+    {Command::close, "Close", 'c', "Ctrl+W", "", none},
+    {Command::quit, "Quit", 'q', "Ctrl+Q", "", none},
+    {Command::undo, "Undo", 'u', "Ctrl+Z", "",
      [](Now now) { return whyNoStep(now, UndoStep::Side::before, "There is nothing to undo."); },
      [](ContentView& view) { view.undo(); }},
-    {"Redo", 'r', "Ctrl+Shift+Z; Ctrl+Y", "",
+    {Command::redo, "Redo", 'r', "Ctrl+Shift+Z; Ctrl+Y", "",
      [](Now now) { return whyNoStep(now, UndoStep::Side::after, "There is nothing to redo."); },
      [](ContentView& view) { view.redo(); }},
-    {"Copy Cut List", 'c', "Ctrl+Shift+C", "", whyNoCuts},
-    {"Hold Shots", 'h', "Ctrl+H", "Keep the chosen shots as fixed sections, and draw the rest of the edit anew",
-     whyNotHold},
-    {"Release Shots", 'l', "Ctrl+Shift+H", "Remove the fixed sections of the chosen shots, and draw the edit anew",
-     whyNotRelease},
-    {"Generate rough edit", 'g', "Ctrl+G", "", whyNoGeneration, [](ContentView& view) { view.generateRoughEdit(); }},
-    {"Try these rules", 0, "Ctrl+T", "Generate many edits by these rules and show what they have in common",
-     whyNoGeneration},
-    {"Back", 'b', "Ctrl+[", "Return to the previous rough edit and its settings", whyNotBack,
+    {Command::copyCutList, "Copy Cut List", 'c', "Ctrl+Shift+C", "", whyNoCuts},
+    {Command::hold, "Hold Shots", 'h', "Ctrl+H",
+     "Keep the chosen shots as fixed sections, and draw the rest of the edit anew", whyNotHold},
+    {Command::release, "Release Shots", 'l', "Ctrl+Shift+H",
+     "Remove the fixed sections of the chosen shots, and draw the edit anew", whyNotRelease},
+    {Command::generate, "Generate rough edit", 'g', "Ctrl+G", "", whyNoGeneration,
+     [](ContentView& view) { view.generateRoughEdit(); }},
+    {Command::tryRules, "Try these rules", 0, "Ctrl+T",
+     "Generate many edits by these rules and show what they have in common", whyNoGeneration},
+    {Command::back, "Back", 'b', "Ctrl+[", "Return to the previous rough edit and its settings", whyNotBack,
      [](ContentView& view) { view.stepBack(); }},
-    {"Forward", 'w', "Ctrl+]", "Restore the next rough edit and its settings", whyNotForward,
+    {Command::forward, "Forward", 'w', "Ctrl+]", "Restore the next rough edit and its settings", whyNotForward,
      [](ContentView& view) { view.stepForward(); }},
-    {"All Edits…", 'a', "Ctrl+L", "Compare the edits made so far and go to any of them",
+    {Command::showEdits, "All Edits…", 'a', "Ctrl+L", "Compare the edits made so far and go to any of them",
      [](Now now) { return unless(!now.view.state().history.items.empty(), "There is no edit yet."); }},
-    {"Corvane Help", 'h', "F1; Ctrl+?", "", none},
-    {"About Corvane", 'a', "", "", none},
-    {"Check for Updates…", 'u', "", "",
+    {Command::showHelp, "Corvane Help", 'h', "F1; Ctrl+?", "", none},
+    {Command::showAbout, "About Corvane", 'a', "", "", none},
+    {Command::checkForUpdates, "Check for Updates…", 'u', "", "",
      [](Now now) { return unless(now.canCheckForUpdates, "Corvane is updated together with your other programs."); }},
-    {"Apply", 'a', "", "", whyNoPreset,
+    {Command::applyPreset, "Apply", 'a', "", "", whyNoPreset,
      [](ContentView& view) {
          if (const auto preset = view.chosenPreset())
              view.applyPreset(*preset);
      }},
-    {"Save as…", 'v', "", "", whyNoGeneration, [](ContentView& view) { view.beginSavePreset(); }},
-    {"Update", 'u', "", "", [](Now now) { return now.view.chosenPreset() ? whyNoGeneration(now) : whyNoPreset(now); },
+    {Command::savePresetAs, "Save as…", 'v', "", "", whyNoGeneration,
+     [](ContentView& view) { view.beginSavePreset(); }},
+    {Command::updatePreset, "Update", 'u', "", "",
+     [](Now now) { return now.view.chosenPreset() ? whyNoGeneration(now) : whyNoPreset(now); },
      [](ContentView& view) { view.savePreset(ContentView::PresetSave::update); }},
-    {"Delete", 'l', "", "", whyNoPreset, [](ContentView& view) { view.deletePreset(); }},
-    {"Save", 's', "", "",
+    {Command::deletePreset, "Delete", 'l', "", "", whyNoPreset, [](ContentView& view) { view.deletePreset(); }},
+    {Command::savePreset, "Save", 's', "", "",
      [](Now now) { return unless(!trimmed(now.view.state().presetName).empty(), "Type a name first."); },
      [](ContentView& view) { view.savePreset(ContentView::PresetSave::asNew); }},
 }};
+// Entries are found by position.
+static_assert(
+    std::ranges::equal(table, std::views::iota(std::size_t{0}, table.size()), {}, [](const CommandEntry& entry) {
+        return static_cast<std::size_t>(entry.command);
+    }));
 
 } // namespace
 

@@ -51,6 +51,7 @@ struct CommandConditions {
 };
 
 struct CommandEntry {
+    Command command;
     std::string_view text;
     char key = 0;               ///< the letter of the text that chooses it, in either case; 0 for none
     std::string_view shortcuts; ///< such as "Ctrl+O", separated by "; "
