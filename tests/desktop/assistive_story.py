@@ -121,6 +121,8 @@ def choose_in_the_strip():
     expect(lambda: Atspi.Value.get_maximum_value(strip) == Atspi.Table.get_n_rows(table), "the strip counts its cuts")
     expect(lambda: "Left and Right go from cut to cut" in strip.get_description(), "the strip names its keys")
     expect(lambda: strip.grab_focus() and has(strip, Atspi.StateType.FOCUSED), "the strip takes the focus")
+    Atspi.Table.add_row_selection(table, 2)
+    expect(lambda: text(strip).startswith("Cut 3 of "), "the strip goes to a row that is chosen")
     Atspi.Value.set_current_value(strip, 2)
     row = [Atspi.Table.get_accessible_at(table, 1, column) for column in range(3)]
     expect(lambda: text(strip).startswith("Cut 2 of ") and row[0].get_name() in text(strip) and row[1].get_name() in

@@ -34,9 +34,19 @@ CutTable::CutTable(CutTableModel& model, QWidget* parent) : QTableView(parent), 
 {
     setModel(&model);
     arrange();
-    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &CutTable::chosenChanged);
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this](const QItemSelection& added) {
+        goToChosen(added);
+        emit chosenChanged();
+    });
     connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this, &CutTable::chosenChanged);
     connect(&model, &QAbstractItemModel::modelReset, this, &CutTable::chosenChanged); // which deselects in silence
+}
+
+/// Assistive technology chooses a row without going to it.
+void CutTable::goToChosen(const QItemSelection& added)
+{
+    if (added.size() == 1 && added.first().height() == 1 && added.first().top() != currentIndex().row())
+        selectionModel()->setCurrentIndex(added.first().topLeft(), QItemSelectionModel::NoUpdate);
 }
 
 void CutTable::arrange()

@@ -41,6 +41,7 @@ protected:
 
 private:
     void arrange();
+    void goToChosen(const QItemSelection& added);
     [[nodiscard]] int startOfRange() const;
     [[nodiscard]] static std::optional<CursorAction> actionOf(int key);
 
