@@ -1,6 +1,12 @@
 #!/usr/bin/env python3
-"""check_kept.py REPLAY [LOCALE]: the answers to the kept cases must be the kept ones, but for the words of the XML
-library. Of a case that is answered in another way: each member that differs, and a file with its document."""
+"""check_kept.py [--keep] REPLAY [LOCALE]: the answers to the kept cases must be the kept ones, but for the words of the
+XML library. Of a case that is answered in another way: each member that differs, and its folder or a file with its
+document. With --keep the answers become the kept ones.
+
+A case is a folder of kept/, named after its rule, with case.json and answer.json; older ones are a line each of
+cases.jsonl and answers.jsonl. In case.json, {"bytesOf": FILE} stands for the bytes of a file beside it. In answer.json
+a written project is the list of its lines.
+"""
 import base64
 import json
 import pathlib
@@ -8,10 +14,27 @@ import subprocess
 import sys
 import tempfile
 
-here = pathlib.Path(__file__).parent
-answers = subprocess.run(
-    ["bash", "-o", "pipefail", "-c", '"$@" | sed -E -f without_parser_words.sed', "", *map(str, sys.argv[1:])], cwd=here,
-    stdin=open(here / "kept/cases.jsonl"), stdout=subprocess.PIPE, check=True).stdout.decode().split("\n")
+here = pathlib.Path(__file__).parent.resolve()
+kept = here / "kept"
+keep = sys.argv[1] == "--keep"
+folders = sorted(path for path in kept.iterdir() if path.is_dir())
+
+
+def request(folder):
+    def encoded(item):
+        return base64.b64encode((folder / item["bytesOf"]).read_bytes()).decode() if "bytesOf" in item else item
+    return json.dumps({"case": folder.name} | json.loads((folder / "case.json").read_text(), object_hook=encoded))
+
+
+def indented(answer):
+    return json.dumps(answer, indent=2, ensure_ascii=False) + "\n"
+
+
+def legible(line):
+    """The form of an answer in its folder."""
+    def decoded(item):
+        return {"xml": base64.b64decode(item["xml"]).decode().split("\n")} if item.keys() == {"xml"} else item
+    return indented({name: value for name, value in json.loads(line, object_hook=decoded).items() if name != "case"})
 
 
 def differences(kept, came, path=""):
@@ -21,21 +44,34 @@ def differences(kept, came, path=""):
     elif isinstance(kept, list) and isinstance(came, list) and len(kept) == len(came):
         pairs = zip(range(len(kept)), kept, came)
     else:
-        return [(path, kept, came)] if kept != came else []
+        return [(path, kept, came)] if repr(kept) != repr(came) else []
     return [found for name, one, other in pairs for found in differences(one, other, f"{path}/{name}")]
 
 
+cases, expected = ((kept / name).read_text().split("\n")[:-1] for name in ("cases.jsonl", "answers.jsonl"))
+lines = len(cases)
+cases += map(request, folders)
+answers = subprocess.run(
+    ["bash", "-o", "pipefail", "-c", '"$@" | sed -E -f without_parser_words.sed', "", *sys.argv[1 + keep:]], cwd=here,
+    input="\n".join(cases), stdout=subprocess.PIPE, check=True, encoding="utf-8").stdout.split("\n")[:-1]
+answers[lines:] = map(legible, answers[lines:])
+if keep:
+    (kept / "answers.jsonl").write_text("".join(line + "\n" for line in answers[:lines]))
+    for folder, answer in zip(folders, answers[lines:], strict=True):
+        (folder / "answer.json").write_text(answer)
+    sys.exit()
+expected += [indented(json.loads((folder / "answer.json").read_text())) for folder in folders]
+
 different = 0
-lines = (here / "kept" / name for name in ("cases.jsonl", "answers.jsonl"))
-for case, kept, came in zip(*(path.read_text().split("\n") for path in lines), answers, strict=True):
-    if kept == came:
+for number, (case, one, other) in enumerate(zip(cases, expected, answers, strict=True)):
+    if one == other:
         continue
     different += 1
     case = json.loads(case)
     print(f"{case['case']}, of the kind {case['kind']}")
-    for path, one, other in differences(json.loads(kept), json.loads(came)):
-        print(f"  {path}\n    kept: {str(one)[:1000]}\n    came: {str(other)[:1000]}")
-    for document in case.get("documents", [case["xml"]] if "xml" in case else []):
+    for path, before, now in differences(json.loads(one), json.loads(other)):
+        print(f"  {path}\n    kept: {str(before)[:1000]}\n    came: {str(now)[:1000]}")
+    for document in case.get("documents", [case["xml"]] if "xml" in case else []) if number < lines else []:
         file = tempfile.NamedTemporaryFile(prefix="kept-", suffix=".fcpxml", delete=False)
         file.write(base64.b64decode(document))
         print(f"  its document: {file.name}")
