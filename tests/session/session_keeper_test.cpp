@@ -196,49 +196,5 @@ TEST(SessionKeeper, KeepsThePreviousEditsOnceWhicheverCallFails)
     EXPECT_GT(calls, 4);
 }
 
-TEST(SessionKeeper, SaysWhatItCouldNotKeepUntilItHas)
-{
-    const std::string notKept =
-        "The previous session could not be kept: Cannot read session-v1 (previous).json: Is a directory.";
-    Desk desk;
-    desk.importAndGenerate(document());
-    (void)desk.save();
-    std::filesystem::create_directory(desk.folder.file(previous));
-    desk.importAndGenerate(otherProject);
-    EXPECT_EQ(desk.save(), notKept);
-    EXPECT_EQ(desk.project(kept), document()) << "it is in no other file";
-    EXPECT_EQ(desk.save(), std::nullopt);
-    desk.calls.full = true;
-    desk.importAndGenerate(document());
-    EXPECT_TRUE(desk.keeper.holdsUnkept());
-    EXPECT_TRUE(desk.save().value_or("").starts_with(sessionNotSaved));
-    desk.calls.full = false;
-    EXPECT_EQ(desk.save(), notKept);
-    std::filesystem::remove(desk.folder.file(previous));
-    EXPECT_EQ(desk.save(), std::nullopt);
-    EXPECT_FALSE(desk.keeper.holdsUnkept());
-    EXPECT_EQ(desk.project(previous) + desk.project(stored), otherProject + document());
-}
-
-TEST(SessionKeeper, ExchangesBothSessionsOrNone)
-{
-    Desk desk;
-    desk.importAndGenerate(document());
-    (void)desk.save();
-    desk.importAndGenerate(otherProject);
-    (void)desk.save();
-    const SessionKeeper::Previous before = desk.keeper.readPrevious();
-    EXPECT_EQ(before.session.loaded->imported.name, "Concert");
-    desk.keeper.changePlaces(before.bytes, {nullptr, desk.settings, desk.history});
-    EXPECT_EQ(desk.project(previous) + desk.project(stored), document() + otherProject) << "of an empty window";
-    desk.calls.full = true;
-    EXPECT_THROW(desk.keeper.changePlaces(before.bytes, desk.onScreen()), Refusal);
-    EXPECT_EQ(desk.project(previous) + desk.project(stored), document() + otherProject);
-    desk.calls.full = false;
-    desk.keeper.changePlaces(before.bytes, desk.onScreen());
-    EXPECT_EQ(desk.project(previous) + desk.project(stored), otherProject + document());
-    EXPECT_EQ(desk.folder.names(), (Names{previous, stored}));
-}
-
 } // namespace
 } // namespace corvane

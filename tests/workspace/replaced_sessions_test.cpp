@@ -50,6 +50,11 @@ TEST(ReplacedSessions, AreKeptAndBroughtBack)
     window.view().importXML(document());
     window.view().reopenPreviousSession();
     EXPECT_EQ(window.state().loaded->imported.name, "Third");
+    window.storeSession("{");
+    window.restart();
+    window.view().reopenPreviousSession();
+    EXPECT_EQ(window.state().loaded->imported.name, "Concert") << "into an empty window";
+    EXPECT_NO_THROW((void)decodeSession(readFile(window.folder.file("Corvane/" + twoSessions[0])))) << "no exchange";
 }
 
 /// What is kept, but for its numbers.
