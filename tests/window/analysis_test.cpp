@@ -1,14 +1,15 @@
 #include "gui.h"
 #include "workspace/check_facts.h"
-#include "workspace/shot_facts.h"
 #include "workspace/window/controls/into_view.h"
 #include "workspace/window/panels/coverage_panel.h"
+#include "workspace/window/pictures/coverage_bar.h"
+#include "workspace/window/pictures/cut_strip.h"
+#include "workspace/window/pictures/time_axis.h"
 #include "workspace/window/trial_sheet.h"
 
 #include <gtest/gtest.h>
 
 #include <QClipboard>
-#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTableView>
 #include <filesystem>
@@ -20,7 +21,7 @@ namespace {
 
 using namespace test;
 
-/// Sound from 5 s on or of the camera, a keyword between two frames, a fade.
+/// Sound from 5 s on or of the camera, a keyword between two frames, a fade, a marker.
 std::string troubled()
 {
     Parts parts;
@@ -28,7 +29,7 @@ std::string troubled()
                    angle("Late", clip("5s", "35s", "a"));
     parts.inClip = R"(<mc-source angleID="Late" srcEnable="audio"/>
 <mc-source angleID="A&amp;B" srcEnable="video"><adjust-volume><param><fadeIn duration="12s"/></param></adjust-volume></mc-source>
-<keyword start="251/50s" duration="1s" value="&lt;b&gt;"/>)";
+<keyword start="251/50s" duration="1s" value="&lt;b&gt;"/><marker start="20s" value="Sermon"/>)";
     return document(parts);
 }
 
@@ -49,6 +50,10 @@ TEST(RecordingCoverage, SaysWhatCanBeCutAndWhatAnExportWillRefuse)
                               "of A&B (Camera 1): 100 %."));
     EXPECT_TRUE(said(*panel).contains("Keyword '<b>' at 00:00:05:00 is not on a frame boundary"));
     EXPECT_EQ(gui.labelled<QWidget>("Usable")->accessibleDescription(), "Usable: 00:00:05:00 to 00:00:40:00.");
+    EXPECT_EQ(
+        gui.labelled<CoverageBar>("AB (Camera 1)")->accessibleDescription(), "Footage: 00:00:00:00 to 00:00:40:00.");
+    const QString markers = "Markers: Sermon at 00:00:20:00.";
+    EXPECT_EQ(gui.window().findChild<TimeAxis*>()->accessibleDescription(), markers);
     const auto* warning =
         gui.withText<QLabel>("Selected audio has a gap at 00:00:00:00. Choose a continuous audio angle.");
     EXPECT_EQ(scrollAreaOf(*warning)->verticalScrollBar()->maximum(), 0) << "it is read without scrolling";
@@ -59,21 +64,14 @@ TEST(RecordingCoverage, SaysWhatCanBeCutAndWhatAnExportWillRefuse)
     EXPECT_TRUE(said(*panel).contains("A fade of 12 s on A&B (Camera 1) needs an opening of at least 12 s."));
     EXPECT_EQ(gui.withText<>("Check project…")->mapTo(&gui.window(), QPoint()), before) << "the window holds still";
     EXPECT_EQ(gui.state().status + gui.state().error.value_or(""), "") << "nothing of it is a message";
-}
-
-TEST(CheckSheet, IsReachedByKeyAndCopiesAsText)
-{
-    Gui gui(troubled());
     QTest::keyClick(&gui.window(), Qt::Key_K, Qt::ControlModifier);
     Gui::settle();
-    auto* sheet = QApplication::activeModalWidget();
-    ASSERT_NE(sheet, nullptr);
-    auto* text = sheet->findChild<QPlainTextEdit*>();
-    EXPECT_TRUE(text->toPlainText().contains("00:00:05:00\t00:00:40:00\t00:00:35:00\n"));
-    QTest::mouseClick(gui.withText<>("Copy", sheet), Qt::LeftButton);
+    QTest::mouseClick(gui.withText<>("Copy", QApplication::activeModalWidget()), Qt::LeftButton);
     EXPECT_EQ(utf8(QGuiApplication::clipboard()->text()), projectCheckText(gui.view()));
-    QTest::keyClick(sheet, Qt::Key_Escape);
-    EXPECT_FALSE(sheet->isVisible());
+    gui.account.set([](auto& settings) { settings.openingEnabled = true; });
+    gui.view().generateRoughEdit();
+    Gui::settle();
+    EXPECT_TRUE(gui.window().findChild<CutStrip*>()->accessibleDescription().endsWith(markers));
 }
 
 TEST(TryRules, ShowsSharesInASheetUntilASettingChangesAndKeepsNothing)
@@ -111,20 +109,6 @@ TEST(TryRules, ShowsSharesInASheetUntilASettingChangesAndKeepsNothing)
     EXPECT_EQ(Gui::helpTopic(), "Camera balance and pacing");
 }
 
-TEST(Reasons, AreInTheTableTheCopyAndTheStrip)
-{
-    Gui gui(threeCameras);
-    gui.click("Generate rough edit");
-    QAbstractItemModel* cuts = nullptr;
-    for (auto* table : gui.window().findChildren<QTableView*>())
-        cuts = table->accessibleName() == "Cuts" ? table->model() : cuts;
-    const QString first = cuts->index(0, 0).data(Qt::AccessibleDescriptionRole).toString();
-    EXPECT_TRUE(first.startsWith("The edit begins on the main camera. ")) << utf8(first);
-    EXPECT_TRUE(cuts->index(0, 1).data(Qt::ToolTipRole).toString().contains("The edit begins on the main camera."));
-    EXPECT_EQ(cuts->columnCount(), 3);
-    EXPECT_NE(cutListText(gui.view()).find("\n00:00:00:00\tThe edit begins on the main camera. "), std::string::npos);
-}
-
 TEST(PictureOfTheEdit, IsSavedAsANewFileAndNeverOverOne)
 {
     Gui gui(replaced(threeCameras, "name=\"A\"", "name=\"&lt;script&gt;\""));
@@ -154,15 +138,6 @@ TEST(PictureOfTheEdit, IsSavedAsANewFileAndNeverOverOne)
         qputenv("HOME", home);
         EXPECT_EQ(gui.state().status, name == "b" ? "Saved b.html in your home folder." : "Saved a.html in ~/pages.");
     }
-}
-
-TEST(Help, OpensAtThePanelsTopic)
-{
-    Gui gui(threeCameras);
-    gui.window().activateWindow();
-    gui.withText<>("Try these rules")->setFocus();
-    QTest::keyClick(gui.withText<>("Try these rules"), Qt::Key_F1);
-    EXPECT_EQ(Gui::helpTopic(), "Camera balance and pacing");
 }
 
 } // namespace

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAccessible>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -24,14 +23,6 @@ void wheel(QWidget& widget, int notches)
         place, widget.mapToGlobal(place), {}, QPoint(0, notches * 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
         false);
     QApplication::sendEvent(&widget, &event);
-}
-
-void setByAssistance(QWidget& widget, double value)
-{
-    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&widget);
-    ASSERT_NE(interface, nullptr);
-    ASSERT_NE(interface->valueInterface(), nullptr);
-    interface->valueInterface()->setCurrentValue(value);
 }
 
 TEST(StepBox, ShowsWhatStandsBetweenItsStepsAndGivesOnlySteps)
@@ -74,8 +65,6 @@ TEST(StepBox, ShowsWhatStandsBetweenItsStepsAndGivesOnlySteps)
     type("5x7");
     QTest::keyClick(&box, Qt::Key_Up);
     EXPECT_EQ(chosen, 70) << "from what was typed";
-    setByAssistance(box, 123);
-    EXPECT_EQ(chosen, 120);
 }
 
 TEST(StepSlider, ShowsWhatStandsBetweenItsStepsAndGivesOnlySteps)
@@ -91,8 +80,7 @@ TEST(StepSlider, ShowsWhatStandsBetweenItsStepsAndGivesOnlySteps)
     slider.show(72.5);
     QTest::keyClick(&slider, Qt::Key_Left);
     EXPECT_EQ(slider.value(), 70);
-    setByAssistance(slider, 33);
-    EXPECT_EQ(slider.value(), 35);
+    slider.show(35);
     const QPoint handle(slider.width() * (35 - 10) / 80, slider.height() / 2);
     QTest::mousePress(&slider, Qt::LeftButton, {}, handle);
     for (int x = handle.x(); x < slider.width(); x += 3)

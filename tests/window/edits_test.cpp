@@ -68,29 +68,15 @@ TEST(AllEdits, AreMarkedByArrowsAndShownByReturnOrAClickOnce)
     gui.key(Qt::Key_G, Qt::ControlModifier);
     EXPECT_EQ(gui.list->model()->rowCount(), 4) << "the window's keys work";
     EXPECT_EQ(gui.marked(), 3);
+    gui.account.set([](auto& settings) { settings.mainShare = 40; });
+    EXPECT_FALSE(gui.cell(3, EditsTableModel::number).data(Qt::FontRole).isValid()) << "none is on screen";
+    gui.view().importXML(otherProject);
+    EXPECT_EQ(gui.list->model()->rowCount(), 0);
+    EXPECT_NE(gui.withText<QLabel>("There is no edit yet."), nullptr);
     gui.key(Qt::Key_Escape);
     EXPECT_FALSE(gui.sheet->isVisible());
     gui.key(Qt::Key_F1);
     EXPECT_EQ(Gui::helpTopic(), "Shuffle, Back and Forward");
-}
-
-TEST(AllEdits, AreReachedByAKeyWhenTheCaptionIsHidden)
-{
-    ListGui gui(3);
-    gui.key(Qt::Key_Escape);
-    gui.account.set([](auto& settings) { settings.mainShare = 40; });
-    EXPECT_EQ(gui.withText<>("Edit 3 of 3"), nullptr);
-    gui.window().activateWindow(); // as window managers do
-    ListGui::settle();
-    QTest::keyClick(&gui.window(), Qt::Key_L, Qt::ControlModifier);
-    EXPECT_EQ(gui.marked(), 2);
-    EXPECT_FALSE(gui.cell(2, EditsTableModel::number).data(Qt::FontRole).isValid()) << "none is on screen";
-    gui.key(Qt::Key_Return);
-    EXPECT_NE(gui.withText<>("Edit 3 of 3"), nullptr);
-    EXPECT_EQ(gui.settings().mainShare, 70);
-    gui.view().importXML(otherProject);
-    EXPECT_EQ(gui.list->model()->rowCount(), 0);
-    EXPECT_NE(gui.withText<QLabel>("There is no edit yet."), nullptr);
 }
 
 TEST(AllEdits, TellWhatTheTablesTellOfEach)

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QHelpEvent>
 #include <QKeySequence>
 #include <QLineEdit>
@@ -162,7 +163,7 @@ TEST(Layout, NoButtonLiesOverATableAtTheSmallestSize)
     }
 }
 
-TEST(Layout, TabVisitsEverythingOnceInReadingOrder)
+TEST(Layout, TabVisitsEverythingOnceInReadingOrderAndByName)
 {
     Gui gui(manyCameras());
     gui.view().addSection(); // made last, but not reached last
@@ -177,9 +178,15 @@ TEST(Layout, TabVisitsEverythingOnceInReadingOrder)
     do {
         const auto* edit = qobject_cast<QLineEdit*>(widget);
         const QString name = edit != nullptr ? edit->placeholderText() : readText(widget->property("text").toString());
-        if ((widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisible() && widget->isEnabled() &&
-            order.split("|").contains(name))
+        const bool reached = (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisible();
+        if (reached && widget->isEnabled() && order.split("|").contains(name))
             visited << name;
+        if (reached && widget->focusProxy() == nullptr) {
+            const QAccessibleInterface* control = QAccessible::queryAccessibleInterface(widget);
+            EXPECT_FALSE(control->text(QAccessible::Name).isEmpty()) << widget->metaObject()->className();
+            EXPECT_TRUE(control->role() != QAccessible::Client || qobject_cast<QScrollArea*>(widget) != nullptr)
+                << widget->metaObject()->className();
+        }
         widget = widget->nextInFocusChain();
     } while (widget != first);
     EXPECT_EQ(visited.join("|"), order);

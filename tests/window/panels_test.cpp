@@ -4,8 +4,6 @@
 #include "workspace/window/controls/reserved_rows.h"
 #include "workspace/window/controls/step_box.h"
 #include "workspace/window/controls/step_slider.h"
-#include "workspace/window/pictures/coverage_bar.h"
-#include "workspace/window/pictures/cut_strip.h"
 #include "workspace/window/pictures/time_axis.h"
 
 #include <gtest/gtest.h>
@@ -307,44 +305,6 @@ TEST(CameraMarks, CountCamerasAndNotAngles)
         return icon.pixmap(QSize(18, 18), mode).toImage();
     };
     EXPECT_EQ(painted(QIcon::Selected), painted(QIcon::Normal)) << "a chosen row keeps its camera's colour";
-}
-
-TEST(CoveragePanel, TellsWhatItsPicturesShow)
-{
-    Gui gui(document({
-        .angles = angle("A", clip("0s", "40s")) + angle("C", clip("0s", "30s")),
-        .inClip = R"(<mc-source angleID="A" srcEnable="all"/><marker start="20s" value="Sermon"/>)",
-    }));
-    gui.view().generateRoughEdit();
-    Gui::settle();
-    EXPECT_TRUE(gui.shows("Concert · 25 frames a second · 00:00:00:00 to 00:00:40:00"));
-    EXPECT_EQ(
-        gui.labelled<CoverageBar>("C (Camera 1)")->accessibleDescription(),
-        "Footage: 00:00:00:00 to 00:00:30:00. No footage: 00:00:30:00 to 00:00:40:00.");
-    EXPECT_EQ(
-        gui.labelled<CoverageBar>("Selected video gaps")->accessibleDescription(),
-        "Selected cameras cover the whole project, including all fixed camera sections.");
-    const QString markers = "Markers: Sermon at 00:00:20:00.";
-    EXPECT_EQ(gui.window().findChild<TimeAxis*>()->accessibleDescription(), markers);
-    EXPECT_TRUE(gui.window().findChild<CutStrip*>()->accessibleDescription().endsWith(markers));
-}
-
-TEST(Accessibility, EveryControlHasANameARoleAndWhatItShows)
-{
-    Gui gui(threeCameras);
-    gui.view().addSection();
-    Gui::settle();
-    int seen = 0;
-    for (QWidget* widget : gui.window().findChildren<QWidget*>()) {
-        if (!widget->isVisible() || (widget->focusPolicy() & Qt::TabFocus) == 0 || widget->focusProxy() != nullptr)
-            continue;
-        ++seen;
-        const QAccessibleInterface* control = QAccessible::queryAccessibleInterface(widget);
-        ASSERT_NE(control, nullptr);
-        EXPECT_FALSE(control->text(QAccessible::Name).isEmpty()) << widget->metaObject()->className();
-        EXPECT_NE(control->role(), QAccessible::Client) << widget->metaObject()->className();
-    }
-    EXPECT_GT(seen, 30);
 }
 
 } // namespace

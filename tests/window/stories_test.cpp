@@ -273,32 +273,6 @@ TEST(CutPanel, KeepsTheChosenFrameInStripAndTable)
     EXPECT_FALSE(table->currentIndex().isValid()) << "another project";
 }
 
-TEST(CutPanel, GoesToTheNextShotBelowItsMinimum)
-{
-    Gui gui(document());
-    gui.view().generateRoughEdit();
-    gui.account.showCuts(
-        {{{}, "A", 0, 400}, {{}, "B", 400, 50}, {{}, "A", 450, 400}, {{}, "B", 850, 100}, {{}, "A", 950, 50}});
-    Gui::settle();
-    const QTableView* table = gui.table("Cuts");
-    auto* next = gui.withText<>("2 shots are shorter than your minimum");
-    ASSERT_NE(next, nullptr);
-    gui.click("2 shots are shorter than your minimum");
-    EXPECT_EQ(table->currentIndex().row(), 1);
-    QTest::keyClick(next, Qt::Key_Space);
-    EXPECT_EQ(table->currentIndex().row(), 4);
-    QTest::keyClick(&gui.window(), Qt::Key_Y, Qt::AltModifier);
-    EXPECT_TRUE(QTest::qWaitFor([table] { return table->currentIndex().row() == 1; })) << "after the last the first";
-    const QImage chosen = table->viewport()->grab(table->visualRect(table->model()->index(1, 2))).toImage();
-    EXPECT_EQ(chosen.pixelColor(2, chosen.height() / 2), table->palette().color(QPalette::Highlight));
-    const auto told = [table](int row, int role) { return table->model()->index(row, 2).data(role); };
-    EXPECT_TRUE(told(1, Qt::ForegroundRole).isValid() && !told(0, Qt::ForegroundRole).isValid());
-    EXPECT_TRUE(told(4, Qt::AccessibleDescriptionRole).toString().endsWith(" Shorter than your minimum."));
-    EXPECT_TRUE(told(4, Qt::ToolTipRole).toString().endsWith("Shorter than your minimum."));
-    gui.account.showCuts({{{}, "A", 0, 1000}});
-    EXPECT_FALSE(next->isVisible());
-}
-
 TEST(Help, IsOneWindowThatRemembersItsWidths)
 {
     Gui gui;

@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAccessible>
 #include <QClipboard>
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -206,11 +205,22 @@ TEST(Strip, BringsAShortShotThatWasOutOfViewIntoItsMiddle)
         EXPECT_EQ(gui.table->chosen().current, row);
         EXPECT_NEAR(gui.time->value() + gui.time->pageStep() / 2, row == 1 ? 405 : 805, 2);
     }
+    QTest::keyClick(&gui.window(), Qt::Key_Y, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&gui] { return gui.table->chosen().current == 3; }));
+    const QImage chosen = gui.table->viewport()->grab(gui.table->visualRect(gui.table->model()->index(3, 2))).toImage();
+    EXPECT_EQ(chosen.pixelColor(2, chosen.height() / 2), gui.table->palette().color(QPalette::Highlight));
+    const auto told = [&gui](int row, int role) { return gui.table->model()->index(row, 2).data(role); };
+    EXPECT_TRUE(told(1, Qt::ForegroundRole).isValid() && !told(0, Qt::ForegroundRole).isValid());
+    EXPECT_TRUE(told(1, Qt::AccessibleDescriptionRole).toString().endsWith(" Shorter than your minimum."));
+    EXPECT_TRUE(told(1, Qt::ToolTipRole).toString().endsWith("Shorter than your minimum."));
+    gui.key(line, Qt::Key_Space);
     gui.time->setValue(gui.time->value() + 5);
     const int before = gui.time->value();
     gui.key(line, Qt::Key_Home);
     gui.table->choose(1);
     EXPECT_EQ(gui.time->value(), before) << "what is in view stays where it is";
+    gui.account.showCuts({{{}, "A", 0, 1000}});
+    EXPECT_FALSE(line->isVisible());
 }
 
 TEST(Markers, AreDrawnWithTheirNameWhereThereIsRoomForIt)
@@ -238,22 +248,6 @@ TEST(Markers, AreDrawnWithTheirNameWhereThereIsRoomForIt)
     EXPECT_TRUE(isNamed(close, 76, 140)) << "the last of them has the room";
     EXPECT_TRUE(isNamed(close, 426, 500)) << "what is left of it";
     EXPECT_TRUE(isNamed({{100, "Be"}, {150, "Sermon"}}, 51, 75)) << "all of a short one";
-}
-
-TEST(Strip, TellsItsCutToAssistiveTechnology)
-{
-    StripGui gui;
-    gui.key(gui.strip, Qt::Key_Home);
-    QAccessibleInterface* slider = QAccessible::queryAccessibleInterface(gui.strip);
-    EXPECT_EQ(slider->role(), QAccessible::Slider);
-    QAccessibleValueInterface* value = slider->valueInterface();
-    EXPECT_EQ(value->currentValue().toInt(), 1);
-    EXPECT_EQ(value->maximumValue().toInt(), static_cast<int>(gui.state().cuts().size()));
-    value->setCurrentValue(2);
-    EXPECT_EQ(gui.chosen(), std::vector<std::size_t>{1});
-    const std::string second = utf8(slider->text(QAccessible::Value));
-    EXPECT_TRUE(second.starts_with("Cut 2 of ")) << second;
-    EXPECT_NE(second.find(gui.view().angleLabel(gui.state().cuts()[1].angle)), std::string::npos) << second;
 }
 
 TEST(Strip, SharesTheHeightWithTheTable)

@@ -8,7 +8,6 @@
 #include <QLineEdit>
 #include <QStyle>
 #include <QToolTip>
-#include <algorithm>
 
 namespace corvane {
 namespace {
@@ -108,43 +107,6 @@ TEST(UndoStory, WhatIsTypedIntoAFieldIsTakenBackAtOnce)
         QTest::keyClick(&gui.window(), Qt::Key_Y, Qt::ControlModifier);
     EXPECT_EQ(gui.settings().sections, sections);
     EXPECT_EQ(utf8(gui.labelled<QLineEdit>("End")->text()), sections[0].end);
-}
-
-TEST(UndoStory, HeldShotsAreSectionsUntilTheyAreReleased)
-{
-    FocusedGui gui;
-    gui.click("Generate rough edit");
-    EXPECT_EQ(
-        gui.entry("Hold"), "Hold Shots (Keep the chosen shots as fixed sections, and draw the rest of the edit "
-                           "anew\nChoose a shot in the cut list first.)");
-    QTableView* table = gui.table("Cuts");
-    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->visualRect(table->model()->index(1, 0)).center());
-    const Cut chosen = gui.state().cuts().at(1);
-    const auto showsChosen = [&] {
-        return std::ranges::any_of(gui.state().cuts(), [&](const Cut& cut) {
-            return cut.start == chosen.start && cut.duration == chosen.duration && cut.angle == chosen.angle;
-        });
-    };
-    FocusedGui::key(Qt::Key_H);
-    EXPECT_NE(gui.withText<>("Edit 2 of 2"), nullptr);
-    EXPECT_EQ(gui.settings().sections.at(0).name, "Held");
-    gui.click("Shuffle rough edit");
-    EXPECT_TRUE(showsChosen());
-    EXPECT_EQ(gui.entry("Undo"), "Undo Hold");
-    FocusedGui::undo();
-    EXPECT_NE(gui.withText<>("Edit 1 of 3"), nullptr);
-    EXPECT_EQ(gui.state().cuts().at(1), chosen);
-    FocusedGui::redo();
-    EXPECT_NE(gui.withText<>("Edit 2 of 3"), nullptr);
-    EXPECT_TRUE(showsChosen());
-    EXPECT_TRUE(gui.entry("Hold").endsWith("Opening, closing and fixed shots are held already.)"))
-        << "it is still selected";
-    FocusedGui::key(Qt::Key_H, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_NE(gui.withText<>("Edit 3 of 3"), nullptr);
-    EXPECT_TRUE(gui.settings().sections.empty());
-    EXPECT_EQ(gui.entry("Undo"), "Undo Release");
-    gui.account.set([](auto& settings) { settings.mainShare = 30; });
-    EXPECT_TRUE(gui.entry("Release").endsWith("Generate an edit first.)"));
 }
 
 TEST(Tooltip, GoesWhenItIsNoLongerTrue)
