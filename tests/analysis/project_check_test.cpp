@@ -214,13 +214,6 @@ TEST(ProjectCheck, TellsWhatIsWrongWhereAndWhatToDo)
         "one.\n"
         "Picture effects of the multicam clip sit on A only (Transform and Color Board). Shots of the other cameras "
         "will be without them.\n");
-    parts.inClip = R"(<mc-source angleID="A"><adjust-transform scale="2 2"/></mc-source>)";
-    parts.angles = angle("A", clip("0s", "40s")) + angle("B", clip("0s", "40s", "v"));
-    const LoadedProject whole = loadProject(document(parts));
-    settings = startingSettings(whole.imported, whole.engine, {});
-    EXPECT_TRUE(checkText(whole.imported, whole.engine, settings, checkProject(whole.imported, whole.engine, settings))
-                    .starts_with("The whole project can be cut, and nothing in its document will be refused by an "
-                                 "export.\n\nPicture effects of "));
 }
 
 TEST(ProjectCheck, OffersTheRangesWithTimecodesAndTheBetterAudio)
@@ -235,9 +228,6 @@ TEST(ProjectCheck, OffersTheRangesWithTimecodesAndTheBetterAudio)
     EXPECT_EQ(
         usableLine(project.engine, settings, *check.usable),
         "Usable: 2 ranges, 65 % of the project; the longest 00:00:04:00 to 00:00:20:00");
-    EXPECT_EQ(
-        betterAudioLine(project.imported, project.engine, *check.usable, check.otherAudio),
-        "With the audio of Late: 88 %");
     const std::string list = checkText(project.imported, project.engine, settings, check);
     EXPECT_NE(list.find("\n00:00:20:01\t00:00:30:01\t00:00:10:00\n"), std::string::npos) << list;
     EXPECT_NE(list.find("a single frame without footage or sound at 00:00:20:00.\n"), std::string::npos);
