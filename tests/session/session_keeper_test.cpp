@@ -113,29 +113,6 @@ TEST(SessionKeeper, KeepsAnothersFileOnceWhicheverCallFails)
         });
 }
 
-TEST(SessionKeeper, KeepsReplacedSessionsThatHaveEdits)
-{
-    Desk desk;
-    desk.import(document());
-    (void)desk.save();
-    desk.importAndGenerate(otherProject);
-    EXPECT_FALSE(desk.keeper.hasPrevious()) << "nothing was generated";
-    (void)desk.save();
-    desk.importAndGenerate(document());
-    EXPECT_EQ(desk.project(previous), otherProject);
-    (void)desk.save();
-    const EditSettings settings;
-    const EditHistory history;
-    SessionKeeper next(desk.store);
-    next.keepReplaced({nullptr, settings, history});
-    EXPECT_EQ(desk.project(previous), document()) << "one that is only stored, too";
-    desk.put(previous, "as before");
-    desk.put(stored, replaced(desk.bytes(stored), "\"mainShare\":70", "\"mainShare\":95"));
-    EXPECT_THROW((void)next.restore(), Refusal);
-    next.keepReplaced({nullptr, settings, history});
-    EXPECT_EQ(desk.bytes(previous), "as before") << "what cannot be restored does not take the place of what can";
-}
-
 TEST(SessionKeeper, KeepsEditsThatAnotherReplacedSessionWouldReplace)
 {
     for (const bool fullDisk : {false, true}) {

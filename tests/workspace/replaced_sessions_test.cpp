@@ -19,9 +19,10 @@ TEST(ReplacedSessions, AreKeptAndBroughtBack)
     TestWindow window;
     window.view().reopenPreviousSession();
     EXPECT_EQ(window.state().error, "There is no previous project to reopen.");
+    window.view().importXML(otherProject);
     window.importAndGenerate(document());
     const std::vector<Cut> cuts = window.state().cuts();
-    EXPECT_FALSE(window.state().canReopen);
+    EXPECT_FALSE(window.state().canReopen) << "nothing was generated of the other";
     window.view().importXML(otherProject);
     EXPECT_TRUE(window.state().canReopen);
     window.view().addSection();
@@ -50,11 +51,18 @@ TEST(ReplacedSessions, AreKeptAndBroughtBack)
     window.view().importXML(document());
     window.view().reopenPreviousSession();
     EXPECT_EQ(window.state().loaded->imported.name, "Third");
+    EXPECT_EQ(readFile(window.folder.file("Corvane/session-v1 (kept).json")), "{");
     window.storeSession("{");
     window.restart();
     window.view().reopenPreviousSession();
     EXPECT_EQ(window.state().loaded->imported.name, "Concert") << "into an empty window";
     EXPECT_NO_THROW((void)decodeSession(readFile(window.folder.file("Corvane/" + twoSessions[0])))) << "no exchange";
+    window.view().generateRoughEdit();
+    window.storeSession(replaced(readFile(window.sessionFile()), "\"mainShare\":70", "\"mainShare\":95"));
+    window.restart();
+    window.view().importXML(otherProject);
+    window.view().reopenPreviousSession();
+    EXPECT_EQ(window.state().loaded->imported.name, "Concert") << "what is refused takes no place, either";
 }
 
 /// What is kept, but for its numbers.
