@@ -269,13 +269,6 @@ TEST(PresetsPanel, KeepsWhatIsTypedAndShowsWhatIsBetweenTwoSteps)
     EXPECT_EQ(gui.view().presets().presets().size(), 1U);
 }
 
-TEST(Markers, AreNamedUnderThePointer)
-{
-    const TimeScale scale(1000, 0, 800);
-    EXPECT_EQ(markerAt(403, scale, {{500, "Sermon"}}), (ClipMarker{500, "Sermon"}));
-    EXPECT_EQ(markerAt(409, scale, {{500, "Sermon"}}), std::nullopt);
-}
-
 TEST(TimeAxis, HasRoomForEachTimecodeAtEveryZoom)
 {
     CutEngine engine;

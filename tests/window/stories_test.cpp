@@ -75,11 +75,8 @@ TEST(Story, FromADropToAnExport)
     EXPECT_EQ(gui.withText<>("Export to Final Cut…")->toolTip(), "Generate an edit first.");
     gui.click("Generate rough edit");
     gui.click("Shuffle rough edit");
-    EXPECT_EQ(gui.withText<>("Back")->toolTip(), "Return to the previous rough edit and its settings");
     gui.click("Back");
     EXPECT_NE(gui.withText<>("Edit 1 of 2"), nullptr);
-    EXPECT_EQ(gui.withText<>("Shuffle rough edit")->toolTip(), "Replaces edit 2");
-    EXPECT_EQ(gui.withText<>("Forward")->toolTip(), "Restore the next rough edit and its settings");
     gui.click("Forward");
     gui.account.finalCut.installed = false;
     gui.account.dialogs.answer = gui.account.folder.file("exports");
@@ -145,15 +142,13 @@ TEST(Story, RefusalsAreAlertsOneAfterTheOther)
     ASSERT_NE(box, nullptr);
     EXPECT_NE(gui.state().loaded, nullptr);
     gui.account.inbox.setImportError("A second message.");
-    for (int handOver = 0; handOver < 300; ++handOver)
-        openURLs({text}, gui.account.inbox, gui.window().alerts(), [] {});
+    openURLs({text}, gui.account.inbox, gui.window().alerts(), [] {});
     EXPECT_EQ(gui.alert(), box) << "the first stays until it is answered";
     QTest::keyClick(box, Qt::Key_Return);
     expectAlert(gui, "A second message.");
     expectAlert(gui, "Open one Final Cut XML project at a time");
     EXPECT_EQ(box->informativeText(), "Select one project in Final Cut and share it to Corvane.")
         << "in the same window";
-    EXPECT_EQ(gui.alert(), nullptr) << "300 times the same";
 }
 
 TEST(DropView, LightsUpForWhatItTakes)

@@ -16,30 +16,6 @@ using namespace test;
 const std::string withGap =
     document({angle("A", clip("0s", "20s") + clip("30s", "10s")) + angle("B", clip("0s", "40s"))});
 
-TEST(Undo, BringsADeletedPresetBackUnlessItsNameIsTakenAndNoSectionIntoAnotherProject)
-{
-    TestWindow window;
-    ContentView& view = window.view();
-    view.importXML(document());
-    view.addSection();
-    view.removeSection(0);
-    EXPECT_EQ(undoText(view), "Undo Remove Section");
-    view.importXML(document());
-    EXPECT_EQ(undoText(view), std::nullopt);
-    for (const char* name : {"Sermon", "SERMON"}) {
-        view.edit([name](WorkspaceState& state) { state.presetName = name; });
-        view.savePreset(ContentView::PresetSave::asNew);
-        if (!undoText(view))
-            view.deletePreset();
-    }
-    view.undo();
-    EXPECT_EQ(
-        window.state().error,
-        "A preset with that name already exists. Choose it and use Update, or save with another name.");
-    EXPECT_EQ(view.presets().presets().size(), 1U);
-    EXPECT_EQ(undoText(view), "Undo Delete Preset") << "it can be tried again under another name";
-}
-
 TEST(ShotFacts, TellWhyShotsEnd)
 {
     TestWindow window;
@@ -76,32 +52,9 @@ TEST(ShotFacts, TellWhyShotsEnd)
     EXPECT_EQ(shortShotsText(1), "1 shot is shorter than your minimum");
     EXPECT_TRUE(cutListText(view, ",").starts_with("Start (Timecode)\tCamera\tDuration (seconds)\n"
                                                    "00:00:00:00\tA (Camera 1)\t4\n00:00:04:00\tB (Camera 1)\t2\n"));
+    EXPECT_NE(cutListText(view).find("\n00:00:00:00\tOpening shot. "), std::string::npos) << "with the reasons";
     window.importAndGenerate(replaced(document(), "\"A\"", "\"A&#9;&#10;\""));
     EXPECT_NE(cutListText(view).find("00:00:00:00\tA⇥↵ (Camera 1)\t"), std::string::npos) << "still a table";
-}
-
-TEST(Hints, SayWhyAButtonCannotBePressedAndWhichEditsTheNextOneReplaces)
-{
-    TestWindow window;
-    ContentView& view = window.view();
-    view.importXML(document());
-    EXPECT_EQ(whyNot(Command::generate, {view}), std::nullopt);
-    EXPECT_EQ(whyNot(Command::back, {view}), "There is no edit yet.");
-    EXPECT_EQ(whyNot(Command::updatePreset, {view}), "Choose a preset first.");
-    view.beginSavePreset();
-    EXPECT_EQ(whyNot(Command::savePreset, {view}), "Type a name first.");
-    view.setCameraIncluded("B", ContentView::Inclusion::excluded);
-    EXPECT_EQ(whyNot(Command::generate, {view}), "Include another camera.");
-    view.setCameraIncluded("B", ContentView::Inclusion::included);
-    window.set([](auto& settings) { settings.audio.clear(); });
-    EXPECT_EQ(whyNot(Command::generate, {view}), "Choose the continuous audio.");
-    window.set([](auto& settings) { settings.audio = "A"; });
-    for (int edit = 0; edit < 5; ++edit)
-        view.generateRoughEdit();
-    EXPECT_EQ(replacedEdits(view), std::nullopt);
-    view.restoreRevision(1);
-    window.set([](auto& settings) { settings.mainShare = 40; });
-    EXPECT_EQ(replacedEdits(view), "Replaces edits 3 to 5") << "with and without a cut list";
 }
 
 TEST(Words, TellCoverageAndWhatIsLeftBehind)

@@ -178,6 +178,11 @@ TEST_F(UndoActions, OfAProjectEndsWithItAndOfAPresetDoesNot)
     view().redo();
     EXPECT_EQ(view().presets().presets().size(), 0U);
     EXPECT_EQ(state().settings.mainShare, 30);
+    view().edit([](WorkspaceState& state) { state.presetName = "SERMON"; });
+    view().savePreset(ContentView::PresetSave::asNew);
+    view().undo();
+    EXPECT_TRUE(state().error.value_or("").starts_with("A preset with that name already exists. "));
+    EXPECT_EQ(next(), "Undo Delete Preset|") << "it can be tried again under another name";
 }
 
 TEST(UndoSteps, AreBoundedInNumberAndMemory)
