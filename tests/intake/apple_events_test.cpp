@@ -1,7 +1,4 @@
-#include "base/error.h"
 #include "intake/final_cut/share_receiver.h"
-#include "intake/opened_files.h"
-#include "intake/project_file.h"
 #include "support/scratch_folder.h"
 
 #include <gtest/gtest.h>
@@ -71,18 +68,6 @@ TEST(AppleEventManager, AnswersEveryEventAndOpensFilesAllOrNone)
     EXPECT_EQ(opened, (std::vector<Texts>{{"/a"}, {"/a", "/b"}}));
 }
 
-struct NoHome : ApplicationSupport {
-    std::string folder() override { throw PlatformError("There is no home."); }
-};
-
-struct AlertLog : Alerts {
-    Texts shown;
-    void showAlert(const std::string& message, const std::string& informativeText) override
-    {
-        shown.push_back(message + ": " + informativeText);
-    }
-};
-
 D property(Code code, const D& asset)
 {
     const D prop = D::typeCode("prop");
@@ -111,23 +96,13 @@ D get(FinalCutShareReceiver& receiver, const D& asked)
     return answer(receiver, "getd", {{Code("----"), asked}});
 }
 
-const std::string alert = "Open one Final Cut XML project at a time: "
-                          "Select one project in Final Cut and share it to Corvane.";
 const D notFound = D::text("-1728 The requested Final Cut transfer was not found.");
 
-TEST(ShareReceiver, LeadsAShareFromTheFirstQuestionToTheInbox)
+TEST(ShareReceiver, AnswersEveryQuestionOfAShare)
 {
     const test::ScratchFolder scratch;
     const std::string incoming = scratch.file("Ünsorted & new/Incoming/");
     FinalCutShareReceiver receiver(incoming);
-    AppleEventManager manager;
-    XMLInbox inbox;
-    AlertLog alerts;
-    int activated = 0;
-    const auto open = [&](const Texts& files) {
-        openURLs(files, inbox, alerts, [&] { activated += inbox.url() ? 1 : 100; });
-    };
-    installOpenDocuments(manager, open);
     const D pairs = D::list({D::text("key"), *D::bytesOf("doub", "12345678")}), no = D::boolean(false);
     const D metadata = *D::record({{"usrf", pairs}}).coerced("usrf"), concert = D::text("Concert ♪");
     const D asset = make(receiver, D::record({{"pnam", concert}, {"meta", metadata}}));
@@ -144,22 +119,14 @@ TEST(ShareReceiver, LeadsAShareFromTheFirstQuestionToTheInbox)
     EXPECT_EQ(asked("dopt"), D::emptyRecord());
     EXPECT_EQ(asked("pnam"), concert);
     EXPECT_EQ(asked("ID  "), uuid);
-    const std::string file = *asked("locn").field("asfd")->asFileURL() + "Corvane Import.fcpxml";
-    writeNewFile(file, "<fcpxml/>");
-    EXPECT_EQ(manager.dispatch({"aevt", "odoc", {{Code("----"), D::list({D::fileURL(file)})}}}), AppleEventReply());
-    EXPECT_EQ(activated, 1) << "after the file was put into the inbox";
-    EXPECT_EQ(readProjectFile(inbox.url().value()).bytes, "<fcpxml/>");
-    open({"/a.FCPXMLD"});
-    for (const Texts& several : {Texts{}, {"/a.xml"}, {"/b.fcpxml", "/c.fcpxml"}})
-        open(several);
-    EXPECT_TRUE(activated == 2 && inbox.url() == "/a.FCPXMLD") << "nothing else was loaded";
-    EXPECT_EQ(alerts.shown, Texts(3, alert));
+    EXPECT_TRUE(std::filesystem::is_directory(*asked("locn").field("asfd")->asFileURL()));
 }
 
 TEST(ShareReceiver, RefusesEveryRequestThatIsNotExactlyRight)
 {
     const test::ScratchFolder scratch;
-    FinalCutShareReceiver receiver(scratch.path()), nextRun(scratch.path());
+    FinalCutShareReceiver receiver(scratch.path()), nextRun(scratch.path()), nowhere("/dev/null/Incoming");
+    EXPECT_TRUE(make(nowhere).asText().value_or("").starts_with("-10000 Cannot make ") && nowhere.assets().empty());
     for (const D& kind : {D::typeCode("docu"), D::enumerated("aset"), D()})
         EXPECT_EQ(
             answer(receiver, "crel", {{Code("kocl"), kind}}), D::text("-1728 Corvane accepts Final Cut assets only."));
@@ -172,18 +139,6 @@ TEST(ShareReceiver, RefusesEveryRequestThatIsNotExactlyRight)
     EXPECT_EQ(answer(receiver, "getd", {}), notFound);
     for (const D& other : {D(), D::text("pnam"), D::list({right})})
         EXPECT_TRUE(get(receiver, other) == notFound && get(receiver, property("pnam", other)) == notFound);
-}
-
-TEST(ShareReceiver, TellsWhyThereIsNoFolder)
-{
-    const test::ScratchFolder scratch;
-    NoHome noHome;
-    FinalCutShareReceiver homeless(std::nullopt, randomIdentifiers(), noHome);
-    EXPECT_EQ(make(homeless), D::text("-10000 There is no home."));
-    writeNewFile(scratch.file("file"), "");
-    FinalCutShareReceiver blocked(scratch.file("file/Incoming"));
-    EXPECT_EQ(make(blocked), D::text("-10000 Cannot make file: File exists."));
-    EXPECT_TRUE(blocked.assets().empty());
 }
 
 } // namespace
