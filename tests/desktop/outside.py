@@ -12,7 +12,6 @@ import multiprocessing
 import os
 import pathlib
 import re
-import resource
 import signal
 import socket
 import subprocess
@@ -130,12 +129,6 @@ for told, answer in [("accepts and does not answer", b""), ("does not even accep
         account.held.append(server)
         account.env |= {"DBUS_SESSION_BUS_ADDRESS": f"unix:path={path}", "QT_QPA_PLATFORM": "offscreen"}
         return account.start(SAMPLE), account.shown
-
-
-@case("file size limit at a save", "Session could not be saved: Cannot write session-v1.json: File too large.")
-def size_limit(account):
-    return account.start(
-        SAMPLE, preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (4096, 4096))), said
 
 
 def ask_socket(account):

@@ -272,7 +272,6 @@ for kind, inside in {"200 gaps of 490 attributes": f"<gap {crowded}/>" * 200, "6
     member(f"{kind} in 16 compound clips", "Camera C uses compound clips inside each other", lasting(
         600, angles=filmed("600s") + angle("C", '<ref-clip ref="c16"/>'),
         resources=f'<media id="c0"><sequence><spine>{inside}</spine></sequence></media>{nested}'))
-member("5,000 angles", "The multicam has 5000 angles, ", lasting(600, angles=filmed("600s", range(5_000))))
 member("a name of an angle of 1 MB over a day", "Camera BBB", lasting(86_400, angles=filmed("86400s", ["A", "B" * 1_000_000])))
 member("a note of 5 MB over two hours", LARGER, lasting(7_200, note("x" * 4_900_000)))
 member("40,000 keywords over two hours", LARGER, lasting(7_200, "".join(f'<keyword value="k{n}"/>' for n in range(40_000))))

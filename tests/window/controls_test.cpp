@@ -6,7 +6,6 @@
 
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -65,29 +64,6 @@ TEST(StepBox, ShowsWhatStandsBetweenItsStepsAndGivesOnlySteps)
     type("5x7");
     QTest::keyClick(&box, Qt::Key_Up);
     EXPECT_EQ(chosen, 70) << "from what was typed";
-}
-
-TEST(StepSlider, ShowsWhatStandsBetweenItsStepsAndGivesOnlySteps)
-{
-    StepSlider slider({10, 90, 5});
-    QSignalSpy spy(&slider, &StepSlider::chosen);
-    slider.resize(300, 24);
-    slider.QWidget::show();
-    slider.show(72.5);
-    EXPECT_EQ(spy.size(), 0);
-    QTest::keyClick(&slider, Qt::Key_Right);
-    EXPECT_EQ(slider.value(), 75);
-    slider.show(72.5);
-    QTest::keyClick(&slider, Qt::Key_Left);
-    EXPECT_EQ(slider.value(), 70);
-    slider.show(35);
-    const QPoint handle(slider.width() * (35 - 10) / 80, slider.height() / 2);
-    QTest::mousePress(&slider, Qt::LeftButton, {}, handle);
-    for (int x = handle.x(); x < slider.width(); x += 3)
-        QTest::mouseMove(&slider, QPoint(x, handle.y()));
-    EXPECT_GT(spy.size(), 6) << "a drag passes over every pixel";
-    for (const auto& arguments : spy)
-        EXPECT_EQ(arguments.front().toInt() % 5, 0);
 }
 
 TEST(Wheel, GoesPastControlsThatAreOnlyScrolledOver)

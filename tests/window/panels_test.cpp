@@ -10,7 +10,6 @@
 
 #include <QAccessible>
 #include <QLineEdit>
-#include <QMenuBar>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -78,7 +77,15 @@ TEST(Panels, EveryControlWritesItsOwnSetting)
     expected.openingSeconds = 4;
     expected.closingSeconds = 6;
     EXPECT_EQ(gui.settings(), expected);
-    gui.click("Opening");
+    const std::pair<bool, std::function<void(EditSettings&)>> changes[] = {
+        {false, [](auto& edit) { edit.openingEnabled = false; }},
+        {true, [](auto& edit) { edit.sections = {{{}, "", "A", "0:0:0:0", "0:0:1:0"}}; }},
+        {false, [](auto& edit) { edit.sections.clear(); }},
+        {true, [](auto& edit) { edit.closingCamera = "A"; }}};
+    for (const auto& each : changes) {
+        gui.account.set(each.second);
+        EXPECT_EQ(!gui.shows("A (Camera 1) (excluded)"), each.first) << &each - changes << ": in use";
+    }
     EXPECT_FALSE(gui.labelled<StepBox>("4 sec")->isEnabled());
 }
 
@@ -264,9 +271,13 @@ TEST(PresetsPanel, KeepsWhatIsTypedAndShowsWhatIsBetweenTwoSteps)
     gui.click("Apply");
     EXPECT_EQ(gui.settings().mainMinimum, 12.5) << "and not written back";
     EXPECT_EQ(gui.labelled<StepBox>("Minimum: 13 sec")->text(), "12.5");
-    gui.click("Delete");
-    gui.window().menuBar()->actions()[1]->menu()->actions().front()->trigger();
-    EXPECT_EQ(gui.view().presets().presets().size(), 1U);
+    auto* share = gui.labelled<StepSlider>("Target screen time");
+    for (const auto& [key, next] : {std::pair(Qt::Key_Right, 75), {Qt::Key_Left, 70}}) {
+        gui.account.set([](auto& settings) { settings.mainShare = 72.5; });
+        EXPECT_EQ(gui.settings().mainShare, 72.5);
+        QTest::keyClick(share, key);
+        EXPECT_EQ(gui.settings().mainShare, next);
+    }
 }
 
 TEST(TimeAxis, HasRoomForEachTimecodeAtEveryZoom)

@@ -74,10 +74,6 @@ TEST(Story, FromADropToAnExport)
     EXPECT_EQ(gui.account.dialogs.projects, std::vector{file}) << "the next chooser begins beside it";
     EXPECT_EQ(gui.withText<>("Export to Final Cut…")->toolTip(), "Generate an edit first.");
     gui.click("Generate rough edit");
-    gui.click("Shuffle rough edit");
-    gui.click("Back");
-    EXPECT_NE(gui.withText<>("Edit 1 of 2"), nullptr);
-    gui.click("Forward");
     gui.account.finalCut.installed = false;
     gui.account.dialogs.answer = gui.account.folder.file("exports");
     gui.click("Export to Final Cut…");

@@ -49,8 +49,10 @@ void drag(QSlider& slider, int to)
     };
     const int from = slider.value();
     QTest::mousePress(&slider, Qt::LeftButton, {}, place(from));
-    for (int step = 1; step <= 4; ++step)
-        QTest::mouseMove(&slider, place(from + (to - from) * step / 4));
+    for (int step = 1; step <= 40; ++step) {
+        QTest::mouseMove(&slider, place(from) + (place(to) - place(from)) * step / 40);
+        EXPECT_EQ(slider.value() % 5, 0);
+    }
     QTest::mouseRelease(&slider, Qt::LeftButton, {}, place(to));
 }
 

@@ -146,28 +146,5 @@ TEST(OneDoor, KeepsAccessToAnExportUntilFinalCutReports)
     window.finalCut.reports.back()(std::nullopt); // to a window that is gone
 }
 
-TEST(Captions, TellWhichCamerasAreInUse)
-{
-    TestWindow window;
-    window.view().importXML(document(
-        {.angles = angle("A", clip("0s", "40s")) + angle("B", clip("0s", "20s")) + angle("C", clip("0s", "40s"))}));
-    window.view().setCameraIncluded("B", ContentView::Inclusion::excluded);
-    const std::pair<bool, std::function<void(EditSettings&)>> changes[] = {
-        {true, [](auto& edit) { edit.sections = {{{}, "", "B", "0:0:0:0", "0:0:1:0"}}; }},
-        {false, [](auto& edit) { edit.sections.clear(); }},
-        {false, [](auto& edit) { edit.closingCamera = "B"; }},
-        {true, [](auto& edit) { edit.closingEnabled = true; }},
-        {false, [](auto& edit) { edit.closingCamera = "A"; }},
-        {true, [](auto& edit) { edit.openingCamera = "B", edit.openingEnabled = true; }},
-        {false, [](auto& edit) { edit.openingEnabled = false; }}};
-    for (const auto& each : changes) {
-        window.set(each.second);
-        EXPECT_EQ(camerasInUse(window.view()).contains("B"), each.first) << &each - changes;
-    }
-    window.view().selectMainCamera("B");
-    window.set([](auto& edit) { edit.otherCameras.clear(); });
-    EXPECT_EQ(videoGapsText(window.view()), "1 uncovered video section(s)");
-}
-
 } // namespace
 } // namespace corvane

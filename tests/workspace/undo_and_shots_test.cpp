@@ -92,9 +92,6 @@ TEST(Words, TellCoverageAndWhatIsLeftBehind)
     ASSERT_EQ(window.state().error, std::nullopt) << "none is a refusal";
     const CutEngine& marked = window.state().loaded->engine;
     EXPECT_EQ(clipMarkers(marked), (std::vector<ClipMarker>{{0, ""}, {125, "Choir"}, {250, "Sermon"}}));
-    EXPECT_EQ(
-        markersInWords(marked, clipMarkers(marked)),
-        "Markers: 00:00:00:00, Choir at 00:00:05:00, Sermon at 00:00:10:00.");
 }
 
 } // namespace
