@@ -128,6 +128,8 @@ TEST_F(Held, CommandsSayWhatTheyNeed)
     EXPECT_EQ(whyNot(Command::undo, {view()}), "The edit to return to has been replaced.");
     view().undo();
     EXPECT_EQ(state().history.index, 1) << "and does nothing";
+    window.set([](auto& settings) { settings.audio.clear(); });
+    EXPECT_EQ(whyNot(Command::generate, {view()}), "Choose the continuous audio.");
 }
 
 } // namespace
