@@ -1,13 +1,16 @@
 #!/usr/bin/env python3
-"""commands.py STORY ROOT PROGRAMS: corvane-edit and corvane-check as a script uses them."""
+"""commands.py STORY ROOT PROGRAMS [ROUNDS]: corvane-edit and corvane-check as a script uses them."""
 import json
 import os
 import pathlib
+import random
 import re
 import resource
 import subprocess
 import sys
 import tempfile
+import time
+import xml.parsers.expat
 
 story, root, programs = sys.argv[1], *(pathlib.Path(each).resolve() for each in sys.argv[2:4])
 folder = tempfile.TemporaryDirectory()
@@ -112,4 +115,29 @@ def as_json():
     assert [("files" in report) for report in reports[5:]] == [True, True, False, False, False]
 
 
-{"exits": exits, "presets": presets, "json": as_json}[story]()
+def kills():
+    """Ended at any moment, the command leaves whole files or none, and replaces none."""
+    rounds = int(sys.argv[4]) if len(sys.argv) > 4 else 20
+    start = time.monotonic()
+    expect(0, [], run("edit", sunday, "out"))
+    usual = time.monotonic() - start
+    first = {name: (out / name).read_bytes() for name in written()}
+    for _ in range(rounds):
+        process = subprocess.Popen([programs / "corvane-edit", sunday, "out"], stdout=subprocess.DEVNULL)
+        time.sleep(random.uniform(0, 1.2 * usual))
+        process.kill()
+        process.wait()
+    names = written()
+    for name in names:
+        text = (out / name).read_bytes()
+        if name.endswith(".fcpxml"):
+            xml.parsers.expat.ParserCreate().Parse(text, True)
+        else:
+            assert name.endswith(".settings.txt") and text.endswith(b"\n"), name
+            assert name.replace(".settings.txt", ".fcpxml") in names, names
+    assert all((out / name).read_bytes() == text for name, text in first.items())
+    projects = sum(name.endswith(".fcpxml") for name in names)
+    print(f"{rounds} rounds: {projects - 1} projects, {len(names) - projects - 1} of them with their record, all whole")
+
+
+{"exits": exits, "presets": presets, "json": as_json, "kills": kills}[story]()
