@@ -59,7 +59,7 @@ TEST(Timecode, CountsLikeAClockForADay)
         const TimeBase base = rate.base();
         Clock clock{rate.nominal, rate.dropped};
         for (Frames frame = 0; clock.hours < 24; ++frame, clock.tick()) {
-            if (frame % 7 != 0 && clock.seconds != 0)
+            if (frame % 61 != 0 && clock.seconds != 0)
                 continue; // labels are dropped in the first second of a minute
             const std::string label = clock.label();
             ASSERT_EQ(timecodeLabel(base, frame), label) << frame;
