@@ -18,6 +18,8 @@ OTHER_FILES = {
     "tools/text_report.cpp": "the report of the commands",
     "help/product.cpp": "the line with the version",
     "help/product.h": "what the About window says of the product",
+    "intake/final_cut/apple_event_manager.cpp": "answers to the program that shares",
+    "intake/final_cut/share_receiver.cpp": "answers to the program that shares",
 }
 # Texts outside those files that nobody looks up, and why. They are compared whole.
 EXCEPTIONS = {
@@ -36,13 +38,6 @@ EXCEPTIONS = {
     "Restore the next rough edit and its settings": "the tip of the Forward button",
     "topics · Available offline": "the count of the topics",
     "Try a word such as audio, frequency, timecode or export.": "advice already",
-    "Corvane Import": "the name of files that another program writes",
-    "Final Cut project": "the name of a transfer that comes without one",
-    "Corvane accepts Final Cut assets only.": "an answer to the program that shares",
-    "The requested Final Cut transfer was not found.": "an answer to the program that shares",
-    "Unsupported Final Cut asset property.": "an answer to the program that shares",
-    "No files were named.": "an answer to the program that shares",
-    "Only files can be opened.": "an answer to the program that shares",
 }
 # Calls whose texts stand beside what they explain, or are for who cannot see the window.
 EXPLAINING = re.compile(r"(addHelp|helpLabel|setAccessibleName|setAccessibleDescription)\(tr\($")

@@ -8,10 +8,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <iterator>
-#include <string_view>
-#include <utility>
+#include <string>
 
 namespace corvane {
 namespace {

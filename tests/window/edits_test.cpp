@@ -37,11 +37,6 @@ struct ListGui : Gui {
         return cell(row, column).data().toString();
     }
     [[nodiscard]] int marked() const { return list->currentIndex().row(); }
-    void key(Qt::Key pressed, Qt::KeyboardModifiers with = {}) const
-    {
-        QTest::keyClick(list, pressed, with);
-        settle();
-    }
 };
 
 TEST(AllEdits, AreMarkedByArrowsAndShownByReturnOrAClickOnce)
@@ -51,11 +46,11 @@ TEST(AllEdits, AreMarkedByArrowsAndShownByReturnOrAClickOnce)
     EXPECT_EQ(gui.sheet->focusWidget(), gui.list);
     EXPECT_EQ(gui.marked(), 11);
     EXPECT_NE(gui.withText<QLabel>("The next new edit comes after edit 12."), nullptr);
-    gui.key(Qt::Key_Home);
-    gui.key(Qt::Key_Down);
+    gui.key(gui.list, Qt::Key_Home);
+    gui.key(gui.list, Qt::Key_Down);
     EXPECT_EQ(gui.marked(), 1);
     EXPECT_EQ(gui.notices, 0) << "the mark changes nothing";
-    gui.key(Qt::Key_Return);
+    gui.key(gui.list, Qt::Key_Return);
     EXPECT_EQ(gui.state().history.index, 1);
     EXPECT_NE(gui.withText<>("Edit 2 of 12"), nullptr);
     EXPECT_NE(gui.withText<QLabel>("The next new edit replaces edits 3 to 12."), nullptr);
@@ -65,7 +60,7 @@ TEST(AllEdits, AreMarkedByArrowsAndShownByReturnOrAClickOnce)
     EXPECT_EQ(gui.state().history.index, 2);
     EXPECT_EQ(gui.notices, 2) << "once each";
     EXPECT_TRUE(gui.sheet->isVisible()) << "to look at another one";
-    gui.key(Qt::Key_G, Qt::ControlModifier);
+    gui.key(gui.list, Qt::Key_G, Qt::ControlModifier);
     EXPECT_EQ(gui.list->model()->rowCount(), 4) << "the window's keys work";
     EXPECT_EQ(gui.marked(), 3);
     gui.account.set([](auto& settings) { settings.mainShare = 40; });
@@ -73,9 +68,9 @@ TEST(AllEdits, AreMarkedByArrowsAndShownByReturnOrAClickOnce)
     gui.view().importXML(otherProject);
     EXPECT_EQ(gui.list->model()->rowCount(), 0);
     EXPECT_NE(gui.withText<QLabel>("There is no edit yet."), nullptr);
-    gui.key(Qt::Key_Escape);
+    gui.key(gui.list, Qt::Key_Escape);
     EXPECT_FALSE(gui.sheet->isVisible());
-    gui.key(Qt::Key_F1);
+    gui.key(gui.list, Qt::Key_F1);
     EXPECT_EQ(Gui::helpTopic(), "Shuffle, Back and Forward");
 }
 

@@ -6,13 +6,11 @@
 
 #include <QDialogButtonBox>
 #include <QDir>
-#include <QHelpEvent>
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
 #include <QStyledItemDelegate>
 #include <QTimer>
-#include <QToolTip>
 #include <QTreeView>
 #include <filesystem>
 #include <fstream>
@@ -191,9 +189,8 @@ TEST(FileDialogs, OpenNoFileToShowItAndDrawNamesWithMarks)
             EXPECT_TRUE(delegates.insert(view->itemDelegate()).second) << utf8(view->objectName());
         dialog.setSidebarUrls({QUrl::fromLocalFile(dialog.directory().path())});
         auto* places = dialog.findChild<QListView*>("sidebar");
-        QHelpEvent event(QEvent::ToolTip, places->visualRect(places->model()->index(0, 0)).center(), QPoint(1, 1));
-        QApplication::sendEvent(places->viewport(), &event);
-        EXPECT_TRUE(QToolTip::text().contains("&lt;b&gt;folder")) << utf8(QToolTip::text());
+        const QString tip = tipAt(*places->viewport(), places->visualRect(places->model()->index(0, 0)).center());
+        EXPECT_TRUE(tip.contains("&lt;b&gt;folder")) << utf8(tip);
     };
     const auto before = std::filesystem::current_path();
     for (const std::string& start : {before.string(), folder}) { // where the chooser begins before it is told

@@ -8,12 +8,15 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QTableView>
 #include <QTest>
+#include <QToolTip>
 #include <memory>
 #include <string>
 #include <vector>
@@ -24,6 +27,23 @@ namespace corvane::test {
 inline QString readText(QString text)
 {
     return text.replace("&&", "\1").remove('&').replace("\1", "&");
+}
+
+/// What a person reads who rests the pointer here.
+inline QString tipAt(QWidget& widget, const QPoint& place)
+{
+    QHelpEvent event(QEvent::ToolTip, place, widget.mapToGlobal(place));
+    QApplication::sendEvent(&widget, &event);
+    return QToolTip::text();
+}
+
+/// Puts the text in place of what stands in the field, key by key.
+template <class Field>
+void type(Field& field, const QString& text)
+{
+    field.setFocus();
+    field.selectAll();
+    QTest::keyClicks(&field, text);
 }
 
 /// The main window on a scratch account, with what a person does to it. Widgets are found by what is written on them.
@@ -103,6 +123,31 @@ public:
         ASSERT_NE(button, nullptr) << utf8(text);
         QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
         settle();
+    }
+
+    /// The menu entry with this text, or one that begins with it.
+    QAction* entry(const QString& text)
+    {
+        QAction* found = nullptr;
+        for (QAction* action : window_->findChildren<QAction*>()) {
+            if (readText(action->text()) == text)
+                return action;
+            if (found == nullptr && readText(action->text()).startsWith(text))
+                found = action;
+        }
+        return found;
+    }
+    static void key(QWidget* widget, int pressed, Qt::KeyboardModifiers held = {})
+    {
+        QTest::keyClick(widget, static_cast<Qt::Key>(pressed), held);
+        settle();
+    }
+    void key(int pressed, Qt::KeyboardModifiers held = Qt::ControlModifier) { key(window_.get(), pressed, held); }
+    /// In front of the others, so that controls get and lose the focus.
+    void activate()
+    {
+        window_->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
     }
 
     /// The topic in the help window; empty if it is closed.

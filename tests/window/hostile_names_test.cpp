@@ -8,11 +8,9 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
-#include <QHelpEvent>
 #include <QLineEdit>
 #include <QScrollArea>
 #include <QTableView>
-#include <QToolTip>
 #include <fstream>
 
 namespace corvane {
@@ -114,8 +112,7 @@ private:
     {
         for (QWidget* before : QApplication::topLevelWidgets())
             delete (before->inherits("QTipLabel") ? before : nullptr); // it would linger for a moment
-        QHelpEvent event(QEvent::ToolTip, place, widget.mapToGlobal(place));
-        QApplication::sendEvent(&widget, &event);
+        (void)tipAt(widget, place);
         for (const QWidget* shown : QApplication::topLevelWidgets())
             EXPECT_FALSE(shown->inherits("QTipLabel") && shown->width() > 800) << utf8(QToolTip::text());
         if (QToolTip::isVisible())
@@ -158,7 +155,7 @@ TEST(HostileNames, AreNeitherMarkupNorTurnOrBreakALineWhereverTheyStand)
     gui.view().savePreset(ContentView::PresetSave::asNew);
     gui.view().generateRoughEdit();
     for (const Qt::Key sheet : {Qt::Key_T, Qt::Key_L})
-        QTest::keyClick(&gui.window(), sheet, Qt::ControlModifier);
+        gui.key(sheet);
     auto* cuts = gui.window().findChild<CutPanel*>()->findChild<QTableView*>();
     cuts->setCurrentIndex(cuts->model()->index(0, 1));
     QTest::keyClick(cuts, Qt::Key_C, Qt::ControlModifier);
@@ -192,9 +189,8 @@ TEST(HostileNames, AreNeitherMarkupNorTurnOrBreakALineWhereverTheyStand)
 TEST(HostileNames, TakeNoKeysFromTheWindow)
 {
     Gui gui(document({.angles = angle("&amp;Generate", clip("0s", "40s")) + angle("&amp;Go", clip("0s", "40s"))}));
-    gui.window().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&gui.window()));
-    QTest::keyClick(&gui.window(), Qt::Key_G, Qt::AltModifier);
+    gui.activate();
+    gui.key(Qt::Key_G, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&gui] { return !gui.state().cuts().empty(); })) << "the button is pressed";
 }
 

@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
-#include <QHelpEvent>
 #include <QKeySequence>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -25,8 +24,7 @@ using namespace test;
 /// What a person who waits over the widget reads.
 QString tooltip(QWidget& widget)
 {
-    QHelpEvent event(QEvent::ToolTip, widget.rect().center(), widget.mapToGlobal(widget.rect().center()));
-    QApplication::sendEvent(&widget, &event);
+    (void)tipAt(widget, widget.rect().center()); // an elided text sets its tip when it is asked for
     return QTextDocumentFragment::fromHtml(widget.toolTip()).toPlainText().remove(u'\u200B');
 }
 
@@ -198,8 +196,7 @@ TEST(Layout, KeysGoToEveryPartAndPanel)
     gui.view().generateRoughEdit();
     Gui::settle();
     const auto key = [&gui](int pressed, Qt::KeyboardModifiers with) {
-        QTest::keyClick(&gui.window(), static_cast<Qt::Key>(pressed), with);
-        Gui::settle();
+        gui.key(pressed, with);
         const QWidget* widget = gui.window().focusWidget();
         EXPECT_FALSE(widget->visibleRegion().isEmpty()) << "scrolled into view";
         while (qobject_cast<const Panel*>(widget) == nullptr)

@@ -1,5 +1,4 @@
 #include "gui.h"
-#include "workspace/window/camera_marks.h"
 #include "workspace/window/controls/picker.h"
 #include "workspace/window/controls/reserved_rows.h"
 #include "workspace/window/controls/step_box.h"
@@ -29,9 +28,7 @@ void choose(Picker& picker, const QString& entry)
 
 void enter(StepBox& box, const QString& number)
 {
-    box.setFocus();
-    box.selectAll();
-    QTest::keyClicks(&box, number);
+    type(box, number);
     QTest::keyClick(&box, Qt::Key_Return);
 }
 
@@ -93,16 +90,11 @@ TEST(PacingPanel, TakesWhatIsHalfTypedForThisProjectBeforeTheWindowCloses)
 {
     Gui gui(threeCameras);
     auto* box = gui.labelled<StepBox>("Minimum: 10 sec");
-    const auto type = [box](const QString& number) {
-        box->setFocus();
-        box->selectAll();
-        QTest::keyClicks(box, number);
-    };
-    type("88");
+    type(*box, "88");
     gui.account.inbox.setXMLData(threeCameras);
     box->clearFocus();
     EXPECT_EQ(gui.settings().mainMinimum, 10) << "it was typed for another project";
-    type("604");
+    type(*box, "604");
     gui.window().close();
     EXPECT_EQ(gui.settings().mainMinimum, 120);
 }
@@ -114,16 +106,13 @@ TEST(SectionsPanel, AddsChangesRemovesAndBringsBack)
     auto* name = qobject_cast<QLineEdit*>(gui.window().focusWidget());
     QTest::keyClicks(name, "Prayer");
     auto* end = gui.labelled<QLineEdit>("End");
-    end->setFocus();
-    end->selectAll();
-    QTest::keyClicks(end, "00:00:10:9");
+    type(*end, "00:00:10:9");
     EXPECT_FALSE(end->property("bad").toBool()) << "not before it is complete";
     QTest::keyClicks(end, "9");
     EXPECT_EQ(gui.settings().sections.at(0).end, "00:00:10:99");
     EXPECT_TRUE(end->property("bad").toBool());
     EXPECT_TRUE(gui.shows(end->toolTip())) << "the reader's own sentence";
-    end->selectAll();
-    QTest::keyClicks(end, "00:00:10:00");
+    type(*end, "00:00:10:00");
     EXPECT_FALSE(end->property("bad").toBool());
     auto* start = gui.labelled<QLineEdit>("Start");
     const std::string first = utf8(start->text());
@@ -146,7 +135,7 @@ TEST(SectionsPanel, AddsChangesRemovesAndBringsBack)
     EXPECT_EQ(both[1].start, "00:00:10:00");
     gui.click("Remove");
     EXPECT_EQ(gui.settings().sections, (std::vector<SectionDraft>{both[1]}));
-    QTest::keyClick(&gui.window(), Qt::Key_Z, Qt::ControlModifier);
+    gui.key(Qt::Key_Z);
     EXPECT_EQ(gui.settings().sections, both);
     // The second press of a double click comes to the next row's button, which is by then in the same place.
     gui.window().resize(1200, 3000); // nothing scrolls
@@ -202,8 +191,7 @@ TEST(SectionsPanel, MakesRowsWhereTheyAreNeededAndReachesEach)
     const QWidget* second = rows->row(1);
     Gui::settle();
     EXPECT_EQ(rows->rows().at(many - 1)->y(), (many - 1) * second->y()) << "as if the others were there";
-    gui.window().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&gui.window()));
+    gui.activate();
     gui.withText<>("Add section")->setFocus();
     std::vector<int> visited;
     for (const auto& [key, last] : {std::pair(Qt::Key_Tab, many - 1), {Qt::Key_Backtab, 0}}) {
@@ -295,20 +283,6 @@ TEST(TimeAxis, HasRoomForEachTimecodeAtEveryZoom)
             EXPECT_GE(scale.x(ticks[i]) - scale.x(ticks[i - 1]), 66) << count;
         EXPECT_LT(scale.x(ticks.back()), 24 + 600);
     }
-}
-
-TEST(CameraMarks, CountCamerasAndNotAngles)
-{
-    Gui gui(document(
-        {angle("Mix", clip("0s", "40s", "a")) + angle("A", clip("0s", "40s")) + angle("B", clip("0s", "40s"))}));
-    const CameraMarks marks(gui.view());
-    EXPECT_EQ(marks.of("A").letter, "A");
-    EXPECT_EQ(marks.of("B").letter, "B");
-    EXPECT_EQ(marks.of("Mix").letter, "");
-    const auto painted = [icon = marks.chip("B")](QIcon::Mode mode) {
-        return icon.pixmap(QSize(18, 18), mode).toImage();
-    };
-    EXPECT_EQ(painted(QIcon::Selected), painted(QIcon::Normal)) << "a chosen row keeps its camera's colour";
 }
 
 } // namespace

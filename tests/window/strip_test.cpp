@@ -8,10 +8,8 @@
 
 #include <QClipboard>
 #include <QHeaderView>
-#include <QHelpEvent>
 #include <QMenu>
 #include <QPainter>
-#include <QToolTip>
 #include <QWheelEvent>
 
 namespace corvane {
@@ -61,28 +59,8 @@ struct StripGui : Gui {
         const double part = (static_cast<double>(frame) + 0.5 - time->value()) / time->pageStep();
         return {qRound(gutter + (strip->width() - gutter) * part), strip->height() / 2};
     }
-    void key(QWidget* widget, int pressed, Qt::KeyboardModifiers held = {})
-    {
-        QTest::keyClick(widget, static_cast<Qt::Key>(pressed), held);
-        settle();
-    }
     bool isInView(Frames frame) { return time->value() <= frame && frame <= time->value() + time->pageStep(); }
     std::vector<std::size_t> chosen() { return table->chosen().positions; }
-    QString tipAt(const QPoint& place)
-    {
-        QHelpEvent help(QEvent::ToolTip, place, strip->mapToGlobal(place));
-        QApplication::sendEvent(strip, &help);
-        return QToolTip::text();
-    }
-    QAction* entry(const QString& text)
-    {
-        const auto* menu = window().findChild<CutPanel*>()->findChild<QMenu*>();
-        for (QAction* action : menu->actions()) {
-            if (readText(action->text()) == text)
-                return action;
-        }
-        return nullptr;
-    }
 };
 
 TEST(Strip, ZoomsToSingleFramesWhereOnePointsAndScrolls)
@@ -157,6 +135,7 @@ TEST(Strip, AndTableChooseCutsAlike)
     EXPECT_EQ(gui.chosen().size(), 3U) << "pressed on what is chosen";
     click(6, {}, Qt::RightButton);
     EXPECT_EQ(gui.chosen(), std::vector<std::size_t>{6});
+    EXPECT_TRUE(gui.window().findChild<CutPanel*>()->findChild<QMenu*>()->actions().contains(gui.entry("Hold Shots")));
     gui.entry("Copy")->trigger();
     EXPECT_EQ(utf8(QGuiApplication::clipboard()->text()), cutLines(gui.view(), {6}));
     EXPECT_EQ(cutListText(gui.view()).find(cutLines(gui.view(), {0, 1})), cutListText(gui.view()).find('\n') + 1);
@@ -205,7 +184,7 @@ TEST(Strip, BringsAShortShotThatWasOutOfViewIntoItsMiddle)
         EXPECT_EQ(gui.table->chosen().current, row);
         EXPECT_NEAR(gui.time->value() + gui.time->pageStep() / 2, row == 1 ? 405 : 805, 2);
     }
-    QTest::keyClick(&gui.window(), Qt::Key_Y, Qt::AltModifier);
+    gui.key(Qt::Key_Y, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&gui] { return gui.table->chosen().current == 3; }));
     const QImage chosen = gui.table->viewport()->grab(gui.table->visualRect(gui.table->model()->index(3, 2))).toImage();
     EXPECT_EQ(chosen.pixelColor(2, chosen.height() / 2), gui.table->palette().color(QPalette::Highlight));
@@ -266,10 +245,10 @@ TEST(Strip, SharesTheHeightWithTheTable)
         QScrollBar* lanes = gui.bar(Qt::Vertical);
         EXPECT_EQ(lanes->isVisible(), letters.size() > 3);
         const QPoint first(10, gui.strip->height() / 2);
-        const QString before = gui.tipAt(first);
+        const QString before = tipAt(*gui.strip, first);
         EXPECT_FALSE(before.isEmpty()) << "a letter names its camera";
         gui.wheel(first, -2);
-        EXPECT_EQ(gui.tipAt(first) != before, lanes->isVisible());
+        EXPECT_EQ(tipAt(*gui.strip, first) != before, lanes->isVisible());
         gui.wheel(gui.at(500), 4, Qt::ControlModifier);
         gui.key(gui.strip, Qt::Key_End);
         const std::string camera = gui.state().cuts().back().angle;

@@ -4,10 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QHelpEvent>
 #include <QLineEdit>
 #include <QStyle>
-#include <QToolTip>
 
 namespace corvane {
 namespace {
@@ -16,26 +14,14 @@ using namespace test;
 
 /// A window in front of the others, so that controls get and lose the focus.
 struct FocusedGui : Gui {
-    FocusedGui() : Gui(threeCameras)
+    FocusedGui() : Gui(threeCameras) { activate(); }
+    QString told(const QString& start)
     {
-        window().activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+        const QAction& action = *entry(start);
+        return readText(action.text()) + (action.isEnabled() ? "" : " (" + action.data().toString() + ")");
     }
-    QString entry(const QString& start)
-    {
-        for (const QAction* action : window().findChildren<QAction*>()) {
-            if (readText(action->text()).startsWith(start))
-                return readText(action->text()) + (action->isEnabled() ? "" : " (" + action->data().toString() + ")");
-        }
-        return {};
-    }
-    static void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier)
-    {
-        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-        settle();
-    }
-    static void undo() { key(Qt::Key_Z); }
-    static void redo() { key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }
+    static void undo() { key(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier); }
+    static void redo() { key(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }
 };
 
 void drag(QSlider& slider, int to)
@@ -59,15 +45,15 @@ void drag(QSlider& slider, int to)
 TEST(UndoStory, EachDragEachFieldAndEachClickIsAStep)
 {
     FocusedGui gui;
-    EXPECT_EQ(gui.entry("Undo"), "Undo (There is nothing to undo.)");
+    EXPECT_EQ(gui.told("Undo"), "Undo (There is nothing to undo.)");
     auto* share = gui.labelled<StepSlider>("Target screen time");
     drag(*share, 30);
     drag(*share, 50);
     for (int press = 0; press < 4; ++press)
-        FocusedGui::key(Qt::Key_Right, {});
+        Gui::key(QApplication::focusWidget(), Qt::Key_Right);
     EXPECT_EQ(gui.settings().mainShare, 70);
     for (const double before : {50, 30, 70}) {
-        EXPECT_EQ(gui.entry("Undo"), "Undo Main Share");
+        EXPECT_EQ(gui.told("Undo"), "Undo Main Share");
         FocusedGui::undo();
         EXPECT_EQ(gui.settings().mainShare, before);
     }
@@ -77,12 +63,10 @@ TEST(UndoStory, EachDragEachFieldAndEachClickIsAStep)
     FocusedGui::undo();
     EXPECT_TRUE(gui.settings().doubleMain);
     auto* minimum = gui.labelled<StepBox>("Minimum: 10 sec");
-    minimum->setFocus();
-    minimum->selectAll();
-    QTest::keyClicks(minimum, "88");
+    type(*minimum, "88");
     FocusedGui::undo();
     EXPECT_EQ(minimum->text(), "10") << "a number that was not taken yet";
-    EXPECT_EQ(gui.entry("Redo"), "Redo Main Camera Minimum");
+    EXPECT_EQ(gui.told("Redo"), "Redo Main Camera Minimum");
     FocusedGui::redo();
     EXPECT_EQ(gui.settings().mainMaximum, 88) << "with what follows it";
 }
@@ -93,9 +77,7 @@ TEST(UndoStory, WhatIsTypedIntoAFieldIsTakenBackAtOnce)
     gui.click("Add section");
     QTest::keyClicks(QApplication::focusWidget(), "Prayer");
     auto* end = gui.labelled<QLineEdit>("End");
-    end->setFocus();
-    end->selectAll();
-    QTest::keyClicks(end, "00:00:12:00");
+    type(*end, "00:00:12:00");
     const auto sections = gui.settings().sections;
     FocusedGui::undo();
     EXPECT_EQ(end->text(), "00:00:30:00");
@@ -106,7 +88,7 @@ TEST(UndoStory, WhatIsTypedIntoAFieldIsTakenBackAtOnce)
     EXPECT_TRUE(gui.settings().sections.empty());
     EXPECT_EQ(gui.withText<>("Remove"), nullptr);
     for (int step = 0; step < 3; ++step)
-        QTest::keyClick(&gui.window(), Qt::Key_Y, Qt::ControlModifier);
+        gui.key(Qt::Key_Y);
     EXPECT_EQ(gui.settings().sections, sections);
     EXPECT_EQ(utf8(gui.labelled<QLineEdit>("End")->text()), sections[0].end);
 }
@@ -119,10 +101,8 @@ TEST(Tooltip, GoesWhenItIsNoLongerTrue)
     gui.click("Back");
     gui.click("Back");
     auto* shuffle = gui.withText<>("Shuffle rough edit");
-    QHelpEvent help(QEvent::ToolTip, QPoint(9, 9), shuffle->mapToGlobal(QPoint(9, 9)));
-    QApplication::sendEvent(shuffle, &help);
+    EXPECT_EQ(tipAt(*shuffle, QPoint(9, 9)), "Replaces edits 2 to 3");
     const auto isGone = [] { return QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 600); };
-    EXPECT_EQ(QToolTip::text(), "Replaces edits 2 to 3");
     gui.view().edit([](WorkspaceState& state) { state.status = "Exported."; });
     EXPECT_FALSE(isGone()) << "it is still true";
     gui.view().generateRoughEdit();
