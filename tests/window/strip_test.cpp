@@ -127,6 +127,12 @@ TEST(Strip, AndTableChooseCutsAlike)
     EXPECT_EQ(gui.chosen(), (std::vector<std::size_t>{3, 4, 5}));
     gui.key(gui.table, Qt::Key_Left, Qt::ShiftModifier);
     EXPECT_EQ(gui.chosen(), (std::vector<std::size_t>{3, 4})) << "the table extends what the strip began";
+    gui.table->choose(3);
+    gui.table->choose(5, Qt::ControlModifier);
+    const QPoint third = gui.table->visualRect(gui.table->model()->index(3, 0)).center();
+    QTest::mouseClick(gui.table->viewport(), Qt::LeftButton, Qt::ShiftModifier, third);
+    EXPECT_EQ(gui.table->chosen().current, 3) << "the row that was clicked, though only the one below it is new";
+    click(3, {});
     click(4, Qt::ShiftModifier);
     click(8, Qt::ControlModifier);
     EXPECT_EQ(gui.chosen(), (std::vector<std::size_t>{3, 4, 8}));

@@ -5,6 +5,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 #include <algorithm>
 
@@ -42,11 +43,13 @@ CutTable::CutTable(CutTableModel& model, QWidget* parent) : QTableView(parent), 
     connect(&model, &QAbstractItemModel::modelReset, this, &CutTable::chosenChanged); // which deselects in silence
 }
 
-/// Assistive technology chooses a row without going to it.
+/// Assistive technology chooses a row without going to it. Keys and the mouse say themselves which row is the current
+/// one.
 void CutTable::goToChosen(const QItemSelection& added)
 {
-    if (added.size() == 1 && added.first().height() == 1 && added.first().top() != currentIndex().row())
-        selectionModel()->setCurrentIndex(added.first().topLeft(), QItemSelectionModel::NoUpdate);
+    if (!atWork_ && added.size() == 1 && added.first().height() == 1)
+        selectionModel()->setCurrentIndex(
+            model()->index(added.first().top(), std::max(0, currentIndex().column())), QItemSelectionModel::NoUpdate);
 }
 
 void CutTable::arrange()
@@ -95,6 +98,7 @@ ChosenCuts CutTable::chosen() const
 
 void CutTable::choose(int row, Qt::KeyboardModifiers held)
 {
+    const QScopedValueRollback work(atWork_, true);
     const auto cut = [this](int at) { return model()->index(at, std::max(0, currentIndex().column())); };
     if (held.testFlag(Qt::ShiftModifier) && currentIndex().isValid()) {
         const int from = startOfRange();
@@ -148,6 +152,18 @@ QModelIndex CutTable::moveCursor(CursorAction action, Qt::KeyboardModifiers held
 QItemSelectionModel::SelectionFlags CutTable::selectionCommand(const QModelIndex& index, const QEvent* event) const
 {
     return event == nullptr ? withoutEvent_ : QTableView::selectionCommand(index, event);
+}
+
+bool CutTable::event(QEvent* event)
+{
+    const QScopedValueRollback work(atWork_, true);
+    return QTableView::event(event);
+}
+
+bool CutTable::viewportEvent(QEvent* event)
+{
+    const QScopedValueRollback work(atWork_, true);
+    return QTableView::viewportEvent(event);
 }
 
 void CutTable::keyPressEvent(QKeyEvent* event)

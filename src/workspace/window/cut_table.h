@@ -37,6 +37,8 @@ protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers held) override;
     [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
         const QModelIndex& index, const QEvent* event) const override;
+    bool event(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -46,6 +48,7 @@ private:
     [[nodiscard]] static std::optional<CursorAction> actionOf(int key);
 
     QItemSelectionModel::SelectionFlags withoutEvent_; ///< what choosing a row that nobody clicked does
+    bool atWork_ = false;                              ///< keys, the mouse or choose() change what is chosen
 };
 
 } // namespace corvane
