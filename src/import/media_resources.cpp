@@ -55,6 +55,8 @@ MediaResources::MediaResources(xml::Element resources)
             formats_.push_back(child);
         }
     }
+    for (Index* index : {&assetIds_, &mediaIds_, &formatIds_})
+        index->sort();
 }
 
 const AssetFacts* MediaResources::asset(Reference id) const
@@ -78,7 +80,7 @@ std::optional<xml::Element> MediaResources::format(Reference id) const
 void MediaResources::Index::add(Reference id, std::size_t place)
 {
     if (id)
-        places_.emplace(*id, place); // keeps an earlier one
+        places_.add(*id, place);
     else if (!withoutId_)
         withoutId_ = place;
 }
@@ -87,8 +89,12 @@ std::optional<std::size_t> MediaResources::Index::find(Reference id) const
 {
     if (!id)
         return withoutId_;
-    const auto found = places_.find(*id);
-    return found == places_.end() ? std::nullopt : std::optional(found->second);
+    if (last_ && last_->first == *id)
+        return last_->second;
+    const auto place = places_.find(*id);
+    if (place)
+        last_.emplace(*id, *place);
+    return place;
 }
 
 } // namespace corvane

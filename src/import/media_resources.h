@@ -1,11 +1,12 @@
 #pragma once
 
+#include "import/text_index.h"
 #include "xml/document.h"
 
 #include <cstddef>
-#include <map>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace corvane {
@@ -37,12 +38,14 @@ private:
     class Index {
     public:
         void add(Reference id, std::size_t place);
+        void sort() { places_.sort(); }
         [[nodiscard]] std::optional<std::size_t> find(Reference id) const;
 
     private:
-        /// Not a hash table, for which a document could contain ids that collide.
-        std::map<std::string_view, std::size_t> places_;
+        TextIndex places_;
         std::optional<std::size_t> withoutId_;
+        /// Most clips are of the same recording as the one before. Not for use by several threads.
+        mutable std::optional<std::pair<std::string_view, std::size_t>> last_;
     };
 
     std::vector<AssetFacts> assets_;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 namespace corvane {
 
@@ -62,6 +63,7 @@ ImportedAngle AngleReader::read(xml::Element element)
             " has an identifier of more than 4,096 bytes. Make the multicam anew in Final Cut and export XML again.");
     std::set<std::string_view> cameras;
     std::set<const AssetFacts*> named;
+    const AssetFacts* last = nullptr; // most clips are of the same recording as the one before
     ClipCollector(resources, budget).collect(element, angle.name, [&](const ClipCollector::Clip& clip) {
         const double offset = parseSeconds(clip.offset.value_or("0s"));
         angle.firstRecording = std::min(angle.firstRecording.value_or(offset), offset);
@@ -71,7 +73,7 @@ ImportedAngle AngleReader::read(xml::Element element)
             missing.insert(clip.name.value_or("Unnamed clip"));
             return;
         }
-        if (!named.insert(asset).second)
+        if (asset == std::exchange(last, asset) || !named.insert(asset).second)
             return;
         addCameraNames(cameras, *asset, angle.name);
         if (!asset->located)

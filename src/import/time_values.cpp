@@ -3,10 +3,10 @@
 #include "base/numbers.h"
 #include "import/final_cut_import_error.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <vector>
 
 namespace corvane {
 
@@ -14,35 +14,30 @@ namespace {
 
 constexpr std::size_t longestTime = 100;
 
-std::vector<std::string_view> nonEmptyPieces(std::string_view text)
-{
-    std::vector<std::string_view> pieces;
-    for (;;) {
-        const std::size_t slash = text.find('/');
-        if (slash != 0 && !text.empty())
-            pieces.push_back(text.substr(0, slash));
-        if (slash == std::string_view::npos)
-            return pieces;
-        text.remove_prefix(slash + 1);
-    }
-}
-
+/// Empty pieces between slashes are passed over.
 std::optional<RationalTime> readRationalTime(std::string_view text)
 {
     if (text.size() > longestTime || !text.ends_with('s'))
         return std::nullopt;
-    const auto pieces = nonEmptyPieces(text.substr(0, text.size() - 1));
-    if (pieces.empty() || pieces.size() > 2)
-        return std::nullopt;
+    std::array<std::string_view, 2> pieces;
+    std::size_t count = 0;
+    for (std::string_view rest = text.substr(0, text.size() - 1); !rest.empty();) {
+        const std::string_view piece = rest.substr(0, rest.find('/'));
+        rest.remove_prefix(std::min(piece.size() + 1, rest.size()));
+        if (piece.empty())
+            continue;
+        if (count == pieces.size())
+            return std::nullopt;
+        pieces.at(count++) = piece;
+    }
     const auto numerator = readInteger(pieces[0]);
-    const auto denominator = pieces.size() == 2 ? readInteger(pieces[1]) : std::optional<std::int64_t>(1);
+    const auto denominator = count == 2 ? readInteger(pieces[1]) : std::optional<std::int64_t>(1);
     if (!numerator || !denominator || *denominator <= 0)
         return std::nullopt;
     return RationalTime{*numerator, *denominator};
 }
 
-/// `text` has no final "s" any more. Handles one or two pieces without a general split, because an import reads four of
-/// these per clip.
+/// `text` has no final "s" any more. An empty piece is no number here.
 std::optional<double> readSeconds(std::string_view text)
 {
     const std::size_t slash = text.find('/');
