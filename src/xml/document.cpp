@@ -42,12 +42,10 @@ std::size_t Element::readAttributes(
     std::size_t left = names.size(); // none comes twice
     for (const xmlAttr* attribute = node_->properties; attribute != nullptr && left > 0; attribute = attribute->next) {
         ++effort;
-        if (hasPrefix(attribute->ns))
-            continue;
         const std::string_view attributeName = view(attribute->name);
         effort += attributeName.size() / bytesAtOnce;
         const auto asked = std::ranges::find(names, attributeName);
-        if (asked == names.end())
+        if (asked == names.end() || hasPrefix(attribute->ns))
             continue; // does not read this attribute's value
         // Entities are substituted while parsing, so that a value is a single text node, or none if it is empty.
         const xmlNode* text = attribute->children;
