@@ -3,6 +3,7 @@
 #include "analysis/names.h"
 #include "engine/generation_inputs.h"
 #include "import/source_document.h"
+#include "import/text_index.h"
 #include "import/time_values.h"
 
 #include <algorithm>
@@ -22,47 +23,57 @@ class Recordings {
 public:
     explicit Recordings(xml::Element resources)
     {
-        std::map<std::string_view, std::size_t> files;
+        TextIndex files;
+        std::vector<std::string_view> fileOfEach;
         for (const xml::Element child : resources.children()) {
             const bool isAsset = child.named("asset");
             if (!isAsset && !child.named("media"))
                 continue;
-            constexpr std::array<std::string_view, 4> attributes = {"id", "hasVideo", "name", "src"};
-            const auto [id, hasVideo, name, src] = child.attributes(attributes);
-            if (!id || (isAsset && hasVideo != "1"))
+            const auto id = child.attribute("id");
+            if (!id || (isAsset && child.attribute("hasVideo") != "1"))
                 continue;
-            const std::string_view file = isAsset ? fileOf(child).value_or(src.value_or("")) : std::string_view();
-            const std::size_t next = names_.size();
-            const std::size_t number = file.empty() ? next : files.emplace(file, next).first->second;
-            numbers_.emplace(*id, number);
-            names_.push_back(name.value_or(*id));
+            const std::string_view file = isAsset ? fileOf(child) : std::string_view();
+            ids_.add(*id, elements_.size());
+            files.add(file, elements_.size());
+            fileOfEach.push_back(file);
+            elements_.push_back(child);
         }
+        ids_.sort();
+        files.sort();
+        for (std::size_t element = 0; element < elements_.size(); ++element)
+            numbers_.push_back(fileOfEach[element].empty() ? element : *files.find(fileOfEach[element]));
     }
 
     /// None for what shows no picture.
     [[nodiscard]] std::optional<std::size_t> number(std::optional<std::string_view> reference) const
     {
-        const auto found = reference ? numbers_.find(*reference) : numbers_.end();
-        return found == numbers_.end() ? std::nullopt : std::optional(found->second);
+        const auto element = reference ? ids_.find(*reference) : std::nullopt;
+        return element ? std::optional(numbers_[*element]) : std::nullopt;
     }
 
-    [[nodiscard]] std::string name(std::size_t number) const { return std::string(names_[number]); }
+    [[nodiscard]] std::string name(std::size_t number) const
+    {
+        const xml::Element element = elements_[number];
+        return std::string(element.attribute("name").value_or(*element.attribute("id")));
+    }
     /// Numbers are smaller than this.
-    [[nodiscard]] std::size_t count() const { return names_.size(); }
+    [[nodiscard]] std::size_t count() const { return elements_.size(); }
 
 private:
-    static std::optional<std::string_view> fileOf(xml::Element asset)
+    /// Empty for an asset without a file.
+    static std::string_view fileOf(xml::Element asset)
     {
         for (const xml::Element child : asset.children()) {
             const auto file = child.named("media-rep") ? child.attribute("src") : std::nullopt;
             if (file && !file->empty())
-                return file;
+                return *file;
         }
-        return std::nullopt;
+        return asset.attribute("src").value_or(""); // before FCPXML 1.9
     }
 
-    std::map<std::string_view, std::size_t> numbers_; ///< by id
-    std::vector<std::string_view> names_;             ///< by number
+    TextIndex ids_; ///< of the elements
+    std::vector<xml::Element> elements_;
+    std::vector<std::size_t> numbers_; ///< of each element, the first with the same file
 };
 
 /// A recording in an angle, seconds of the multicam.
@@ -91,6 +102,7 @@ public:
         : recordings_(recordings), firstAngles_(recordings.count())
     {
         for (std::size_t angle = 0; angle < angles.size(); ++angle) {
+            last_.reset();
             for (const xml::Element clip : angles[angle].children())
                 visit(clip, angle);
         }
@@ -103,17 +115,22 @@ private:
     void visit(xml::Element element, std::size_t angle)
     {
         const std::string_view kind = element.plainName();
-        const auto number = isRecording(kind) ? recordings_.number(element.attribute("ref")) : std::nullopt;
-        if (number && firstAngles_[*number].value_or(angle) != angle)
-            shared_.insert(*number);
-        else if (number)
-            firstAngles_[*number] = angle;
+        const auto reference = isRecording(kind) ? element.attribute("ref") : std::nullopt;
+        if (reference && reference != last_) { // most clips refer to the same recording as the one before
+            const auto number = recordings_.number(reference);
+            if (number && firstAngles_[*number].value_or(angle) != angle)
+                shared_.insert(*number);
+            else if (number)
+                firstAngles_[*number] = angle;
+            last_ = reference;
+        }
         for (const xml::Element child : holdsClips(kind) ? element.children() : xml::ElementRange())
             visit(child, angle);
     }
 
     const Recordings& recordings_;
     std::vector<std::optional<std::size_t>> firstAngles_; ///< by recording
+    std::optional<std::string_view> last_;                ///< reference in this angle
     std::set<std::size_t> shared_;
 };
 
