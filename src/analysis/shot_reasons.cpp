@@ -125,9 +125,8 @@ ShotReasons::Choice ShotReasons::choice(std::size_t position) const
         return *fixed;
     const Frames start = cuts_[position].start;
     const std::size_t onScreen = position == 0 ? noCamera : cutCameras_[position - 1];
-    std::vector<std::size_t> eligible;
+    std::vector<std::size_t>& eligible = choice.cameras;
     eligible.reserve(cameras_.size());
-    choice.cameras.reserve(cameras_.size());
     for (std::size_t i = 0; i < cameras_.size(); ++i) {
         const Camera& camera = cameras_[i];
         const auto range = std::ranges::upper_bound(*camera.footage, start, {}, &FrameRange::end);
@@ -141,17 +140,17 @@ ShotReasons::Choice ShotReasons::choice(std::size_t position) const
         else
             choice.waiting.push_back({i, *before + camera.wait});
     }
+    const bool one = eligible.size() == 1;
     if (onScreen != 0 && !eligible.empty() && eligible.front() == 0) {
-        choice.cameras = {0};
+        eligible.resize(1);
         choice.kind = Choice::Kind::backToMain;
+    } else if (eligible.empty() || (one && eligible.front() == onScreen)) {
+        choice.kind = Choice::Kind::stays;
     } else {
-        std::ranges::copy_if(
-            eligible, std::back_inserter(choice.cameras), [&](std::size_t i) { return i != 0 && i != onScreen; });
-        choice.kind = choice.cameras.empty() ? Choice::Kind::stays : Choice::Kind::drawn;
-        if (choice.cameras.empty())
-            choice.cameras = eligible;
+        std::erase(eligible, onScreen);
+        choice.kind = Choice::Kind::drawn;
     }
-    if (eligible.size() == 1 && choice.waiting.empty())
+    if (one && choice.waiting.empty())
         choice.kind = Choice::Kind::onlyFootage;
     if (std::ranges::find(choice.cameras, cutCameras_[position]) == choice.cameras.end())
         return {};
@@ -177,11 +176,18 @@ std::string ShotReasons::begins(std::size_t position) const
     case Choice::Kind::backToMain:
         return position == 0 ? "The edit begins on the main camera." : "Back to the main camera.";
     case Choice::Kind::stays:
-        return "Stays on " + cameras_[choice.cameras.front()].name + waits(choice) + ".";
     case Choice::Kind::drawn:
         break;
     }
-    return weighted(choice) + waits(choice) + ".";
+    std::string text;
+    text.reserve(2 * longestName);
+    if (choice.kind == Choice::Kind::stays)
+        text += "Stays on " + cameras_[choice.cameras.front()].name;
+    else
+        addWeighted(text, choice);
+    addWaits(text, choice);
+    text += '.';
+    return text;
 }
 
 std::string ShotReasons::ends(std::size_t position) const
@@ -192,27 +198,27 @@ std::string ShotReasons::ends(std::size_t position) const
 }
 
 /// "Drawn from Choir (5) and Balcony (8)".
-std::string ShotReasons::weighted(const Choice& choice) const
+void ShotReasons::addWeighted(std::string& text, const Choice& choice) const
 {
-    if (choice.cameras.size() == 1)
-        return "Only " + cameras_[choice.cameras.front()].name + " could follow";
+    if (choice.cameras.size() == 1) {
+        text += "Only " + cameras_[choice.cameras.front()].name + " could follow";
+        return;
+    }
     constexpr std::size_t most = 20;
-    std::string text = "Drawn from ";
-    text.reserve(longestName);
+    text += "Drawn from ";
     for (std::size_t i = 0; i < std::min(most, choice.cameras.size()); ++i) {
         text += i == 0 ? "" : i + 1 == choice.cameras.size() ? " and " : ", ";
         text += cameras_[choice.cameras[i]].weighted;
     }
     if (choice.cameras.size() > most)
         text += " and " + std::to_string(choice.cameras.size() - most) + " more";
-    return text;
 }
 
 /// "; Pulpit waits until 00:07:12:00", and that the main camera has no footage.
-std::string ShotReasons::waits(const Choice& choice) const
+void ShotReasons::addWaits(std::string& text, const Choice& choice) const
 {
     constexpr std::size_t most = 3;
-    std::string text = choice.mainHasFootage ? "" : "; the main camera has no footage";
+    text += choice.mainHasFootage ? "" : "; the main camera has no footage";
     for (std::size_t i = 0; i < std::min(most, choice.waiting.size()); ++i) {
         text += "; ";
         text += cameras_[choice.waiting[i].camera].name;
@@ -221,7 +227,6 @@ std::string ShotReasons::waits(const Choice& choice) const
     }
     if (choice.waiting.size() > most)
         text += "; " + std::to_string(choice.waiting.size() - most) + " more wait";
-    return text;
 }
 
 } // namespace corvane

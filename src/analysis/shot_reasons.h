@@ -72,8 +72,8 @@ private:
     static constexpr std::size_t noCamera = static_cast<std::size_t>(-1);
     [[nodiscard]] std::optional<Choice> placed(std::size_t position) const;
     [[nodiscard]] std::optional<Frames> lastShotEnd(const Camera& camera, std::size_t position) const;
-    [[nodiscard]] std::string weighted(const Choice& choice) const;
-    [[nodiscard]] std::string waits(const Choice& choice) const;
+    void addWeighted(std::string& text, const Choice& choice) const;
+    void addWaits(std::string& text, const Choice& choice) const;
 
     const CutEngine& engine_;
     const EditSettings& settings_;
